@@ -1,0 +1,75 @@
+#pragma once
+
+#include "ktoParameter_export.h"
+
+#include <QString>
+
+/// The value of a parameter, kept as the text that stands in the file.
+///
+/// Unsigned numbers are written with "0x" and lowercase hexadecimal digits, signed ones in decimal,
+/// floating point numbers with 15 significant digits; a value made from a text keeps it unchanged.
+/// Numbers are read from the text when they are asked for: "0x" means hexadecimal, everything else
+/// is decimal, blanks round the number are ignored. Copies share the text.
+class KTOPARAMETER_EXPORT CParamVal {
+ public:
+  CParamVal() = default;  ///< a null text
+  CParamVal(const QString& text);
+  CParamVal(const char* latin1);  ///< null gives a null text
+  CParamVal(unsigned char number);
+  CParamVal(unsigned short number);
+  CParamVal(unsigned int number);
+  CParamVal(unsigned long long number);
+  CParamVal(signed char number);
+  CParamVal(short number);
+  CParamVal(int number);
+  CParamVal(long long number);
+  CParamVal(double number);
+
+  bool isEmpty() const { return mText.isEmpty(); }  ///< null or without a character
+  bool isNull() const { return mText.isNull(); }    ///< no value at all; "" is not null
+  QString asStr() const { return mText; }
+
+  /// Each reads a number of exactly its type. False when the text is no number or does not fit;
+  /// the output is then untouched.
+  bool value(unsigned char& number) const;
+  bool value(unsigned short& number) const;
+  bool value(unsigned int& number) const;
+  bool value(unsigned long long& number) const;
+  bool value(signed char& number) const;
+  bool value(short& number) const;
+  bool value(int& number) const;
+  bool value(long long& number) const;
+  bool value(double& number) const;
+
+  /// The number, or 0 when value() would fail.
+  unsigned char asU8() const;
+  unsigned short asU16() const;
+  unsigned int asU32() const;
+  unsigned long long asU64() const;
+  signed char asI8() const;
+  short asI16() const;
+  int asI32() const;
+  long long asI64() const;
+  double asF64() const;
+
+  operator QString() const { return mText; }
+  operator unsigned char() const { return asU8(); }
+  operator unsigned short() const { return asU16(); }
+  operator unsigned int() const { return asU32(); }
+  operator unsigned long long() const { return asU64(); }
+  operator signed char() const { return asI8(); }
+  operator short() const { return asI16(); }
+  operator int() const { return asI32(); }
+  /// Converts as asI8() does, on purpose: 0 outside -128 to 127. Use asI64() for the whole range.
+  operator long long() const { return asI8(); }
+  operator double() const { return asF64(); }
+
+  /// Compares the texts: "0x10" and "16" differ; a null and an empty text are equal.
+  bool operator==(const CParamVal& other) const { return mText == other.mText; }
+  bool operator!=(const CParamVal& other) const { return mText != other.mText; }
+
+ private:
+  QString mText;
+};
+
+Q_DECLARE_TYPEINFO(CParamVal, Q_MOVABLE_TYPE);

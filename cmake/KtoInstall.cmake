@@ -16,7 +16,9 @@ endfunction()
 function(kto_install_package)
   set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ktoParameter)
   install(TARGETS ktoFramework ktoParameter EXPORT ktoParameterTargets)
-  install(TARGETS ktoparam)
+  if(TARGET ktoparam)
+    install(TARGETS ktoparam)
+  endif()
   install(EXPORT ktoParameterTargets NAMESPACE kto:: DESTINATION ${package_dir})
   configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/ktoParameterConfig.cmake.in

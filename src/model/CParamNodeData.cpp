@@ -1,0 +1,3 @@
+#include "CParamNodeData.h"
+
+const QString CParamNodeData::mStandardConstructedStr = QStringLiteral("[standard constructed]");

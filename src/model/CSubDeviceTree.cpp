@@ -1,0 +1,124 @@
+#include "CSubDeviceTree.h"
+
+#include <QMultiHash>
+
+#include <utility>
+
+namespace {
+
+// Calls visit for every parameter of the subtree, in tree order.
+template <typename F>
+void forEachParameter(CParamTreeNodeImpl* node, const F& visit) {
+  if (node->isParam()) visit(node);
+  for (int i = 0; i < node->childCount(); ++i) forEachParameter(node->childNode(i), visit);
+}
+
+// The groups among the children. Backwards, since take() begins with what came last.
+QMultiHash<QString, CParamTreeNodeImpl*> childGroups(const CParamTreeNodeImpl& parent) {
+  QMultiHash<QString, CParamTreeNodeImpl*> groups;
+  for (int i = parent.childCount() - 1; i >= 0; --i) {
+    CParamTreeNodeImpl* const node = parent.childNode(i);
+    if (node->isGroup()) groups.insert(node->name(), node);
+  }
+  return groups;
+}
+
+}  // namespace
+
+const QString CSubDeviceTree::mRootGroupName = QStringLiteral("rootGroup");
+
+CSubDeviceTree::CSubDeviceTree(quint8 subDevId)
+    : mSubDevId(subDevId),
+      mRoot(std::make_unique<CParamTreeNodeImpl>(subDevId, mRootGroupName, NParamDef::NO_ID)) {}
+
+CSubDeviceTree CSubDeviceTree::clone() const {
+  return cloneAs(mSubDevId);
+}
+
+CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
+  CSubDeviceTree copy(subDevId);
+  copy.mRoot.reset(mRoot->cloneMe());
+  copy.mRoot->setSubDevId(subDevId);
+  copy.reserve(count());
+  forEachParameter(copy.root(), [this, &copy](CParamTreeNodeImpl* node) {
+    copy.mParams.insert(node->name(), {value(node->name()), node});
+  });
+  return copy;
+}
+
+bool CSubDeviceTree::setValue(const QString& name, const CParamVal& value) {
+  const auto it = mParams.find(name);
+  if (it == mParams.end()) return false;
+  it->value = value;
+  return true;
+}
+
+QStringList CSubDeviceTree::names() const {
+  QStringList names;
+  names.reserve(count());
+  forEachParameter(root(), [&names](CParamTreeNodeImpl* node) { names.append(node->name()); });
+  return names;
+}
+
+CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNodeData data) {
+  Q_ASSERT(owns(parent) && parent->isGroup());
+  data.setSubDevId(mSubDevId);
+  auto* const node = new CParamTreeNodeImpl(data);
+  parent->addChild(node);
+  return node;
+}
+
+CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const QString& name) {
+  return append(parent, CParamNodeData(mSubDevId, name, NParamDef::NO_ID));
+}
+
+CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, const QString& name,
+                                                 quint32 id, const CParamVal& value) {
+  const CParamNodeData data(mSubDevId, name, id);
+  if (!data.isParam() || contains(name)) return nullptr;
+  CParamTreeNodeImpl* const node = append(parent, data);
+  mParams.insert(name, {value, node});
+  return node;
+}
+
+bool CSubDeviceTree::deleteNode(CParamTreeNodeImpl* node) {
+  if (node == root() || !owns(node)) return false;
+  forEachParameter(node, [this](CParamTreeNodeImpl* each) { mParams.remove(each->name()); });
+  return node->parent()->removeChild(node);
+}
+
+bool CSubDeviceTree::owns(const CParamTreeNodeImpl* node) const {
+  const CTreeNode<CParamNodeData>* top = node;
+  while (top && top->parent()) top = top->parent();
+  return top && top == root();
+}
+
+void CSubDeviceTree::merge(CSubDeviceTree&& other) {
+  const CSubDeviceTree source(std::move(other));
+  mergeGroup(root(), *source.root(), source);
+}
+
+void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source,
+                                const CSubDeviceTree& other) {
+  QMultiHash<QString, CParamTreeNodeImpl*> groups = childGroups(*target);
+  for (int i = 0; i < source.childCount(); ++i) {
+    const CParamTreeNodeImpl& node = *source.childNode(i);
+    if (node.isParam()) {
+      mergeParameter(target, node.dataRef(), other.value(node.name()));
+    } else {
+      CParamTreeNodeImpl* const group = groups.take(node.name());
+      mergeGroup(group ? group : append(target, node.dataRef()), node, other);
+    }
+  }
+}
+
+void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamNodeData& source,
+                                    const CParamVal& value) {
+  const auto it = mParams.find(source.name());
+  if (it == mParams.end()) {
+    mParams.insert(source.name(), {value, append(target, source)});
+    return;
+  }
+  it->value = value;
+  if (source.id() != 0) it->node->dataPtr()->setId(source.id());
+}

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <QList>
+
+#include <memory>
+
+/// A tree node that owns its payload and its children; deleting it deletes the whole subtree.
+/// Bad indices and unknown nodes are answered with false or null and change nothing.
+template <typename T>
+class CTreeNode {
+ public:
+  CTreeNode() = default;
+  CTreeNode(const CTreeNode&) = delete;
+  CTreeNode& operator=(const CTreeNode&) = delete;
+
+  virtual ~CTreeNode() {
+    mData.reset();
+    qDeleteAll(mChildren);
+  }
+
+  /// A deep copy of plain CTreeNode<T> without a parent, owned by the caller.
+  virtual CTreeNode<T>* clone() const {
+    auto copy = std::make_unique<CTreeNode<T>>();
+    copy->setData(dataRef());
+    for (const CTreeNode<T>* child : mChildren) copy->addChild(child->clone());
+    return copy.release();
+  }
+
+  virtual T data() const { return dataRef(); }
+  virtual T* dataPtr() const { return mData.get(); }  ///< null without a payload
+  virtual const T& dataRef() const { return mData ? *mData : empty(); }
+  virtual CTreeNode<T>* parent() const { return mParent; }
+  virtual QList<CTreeNode<T>*> children() const { return mChildren; }
+  virtual CTreeNode<T>* child(int index) const { return mChildren.value(index, nullptr); }
+  virtual int childCount() const { return mChildren.size(); }
+
+  /// Position among the siblings, found by a search; 0 for a root, -1 when the parent does not
+  /// list this node.
+  virtual int row() const {
+    return mParent ? mParent->children().indexOf(const_cast<CTreeNode<T>*>(this)) : 0;
+  }
+
+  virtual bool isValid() const { return mData != nullptr; }
+
+  virtual void setData(const T& data) {
+    if (mData) {
+      *mData = data;
+    } else {
+      mData = std::make_unique<T>(data);
+    }
+  }
+
+  /// Sets the pointer only; the parents' lists stay as they are.
+  virtual void setParent(CTreeNode<T>* parent) { mParent = parent; }
+
+  /// Appends and owns a node, which must not be null nor have a parent.
+  virtual void addChild(CTreeNode<T>* child) {
+    child->setParent(this);
+    mChildren.append(child);
+  }
+
+  virtual bool insertChild(CTreeNode<T>* child, int index) {
+    if (!child || index < 0 || index > childCount()) return false;
+    child->setParent(this);
+    mChildren.insert(index, child);
+    return true;
+  }
+
+  /// Hands the child over to the caller.
+  virtual CTreeNode<T>* takeChild(CTreeNode<T>* child) {
+    if (!mChildren.removeOne(child)) return nullptr;
+    child->setParent(nullptr);
+    return child;
+  }
+
+  virtual bool removeChild(CTreeNode<T>* child) {
+    if (!mChildren.removeOne(child)) return false;
+    delete child;
+    return true;
+  }
+
+  virtual bool removeChild(int index) {
+    if (index < 0 || index >= childCount()) return false;
+    delete mChildren.takeAt(index);
+    return true;
+  }
+
+  virtual bool removeChildren(int first, int count) {
+    if (first < 0 || static_cast<qint64>(first) + count > childCount()) return false;
+    if (count < 1) return true;
+    const QList<CTreeNode<T>*> removed = mChildren.mid(first, count);
+    mChildren.erase(mChildren.begin() + first, mChildren.begin() + first + count);
+    qDeleteAll(removed);
+    return true;
+  }
+
+  virtual bool removeAllChildren() {
+    qDeleteAll(mChildren);
+    mChildren.clear();
+    return true;
+  }
+
+ private:
+  const T& empty() const {
+    static const T emptyValue{};
+    return emptyValue;
+  }
+
+  std::unique_ptr<T> mData;
+  CTreeNode<T>* mParent = nullptr;
+  QList<CTreeNode<T>*> mChildren;
+};

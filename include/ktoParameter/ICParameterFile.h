@@ -1,0 +1,201 @@
+#pragma once
+
+#include "CParamDefItem.h"
+#include "CParamVal.h"
+#include "ICParamTreeNode.h"
+#include "NParamDef.h"
+#include "NktoGlobal.h"
+#include "ktoParameter_export.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class CParameterFileErrorHandler;
+class ICLogfile;
+
+/// The parameters of one device: definitions, and for each hardware id and sub-device a tree of
+/// groups and parameters with their values.
+///
+/// A *hardware id* names a variant of the device; one of them is active, and all access to values
+/// and trees works on it. A *sub-device* is a part of the device, such as one axis, with an id of 0
+/// to 255; a parameter's name is unique within its sub-device, across all groups.
+///
+/// Operations that can fail return false, null or an unset id and leave the reason in errorMsg();
+/// the object is then what it was before, except where an operation says otherwise. An object is
+/// used by one thread at a time.
+class KTOPARAMETER_EXPORT ICParameterFile {
+ public:
+  /// The texts of NParamDef::ESubDeviceTypes, in order.
+  static const QStringList mSubDevTypeStrings;
+
+  // --- Factories: the caller owns the object. The logfile may be null and is not owned.
+
+  /// An object that stands for itself.
+  static ICParameterFile* createSingle(NktoGlobal::EParamFileType type, ICLogfile* logfile);
+
+  /// The root tag of a file type; empty for a value that is no type.
+  static QString fileTypeToStr(NktoGlobal::EParamFileType type);
+  /// The file type whose root tag occurs in the text; FILE_TYPE_NONE when there is none.
+  static NktoGlobal::EParamFileType fileTypeFromStr(const QString& text);
+  /// "Undefined", "Device", "PowerSupply" or "Drive"; "Undefined" for any other value.
+  static QString subDeviceTypeToStr(NParamDef::ESubDeviceTypes type);
+  static NParamDef::ESubDeviceTypes subDeviceTypeFromStr(const QString& text);
+
+  virtual ~ICParameterFile();
+
+  /// Installs a handler, which is not owned and must outlive its use here; it is told this object
+  /// with setParameterFile(). Null goes back to the object's own handler.
+  virtual void setErrorHandler(CParameterFileErrorHandler* handler) = 0;
+
+  virtual NktoGlobal::EParamFileType fileType() const = 0;
+  virtual void setFileType(NktoGlobal::EParamFileType type) = 0;
+
+  /// Empties everything. Definitions and nodes handed out before are no longer valid.
+  virtual void clear() = 0;
+  virtual bool isDefEmpty() const = 0;
+  /// Text of the last error.
+  virtual QString errorMsg() const = 0;
+  /// Version under which the last value file was loaded: major number in the upper 16 bits, minor
+  /// number in the lower; 0 when none was loaded.
+  virtual quint32 paramFileVersion() const = 0;
+
+  // --- Hardware ids
+
+  virtual QString hardwareId() const = 0;
+  /// All ids that hold something, in ascending order.
+  virtual QStringList hardwareIds() const = 0;
+  virtual bool containsHardwareId(const QString& hardwareId) const = 0;
+  virtual bool selectHardwareId(const QString& hardwareId) = 0;
+  /// Makes a new id the active one. It exists as soon as something is stored under it.
+  virtual bool addHardwareId(const QString& hardwareId) = 0;
+  /// Refuses the active id.
+  virtual bool removeHardwareId(const QString& hardwareId) = 0;
+  virtual bool renameHardwareId(const QString& oldId, const QString& newId) = 0;
+  /// Copies trees and values to a new id, which becomes active.
+  virtual bool cloneHardwareId(const QString& source, const QString& target) = 0;
+
+  // --- Files. A revision is the file's version, as paramFileVersion() packs it; 0x10000 is "1.0".
+
+  /// Adds a file's definitions; one that is known by its name is replaced by the file's.
+  virtual bool loadParamDefFile(const QString& fileName, quint32 revision) = 0;
+  /// Adds a file's values: a group is merged into the one of its name, a value that is there takes
+  /// the file's. The active hardware id becomes the given one, or the file's first for an empty
+  /// one. Marks nothing changed.
+  virtual bool loadParamFile(const QString& fileName, const QString& hardwareId,
+                             quint32 revision) = 0;
+  /// As loadParamFile(), with the first sub-device of each hardware id of the file under the given
+  /// sub-device id.
+  virtual bool loadParamFileAsSubDevId(const QString& fileName, quint8 subDevId,
+                                       const QString& hardwareId, quint32 revision) = 0;
+
+  // --- Changes since loading or clearChanged(). A save does not touch them.
+
+  /// A definition was added, or changed through a pointer that was handed out.
+  virtual bool defChanged() const = 0;
+  virtual bool paramChanged(const QString& hardwareId) const = 0;
+  /// The hardware ids whose values or trees changed, in the order of their first change.
+  virtual QStringList changedList() const = 0;
+  virtual bool isChanged() const = 0;
+  virtual void clearChanged() = 0;
+
+  /// Writes all definitions, by id and then by name. Fails when two names bear one id, since the
+  /// file could not be read.
+  virtual bool saveParamDefFile(const QString& fileName, quint32 revision) = 0;
+  /// Writes one hardware id, or all of them for an empty one. Without any hardware id nothing is
+  /// written, successfully. The Head's date is the day of saving.
+  virtual bool saveParamFile(const QString& fileName, const QString& hardwareId,
+                             quint32 revision) = 0;
+
+  // --- Head of the definition file and of the value file. Setting it marks nothing changed.
+
+  virtual QString defAuthor() const = 0;
+  virtual QString defComment() const = 0;
+  virtual QDate defDate() const = 0;
+  virtual QString author() const = 0;
+  virtual QString comment() const = 0;
+  virtual QDate date() const = 0;
+  virtual void setDefMetaData(const QString& author, const QString& comment) = 0;
+  virtual void setMetaData(const QString& author, const QString& comment) = 0;
+
+  // --- Sub-device types and names, which all hardware ids share
+
+  virtual NParamDef::ESubDeviceTypes subDevType(quint8 subDevId) const = 0;
+  /// Marks the active hardware id changed when the stored type changes; likewise the name.
+  virtual void setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) = 0;
+  virtual QString subDevName(quint8 subDevId) const = 0;
+  virtual void setSubDevName(quint8 subDevId, const QString& name) = 0;
+
+  // --- Definitions and values
+
+  /// 0xFFFFFFFF and a message for an unknown name.
+  virtual quint32 idByName(const QString& name) const = 0;
+  /// An empty text and a message for an unknown id.
+  virtual QString nameById(quint32 id) const = 0;
+  /// The parameters of a sub-device, in tree order.
+  virtual QStringList paramNames(quint8 subDevId) const = 0;
+  /// A copy; invalid for an unknown name or id.
+  virtual CParamDefItem paramDef(const QString& name) const = 0;
+  /// The stored definition, valid until clear() or destruction; changes through it set
+  /// defChanged(). Null and a message for an unknown name.
+  virtual CParamDefItem* paramDefPtr(const QString& name) = 0;
+  virtual CParamDefItem paramDef(quint32 id) const = 0;
+  /// The value; null when there is none.
+  virtual CParamVal paramValue(const QString& name, quint8 subDevId) const = 0;
+  virtual CParamVal paramValue(quint32 id, quint8 subDevId) const = 0;
+  /// Whether a definition refers to this one by its visibility or as its unit.
+  virtual bool isReferenced(const QString& name) const = 0;
+  virtual bool isReferenced(quint32 id) const = 0;
+  /// Ids of the definitions that refer to this one.
+  virtual QList<quint32> referencedBy(const QString& name) const = 0;
+  virtual QList<quint32> referencedBy(quint32 id) const = 0;
+  /// Replaces an existing value and marks the active hardware id changed, even by an equal value.
+  virtual bool setParamValue(const QString& name, const CParamVal& value, quint8 subDevId) = 0;
+  virtual bool setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
+
+  /// Adds a definition and returns it as paramDefPtr() does. Null and a message for an empty name,
+  /// a name that is known, or an id that another name has (0 and 0xFFFFFFFF are no ids).
+  virtual CParamDefItem* addDef(const CParamDefItem& definition) = 0;
+  virtual CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, quint32 id) = 0;
+  /// The names of all definitions, by id and then by name.
+  virtual QStringList defNames() const = 0;
+
+  // --- Sub-devices and trees of the active hardware id. Nodes are owned by this object.
+
+  /// In ascending order.
+  virtual QList<quint8> subDeviceIds() const = 0;
+  virtual QList<quint8> subDeviceIds(NParamDef::ESubDeviceTypes type) const = 0;
+  virtual bool doesSubDeviceExist(quint8 subDevId) const = 0;
+
+  /// The root group, created empty when missing, which marks nothing changed.
+  virtual ICParamTreeNode* rootGroup(quint8 subDevId) = 0;
+  /// The group at a path of names separated by "/" or "\"; null when there is none. Empty pieces
+  /// are skipped, an empty path is the root group.
+  virtual ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) = 0;
+  /// The parameter of that name below a node, at any depth; null when there is none.
+  virtual ICParamTreeNode* findParameter(ICParamTreeNode* node, const QString& name) const = 0;
+
+  /// Sets every parameter below a node to its definition's default. Stops, with false, at the
+  /// first that cannot be set, an empty group included: those before it are then set.
+  virtual bool loadDefaultValues(ICParamTreeNode* node) = 0;
+  virtual bool loadDefaultValues() = 0;
+  /// Removes the properties of a node and of all below it.
+  virtual void removeAllProperties(ICParamTreeNode* node) = 0;
+  virtual void removeAllProperties() = 0;
+
+  /// As setParamValue(), but an equal value (compared as CParameterFileHelper::compareValues()
+  /// does) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
+  /// node. False, without a message, when there is no such value.
+  virtual bool setAndMarkParamValue(const QString& name, const CParamVal& value,
+                                    quint8 subDevId) = 0;
+  virtual bool setAndMarkParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
+  /// Puts a hardware id on the changed list.
+  virtual void setHwIdChanged(const QString& hardwareId) = 0;
+
+ protected:
+  ICParameterFile() = default;
+
+ private:
+  Q_DISABLE_COPY(ICParameterFile)
+};

@@ -42,15 +42,15 @@ class KTOPARAMETER_EXPORT CParamVal {
   bool value(double& number) const;
 
   /// The number, or 0 when value() would fail.
-  unsigned char asU8() const;
-  unsigned short asU16() const;
-  unsigned int asU32() const;
-  unsigned long long asU64() const;
-  signed char asI8() const;
-  short asI16() const;
-  int asI32() const;
-  long long asI64() const;
-  double asF64() const;
+  unsigned char asU8() const { return numberOrZero<unsigned char>(); }
+  unsigned short asU16() const { return numberOrZero<unsigned short>(); }
+  unsigned int asU32() const { return numberOrZero<unsigned int>(); }
+  unsigned long long asU64() const { return numberOrZero<unsigned long long>(); }
+  signed char asI8() const { return numberOrZero<signed char>(); }
+  short asI16() const { return numberOrZero<short>(); }
+  int asI32() const { return numberOrZero<int>(); }
+  long long asI64() const { return numberOrZero<long long>(); }
+  double asF64() const { return numberOrZero<double>(); }
 
   operator QString() const { return mText; }
   operator unsigned char() const { return asU8(); }
@@ -69,6 +69,13 @@ class KTOPARAMETER_EXPORT CParamVal {
   bool operator!=(const CParamVal& other) const { return mText != other.mText; }
 
  private:
+  template <typename T>
+  T numberOrZero() const {
+    T number = 0;
+    value(number);
+    return number;
+  }
+
   QString mText;
 };
 

@@ -71,27 +71,35 @@ EParamType CParamDefItem::typeFromString(const QString& text) {
 EParamType CParamDefItem::type(const unsigned char&) {
   return NParamDef::PARAM_TYPE_U8;
 }
+
 EParamType CParamDefItem::type(const unsigned short&) {
   return NParamDef::PARAM_TYPE_U16;
 }
+
 EParamType CParamDefItem::type(const unsigned int&) {
   return NParamDef::PARAM_TYPE_U32;
 }
+
 EParamType CParamDefItem::type(const unsigned long long&) {
   return NParamDef::PARAM_TYPE_U64;
 }
+
 EParamType CParamDefItem::type(const signed char&) {
   return NParamDef::PARAM_TYPE_I8;
 }
+
 EParamType CParamDefItem::type(const short&) {
   return NParamDef::PARAM_TYPE_I16;
 }
+
 EParamType CParamDefItem::type(const int&) {
   return NParamDef::PARAM_TYPE_I32;
 }
+
 EParamType CParamDefItem::type(const long long&) {
   return NParamDef::PARAM_TYPE_I64;
 }
+
 EParamType CParamDefItem::type(const double&) {
   return NParamDef::PARAM_TYPE_F64;
 }
@@ -149,66 +157,87 @@ void CParamDefItem::addTo(L CParamDefItemData::*list, const V& value) {
 unsigned int CParamDefItem::id() const {
   return d->id;
 }
+
 bool CParamDefItem::valid() const {
   return d->id != NParamDef::NO_ID;
 }
+
 QString CParamDefItem::name() const {
   return d->name;
 }
+
 EParamType CParamDefItem::type() const {
   return d->type;
 }
+
 QString CParamDefItem::typeStr() const {
   return typeToString(d->type);
 }
+
 unsigned int CParamDefItem::unitId() const {
   return d->unitId;
 }
+
 QString CParamDefItem::hint() const {
   return d->hint;
 }
+
 CParamVal CParamDefItem::defVal() const {
   return d->defVal;
 }
+
 CParamVal CParamDefItem::minVal() const {
   return d->minVal;
 }
+
 CParamVal CParamDefItem::maxVal() const {
   return d->maxVal;
 }
+
 QList<unsigned int> CParamDefItem::minIds() const {
   return d->minIds.list();
 }
+
 QList<unsigned int> CParamDefItem::maxIds() const {
   return d->maxIds.list();
 }
+
 bool CParamDefItem::hasEnums() const {
   return !d->enums.isEmpty();
 }
+
 bool CParamDefItem::isEnumEditable() const {
   return d->enumEditable;
 }
+
 QList<SNamedI64Value> CParamDefItem::enums() const {
   return d->enums.list();
 }
+
 bool CParamDefItem::hasRadios() const {
   return !d->radios.isEmpty();
 }
+
 QList<SNamedI64Value> CParamDefItem::radios() const {
   return d->radios.list();
 }
+
 SCheckValues CParamDefItem::checkVals() const {
   return d->checkVals;
 }
+
 bool CParamDefItem::hasBitset() const {
   return !d->bitset.isEmpty();
 }
+
 QList<SBitValue> CParamDefItem::bitset() const {
   return d->bitset.list();
 }
+
 unsigned int CParamDefItem::visibleId() const {
   return d->visibleId;
 }
+
 QList<qint64> CParamDefItem::visibleVals() const {
   return d->visibleVals.list();
 }
@@ -220,18 +249,23 @@ bool CParamDefItem::hasVisibleValues() const {
 void CParamDefItem::setId(unsigned int id) {
   setField(&CParamDefItemData::id, id);
 }
+
 void CParamDefItem::setName(const QString& name) {
   setField(&CParamDefItemData::name, name);
 }
+
 void CParamDefItem::setType(EParamType type) {
   setField(&CParamDefItemData::type, type);
 }
+
 void CParamDefItem::setType(const QString& text) {
   setType(typeFromString(text));
 }
+
 void CParamDefItem::setUnitId(unsigned int id) {
   setField(&CParamDefItemData::unitId, id);
 }
+
 void CParamDefItem::setHint(const QString& hint) {
   setField(&CParamDefItemData::hint, hint);
 }
@@ -271,6 +305,7 @@ void CParamDefItem::setVisibleId(unsigned int id) {
 void CParamDefItem::addMinId(unsigned int id) {
   addTo(&CParamDefItemData::minIds, id);
 }
+
 void CParamDefItem::addMaxId(unsigned int id) {
   addTo(&CParamDefItemData::maxIds, id);
 }
@@ -335,6 +370,7 @@ bool CParamDefItem::setVisible(const QString& text) {
 QString CParamDefItem::enumNameOfValue(qint64 value) const {
   return d->enums.nameOfValue(value);
 }
+
 QString CParamDefItem::radioNameOfValue(qint64 value) const {
   return d->radios.nameOfValue(value);
 }

@@ -13,22 +13,25 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
 
   ICParamTreeNode* rootPtr() override;
   ICParamTreeNode* parentPtr() const override;
-  int siblingNo() const override;
-  int childCnt() const override;
-  ICParamTreeNode* childPtr(int index) const override;
+  int siblingNo() const override { return row(); }
+  int childCnt() const override { return childCount(); }
+  ICParamTreeNode* childPtr(int index) const override { return childNode(index); }
   ICParamTreeNode* childPtr(const QString& name) const override;
-  bool isGroup() const override;
-  bool isParam() const override;
-  QString name() const override;
-  unsigned int id() const override;
-  unsigned char subDevId() const override;
-  void setProperty(QString key, QVariant value) override;
-  QVariant property(QString key) const override;
-  bool removeProperty(const QString& key) override;
-  void removeAllProperties() override;
+  bool isGroup() const override { return dataRef().isGroup(); }
+  bool isParam() const override { return dataRef().isParam(); }
+  QString name() const override { return dataRef().name(); }
+  unsigned int id() const override { return dataRef().id(); }
+  unsigned char subDevId() const override { return dataRef().subDevId(); }
+  void setProperty(QString key, QVariant value) override { dataPtr()->setProperty(key, value); }
+  QVariant property(QString key) const override { return dataRef().property(key); }
+  bool removeProperty(const QString& key) override { return dataPtr()->removeProperty(key); }
+  void removeAllProperties() override { dataPtr()->removeAllProperties(); }
 
   /// The same child as childPtr(), as what it is.
-  CParamTreeNodeImpl* childNode(int index) const;
+  CParamTreeNodeImpl* childNode(int index) const {
+    return static_cast<CParamTreeNodeImpl*>(child(index));
+  }
+  /// False, and nothing happens, when the node is no direct child.
   bool deleteChild(ICParamTreeNode* child);
   /// In this node and all beneath it.
   void setSubDevId(unsigned char subDevId);

@@ -11,13 +11,6 @@ QString hexText(qulonglong number) {
   return QLatin1String("0x") + QString::number(number, kHexBase);
 }
 
-template <typename T>
-T numberOrZero(const CParamVal& value) {
-  T number = 0;
-  value.value(number);
-  return number;
-}
-
 }  // namespace
 
 CParamVal::CParamVal(const QString& text) : mText(text) {}
@@ -35,55 +28,35 @@ CParamVal::CParamVal(double number) : mText(QString::number(number, 'g', kSignif
 bool CParamVal::value(unsigned char& number) const {
   return CStr::strToU8(mText, number, 0);
 }
+
 bool CParamVal::value(unsigned short& number) const {
   return CStr::strToU16(mText, number, 0);
 }
+
 bool CParamVal::value(unsigned int& number) const {
   return CStr::strToU32(mText, number, 0);
 }
+
 bool CParamVal::value(unsigned long long& number) const {
   return CStr::strToU64(mText, number, 0);
 }
+
 bool CParamVal::value(signed char& number) const {
   return CStr::strToI8(mText, number, 0);
 }
+
 bool CParamVal::value(short& number) const {
   return CStr::strToI16(mText, number, 0);
 }
+
 bool CParamVal::value(int& number) const {
   return CStr::strToI32(mText, number, 0);
 }
+
 bool CParamVal::value(long long& number) const {
   return CStr::strToI64(mText, number, 0);
 }
+
 bool CParamVal::value(double& number) const {
   return CStr::strToF64(mText, number);
-}
-
-unsigned char CParamVal::asU8() const {
-  return numberOrZero<unsigned char>(*this);
-}
-unsigned short CParamVal::asU16() const {
-  return numberOrZero<unsigned short>(*this);
-}
-unsigned int CParamVal::asU32() const {
-  return numberOrZero<unsigned int>(*this);
-}
-unsigned long long CParamVal::asU64() const {
-  return numberOrZero<unsigned long long>(*this);
-}
-signed char CParamVal::asI8() const {
-  return numberOrZero<signed char>(*this);
-}
-short CParamVal::asI16() const {
-  return numberOrZero<short>(*this);
-}
-int CParamVal::asI32() const {
-  return numberOrZero<int>(*this);
-}
-long long CParamVal::asI64() const {
-  return numberOrZero<long long>(*this);
-}
-double CParamVal::asF64() const {
-  return numberOrZero<double>(*this);
 }

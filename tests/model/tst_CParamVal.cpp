@@ -1,0 +1,215 @@
+#include "CParamVal.h"
+
+#include <QStringList>
+#include <QtTest>
+
+#include <limits>
+
+class tst_CParamVal : public QObject {
+  Q_OBJECT
+ private slots:
+  void writesNumbers_data();
+  void writesNumbers();
+  void readsExactlyItsType_data();
+  void readsExactlyItsType();
+  void readsBackItsOwnTexts();
+  void failedReadLeavesTheOutput();
+  void convertsToLongLongThroughEightBits_data();
+  void convertsToLongLongThroughEightBits();
+  void comparesTexts_data();
+  void comparesTexts();
+  void tellsNullFromEmpty_data();
+  void tellsNullFromEmpty();
+};
+
+void tst_CParamVal::writesNumbers_data() {
+  QTest::addColumn<QString>("written");
+  QTest::addColumn<QString>("expected");
+  const auto row = [](const char* expected, const CParamVal& value) {
+    QTest::addRow("%s", expected) << value.asStr() << QString::fromLatin1(expected);
+  };
+  row("0x0", static_cast<unsigned char>(0));
+  row("0xff", static_cast<unsigned char>(255));
+  row("0xabcd", static_cast<unsigned short>(0xABCD));
+  row("0x1000", 4096U);
+  row("0xffffffffffffffff", std::numeric_limits<unsigned long long>::max());
+  row("-128", static_cast<signed char>(-128));
+  row("-32768", static_cast<short>(-32768));
+  row("-7", -7);
+  row("-9223372036854775808", std::numeric_limits<long long>::min());
+  row("2.5", 2.5);
+  row("1", 1.0);
+  row("0.1", 0.1);
+  row("0.333333333333333", 1.0 / 3.0);
+  row("1e+20", 1e20);
+  row("inf", std::numeric_limits<double>::infinity());
+}
+
+void tst_CParamVal::writesNumbers() {
+  QFETCH(QString, written);
+  QTEST(written, "expected");
+}
+
+namespace {
+
+template <typename T>
+void noteWhenRead(const CParamVal& value, const char* type, QStringList& types) {
+  T number = 0;
+  if (value.value(number)) types.append(QString::fromLatin1(type));
+}
+
+// The types that accept the text, so that a row shows the limits of all of them.
+QString acceptingTypes(const CParamVal& value) {
+  QStringList types;
+  noteWhenRead<unsigned char>(value, "u8", types);
+  noteWhenRead<unsigned short>(value, "u16", types);
+  noteWhenRead<unsigned int>(value, "u32", types);
+  noteWhenRead<unsigned long long>(value, "u64", types);
+  noteWhenRead<signed char>(value, "i8", types);
+  noteWhenRead<short>(value, "i16", types);
+  noteWhenRead<int>(value, "i32", types);
+  noteWhenRead<long long>(value, "i64", types);
+  noteWhenRead<double>(value, "f64", types);
+  return types.join(QLatin1Char(' '));
+}
+
+}  // namespace
+
+void tst_CParamVal::readsExactlyItsType_data() {
+  QTest::addColumn<QString>("text");
+  QTest::addColumn<QString>("types");
+  const auto row = [](const char* text, const char* types) {
+    QTest::addRow("'%s'", text) << QString::fromLatin1(text) << QString::fromLatin1(types);
+  };
+  row("127", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
+  row("255", "u8 u16 u32 u64 i16 i32 i64 f64");
+  row("256", "u16 u32 u64 i16 i32 i64 f64");
+  row("65536", "u32 u64 i32 i64 f64");
+  row("4294967296", "u64 i64 f64");
+  row("18446744073709551615", "u64 f64");
+  row("18446744073709551616", "f64");
+  row("-128", "i8 i16 i32 i64 f64");
+  row("-129", "i16 i32 i64 f64");
+  row("-32769", "i32 i64 f64");
+  row("-2147483649", "i64 f64");
+  row("0xff", "u8 u16 u32 u64 i16 i32 i64");
+  row("0xffffffffffffffff", "u64");
+  row(" 5 ", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
+  row("0.5", "f64");
+  row("1e400", "");
+  row("abc", "");
+  row("5 V", "");
+  row("", "");
+}
+
+void tst_CParamVal::readsExactlyItsType() {
+  QFETCH(QString, text);
+  QTEST(acceptingTypes(CParamVal(text)), "types");
+}
+
+namespace {
+
+template <typename T>
+void readBack(T number) {
+  T read = 0;
+  QVERIFY2(CParamVal(number).value(read), qPrintable(CParamVal(number).asStr()));
+  QCOMPARE(read, number);
+  QCOMPARE(static_cast<T>(CParamVal(number)), number);
+}
+
+template <typename T>
+void readBackLimits() {
+  readBack(std::numeric_limits<T>::min());
+  readBack(T(0));
+  readBack(std::numeric_limits<T>::max());
+}
+
+}  // namespace
+
+void tst_CParamVal::readsBackItsOwnTexts() {
+  readBackLimits<unsigned char>();
+  readBackLimits<unsigned short>();
+  readBackLimits<unsigned int>();
+  readBackLimits<unsigned long long>();
+  readBackLimits<signed char>();
+  readBackLimits<short>();
+  readBackLimits<int>();
+  QCOMPARE(CParamVal(std::numeric_limits<long long>::min()).asI64(),
+           std::numeric_limits<long long>::min());
+  readBack(1e-300);
+  readBack(-2.5e300);
+}
+
+void tst_CParamVal::failedReadLeavesTheOutput() {
+  const CParamVal value("abc");
+  unsigned int number = 7;
+  double real = 7.5;
+  QVERIFY(!value.value(number));
+  QVERIFY(!value.value(real));
+  QCOMPARE(number, 7U);
+  QCOMPARE(real, 7.5);
+  QCOMPARE(value.asU32(), 0U);
+  QCOMPARE(value.asF64(), 0.0);
+}
+
+void tst_CParamVal::convertsToLongLongThroughEightBits_data() {
+  QTest::addColumn<QString>("text");
+  QTest::addColumn<qint64>("converted");
+  QTest::addColumn<qint64>("whole");
+  QTest::newRow("negative") << QStringLiteral("-5") << qint64(-5) << qint64(-5);
+  QTest::newRow("the highest") << QStringLiteral("127") << qint64(127) << qint64(127);
+  QTest::newRow("above") << QStringLiteral("128") << qint64(0) << qint64(128);
+  QTest::newRow("far above") << QStringLiteral("1000") << qint64(0) << qint64(1000);
+}
+
+void tst_CParamVal::convertsToLongLongThroughEightBits() {
+  QFETCH(QString, text);
+  const CParamVal value(text);
+  QTEST(static_cast<long long>(value), "converted");
+  QTEST(value.asI64(), "whole");
+}
+
+void tst_CParamVal::comparesTexts_data() {
+  QTest::addColumn<QString>("a");
+  QTest::addColumn<QString>("b");
+  QTest::addColumn<bool>("equal");
+  QTest::newRow("same") << QStringLiteral("10") << QStringLiteral("10") << true;
+  QTest::newRow("same number") << QStringLiteral("0xa") << QStringLiteral("10") << false;
+  QTest::newRow("case") << QStringLiteral("0xA") << QStringLiteral("0xa") << false;
+  QTest::newRow("digits") << QStringLiteral("1.0") << QStringLiteral("1") << false;
+  QTest::newRow("null and empty") << QString() << QStringLiteral("") << true;
+}
+
+void tst_CParamVal::comparesTexts() {
+  QFETCH(QString, a);
+  QFETCH(QString, b);
+  QFETCH(bool, equal);
+  QCOMPARE(CParamVal(a) == CParamVal(b), equal);
+  QCOMPARE(CParamVal(a) != CParamVal(b), !equal);
+}
+
+void tst_CParamVal::tellsNullFromEmpty_data() {
+  QTest::addColumn<bool>("isNull");
+  QTest::addColumn<bool>("isEmpty");
+  QTest::addColumn<bool>("expectedNull");
+  QTest::addColumn<bool>("expectedEmpty");
+  const auto row = [](const char* name, const CParamVal& value, bool null, bool empty) {
+    QTest::newRow(name) << value.isNull() << value.isEmpty() << null << empty;
+  };
+  row("default", CParamVal(), true, true);
+  row("null string", CParamVal(QString()), true, true);
+  row("null pointer", CParamVal(static_cast<const char*>(nullptr)), true, true);
+  row("empty string", CParamVal(QStringLiteral("")), false, true);
+  row("empty literal", CParamVal(""), false, true);
+  row("blank", CParamVal(" "), false, false);
+}
+
+void tst_CParamVal::tellsNullFromEmpty() {
+  QFETCH(bool, isNull);
+  QFETCH(bool, isEmpty);
+  QTEST(isNull, "expectedNull");
+  QTEST(isEmpty, "expectedEmpty");
+}
+
+QTEST_APPLESS_MAIN(tst_CParamVal)
+#include "tst_CParamVal.moc"

@@ -109,9 +109,9 @@ void tst_CMessageBoardHelper::postingFromManyThreads() {
   std::atomic<int> count = 0;
   const auto handler = [&count](EKind, const QString&) { ++count; };
   CMessageBoardHelper::setHandler(handler);
-  std::vector<std::thread> threads;
-  for (int i = 0; i < kThreads; ++i) {
-    threads.emplace_back([&handler] {
+  std::vector<std::thread> threads(kThreads);
+  for (std::thread& thread : threads) {
+    thread = std::thread([&handler] {
       for (int n = 0; n < kMessages; ++n) {
         CMessageBoardHelper::setWarning(QStringLiteral("text"));
         CMessageBoardHelper::setHandler(handler);

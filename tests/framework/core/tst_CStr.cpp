@@ -267,11 +267,12 @@ void tst_CStr::refusedFloats() {
 
 // What is written with enough digits comes back bit by bit, over all magnitudes.
 void tst_CStr::everyWrittenFloatIsRead() {
-  for (double value = std::numeric_limits<double>::denorm_min(); value < DBL_MAX / 3;
-       value *= 2.7) {
+  double value = std::numeric_limits<double>::denorm_min();
+  while (value < DBL_MAX / 3) {
     double read = 0.0;
     QVERIFY(CStr::strToF64(QString::number(-value, 'g', 17), read));
     QVERIFY(read == -value);
+    value *= 2.7;
   }
 }
 

@@ -234,9 +234,9 @@ void tst_ICLogfile::manyThreads() {
   const QString fileName = path("threads.log");
   const auto logfile = create(ICLogfile::LogFile, fileName, kAll);
   const QString text(300, QLatin1Char('x'));
-  std::vector<std::thread> threads;
-  for (int i = 0; i < kThreads; ++i) {
-    threads.emplace_back([&] {
+  std::vector<std::thread> threads(kThreads);
+  for (std::thread& thread : threads) {
+    thread = std::thread([&] {
       for (int n = 0; n < kLines; ++n) {
         logfile->setPrefix(QStringLiteral("p"));
         logfile->setLevelMask(kAll);

@@ -13,12 +13,19 @@ function(kto_consumer_includes target component)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${component}>)
 endfunction()
 
-function(kto_install_package)
-  set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ktoParameter)
+# Libraries and tool find each other wherever the installation lies or is moved to.
+function(kto_install_binaries)
+  file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(ktoFramework ktoParameter PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS ktoFramework ktoParameter EXPORT ktoParameterTargets)
   if(TARGET ktoparam)
+    set_target_properties(ktoparam PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
     install(TARGETS ktoparam)
   endif()
+endfunction()
+
+function(kto_install_cmake_package)
+  set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ktoParameter)
   install(EXPORT ktoParameterTargets NAMESPACE kto:: DESTINATION ${package_dir})
   configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/ktoParameterConfig.cmake.in
@@ -27,7 +34,18 @@ function(kto_install_package)
     ${PROJECT_BINARY_DIR}/ktoParameterConfigVersion.cmake COMPATIBILITY SameMajorVersion)
   install(FILES ${PROJECT_BINARY_DIR}/ktoParameterConfig.cmake
                 ${PROJECT_BINARY_DIR}/ktoParameterConfigVersion.cmake DESTINATION ${package_dir})
+endfunction()
+
+function(kto_install_pkgconfig)
+  set(pkgconfig_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
+  file(RELATIVE_PATH PKGCONFIG_TO_PREFIX ${pkgconfig_dir} ${CMAKE_INSTALL_PREFIX})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/ktoParameter.pc.in ktoParameter.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/ktoParameter.pc
           DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endfunction()
+
+function(kto_install_package)
+  kto_install_binaries()
+  kto_install_cmake_package()
+  kto_install_pkgconfig()
 endfunction()

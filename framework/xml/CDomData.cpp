@@ -1,0 +1,173 @@
+#include "CDomData.h"
+
+#include "XmlText.h"
+
+using NXmlText::toQString;
+
+namespace {
+
+std::string_view view(QLatin1String text) {
+  return {text.data(), static_cast<size_t>(text.size())};
+}
+
+bool isText(const SDomNode& node) {
+  return node.kind == SDomNode::Text || node.kind == SDomNode::CData;
+}
+
+}  // namespace
+
+bool CDomData::hasName(quint32 nodeIndex, QLatin1String tag) const {
+  return name(mNodes[nodeIndex].element.name) == view(tag);
+}
+
+quint32 CDomData::findAttribute(quint32 nodeIndex, QLatin1String attributeName) const {
+  quint32 index = mNodes[nodeIndex].element.firstAttribute;
+  while (index != kNone && name(mAttributes[index].name) != view(attributeName)) {
+    index = mAttributes[index].next;
+  }
+  return index;
+}
+
+quint32 CDomData::elementFrom(quint32 nodeIndex) const {
+  while (nodeIndex != kNone && mNodes[nodeIndex].kind != SDomNode::Element) {
+    nodeIndex = mNodes[nodeIndex].next;
+  }
+  return nodeIndex;
+}
+
+quint32 CDomData::elementFrom(quint32 nodeIndex, QLatin1String tag) const {
+  nodeIndex = elementFrom(nodeIndex);
+  while (nodeIndex != kNone && !hasName(nodeIndex, tag)) {
+    nodeIndex = elementFrom(mNodes[nodeIndex].next);
+  }
+  return nodeIndex;
+}
+
+QString CDomData::textOf(quint32 nodeIndex) const {
+  const quint32 first = mNodes[nodeIndex].firstChild;
+  if (first == kNone) {
+    return QLatin1String("");
+  }
+  if (mNodes[first].next == kNone && isText(mNodes[first])) {
+    return toQString(text(mNodes[first].text));
+  }
+  // Depth first without recursion: the nodes still to visit are a stack of next siblings.
+  std::string all;
+  std::vector<quint32> todo{first};
+  while (!todo.empty()) {
+    const quint32 index = todo.back();
+    const SDomNode& current = mNodes[index];
+    todo.pop_back();
+    if (current.next != kNone) {
+      todo.push_back(current.next);
+    }
+    if (isText(current)) {
+      all += text(current.text);
+    } else if (current.firstChild != kNone) {
+      todo.push_back(current.firstChild);
+    }
+  }
+  return toQString(all);
+}
+
+quint32 CDomData::internName(std::string_view name) {
+  const auto known = mNameIndex.find(std::string(name));
+  if (known != mNameIndex.end()) {
+    return known->second;
+  }
+  const auto index = static_cast<quint32>(mNames.size());
+  mNames.emplace_back(name);
+  mNameIndex.emplace(mNames.back(), index);
+  return index;
+}
+
+quint32 CDomData::appendElement(quint32 parent, quint32 name, quint32 line) {
+  const quint32 index = appendNode(parent, SDomNode::Element, line);
+  mNodes[index].element = {name, kNone};
+  return index;
+}
+
+quint32 CDomData::appendNode(quint32 parent, SDomNode::EKind kind, quint32 line) {
+  const auto index = static_cast<quint32>(mNodes.size());
+  mNodes.emplace_back(kind, line);
+  if (parent != kNone) {
+    SDomNode& owner = mNodes[parent];
+    if (owner.lastChild == kNone) {
+      owner.firstChild = index;
+    } else {
+      mNodes[owner.lastChild].next = index;
+    }
+    owner.lastChild = index;
+  }
+  return index;
+}
+
+void CDomData::appendText(quint32 parent, SDomNode::EKind kind, const SDomText& text,
+                          quint32 line) {
+  mNodes[appendNode(parent, kind, line)].text = text;
+}
+
+void CDomData::appendAttribute(quint32 element, quint32 name, const SDomText& value) {
+  const auto index = static_cast<quint32>(mAttributes.size());
+  mAttributes.push_back({name, value, kNone});
+  // The attributes of an element usually come one after the other.
+  quint32* link = mLastAttributeOwner == element ? &mAttributes[index - 1].next
+                                                 : &mNodes[element].element.firstAttribute;
+  while (*link != kNone) {
+    link = &mAttributes[*link].next;
+  }
+  *link = index;
+  mLastAttributeOwner = element;
+}
+
+SDomText CDomData::addText(std::string_view utf8) {
+  const SDomText text{textEnd(), static_cast<quint32>(utf8.size())};
+  mText.append(utf8);
+  return text;
+}
+
+quint32 CDomData::createElement(quint32 parent, const QString& tag) {
+  const std::string utf8 = tag.toStdString();
+  const bool known = mNameIndex.count(utf8) > 0;
+  const quint32 index = appendElement(parent, internName(utf8), 0);
+  if (!known && !NXmlText::isName(tag)) {
+    setInvalid({index, SDomInvalidText::Tag, kNone, {}}, NXmlText::readable(tag));
+  }
+  return index;
+}
+
+void CDomData::setAttribute(quint32 element, QLatin1String attributeName, const QString& value) {
+  const quint32 nameIndex = internName(view(attributeName));
+  const SDomText text = addUtf16(value, {element, SDomInvalidText::Attribute, nameIndex, {}});
+  const quint32 known = findAttribute(element, attributeName);
+  if (known == kNone) {
+    appendAttribute(element, nameIndex, text);
+  } else {
+    mAttributes[known].value = text;
+  }
+}
+
+void CDomData::setText(quint32 element, const QString& text) {
+  mNodes[element].firstChild = kNone;
+  mNodes[element].lastChild = kNone;
+  if (!text.isEmpty()) {
+    const SDomText added = addUtf16(text, {element, SDomInvalidText::Text, kNone, {}});
+    appendText(element, SDomNode::Text, added, 0);
+  }
+}
+
+SDomText CDomData::addUtf16(const QString& text, const SDomInvalidText& place) {
+  const quint32 begin = textEnd();
+  const int bad = NXmlText::appendUtf8(text, mText);
+  if (bad >= 0) {
+    setInvalid(place, NXmlText::readable(text.mid(bad, 1)));
+  }
+  return {begin, textEnd() - begin};
+}
+
+void CDomData::setInvalid(SDomInvalidText place, const QString& what) {
+  if (mInvalid.node == kNone) {
+    mInvalid = std::move(place);
+    mInvalid.what = what;
+  }
+}

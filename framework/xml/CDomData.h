@@ -1,0 +1,121 @@
+#pragma once
+
+#include "CAtomicFile.h"
+
+#include <QLatin1String>
+#include <QString>
+#include <QStringView>
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+/// Limits that reading and writing share, so that what is written can be read.
+namespace NXmlLimits {
+constexpr int kMaxDepth = 1024;
+constexpr int kMaxAttributes = 256;
+constexpr qint64 kMaxBytes = CAtomicFile::kMaxBytes;
+}  // namespace NXmlLimits
+
+/// Index of "no node" and "no attribute".
+constexpr quint32 kNone = 0xFFFFFFFF;
+
+/// A piece of the text arena.
+struct SDomText {
+  quint32 begin = 0;
+  quint32 length = 0;
+};
+
+/// An attribute; those of one element are a chain in the order in which they were set.
+struct SDomAttribute {
+  quint32 name = 0;
+  SDomText value;
+  quint32 next = kNone;
+};
+
+/// A node. Text nodes use the text, elements the rest.
+struct SDomNode {
+  enum EKind : quint8 { Element, Text, CData, Other };
+
+  EKind kind;
+  quint32 line;  ///< on which it begins, 0 when it was not read
+  union {
+    struct {
+      quint32 name;
+      quint32 firstAttribute;
+    } element;
+    SDomText text;
+  };
+  quint32 firstChild = kNone;
+  quint32 lastChild = kNone;
+  quint32 next = kNone;
+
+  SDomNode(EKind nodeKind, quint32 nodeLine) : kind(nodeKind), line(nodeLine), text() {}
+};
+
+/// A text that XML cannot hold, found while the document was built.
+struct SDomInvalidText {
+  enum EKind { Text, Attribute, Tag };
+
+  quint32 node = kNone;  ///< the element that holds it, kNone when every text is fine
+  EKind kind = Text;
+  quint32 attribute = kNone;  ///< name of the attribute
+  QString what;               ///< the offending character or tag, made readable
+};
+
+/// The arena of a document. Indices instead of pointers: half the size, and one allocation grows
+/// for thousands of nodes. Node 0 is the root.
+class CDomData {
+ public:
+  bool isEmpty() const { return mNodes.empty(); }
+  const SDomNode& node(quint32 index) const { return mNodes[index]; }
+  const SDomAttribute& attribute(quint32 index) const { return mAttributes[index]; }
+  std::string_view name(quint32 index) const { return mNames[index]; }
+  std::string_view text(const SDomText& text) const {
+    return std::string_view(mText).substr(text.begin, text.length);
+  }
+  quint32 nodeCount() const { return static_cast<quint32>(mNodes.size()); }
+  size_t textSize() const { return mText.size(); }
+  const SDomInvalidText& invalidText() const { return mInvalid; }
+
+  bool hasName(quint32 nodeIndex, QLatin1String tag) const;
+  /// The attribute of that name, or kNone.
+  quint32 findAttribute(quint32 nodeIndex, QLatin1String name) const;
+  /// The node itself, or the first of its next siblings, that is an element; or kNone.
+  quint32 elementFrom(quint32 nodeIndex) const;
+  /// As elementFrom, for elements of that tag.
+  quint32 elementFrom(quint32 nodeIndex, QLatin1String tag) const;
+  /// Text of all descendants that are text.
+  QString textOf(quint32 nodeIndex) const;
+
+  quint32 internName(std::string_view name);
+  /// Appends a node to a parent (kNone for the root).
+  quint32 appendElement(quint32 parent, quint32 name, quint32 line);
+  quint32 appendNode(quint32 parent, SDomNode::EKind kind, quint32 line);
+  void appendText(quint32 parent, SDomNode::EKind kind, const SDomText& text, quint32 line);
+  void appendAttribute(quint32 element, quint32 name, const SDomText& value);
+
+  /// Adds bytes that are known to be UTF-8 to the text arena.
+  SDomText addText(std::string_view utf8);
+  /// Takes back the text that was added last.
+  void dropLastText(const SDomText& text) { mText.resize(text.begin); }
+  quint32 textEnd() const { return static_cast<quint32>(mText.size()); }
+
+  // Building by an application: texts are checked, the first that XML cannot hold is remembered.
+  quint32 createElement(quint32 parent, const QString& tag);
+  void setAttribute(quint32 element, QLatin1String name, const QString& value);
+  void setText(quint32 element, const QString& text);
+
+ private:
+  SDomText addUtf16(const QString& text, const SDomInvalidText& place);
+  void setInvalid(SDomInvalidText place, const QString& what);
+
+  std::vector<SDomNode> mNodes;
+  std::vector<SDomAttribute> mAttributes;
+  quint32 mLastAttributeOwner = kNone;  ///< element whose attribute was added last
+  std::string mText;
+  std::vector<std::string> mNames;
+  std::unordered_map<std::string, quint32> mNameIndex;
+  SDomInvalidText mInvalid;
+};

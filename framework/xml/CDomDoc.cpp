@@ -1,0 +1,171 @@
+#include "CDomDoc.h"
+
+#include "CDomData.h"
+#include "CStr.h"
+#include "CXmlParser.h"
+#include "CXmlWriter.h"
+#include "NLumoXmlTags.h"
+#include "XmlText.h"
+
+#include <QDomDocument>
+
+#include <vector>
+
+using NXmlText::toQString;
+
+namespace {
+
+/// The element and those round it, from the root on.
+std::vector<quint32> pathTo(const CDomData& data, quint32 element) {
+  std::vector<quint32> path;
+  for (quint32 next = 0; path.empty() || path.back() != element;) {
+    if (next == kNone) {
+      next = data.node(path.back()).next;
+      path.pop_back();
+      continue;
+    }
+    path.push_back(next);
+    next = data.node(next).firstChild;
+    if (path.back() != element && data.node(path.back()).kind != SDomNode::Element) {
+      next = kNone;
+    }
+  }
+  return path;
+}
+
+/// The innermost element round a text that bears a name, such as <Param> "TargetPosition".
+QString namedPlace(const CDomData& data, quint32 element) {
+  const std::vector<quint32> path = pathTo(data, element);
+  for (auto i = path.rbegin(); i != path.rend(); ++i) {
+    const quint32 name = data.elementFrom(data.node(*i).firstChild, NLumoXmlTags::TAG_NAME);
+    if (name != kNone) {
+      return QLatin1Char('<') + toQString(data.name(data.node(*i).element.name)) +
+             QLatin1String("> \"") + NXmlText::readable(data.textOf(name)) + QLatin1Char('"');
+    }
+  }
+  return QString();
+}
+
+/// The elements of a Qt document become nodes of the arena, one after the other.
+void copyFromDom(const QDomElement& source, CDomData& data) {
+  struct SStep {
+    QDomNode node;
+    quint32 parent;
+  };
+  std::vector<SStep> todo{{source, kNone}};
+  while (!todo.empty()) {
+    const SStep step = todo.back();
+    todo.pop_back();
+    if (step.parent != kNone && !step.node.nextSibling().isNull()) {
+      todo.push_back({step.node.nextSibling(), step.parent});
+    }
+    const auto line = static_cast<quint32>(std::max(step.node.lineNumber(), 0));
+    if (step.node.isElement()) {
+      const QDomElement element = step.node.toElement();
+      const quint32 copy =
+          data.appendElement(step.parent, data.internName(element.tagName().toStdString()), line);
+      const QDomNamedNodeMap attributes = element.attributes();
+      for (int i = 0; i < attributes.count(); ++i) {
+        const QDomAttr attribute = attributes.item(i).toAttr();
+        data.appendAttribute(copy, data.internName(attribute.name().toStdString()),
+                             data.addText(attribute.value().toStdString()));
+      }
+      if (!element.firstChild().isNull()) {
+        todo.push_back({element.firstChild(), copy});
+      }
+    } else if (step.node.isCharacterData() && !step.node.isComment()) {
+      const auto kind = step.node.isCDATASection() ? SDomNode::CData : SDomNode::Text;
+      data.appendText(step.parent, kind, data.addText(step.node.nodeValue().toStdString()), line);
+    } else {
+      data.appendNode(step.parent, SDomNode::Other, line);
+    }
+  }
+}
+
+}  // namespace
+
+CDomDoc::CDomDoc() = default;
+CDomDoc::~CDomDoc() = default;
+CDomDoc::CDomDoc(CDomDoc&&) noexcept = default;
+CDomDoc& CDomDoc::operator=(CDomDoc&&) noexcept = default;
+
+bool CDomDoc::setContent(const QByteArray& bytes, QString& error) {
+  d = std::make_unique<CDomData>();
+  const bool done = CXmlParser(*d, CXmlParser::Whole).parse(bytes, error);
+  if (!done) {
+    clear();
+  }
+  return done;
+}
+
+bool CDomDoc::setHead(const QByteArray& bytes, QString& error) {
+  d = std::make_unique<CDomData>();
+  const bool done = CXmlParser(*d, CXmlParser::HeadOnly).parse(bytes, error);
+  if (!done) {
+    clear();
+  }
+  return done;
+}
+
+CDomElement CDomDoc::createRoot(const QString& tag) {
+  d = std::make_unique<CDomData>();
+  return {d.get(), d->createElement(kNone, tag)};
+}
+
+void CDomDoc::clear() {
+  d.reset();
+}
+
+CDomElement CDomDoc::documentElement() const {
+  return d && !d->isEmpty() ? CDomElement(d.get(), 0) : CDomElement();
+}
+
+QByteArray CDomDoc::toByteArray(const QString& encoding, QString& error) const {
+  const bool utf16 = encoding == QLatin1String("UTF-16");
+  if (!utf16 && encoding != QLatin1String("UTF-8")) {
+    error = tr("The encoding \"%1\" is not supported for writing.").arg(encoding);
+    return QByteArray();
+  }
+  if (documentElement().isNull()) {
+    error = tr("There is no document to write.");
+    return QByteArray();
+  }
+  if (d->invalidText().node != kNone) {
+    error = describeInvalidText();
+    return QByteArray();
+  }
+  CXmlWriter writer(*d);
+  QByteArray bytes = writer.write(utf16);
+  if (writer.error() == CXmlWriter::TooDeep) {
+    error = tr("The elements are nested deeper than %1, so the file could not be read again.")
+                .arg(NXmlLimits::kMaxDepth);
+  } else if (writer.error() == CXmlWriter::TooLarge) {
+    error = tr("The document is larger than 512 MiB, so the file could not be read again.");
+  }
+  return bytes;
+}
+
+QString CDomDoc::describeInvalidText() const {
+  const SDomInvalidText& invalid = d->invalidText();
+  const QString tag = toQString(d->name(d->node(invalid.node).element.name));
+  if (invalid.kind == SDomInvalidText::Tag) {
+    return tr("\"%1\" cannot be the name of an XML element.").arg(invalid.what);
+  }
+  const QString name = namedPlace(*d, invalid.node);
+  const QString place = name.isEmpty() ? QLatin1Char('<') + tag + QLatin1Char('>') : name;
+  if (invalid.kind == SDomInvalidText::Attribute) {
+    return tr("%1: attribute \"%2\" holds the character %3, which XML cannot hold.")
+        .arg(place, toQString(d->name(invalid.attribute)), invalid.what);
+  }
+  return tr("%1: the text of <%2> holds the character %3, which XML cannot hold.")
+      .arg(place, tag, invalid.what);
+}
+
+CDomDoc CDomDoc::fromDom(const QDomElement& element) {
+  CDomDoc document;
+  if (!element.isNull()) {
+    document.d = std::make_unique<CDomData>();
+    copyFromDom(element, *document.d);
+  }
+  return document;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "ktoFramework_export.h"
+
+#include <QLatin1String>
+#include <QString>
+
+class CDomData;
+class QDomElement;
+
+/// A handle of one element of a `CDomDoc`: two words, copied freely, valid as long as the document
+/// keeps its content. Every operation of a null handle answers with nothing and changes nothing.
+class KTOFRAMEWORK_EXPORT CDomElement {
+ public:
+  CDomElement() = default;
+
+  bool isNull() const { return mData == nullptr; }
+  QString tagName() const;
+  bool hasTag(QLatin1String tag) const;
+  /// Line on which the tag begins, from 1; 0 for an element that was not read from a text.
+  int lineNumber() const;
+
+  bool hasAttribute(QLatin1String name) const;
+  /// Null only when the attribute is missing.
+  QString attribute(QLatin1String name) const;
+
+  /// Text of all descendants; empty, never null, for an element without text.
+  QString text() const;
+  /// True when every child is a text node, an element without children included.
+  bool hasOnlyText() const;
+  /// Text of the last child that is a text node; empty when there is none.
+  QString lastText() const;
+
+  CDomElement firstChildElement() const;
+  CDomElement firstChildElement(QLatin1String tag) const;
+  CDomElement nextSiblingElement() const;
+  CDomElement nextSiblingElement(QLatin1String tag) const;
+
+  /// Appends a new child and returns it. A tag that XML does not allow makes the save fail.
+  CDomElement appendElement(const QString& tag);
+  /// Appends an empty comment: a child that is neither element nor text.
+  void appendComment();
+  /// Sets an attribute; a new one comes after those that are there.
+  void setAttribute(QLatin1String name, const QString& value);
+  /// Replaces all children by one text.
+  void setText(const QString& text);
+
+  /// Appends a copy of this element and all beneath it to an element of a Qt document.
+  void toDom(QDomElement& parent) const;
+
+ private:
+  friend class CDomDoc;
+  CDomElement(CDomData* data, quint32 node) : mData(data), mNode(node) {}
+
+  CDomData* mData = nullptr;
+  quint32 mNode = 0;
+};

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "CDomData.h"
+
+#include <expat.h>
+
+#include <QByteArray>
+#include <QCoreApplication>
+
+#include <memory>
+
+/// Feeds a document's arena from bytes: expat with this tool chain's rules on top. One object
+/// reads one text.
+class CXmlParser {
+  Q_DECLARE_TR_FUNCTIONS(CXmlParser)
+
+ public:
+  enum EExtent { Whole, HeadOnly };
+
+  CXmlParser(CDomData& data, EExtent extent);
+
+  /// On failure error is "Line N: reason." or a reason without a line.
+  bool parse(const QByteArray& bytes, QString& error);
+
+ private:
+  struct SHandlers;
+  enum EMark { NoMark, Utf8Mark, Utf16Mark };
+
+  bool checkBytes(const QByteArray& bytes);
+  bool run(const QByteArray& bytes);
+  void installHandlers();
+  QByteArray withoutDoctype(const QByteArray& bytes) const;
+  QString reasonOf(XML_Error code) const;
+
+  // What the parser reports.
+  void declaration(const char* encoding);
+  void doctype(bool hasInternalSubset, bool hasExternalId);
+  void startElement(const char* tag, const char** attributes);
+  void endElement();
+  void characters(std::string_view text);
+  void startCData();
+  void endCData();
+  void otherNode();
+
+  void closeText();
+  void keepBlankText();
+  void fail(const QString& reason);
+  void failAt(int line, const QString& reason);
+  int line() const;
+
+  CDomData& mData;
+  const EExtent mExtent;
+  std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> mParser;
+  EMark mMark = NoMark;
+  std::vector<quint32> mOpen;  ///< the open elements, innermost last
+  SDomText mText;              ///< character data since the last node
+  bool mTextIsBlank = true;
+  bool mStopped = false;  ///< by this class: because of an error, or since all is read
+  bool mOutOfMemory = false;
+  qint64 mDoctypeEnd = -1;  ///< position of the end of a declaration with an external id
+  bool mDoctypeTakenOut = false;
+  QString mError;
+};

@@ -1,0 +1,90 @@
+#include "XmlText.h"
+
+#include <expat.h>
+
+#include <QByteArray>
+
+#include <memory>
+
+namespace NXmlText {
+
+namespace {
+
+bool isAsciiNameCharacter(char16_t c, bool first) {
+  const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
+  return letter || (!first && ((c >= '0' && c <= '9') || c == '-' || c == '.'));
+}
+
+/// Which characters beyond ASCII make a name differs between the editions of XML, so the parser
+/// that will read the name is asked.
+bool parserTakesName(const QString& name) {
+  const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
+      XML_ParserCreate("UTF-8"), &XML_ParserFree);
+  const QByteArray document = "<" + name.toUtf8() + "/>";
+  return parser &&
+         XML_Parse(parser.get(), document.constData(), document.size(), 1) == XML_STATUS_OK;
+}
+
+void appendCodePoint(char32_t c, std::string& utf8) {
+  const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
+  if (c < 0x800) {
+    byte(0xC0 | (c >> 6));
+  } else {
+    if (c < 0x10000) {
+      byte(0xE0 | (c >> 12));
+    } else {
+      byte(0xF0 | (c >> 18));
+      byte(0x80 | ((c >> 12) & 0x3F));
+    }
+    byte(0x80 | ((c >> 6) & 0x3F));
+  }
+  byte(0x80 | (c & 0x3F));
+}
+
+}  // namespace
+
+bool isName(const QString& name) {
+  bool ascii = true;
+  for (int i = 0; i < name.size(); ++i) {
+    const char16_t c = name.at(i).unicode();
+    if (c >= 0x80) {
+      ascii = false;
+    } else if (!isAsciiNameCharacter(c, i == 0)) {
+      return false;
+    }
+  }
+  return !name.isEmpty() && (ascii || parserTakesName(name));
+}
+
+int appendUtf8(QStringView text, std::string& utf8) {
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    char32_t c = text[i].unicode();
+    if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+      c = QChar::surrogateToUcs4(text[i], text[i + 1]);
+      ++i;
+    } else if (!isCharacter(c)) {
+      return static_cast<int>(i);
+    }
+    if (c < 0x80) {
+      utf8 += static_cast<char>(c);
+    } else {
+      appendCodePoint(c, utf8);
+    }
+  }
+  return -1;
+}
+
+QString readable(QStringView text) {
+  QString result;
+  for (const QChar c : text) {
+    if (c.isPrint() && !c.isSurrogate()) {
+      result += c;
+    } else {
+      result += QLatin1String("\\u") +
+                QString::number(c.unicode(), 16).toUpper().rightJustified(4, QLatin1Char('0'));
+    }
+  }
+  return result;
+}
+
+}  // namespace NXmlText

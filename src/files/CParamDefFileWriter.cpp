@@ -1,0 +1,194 @@
+// Writing of definition files, and the rules that a definition keeps to be read again.
+
+#include "CParamDefFile.h"
+#include "CParamNodeData.h"
+#include "NLumoXmlTags.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+using namespace NLumoXmlTags;
+
+bool CParamDefFile::save(const QString& fileName, const QHash<QString, CParamDefItem>& definitions,
+                         const QString& version) {
+  QVector<const CParamDefItem*> sorted;
+  sorted.reserve(definitions.size());
+  for (const CParamDefItem& definition : definitions) {
+    sorted.append(&definition);
+  }
+  return save(fileName, sorted, version);
+}
+
+bool CParamDefFile::save(const QString& fileName, QVector<const CParamDefItem*> definitions,
+                         const QString& version) {
+  sortByIdAndName(definitions);
+  if (!canBeReadAgain(definitions)) {
+    return false;
+  }
+  createDocumentWithHead(TAG_ROOT_PARAM_DEFINITION, version);
+  const CDomElement data = domElement(TAG_DATA, domDocument().documentElement());
+  for (const CParamDefItem* definition : definitions) {
+    appendParamDefinitionToDom(data, *definition);
+  }
+  return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
+}
+
+void CParamDefFile::sortByIdAndName(QVector<const CParamDefItem*>& definitions) {
+  std::sort(definitions.begin(), definitions.end(),
+            [](const CParamDefItem* a, const CParamDefItem* b) {
+              return a->id() != b->id() ? a->id() < b->id() : a->name() < b->name();
+            });
+}
+
+bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) {
+  QSet<QString> names;
+  names.reserve(sorted.size());
+  const CParamDefItem* previous = nullptr;
+  for (const CParamDefItem* definition : sorted) {
+    if (names.contains(definition->name())) {
+      mErrorMsg = tr("Two definitions bear the name \"%1\".").arg(definition->name());
+    } else if (previous != nullptr && isRealId(definition->id()) &&
+               previous->id() == definition->id()) {
+      mErrorMsg = tr("The definitions \"%1\" and \"%2\" bear the same id %3.")
+                      .arg(previous->name(), definition->name(), QString::number(previous->id()));
+    } else if (definition->name() == CParamNodeData::mStandardConstructedStr) {
+      mErrorMsg = reservedNameMessage(definition->id(), definition->name());
+    } else if (!limitsFit(*definition)) {
+      mErrorMsg = limitsMessage(*definition);
+    } else {
+      names.insert(definition->name());
+      previous = definition;
+      continue;
+    }
+    return false;
+  }
+  return true;
+}
+
+bool CParamDefFile::limitsFit(const CParamDefItem& definition) {
+  const CParamVal min = definition.minVal();
+  const CParamVal max = definition.maxVal();
+  if (min.isNull() || max.isNull()) {
+    return true;
+  }
+  switch (definition.type()) {
+    case NParamDef::PARAM_TYPE_U8:
+    case NParamDef::PARAM_TYPE_U16:
+    case NParamDef::PARAM_TYPE_U32:
+    case NParamDef::PARAM_TYPE_U64:
+      return min.asU64() <= max.asU64();
+    case NParamDef::PARAM_TYPE_I8:
+    case NParamDef::PARAM_TYPE_I16:
+    case NParamDef::PARAM_TYPE_I32:
+    case NParamDef::PARAM_TYPE_I64:
+      return min.asI64() <= max.asI64();
+    case NParamDef::PARAM_TYPE_F64:
+      return !(min.asF64() > max.asF64());
+    default:
+      return true;
+  }
+}
+
+QString CParamDefFile::limitsMessage(const CParamDefItem& definition) {
+  return tr("Parameter '%1' -> Minimum exceeds Maximum.").arg(definition.name());
+}
+
+QString CParamDefFile::reservedNameMessage(quint32 id, const QString& name) {
+  return tr("Parameter (Id=%1) -> The name \"%2\" is reserved.").arg(QString::number(id), name);
+}
+
+void CParamDefFile::appendParamDefinitionToDom(CDomElement data, const CParamDefItem& definition) {
+  CDomElement param = data.appendElement(TAG_PARAM);
+  param.setAttribute(ATTR_ID, QString::number(definition.id()));
+  const auto append = [&param](QLatin1String tag, const QString& text) {
+    param.appendElement(tag).setText(text);
+  };
+  const auto appendUnlessEmpty = [&append](QLatin1String tag, const QString& text) {
+    if (!text.isEmpty()) {
+      append(tag, text);
+    }
+  };
+  append(TAG_NAME, definition.name());
+  append(TAG_TYPE, definition.typeStr());
+  appendUnlessEmpty(TAG_UNIT,
+                    definition.unitId() == 0 ? QString() : QString::number(definition.unitId()));
+  appendUnlessEmpty(TAG_HINT, definition.hint());
+  appendUnlessEmpty(TAG_DEF_VAL, definition.defVal().asStr());
+  appendUnlessEmpty(TAG_MIN_VAL, definition.minVal().asStr());
+  appendUnlessEmpty(TAG_MAX_VAL, definition.maxVal().asStr());
+  appendUnlessEmpty(TAG_MIN_OBJ, idListToStr(definition.minIds()));
+  appendUnlessEmpty(TAG_MAX_OBJ, idListToStr(definition.maxIds()));
+  appendChoicesToDom(param, definition);
+}
+
+void CParamDefFile::appendParamDefinitionToDom(QDomElement& data, const CParamDefItem& definition) {
+  CDomDoc document;
+  appendParamDefinitionToDom(document.createRoot(TAG_DATA), definition);
+  document.documentElement().firstChildElement().toDom(data);
+}
+
+void CParamDefFile::appendChoicesToDom(CDomElement param, const CParamDefItem& definition) {
+  if (definition.hasEnums()) {
+    CDomElement section = param.appendElement(TAG_ENUM);
+    section.setAttribute(ATTR_EDIT, definition.isEnumEditable() ? VAL_TRUE : VAL_FALSE);
+    appendNamedI64ValuesToDom(section, definition.enums());
+  }
+  if (definition.hasRadios()) {
+    appendNamedI64ValuesToDom(param.appendElement(TAG_RADIO), definition.radios());
+  }
+  const NParamDef::SCheckValues check = definition.checkVals();
+  if (check != NParamDef::SCheckValues()) {
+    CDomElement section = param.appendElement(TAG_CHECK);
+    section.appendElement(TAG_CHECKED).setText(QString::number(check.checked));
+    section.appendElement(TAG_UNCHECKED).setText(QString::number(check.unchecked));
+    if (check.hasUndefined) {
+      section.appendElement(TAG_UNDEFINED).setText(QString::number(check.undefined));
+    }
+  }
+  if (definition.hasBitset()) {
+    appendBitsetToDom(param.appendElement(TAG_BIT_SET), definition.bitset());
+  }
+  if (definition.hasVisibleValues()) {
+    CDomElement section = param.appendElement(TAG_VISIBLE_VALUES);
+    section.setAttribute(ATTR_REF_ID, QString::number(definition.visibleId()));
+    section.setText(valueListToStr(definition.visibleVals()));
+  }
+}
+
+void CParamDefFile::appendNamedI64ValuesToDom(CDomElement section,
+                                              const QList<NParamDef::SNamedI64Value>& values) {
+  for (const NParamDef::SNamedI64Value& value : values) {
+    CDomElement item = section.appendElement(TAG_ITEM);
+    item.setAttribute(ATTR_VALUE, QString::number(value.value));
+    item.setText(value.name);
+  }
+}
+
+void CParamDefFile::appendBitsetToDom(CDomElement section,
+                                      const QList<NParamDef::SBitValue>& bits) {
+  for (const NParamDef::SBitValue& bit : bits) {
+    CDomElement element = section.appendElement(TAG_BIT);
+    element.setAttribute(ATTR_POS, QString::number(bit.pos));
+    element.setAttribute(ATTR_INVERT, bit.invert ? VAL_TRUE : VAL_FALSE);
+    element.setText(bit.name);
+  }
+}
+
+QString CParamDefFile::idListToStr(const QList<quint32>& ids) {
+  QStringList texts;
+  texts.reserve(ids.size());
+  for (const quint32 id : ids) {
+    texts.append(QString::number(id));
+  }
+  return texts.join(QLatin1Char(' '));
+}
+
+QString CParamDefFile::valueListToStr(const QList<qint64>& values) {
+  QStringList texts;
+  texts.reserve(values.size());
+  for (const qint64 value : values) {
+    texts.append(QString::number(value));
+  }
+  return texts.join(QLatin1Char(' '));
+}

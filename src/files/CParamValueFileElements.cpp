@@ -1,0 +1,270 @@
+// The elements of a value file, read and written.
+
+#include "CParamValueFile.h"
+#include "CParameterFileErrorHandler.h"
+#include "ICParameterFile.h"
+#include "NLumoXmlTags.h"
+
+#include <QSet>
+
+using namespace NLumoXmlTags;
+
+using EResult = CParamValueFile::EResult;
+
+EResult CParamValueFile::readAllDataFromDom(const CDomElement& root, CHardwareIdTrees& trees,
+                                            const CSubDeviceReader& readSubDevicesOf) {
+  mErrorMsg.clear();
+  CDomElement data = root.firstChildElement(TAG_DATA);
+  if (data.isNull()) {
+    return failed(NoData, root, tr("There is no data section !"));
+  }
+  EResult result = Ok;
+  for (; result == Ok && !data.isNull(); data = data.nextSiblingElement(TAG_DATA)) {
+    QString hardwareId;
+    result = readHardwareId(data, hardwareId);
+    if (result != Ok) {
+      return result;
+    }
+    if (trees.count(hardwareId) > 0) {
+      return failed(DoubledHardwareId, data,
+                    tr("There are multiple data sections with hardware id %1!").arg(hardwareId));
+    }
+    result = readSubDevicesOf(data, trees[hardwareId]);
+  }
+  return result;
+}
+
+EResult CParamValueFile::readSingleDataFromDom(const CDomElement& root, QString& hardwareId,
+                                               const CSubDeviceReader& readSubDevicesOf) {
+  mErrorMsg.clear();
+  CDomElement data = root.firstChildElement(TAG_DATA);
+  if (data.isNull()) {
+    return failed(NoData, root, tr("There is no data section !"));
+  }
+  for (; !data.isNull(); data = data.nextSiblingElement(TAG_DATA)) {
+    QString fileId;
+    const EResult result = readHardwareId(data, fileId);
+    if (result != Ok) {
+      return result;
+    }
+    mErrorMsg.clear();
+    if (errorHandler().handleHardwareIdError(hardwareId, fileId, mErrorMsg)) {
+      hardwareId = fileId;
+      CSubDeviceTrees unused;
+      return readSubDevicesOf(data, unused);
+    }
+  }
+  return HardwareIdRejected;
+}
+
+EResult CParamValueFile::readHardwareId(const CDomElement& data, QString& hardwareId) {
+  if (CDomDoc::fail(CDomDoc::existingAttribute(ATTR_HARDWARE_ID, data, hardwareId, mErrorMsg))) {
+    return failed(NoHardwareId, data);
+  }
+  hardwareId = hardwareId.trimmed();
+  return Ok;
+}
+
+EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees& trees,
+                                        CSubDeviceTypes& types, CSubDeviceNames& names) {
+  QSet<quint8> ids;
+  EResult result = Ok;
+  for (CDomElement element = data.firstChildElement(TAG_SUB_DEVICE);
+       result == Ok && !element.isNull(); element = element.nextSiblingElement(TAG_SUB_DEVICE)) {
+    quint8 id = 0;
+    const CDomDoc::EResult idResult =
+        CDomDoc::existingAttributeAsU8(ATTR_ID, element, id, mErrorMsg);
+    if (CDomDoc::fail(idResult)) {
+      result = failed(idResult == CDomDoc::Missing ? NoSubDeviceId : BadSubDeviceId, element);
+    } else if (ids.contains(id)) {
+      result = failed(DoubledSubDevice, element,
+                      tr("There are multiple subdevices with subid %1!").arg(id));
+    } else {
+      ids.insert(id);
+      result = readSubDevice(element, id, trees, types, names);
+      if (result == Ok) {
+        logDetail(tr("Parametes successfully read from sub device %1.").arg(id));
+      }
+    }
+  }
+  // This replaces the error of a first sub-device whose id could not be read, too.
+  return ids.isEmpty()
+             ? failed(NoSubDevice, data, tr("The parameter file does not contain sub devices."))
+             : result;
+}
+
+EResult CParamValueFile::readFirstSubDeviceAsSubDevId(const CDomElement& data, quint8 subDevId,
+                                                      CSubDeviceTrees& trees,
+                                                      CSubDeviceTypes& types,
+                                                      CSubDeviceNames& names) {
+  const CDomElement element = data.firstChildElement(TAG_SUB_DEVICE);
+  if (element.isNull()) {
+    return failed(NoSubDevice, data, tr("The parameter file does not contain sub devices."));
+  }
+  const EResult result = readSubDevice(element, subDevId, trees, types, names);
+  if (result == Ok) {
+    logDetail(
+        tr("Parametes successfully read from first sub device as subDevId %1.").arg(subDevId));
+  }
+  return result;
+}
+
+EResult CParamValueFile::readSubDevice(const CDomElement& element, quint8 subDevId,
+                                       CSubDeviceTrees& trees, CSubDeviceTypes& types,
+                                       CSubDeviceNames& names) {
+  CSubDeviceTree tree(subDevId);
+  const EResult result = readGroupsAndParamsFromDom(element, tree, tree.root());
+  if (result != Ok) {
+    return result;
+  }
+  const auto known = trees.find(subDevId);
+  if (known == trees.end()) {
+    trees.emplace(subDevId, std::move(tree));
+  } else {
+    known->second.merge(std::move(tree));
+  }
+  const NParamDef::ESubDeviceTypes type = ICParameterFile::subDeviceTypeFromStr(
+      CDomDoc::existingSubElementAsString(TAG_TYPE, element, QString()));
+  if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED) {
+    types.insert(subDevId, type);
+  }
+  const QString name = CDomDoc::existingSubElementAsString(TAG_NAME, element, QString());
+  if (!name.isEmpty()) {
+    names.insert(subDevId, name);
+  }
+  return Ok;
+}
+
+EResult CParamValueFile::readGroupsAndParamsFromDom(const CDomElement& element,
+                                                    CSubDeviceTree& tree,
+                                                    CParamTreeNodeImpl* parent) {
+  EResult result = Ok;
+  for (CDomElement child = element.firstChildElement(); result == Ok && !child.isNull();
+       child = child.nextSiblingElement()) {
+    if (child.hasTag(TAG_PARAM)) {
+      result = readParameterFromDom(child, tree, parent);
+    } else if (child.hasTag(TAG_GROUP)) {
+      result = readGroupFromDom(child, tree, parent);
+    }
+  }
+  return result;
+}
+
+EResult CParamValueFile::readGroupFromDom(const CDomElement& element, CSubDeviceTree& tree,
+                                          CParamTreeNodeImpl* parent) {
+  if (!parent->isGroup()) {
+    return failed(ParentIsNoGroup, element);
+  }
+  QString name;
+  if (!readName(element, name)) {
+    return failed(NoGroupName, element);
+  }
+  return readGroupsAndParamsFromDom(element, tree, tree.addGroup(parent, name));
+}
+
+EResult CParamValueFile::readParameterFromDom(const CDomElement& element, CSubDeviceTree& tree,
+                                              CParamTreeNodeImpl* parent) {
+  quint32 id = 0;
+  QString name;
+  QString value;
+  EResult result = readParameterId(element, id);
+  if (result != Ok) {
+    return failed(result, element);
+  }
+  if (!readName(element, name)) {
+    result = NoParamName;
+  } else if (CDomDoc::fail(
+                 CDomDoc::existingSubElementAsString(TAG_VALUE, element, value, mErrorMsg))) {
+    result = NoParamValue;
+  } else if (!parent->isGroup()) {
+    result = ParentIsNoGroup;
+  } else if (tree.addParameter(parent, name, id, CParamVal(value)) == nullptr) {
+    mErrorMsg = tr("A parameter with this name alrady exists !");
+    result = DoubledParam;
+  }
+  if (result != Ok) {
+    prependToError(tr("Parameter (name=%1) -> ").arg(name));
+    failed(result, element);
+  }
+  return result;
+}
+
+EResult CParamValueFile::readParameterId(const CDomElement& element, quint32& id) {
+  const CDomDoc::EResult result = CDomDoc::existingAttributeAsU32(ATTR_ID, element, id, mErrorMsg);
+  if (result == CDomDoc::Ok && id == NParamDef::NO_ID) {
+    mErrorMsg =
+        tr("Line %1: attribute \"%2\" of <%3> is %4, which stands for no id.")
+            .arg(QString::number(element.lineNumber()), ATTR_ID, TAG_PARAM, QString::number(id));
+    return BadParamId;
+  }
+  return result == CDomDoc::Invalid ? BadParamId : Ok;
+}
+
+/// A name that marks nodes without any would make neither a group nor a parameter.
+bool CParamValueFile::readName(const CDomElement& element, QString& name) {
+  if (CDomDoc::fail(CDomDoc::existingSubElementAsString(TAG_NAME, element, name, mErrorMsg))) {
+    return false;
+  }
+  if (name == CParamNodeData::mStandardConstructedStr) {
+    mErrorMsg = tr("Line %1: the name \"%2\" is reserved.")
+                    .arg(QString::number(element.lineNumber()), name);
+    return false;
+  }
+  return true;
+}
+
+EResult CParamValueFile::failed(EResult result, const CDomElement& element) {
+  mErrorLine = element.lineNumber();
+  return result;
+}
+
+EResult CParamValueFile::failed(EResult result, const CDomElement& element,
+                                const QString& message) {
+  mErrorMsg = message;
+  return failed(result, element);
+}
+
+void CParamValueFile::appendSubDeviceToDom(CDomElement data, const CSubDeviceTree& tree,
+                                           const CSubDeviceTypes& types,
+                                           const CSubDeviceNames& names) {
+  const quint8 id = tree.subDevId();
+  CDomElement element = data.appendElement(TAG_SUB_DEVICE);
+  element.setAttribute(ATTR_ID, QString::number(id));
+  const NParamDef::ESubDeviceTypes type = types.value(id, NParamDef::SUB_DEV_TYPE_UNDEFINED);
+  if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED) {
+    element.appendElement(TAG_TYPE).setText(ICParameterFile::subDeviceTypeToStr(type));
+  }
+  if (names.contains(id)) {
+    element.appendElement(TAG_NAME).setText(names.value(id));
+  }
+  appendGroupsAndParamsToDom(element, tree, *tree.root());
+}
+
+void CParamValueFile::appendGroupsAndParamsToDom(CDomElement element, const CSubDeviceTree& tree,
+                                                 const CParamTreeNodeImpl& group) {
+  for (int i = 0; i < group.childCount(); ++i) {
+    const auto* child = static_cast<const CParamTreeNodeImpl*>(group.child(i));
+    if (child->isParam()) {
+      appendParameterToDom(element, tree, child->dataRef());
+    } else if (child->isGroup()) {
+      appendGroupToDom(element, tree, *child);
+    }
+  }
+}
+
+void CParamValueFile::appendGroupToDom(CDomElement element, const CSubDeviceTree& tree,
+                                       const CParamTreeNodeImpl& group) {
+  CDomElement groupElement = element.appendElement(TAG_GROUP);
+  groupElement.appendElement(TAG_NAME).setText(group.name());
+  appendGroupsAndParamsToDom(groupElement, tree, group);
+}
+
+void CParamValueFile::appendParameterToDom(CDomElement element, const CSubDeviceTree& tree,
+                                           const CParamNodeData& parameter) {
+  CDomElement param = element.appendElement(TAG_PARAM);
+  if (parameter.id() != 0) {
+    param.setAttribute(ATTR_ID, QString::number(parameter.id()));
+  }
+  param.appendElement(TAG_NAME).setText(parameter.name());
+  param.appendElement(TAG_VALUE).setText(tree.value(parameter.name()).asStr());
+}

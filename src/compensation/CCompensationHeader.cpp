@@ -1,0 +1,3 @@
+#include "CCompensationHeader.h"
+
+CCompensationHeader::~CCompensationHeader() = default;

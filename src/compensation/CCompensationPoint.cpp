@@ -1,0 +1,3 @@
+#include "CCompensationPoint.h"
+
+CCompensationPoint::~CCompensationPoint() = default;

@@ -11,7 +11,6 @@ using namespace NParamDef;
 using Edit = std::function<void(CParamDefItem&)>;
 
 Q_DECLARE_METATYPE(Edit)
-Q_DECLARE_METATYPE(SCheckValues)
 Q_DECLARE_METATYPE(QList<qint64>)
 
 class tst_CParamDefItem : public QObject {
@@ -19,8 +18,7 @@ class tst_CParamDefItem : public QObject {
  private slots:
   void namesTypes_data();
   void namesTypes();
-  void unknownTypeTexts_data();
-  void unknownTypeTexts();
+  void unknownTypesAreUndefined();
   void typesOfArguments();
   void startsInvalid();
   void signalsEffectiveEditsOnly_data();
@@ -35,9 +33,7 @@ class tst_CParamDefItem : public QObject {
   void readsVisibility_data();
   void readsVisibility();
   void visibilityNeedsItsId();
-  void validatesCheckValues_data();
-  void validatesCheckValues();
-  void comparesCheckValues();
+  void checkValuesCountUndefinedOnlyWhenUsed();
   void makesChoicesOfMaps();
 };
 
@@ -69,19 +65,12 @@ void tst_CParamDefItem::namesTypes() {
   QTEST(CParamDefItem::baseType(static_cast<EParamType>(type)), "baseType");
 }
 
-void tst_CParamDefItem::unknownTypeTexts_data() {
-  QTest::addColumn<QString>("text");
-  QTest::newRow("case") << QStringLiteral("U8");
-  QTest::newRow("blank") << QStringLiteral(" u8");
-  QTest::newRow("other") << QStringLiteral("float");
-  QTest::newRow("empty") << QString();
-}
-
-void tst_CParamDefItem::unknownTypeTexts() {
-  QFETCH(QString, text);
-  CParamDefItem item(QStringLiteral("p"), PARAM_TYPE_I8, 1);
-  item.setType(text);
-  QCOMPARE(item.type(), PARAM_TYPE_UNDEF);
+void tst_CParamDefItem::unknownTypesAreUndefined() {
+  for (const char* text : {"U8", " u8", "float", ""}) {
+    CParamDefItem item(QStringLiteral("p"), PARAM_TYPE_I8, 1);
+    item.setType(QString::fromLatin1(text));
+    QCOMPARE(item.type(), PARAM_TYPE_UNDEF);
+  }
   for (const int outside : {-1, 11, 1000}) {
     const auto type = static_cast<EParamType>(outside);
     QCOMPARE(CParamDefItem::typeToString(type), QStringLiteral("undef"));
@@ -302,22 +291,12 @@ void tst_CParamDefItem::visibilityNeedsItsId() {
   QVERIFY(item.hasVisibleValues());
 }
 
-void tst_CParamDefItem::validatesCheckValues_data() {
-  QTest::addColumn<SCheckValues>("values");
-  QTest::addColumn<bool>("valid");
-  QTest::newRow("default") << SCheckValues() << false;
-  QTest::newRow("two states") << SCheckValues{1, 0, false, 0} << true;
-  QTest::newRow("as checked") << SCheckValues{1, 0, true, 1} << false;
-  QTest::newRow("as unchecked") << SCheckValues{1, 0, true, 0} << false;
-  QTest::newRow("three states") << SCheckValues{1, 0, true, -1} << true;
-}
-
-void tst_CParamDefItem::validatesCheckValues() {
-  QFETCH(SCheckValues, values);
-  QTEST(values.isValid(), "valid");
-}
-
-void tst_CParamDefItem::comparesCheckValues() {
+void tst_CParamDefItem::checkValuesCountUndefinedOnlyWhenUsed() {
+  QVERIFY(!SCheckValues().isValid());
+  QVERIFY((SCheckValues{1, 0, false, 0}.isValid()));
+  QVERIFY((!SCheckValues{1, 0, true, 1}.isValid()));
+  QVERIFY((!SCheckValues{1, 0, true, 0}.isValid()));
+  QVERIFY((SCheckValues{1, 0, true, -1}.isValid()));
   QVERIFY((SCheckValues{1, 0, false, 5} == SCheckValues{1, 0, false, 6}));
   QVERIFY((SCheckValues{1, 0, true, 5} != SCheckValues{1, 0, true, 6}));
   QVERIFY((SCheckValues{1, 0, true, 5} != SCheckValues{1, 0, false, 5}));

@@ -5,7 +5,6 @@
 
 #include <limits>
 #include <memory>
-#include <numeric>
 
 namespace {
 
@@ -55,19 +54,15 @@ class tst_CParamTree : public QObject {
   Q_OBJECT
  private slots:
   void cleanup();
-  void payloadIsOptional();
   void findsChildrenByIndex();
-  void inserts_data();
-  void inserts();
+  void insertsWithinTheList();
   void removesRuns_data();
   void removesRuns();
   void removesSingleChildren();
   void takesChildren();
   void clonesDeeply();
 
-  void tellsGroupsFromParameters_data();
   void tellsGroupsFromParameters();
-  void keepsProperties();
   void walksTheTree();
   void findsChildrenByName();
   void deletesChildrenByInterface();
@@ -78,18 +73,6 @@ class tst_CParamTree : public QObject {
 void tst_CParamTree::cleanup() {
   // One payload may live on: the empty value that nodes without payload show.
   QVERIFY(SCounted::sLiving <= 1);
-}
-
-void tst_CParamTree::payloadIsOptional() {
-  Node node;
-  QVERIFY(!node.isValid());
-  QVERIFY(!node.dataPtr());
-  QCOMPARE(node.data().number, -1);
-  node.setData(SCounted(3));
-  const SCounted* const payload = node.dataPtr();
-  node.setData(SCounted(4));
-  QCOMPARE(node.dataPtr(), payload);
-  QCOMPARE(node.dataRef().number, 4);
 }
 
 void tst_CParamTree::findsChildrenByIndex() {
@@ -104,26 +87,17 @@ void tst_CParamTree::findsChildrenByIndex() {
   QCOMPARE(stray.row(), -1);
 }
 
-void tst_CParamTree::inserts_data() {
-  QTest::addColumn<int>("index");
-  QTest::addColumn<bool>("ok");
-  QTest::addColumn<QList<int>>("expected");
-  QTest::newRow("front") << 0 << true << QList<int>{9, 0, 1};
-  QTest::newRow("end") << 2 << true << QList<int>{0, 1, 9};
-  QTest::newRow("beyond") << 3 << false << QList<int>{0, 1};
-  QTest::newRow("negative") << -1 << false << QList<int>{0, 1};
-}
-
-void tst_CParamTree::inserts() {
-  QFETCH(int, index);
-  QFETCH(bool, ok);
+void tst_CParamTree::insertsWithinTheList() {
   const auto parent = newParent(2);
-  std::unique_ptr<Node> child(newNode(9));
-  QCOMPARE(parent->insertChild(child.get(), index), ok);
-  QCOMPARE(child->parent(), ok ? parent.get() : nullptr);
-  if (ok) child.release();
-  QTEST(numbers(*parent), "expected");
+  QVERIFY(parent->insertChild(newNode(8), 0));
+  QVERIFY(parent->insertChild(newNode(9), 3));
+  const auto refused = newParent(0);
+  QVERIFY(!parent->insertChild(refused.get(), 5));
+  QVERIFY(!parent->insertChild(refused.get(), -1));
   QVERIFY(!parent->insertChild(nullptr, 0));
+  QVERIFY(!refused->parent());
+  QCOMPARE(numbers(*parent), (QList<int>{8, 0, 1, 9}));
+  QCOMPARE(parent->child(3)->parent(), parent.get());
 }
 
 void tst_CParamTree::removesRuns_data() {
@@ -185,40 +159,19 @@ void tst_CParamTree::clonesDeeply() {
   QVERIFY(whole->child(0)->child(0)->isValid());  // a missing payload becomes an empty one
 }
 
-void tst_CParamTree::tellsGroupsFromParameters_data() {
-  QTest::addColumn<QString>("name");
-  QTest::addColumn<quint32>("id");
-  QTest::addColumn<bool>("group");
-  QTest::addColumn<bool>("param");
-  QTest::newRow("group") << QStringLiteral("a") << NParamDef::NO_ID << true << false;
-  QTest::newRow("id 0") << QStringLiteral("a") << 0U << false << true;
-  QTest::newRow("no name") << QString() << 5U << false << true;
-  const QString unset = QStringLiteral("[standard constructed]");
-  QTest::newRow("unset") << unset << NParamDef::NO_ID << false << false;
-  QTest::newRow("unset with id") << unset << 5U << false << false;
-}
-
 void tst_CParamTree::tellsGroupsFromParameters() {
-  QFETCH(QString, name);
-  QFETCH(quint32, id);
-  const CParamTreeNodeImpl node(2, name, id);
-  QTEST(node.isGroup(), "group");
-  QTEST(node.isParam(), "param");
+  const CParamTreeNodeImpl group(2, QStringLiteral("a"), NParamDef::NO_ID);
+  QVERIFY(group.isGroup() && !group.isParam());
+  const CParamTreeNodeImpl param(2, QString(), 0);
+  QVERIFY(!param.isGroup() && param.isParam());
+  const QString unset = QStringLiteral("[standard constructed]");
+  for (const quint32 id : {NParamDef::NO_ID, 5U}) {
+    const CParamTreeNodeImpl neither(2, unset, id);
+    QVERIFY(!neither.isGroup() && !neither.isParam());
+  }
   const CTreeNode<CParamNodeData> bare;
-  QCOMPARE(bare.dataRef().name(), QStringLiteral("[standard constructed]"));
+  QCOMPARE(bare.dataRef().name(), unset);
   QCOMPARE(bare.dataRef().subDevId(), quint8(0xFF));
-}
-
-void tst_CParamTree::keepsProperties() {
-  CParamTreeNodeImpl node(1, QStringLiteral("p"), 5);
-  node.setProperty(NParamDef::PROPERTY_CHANGED, true);
-  QCOMPARE(node.property(QStringLiteral("changed")), QVariant(true));
-  QVERIFY(!node.property(QStringLiteral("Changed")).isValid());
-  QVERIFY(node.removeProperty(NParamDef::PROPERTY_CHANGED));
-  QVERIFY(!node.removeProperty(NParamDef::PROPERTY_CHANGED));
-  node.setProperty(NParamDef::PROPERTY_ERROR, 1);
-  node.removeAllProperties();
-  QVERIFY(!node.property(NParamDef::PROPERTY_ERROR).isValid());
 }
 
 void tst_CParamTree::walksTheTree() {
@@ -273,7 +226,8 @@ void tst_CParamTree::clonesParameterTrees() {
   QVERIFY(!copy->parentPtr());
   QCOMPARE(copy->childPtr(0)->id(), 2U);
   QCOMPARE(copy->childPtr(0)->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
-  copy->childPtr(0)->removeAllProperties();
+  QVERIFY(copy->childPtr(0)->removeProperty(NParamDef::PROPERTY_CHANGED));
+  QVERIFY(!copy->childPtr(0)->removeProperty(NParamDef::PROPERTY_CHANGED));
   copy->removeAllChildren();
   QCOMPARE(group->childPtr(0)->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
 }

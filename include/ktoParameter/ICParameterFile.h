@@ -32,6 +32,15 @@ class KTOPARAMETER_EXPORT ICParameterFile {
 
   // --- Factories: the caller owns the object. The logfile may be null and is not owned.
 
+  /// An object that joins the one group of all objects made by this function: each of them looks up
+  /// names, definitions, values and references in all of them, in the order of their construction.
+  /// Such objects share their group without a lock, so they are made, used and deleted on one
+  /// thread.
+  static ICParameterFile* create(NktoGlobal::EParamFileType type, ICLogfile* logfile);
+  /// An object that joins the group of its parent; without a parent, or with one that belongs to
+  /// none, it starts a group.
+  static ICParameterFile* createGroup(ICParameterFile* parent, NktoGlobal::EParamFileType type,
+                                      ICLogfile* logfile);
   /// An object that stands for itself.
   static ICParameterFile* createSingle(NktoGlobal::EParamFileType type, ICLogfile* logfile);
 
@@ -57,6 +66,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool isDefEmpty() const = 0;
   /// Text of the last error.
   virtual QString errorMsg() const = 0;
+  /// Line of the file at which the last load failed; 0 when there is none, or errorMsg() tells it.
+  virtual int errorLine() const = 0;
   /// Version under which the last value file was loaded: major number in the upper 16 bits, minor
   /// number in the lower; 0 when none was loaded.
   virtual quint32 paramFileVersion() const = 0;
@@ -75,6 +86,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool renameHardwareId(const QString& oldId, const QString& newId) = 0;
   /// Copies trees and values to a new id, which becomes active.
   virtual bool cloneHardwareId(const QString& source, const QString& target) = 0;
+  /// Copies the trees and values of a hardware id of another object, which becomes active here.
+  virtual bool cloneHardwareIdFromInstance(const QString& hardwareId, ICParameterFile* other) = 0;
 
   // --- Files. A revision is the file's version, as paramFileVersion() packs it; 0x10000 is "1.0".
 
@@ -89,6 +102,18 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// sub-device id.
   virtual bool loadParamFileAsSubDevId(const QString& fileName, quint8 subDevId,
                                        const QString& hardwareId, quint32 revision) = 0;
+
+  /// Takes values over, all or nothing. Every parameter of the destination gets the source's value
+  /// of the same sub-device and name, or else what `missing` says; parameters that this object
+  /// defines and only the source holds are added, undefined ones are skipped. An empty source id is
+  /// the source's first, an empty destination the active one. Counts are in importResult().
+  virtual bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
+                               const QString& destinationHardwareId,
+                               NParamDef::EImportMissing missing = NParamDef::ImportDefault) = 0;
+  virtual bool importParamFile(ICParameterFile* source, const QString& sourceHardwareId,
+                               const QString& destinationHardwareId,
+                               NParamDef::EImportMissing missing = NParamDef::ImportDefault) = 0;
+  virtual NParamDef::SImportResult importResult() const = 0;
 
   // --- Changes since loading or clearChanged(). A save does not touch them.
 
@@ -167,12 +192,28 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual QList<quint8> subDeviceIds() const = 0;
   virtual QList<quint8> subDeviceIds(NParamDef::ESubDeviceTypes type) const = 0;
   virtual bool doesSubDeviceExist(quint8 subDevId) const = 0;
+  /// Makes the target's tree and values a deep copy of the source's. The target keeps its type and
+  /// name when it has them.
+  virtual bool copySubDevice(quint8 source, quint8 target) = 0;
 
   /// The root group, created empty when missing, which marks nothing changed.
   virtual ICParamTreeNode* rootGroup(quint8 subDevId) = 0;
   /// The group at a path of names separated by "/" or "\"; null when there is none. Empty pieces
   /// are skipped, an empty path is the root group.
   virtual ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) = 0;
+  /// As existingSubGroup(), creating the groups that are missing. Null and a message when a piece
+  /// of the path names a parameter.
+  virtual ICParamTreeNode* subGroup(const QString& path, quint8 subDevId) = 0;
+  /// The group of that name in a group, created when missing. Null and a message when there is a
+  /// parameter of that name, or the parent is no group of the active hardware id.
+  virtual ICParamTreeNode* addGroup(ICParamTreeNode* parent, const QString& name) = 0;
+  /// Adds a defined parameter with its default, or the value given. Null and a message when it is
+  /// not defined, when its name is taken anywhere in the sub-device, or for a wrong parent.
+  virtual ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name) = 0;
+  virtual ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name,
+                                        const CParamVal& value) = 0;
+  /// Deletes a node of the active hardware id, all below it and their values. Refuses a root.
+  virtual bool deleteNode(ICParamTreeNode* node) = 0;
   /// The parameter of that name below a node, at any depth; null when there is none.
   virtual ICParamTreeNode* findParameter(ICParamTreeNode* node, const QString& name) const = 0;
 

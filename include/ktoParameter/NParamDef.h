@@ -39,6 +39,22 @@ enum EAccessRight : int {
   FullAccess = 2  ///< what is missing is created; groups and parameters may be deleted
 };
 
+/// What an import does with a parameter that its source lacks.
+enum EImportMissing : int {
+  ImportDefault = 0,  ///< it gets its definition's default
+  ImportKeep = 1      ///< it keeps its value
+};
+
+/// What an import did, in numbers of parameters.
+struct SImportResult {
+  int taken = 0;      ///< got the source's value, which differed
+  int equal = 0;      ///< had the source's value already
+  int defaulted = 0;  ///< missing in the source, got the default
+  int kept = 0;       ///< missing in the source, kept their value
+  int added = 0;      ///< defined here, held only by the source until now
+  int unknown = 0;    ///< held by the source, not defined here and skipped
+};
+
 /// A name for a number: one choice of an enumeration or of a group of radio buttons.
 /// Equality looks at number and name, order at the number only.
 struct SNamedI64Value {
@@ -121,14 +137,14 @@ struct SBitValue {
 inline constexpr quint32 NO_ID = 0xFFFFFFFF;
 
 /// The parameter whose choices name the units of all others.
-inline constexpr QLatin1String UNIT_PARAMETER_NAME("AllUnits");
+inline const QLatin1String UNIT_PARAMETER_NAME("AllUnits");
 
 // Keys of the properties of tree nodes.
-inline constexpr QLatin1String PROPERTY_WARNING("warning");
-inline constexpr QLatin1String PROPERTY_WARNING_MESSAGE("warning_message");
-inline constexpr QLatin1String PROPERTY_ERROR("error");
-inline constexpr QLatin1String PROPERTY_ERROR_MESSAGE("error_message");
-inline constexpr QLatin1String PROPERTY_CHANGED("changed");
+inline const QLatin1String PROPERTY_WARNING("warning");
+inline const QLatin1String PROPERTY_WARNING_MESSAGE("warning_message");
+inline const QLatin1String PROPERTY_ERROR("error");
+inline const QLatin1String PROPERTY_ERROR_MESSAGE("error_message");
+inline const QLatin1String PROPERTY_CHANGED("changed");
 
 }  // namespace NParamDef
 

@@ -23,6 +23,7 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
   QString author() const { return mMetaData.author(); }
   QString comment() const { return mMetaData.comment(); }
   QDate date() const { return mMetaData.date(); }
+  const CXMLMetaData& headMetaData() const { return mMetaData; }
   using CXmlAbstractLumoFile::setMetaData;
   /// The date becomes today's; it cannot be set.
   void setMetaData(const QString& author, const QString& comment);

@@ -6,11 +6,24 @@
 
 namespace {
 
-// Calls visit for every parameter of the subtree, in tree order.
+// Calls visit for every node of the subtree, in tree order.
 template <typename F>
-void forEachParameter(CParamTreeNodeImpl* node, const F& visit) {
-  if (node->isParam()) visit(node);
-  for (int i = 0; i < node->childCount(); ++i) forEachParameter(node->childNode(i), visit);
+void forEachNode(CParamTreeNodeImpl* node, const F& visit) {
+  visit(node);
+  for (int i = 0; i < node->childCount(); ++i) forEachNode(node->childNode(i), visit);
+}
+
+CParamTreeNodeImpl* parentOf(const CParamTreeNodeImpl* node) {
+  return static_cast<CParamTreeNodeImpl*>(node->parent());
+}
+
+// The first group of that name among the children that come after another child.
+CParamTreeNodeImpl* nextGroup(const CParamTreeNodeImpl& parent, int after, const QString& name) {
+  for (int i = after + 1; i < parent.childCount(); ++i) {
+    CParamTreeNodeImpl* const node = parent.childNode(i);
+    if (node->isGroup() && node->name() == name) return node;
+  }
+  return nullptr;
 }
 
 // The groups among the children. Backwards, since take() begins with what came last.
@@ -40,9 +53,8 @@ CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
   copy.mRoot.reset(mRoot->cloneMe());
   copy.mRoot->setSubDevId(subDevId);
   copy.reserve(count());
-  forEachParameter(copy.root(), [this, &copy](CParamTreeNodeImpl* node) {
-    copy.mParams.insert(node->name(), {value(node->name()), node});
-  });
+  forEachNode(copy.root(),
+              [this, &copy](CParamTreeNodeImpl* node) { copy.index(node, value(node->name())); });
   return copy;
 }
 
@@ -56,7 +68,9 @@ bool CSubDeviceTree::setValue(const QString& name, const CParamVal& value) {
 QStringList CSubDeviceTree::names() const {
   QStringList names;
   names.reserve(count());
-  forEachParameter(root(), [&names](CParamTreeNodeImpl* node) { names.append(node->name()); });
+  forEachNode(root(), [&names](CParamTreeNodeImpl* node) {
+    if (node->isParam()) names.append(node->name());
+  });
   return names;
 }
 
@@ -65,7 +79,24 @@ CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNod
   data.setSubDevId(mSubDevId);
   auto* const node = new CParamTreeNodeImpl(data);
   parent->addChild(node);
+  if (node->isGroup()) index(node, CParamVal());
   return node;
+}
+
+void CSubDeviceTree::index(CParamTreeNodeImpl* node, const CParamVal& value) {
+  if (node->isParam()) {
+    mParams.insert(node->name(), {value, node});
+  } else if (const CGroupKey key{parentOf(node), node->name()}; !mGroups.contains(key)) {
+    mGroups.insert(key, node);
+  }
+}
+
+void CSubDeviceTree::removeFromIndex(CParamTreeNodeImpl* node) {
+  if (node->isParam()) {
+    mParams.remove(node->name());
+  } else if (const CGroupKey key{parentOf(node), node->name()}; mGroups.value(key) == node) {
+    mGroups.remove(key);
+  }
 }
 
 CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const QString& name) {
@@ -77,14 +108,19 @@ CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, con
   const CParamNodeData data(mSubDevId, name, id);
   if (!data.isParam() || contains(name)) return nullptr;
   CParamTreeNodeImpl* const node = append(parent, data);
-  mParams.insert(name, {value, node});
+  index(node, value);
   return node;
 }
 
 bool CSubDeviceTree::deleteNode(CParamTreeNodeImpl* node) {
   if (node == root() || !owns(node)) return false;
-  forEachParameter(node, [this](CParamTreeNodeImpl* each) { mParams.remove(each->name()); });
-  return node->parent()->removeChild(node);
+  forEachNode(node, [this](CParamTreeNodeImpl* each) { removeFromIndex(each); });
+  CParamTreeNodeImpl* const parent = parentOf(node);
+  if (node->isGroup() && !group(parent, node->name())) {
+    CParamTreeNodeImpl* const next = nextGroup(*parent, node->row(), node->name());
+    if (next) index(next, CParamVal());
+  }
+  return parent->removeChild(node);
 }
 
 bool CSubDeviceTree::owns(const CParamTreeNodeImpl* node) const {
@@ -116,7 +152,7 @@ void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamNode
                                     const CParamVal& value) {
   const auto it = mParams.find(source.name());
   if (it == mParams.end()) {
-    mParams.insert(source.name(), {value, append(target, source)});
+    index(append(target, source), value);
     return;
   }
   it->value = value;

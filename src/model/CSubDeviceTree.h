@@ -34,6 +34,10 @@ class CSubDeviceTree {
   bool setValue(const QString& name, const CParamVal& value);  ///< false for an unknown parameter
   CParamTreeNodeImpl* node(const QString& name) const { return mParams.value(name).node; }
   QStringList names() const;  ///< in tree order
+  /// The first group of that name among the children of a group; null when there is none.
+  CParamTreeNodeImpl* group(const CParamTreeNodeImpl* parent, const QString& name) const {
+    return mGroups.value({parent, name});
+  }
 
   /// The parent of a new node must be a group of this tree.
   CParamTreeNodeImpl* addGroup(CParamTreeNodeImpl* parent, const QString& name);
@@ -55,7 +59,12 @@ class CSubDeviceTree {
     CParamTreeNodeImpl* node = nullptr;
   };
 
+  /// A group is found by its parent and its name.
+  using CGroupKey = QPair<const CParamTreeNodeImpl*, QString>;
+
   CParamTreeNodeImpl* append(CParamTreeNodeImpl* parent, CParamNodeData data);
+  void index(CParamTreeNodeImpl* node, const CParamVal& value);
+  void removeFromIndex(CParamTreeNodeImpl* node);
   void mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source,
                   const CSubDeviceTree& other);
   void mergeParameter(CParamTreeNodeImpl* target, const CParamNodeData& source,
@@ -64,4 +73,5 @@ class CSubDeviceTree {
   quint8 mSubDevId;
   std::unique_ptr<CParamTreeNodeImpl> mRoot;
   QHash<QString, SParam> mParams;
+  QHash<CGroupKey, CParamTreeNodeImpl*> mGroups;
 };

@@ -1,0 +1,77 @@
+#include "CDefinitionStore.h"
+
+#include "CParamDefFile.h"
+
+CDefinitionStore::CDefinitionStore(const CDefinitionStore& other)
+    : mNameById(other.mNameById), mReferences(other.mReferences), mMetaData(other.mMetaData) {
+  mByName.reserve(other.mByName.size());
+  for (const auto& [name, definition] : other.mByName) {
+    store(name, definition);
+  }
+}
+
+void CDefinitionStore::clear() {
+  mByName.clear();
+  mNameById.clear();
+  mReferences.clear();
+  mMetaData = CXMLMetaData();
+  mChanged = false;
+}
+
+const CParamDefItem* CDefinitionStore::find(const QString& name) const {
+  const auto it = mByName.find(name);
+  return it == mByName.end() ? nullptr : &it->second;
+}
+
+CParamDefItem* CDefinitionStore::findForEdit(const QString& name) {
+  const auto it = mByName.find(name);
+  return it == mByName.end() ? nullptr : &it->second;
+}
+
+QVector<const CParamDefItem*> CDefinitionStore::sorted() const {
+  QVector<const CParamDefItem*> definitions;
+  definitions.reserve(static_cast<int>(mByName.size()));
+  for (const auto& entry : mByName) {
+    definitions.append(&entry.second);
+  }
+  CParamDefFile::sortByIdAndName(definitions);
+  return definitions;
+}
+
+CParamDefItem* CDefinitionStore::add(const CParamDefItem& definition) {
+  mNameById.insert(definition.id(), definition.name());
+  mChanged = true;
+  return store(definition.name(), definition);
+}
+
+void CDefinitionStore::unite(const QHash<QString, CParamDefItem>& definitions,
+                             const QHash<quint32, QString>& nameById) {
+  mByName.reserve(mByName.size() + static_cast<size_t>(definitions.size()));
+  for (auto it = definitions.cbegin(); it != definitions.cend(); ++it) {
+    store(it.key(), it.value());
+  }
+  for (auto it = nameById.cbegin(); it != nameById.cend(); ++it) {
+    mNameById.insert(it.key(), it.value());
+  }
+}
+
+void CDefinitionStore::updateReferenceIdList(const QHash<QString, CParamDefItem>& definitions) {
+  QVector<const CParamDefItem*> sorted;
+  for (const CParamDefItem& definition : definitions) {
+    if (definition.id() != 0 && definition.hasVisibleValues()) {
+      sorted.append(&definition);
+    }
+  }
+  CParamDefFile::sortByIdAndName(sorted);
+  for (const CParamDefItem* definition : sorted) {
+    mReferences[definition->visibleId()].add(definition->id());
+    mReferences[definition->unitId()].add(definition->id());
+  }
+}
+
+CParamDefItem* CDefinitionStore::store(const QString& name, const CParamDefItem& definition) {
+  CParamDefItem& stored = mByName[name];
+  stored = definition;
+  stored.setChangedFlag(&mChanged);
+  return &stored;
+}

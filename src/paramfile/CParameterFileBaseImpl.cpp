@@ -1,0 +1,117 @@
+// Construction, errors, head data and changed marks; the other operations stand in the files
+// CParameterFileBaseImpl<Topic>.cpp.
+
+#include "CParameterFileBaseImpl.h"
+
+#include "ICLogfile.h"
+
+CParameterFileBaseImpl::CParameterFileBaseImpl(NktoGlobal::EParamFileType type, ICLogfile* logfile)
+    : mFileType(type), mLogfile(logfile) {
+  installOwnErrorHandler();
+}
+
+CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& other,
+                                               ICLogfile* logfile)
+    : ICParameterFile(),
+      mFileType(other.mFileType),
+      mLogfile(logfile),
+      mMetaData(other.mMetaData),
+      mHardwareId(other.mHardwareId),
+      mVersion(other.mVersion),
+      mSubDevTypes(other.mSubDevTypes),
+      mSubDevNames(other.mSubDevNames),
+      mDefinitions(other.mDefinitions) {
+  installOwnErrorHandler();
+  for (const auto& [hardwareId, subDevices] : other.mTrees) {
+    for (const auto& [subDevId, tree] : subDevices) {
+      mTrees[hardwareId].emplace(subDevId, tree.clone());
+    }
+  }
+}
+
+CParameterFileBaseImpl::~CParameterFileBaseImpl() = default;
+
+void CParameterFileBaseImpl::installOwnErrorHandler() {
+  mOwnErrorHandler = std::make_unique<CParameterFileErrorHandler>(mLogfile);
+  setErrorHandler(nullptr);
+}
+
+void CParameterFileBaseImpl::setErrorHandler(CParameterFileErrorHandler* handler) {
+  mErrorHandler = handler != nullptr ? handler : mOwnErrorHandler.get();
+  mErrorHandler->setParameterFile(this);
+}
+
+void CParameterFileBaseImpl::clear() {
+  mDefinitions.clear();
+  mErrorMsg.clear();
+  mErrorLine = 0;
+  clearRootNodes();
+  mChanged = CUniqueList<QString>();
+  mMetaData = CXMLMetaData();
+  mHardwareId.clear();
+  mVersion = 0;
+  mSubDevTypes.clear();
+  mSubDevNames.clear();
+  mImportResult = NParamDef::SImportResult();
+}
+
+void CParameterFileBaseImpl::clearRootNodes() {
+  mTrees.clear();
+}
+
+bool CParameterFileBaseImpl::setErrorMsg(const QString& text, const QString& context) const {
+  mErrorMsg = text;
+  mErrorLine = 0;
+  if (mLogfile != nullptr && mLogfile->isLevelEnabled(ICLogfile::kLevelErrors)) {
+    mLogfile->write(ICLogfile::kLevelErrors,
+                    context.isEmpty() ? text : QStringLiteral("%1 : %2").arg(context, text));
+  }
+  return false;
+}
+
+bool CParameterFileBaseImpl::paramChanged(const QString& hardwareId) const {
+  return mChanged.contains(hardwareId);
+}
+
+void CParameterFileBaseImpl::clearChanged() {
+  mDefinitions.clearChanged();
+  mChanged = CUniqueList<QString>();
+}
+
+void CParameterFileBaseImpl::setDefMetaData(const QString& author, const QString& comment) {
+  CXMLMetaData metaData = mDefinitions.metaData();
+  metaData.setAuthor(author);
+  metaData.setComment(comment);
+  mDefinitions.setMetaData(metaData);
+}
+
+void CParameterFileBaseImpl::setMetaData(const QString& author, const QString& comment) {
+  mMetaData.setAuthor(author);
+  mMetaData.setComment(comment);
+}
+
+NParamDef::ESubDeviceTypes CParameterFileBaseImpl::subDevType(quint8 subDevId) const {
+  return mSubDevTypes.value(subDevId, NParamDef::SUB_DEV_TYPE_UNDEFINED);
+}
+
+void CParameterFileBaseImpl::setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) {
+  if (subDevType(subDevId) != type) {
+    mSubDevTypes.insert(subDevId, type);
+    setHwIdChanged(mHardwareId);
+  }
+}
+
+void CParameterFileBaseImpl::setSubDevName(quint8 subDevId, const QString& name) {
+  if (subDevName(subDevId) != name) {
+    mSubDevNames.insert(subDevId, name);
+    setHwIdChanged(mHardwareId);
+  }
+}
+
+bool CParameterFileBaseImpl::isReservedName(const QString& name) {
+  return name == CParamNodeData::mStandardConstructedStr;
+}
+
+QString CParameterFileBaseImpl::reservedNameMessage(const QString& name) {
+  return tr("The name \"%1\" is reserved.").arg(name);
+}

@@ -1,0 +1,159 @@
+// Loading and saving of definition and value files.
+
+#include "CAtomicFile.h"
+#include "CParamDefFile.h"
+#include "CParameterFileBaseImpl.h"
+#include "CParameterFileHelper.h"
+#include "CStr.h"
+
+namespace {
+
+constexpr int kOwnSubDevIds = -1;  // sub-devices keep the ids that the file gives them
+
+/// The version that a file itself bears; 0 when it cannot be read, which its load then reports.
+quint32 versionOf(const QString& fileName) {
+  QByteArray content;
+  QString ignored;
+  return CAtomicFile::read(fileName, content, ignored) ? CParameterFileHelper::fileVersion(content)
+                                                       : 0;
+}
+
+}  // namespace
+
+/// What a value file held, before it becomes part of the object.
+struct CParameterFileBaseImpl::SLoadedValues {
+  CHardwareIdTrees trees;
+  CSubDeviceTypes types;
+  CSubDeviceNames names;
+  QString hardwareId;  ///< the expected one, and after loading the one that was settled
+  CXMLMetaData metaData;
+};
+
+bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 revision) {
+  CParamDefFile file(mLogfile, mErrorHandler);
+  if (!file.open(fileName, CStr::revisionToString(revision))) {
+    return failedLoad(file, tr("Loading parameter definition file failed"));
+  }
+  const QHash<QString, CParamDefItem> definitions = file.paramDefinitions();
+  mDefinitions.updateReferenceIdList(definitions);
+  mDefinitions.unite(definitions, file.nameByIdHash());
+  mDefinitions.setMetaData(file.headMetaData());
+  return true;
+}
+
+bool CParameterFileBaseImpl::failedLoad(const CParamBaseFile& file, const QString& context) {
+  setErrorMsg(file.errorMsg(), context);
+  mErrorLine = file.errorLine();
+  return false;
+}
+
+bool CParameterFileBaseImpl::saveParamDefFile(const QString& fileName, quint32 revision) {
+  CParamDefFile file(mLogfile, mErrorHandler);
+  if (!defAuthor().isEmpty() || !defComment().isEmpty()) {
+    file.setMetaData(defAuthor(), defComment());
+  }
+  return file.save(fileName, mDefinitions.sorted(), CStr::revisionToString(revision)) ||
+         setErrorMsg(file.errorMsg(), tr("Saving parameter definition file failed"));
+}
+
+bool CParameterFileBaseImpl::loadParamFile(const QString& fileName, const QString& hardwareId,
+                                           quint32 revision) {
+  return loadValues(fileName, hardwareId, revision, kOwnSubDevIds);
+}
+
+bool CParameterFileBaseImpl::loadParamFileAsSubDevId(const QString& fileName, quint8 subDevId,
+                                                     const QString& hardwareId, quint32 revision) {
+  return loadValues(fileName, hardwareId, revision, subDevId);
+}
+
+bool CParameterFileBaseImpl::loadValues(const QString& fileName, const QString& hardwareId,
+                                        quint32 revision, int asSubDevId) {
+  SLoadedValues loaded;
+  loaded.hardwareId = hardwareId;
+  if (!readValueFile(fileName, revision, tr("Loading parameter value file failed"), loaded,
+                     asSubDevId)) {
+    return false;
+  }
+  takeOver(std::move(loaded), revision);
+  return true;
+}
+
+bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revision,
+                                           const QString& context, SLoadedValues& loaded,
+                                           int asSubDevId) {
+  CParamValueFile file(mFileType, mLogfile, mErrorHandler);
+  const QString version = CStr::revisionToString(revision);
+  const CParamValueFile::EResult result =
+      asSubDevId == kOwnSubDevIds
+          ? file.load(fileName, version, loaded.trees, loaded.types, loaded.names,
+                      loaded.hardwareId)
+          : file.loadAsSubDevId(fileName, version, static_cast<quint8>(asSubDevId), loaded.trees,
+                                loaded.types, loaded.names, loaded.hardwareId);
+  loaded.metaData = file.headMetaData();
+  return result == CParamValueFile::Ok || failedLoad(file, context);
+}
+
+void CParameterFileBaseImpl::takeOver(SLoadedValues&& loaded, quint32 revision) {
+  mHardwareId = loaded.hardwareId;
+  mMetaData = loaded.metaData;
+  mVersion = revision;
+  for (auto it = loaded.types.cbegin(); it != loaded.types.cend(); ++it) {
+    mSubDevTypes.insert(it.key(), it.value());
+  }
+  for (auto it = loaded.names.cbegin(); it != loaded.names.cend(); ++it) {
+    mSubDevNames.insert(it.key(), it.value());
+  }
+  appendParameterRootNodes(std::move(loaded.trees));
+}
+
+void CParameterFileBaseImpl::appendParameterRootNodes(CHardwareIdTrees&& trees) {
+  for (auto& [hardwareId, subDevices] : trees) {
+    CSubDeviceTrees& present = mTrees[hardwareId];
+    for (auto& [subDevId, tree] : subDevices) {
+      const auto known = present.find(subDevId);
+      if (known == present.end()) {
+        present.emplace(subDevId, std::move(tree));
+      } else {
+        known->second.merge(std::move(tree));
+      }
+    }
+  }
+}
+
+bool CParameterFileBaseImpl::saveParamFile(const QString& fileName, const QString& hardwareId,
+                                           quint32 revision) {
+  CParamValueFile file(mFileType, mLogfile, mErrorHandler);
+  if (!author().isEmpty() || !comment().isEmpty()) {
+    file.setMetaData(author(), comment());
+  }
+  const QString version = CStr::revisionToString(revision);
+  if (hardwareId.isEmpty()) {
+    return file.save(fileName, version, mTrees, mSubDevTypes, mSubDevNames) ||
+           setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
+  }
+  const auto trees = mTrees.find(hardwareId);
+  if (trees == mTrees.end()) {
+    return setErrorMsg(tr("Saving parameters for hardware ID \"%1\" failed because there are "
+                          "no parameters.")
+                           .arg(hardwareId));
+  }
+  return file.save(fileName, trees->second, mSubDevTypes, mSubDevNames, hardwareId, version) ||
+         setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
+}
+
+bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
+                                             const QString& sourceHardwareId,
+                                             const QString& destinationHardwareId,
+                                             NParamDef::EImportMissing missing) {
+  QString destinationId = destinationHardwareId;
+  CSubDeviceTrees* destination = importDestination(destinationId);
+  if (destination == nullptr) {
+    return false;
+  }
+  SLoadedValues source;
+  source.hardwareId = sourceHardwareId;
+  return readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
+                       tr("importParamFile() Loading parameter value file failed"), source,
+                       kOwnSubDevIds) &&
+         importTrees(source.trees[source.hardwareId], *destination, destinationId, missing);
+}

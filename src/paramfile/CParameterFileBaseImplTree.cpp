@@ -1,0 +1,329 @@
+// The trees of the active hardware id: sub-devices, groups and parameters.
+
+#include "CParameterFileBaseImpl.h"
+
+const QRegularExpression CParameterFileBaseImpl::sSeparator(QStringLiteral("[\\\\/]"));
+
+namespace {
+
+/// Groups that are nested deeper could not be read again: a file nests at most 1,024 elements, of
+/// which root, hardware id, sub-device, parameter and value take five.
+constexpr int kMaxGroupDepth = 1019;
+
+int depthOf(const CTreeNode<CParamNodeData>* node) {
+  int depth = 0;
+  for (; node->parent() != nullptr; node = node->parent()) {
+    ++depth;
+  }
+  return depth;
+}
+
+bool isBelow(const CTreeNode<CParamNodeData>* node, const CTreeNode<CParamNodeData>* group) {
+  do {
+    node = node->parent();
+  } while (node != nullptr && node != group);
+  return node != nullptr;
+}
+
+CParamTreeNodeImpl* toImpl(ICParamTreeNode* node) {
+  return dynamic_cast<CParamTreeNodeImpl*>(node);
+}
+
+/// Depth first, for nodes that no index covers.
+ICParamTreeNode* searchParameter(const ICParamTreeNode& node, const QString& name) {
+  for (int i = 0; i < node.childCnt(); ++i) {
+    ICParamTreeNode* child = node.childPtr(i);
+    if (child->isParam() && child->name() == name) {
+      return child;
+    }
+    ICParamTreeNode* found = searchParameter(*child, name);
+    if (found != nullptr) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() {
+  const auto trees = mTrees.find(mHardwareId);
+  return trees == mTrees.end() ? nullptr : &trees->second;
+}
+
+const CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() const {
+  const auto trees = mTrees.find(mHardwareId);
+  return trees == mTrees.end() ? nullptr : &trees->second;
+}
+
+CSubDeviceTree* CParameterFileBaseImpl::activeTree(quint8 subDevId) {
+  CSubDeviceTrees* trees = activeTrees();
+  const auto tree = trees != nullptr ? trees->find(subDevId) : CSubDeviceTrees::iterator();
+  return trees == nullptr || tree == trees->end() ? nullptr : &tree->second;
+}
+
+const CSubDeviceTree* CParameterFileBaseImpl::activeTree(quint8 subDevId) const {
+  return const_cast<CParameterFileBaseImpl*>(this)->activeTree(subDevId);
+}
+
+CSubDeviceTree& CParameterFileBaseImpl::createActiveTree(quint8 subDevId) {
+  return mTrees[mHardwareId].try_emplace(subDevId, subDevId).first->second;
+}
+
+CSubDeviceTree* CParameterFileBaseImpl::activeTreeOf(const CParamTreeNodeImpl* node) {
+  CSubDeviceTree* tree = node != nullptr ? activeTree(node->subDevId()) : nullptr;
+  return tree != nullptr && tree->owns(node) ? tree : nullptr;
+}
+
+const CSubDeviceTree* CParameterFileBaseImpl::activeTreeOf(const CParamTreeNodeImpl* node) const {
+  return const_cast<CParameterFileBaseImpl*>(this)->activeTreeOf(node);
+}
+
+QList<quint8> CParameterFileBaseImpl::subDeviceIds() const {
+  QList<quint8> ids;
+  if (const CSubDeviceTrees* trees = activeTrees()) {
+    for (const auto& entry : *trees) {
+      ids.append(entry.first);
+    }
+  }
+  return ids;
+}
+
+QList<quint8> CParameterFileBaseImpl::subDeviceIds(NParamDef::ESubDeviceTypes type) const {
+  QList<quint8> ids;
+  for (const quint8 id : subDeviceIds()) {
+    if (subDevType(id) == type) {
+      ids.append(id);
+    }
+  }
+  return ids;
+}
+
+bool CParameterFileBaseImpl::doesSubDeviceExist(quint8 subDevId) const {
+  return activeTree(subDevId) != nullptr;
+}
+
+bool CParameterFileBaseImpl::copySubDevice(quint8 source, quint8 target) {
+  const CSubDeviceTree* tree = activeTree(source);
+  if (tree == nullptr) {
+    return setErrorMsg(tr("Sub device %1 does not exist. Copying it to sub device %2 failed.")
+                           .arg(QString::number(source), QString::number(target)));
+  }
+  if (source == target) {
+    return setErrorMsg(tr("Sub device %1 cannot be copied to itself.").arg(source));
+  }
+  mTrees[mHardwareId].insert_or_assign(target, tree->cloneAs(target));
+  if (subDevType(target) == NParamDef::SUB_DEV_TYPE_UNDEFINED) {
+    setSubDevType(target, subDevType(source));
+  }
+  if (subDevName(target).isEmpty()) {
+    setSubDevName(target, subDevName(source));
+  }
+  setHwIdChanged(mHardwareId);
+  return true;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::rootGroup(quint8 subDevId) {
+  return createActiveTree(subDevId).root();
+}
+
+QString CParameterFileBaseImpl::getNextSubPath(QString& path) {
+  const int separator = path.indexOf(sSeparator);
+  const QString piece = separator < 0 ? path : path.left(separator);
+  path = separator < 0 ? QString() : path.mid(separator + 1);
+  return piece;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::existingSubGroup(const QString& path, quint8 subDevId) {
+  CSubDeviceTree* tree = activeTree(subDevId);
+  CParamTreeNodeImpl* group = tree != nullptr ? tree->root() : nullptr;
+  QString rest = path;
+  while (group != nullptr && !rest.isEmpty()) {
+    const QString piece = getNextSubPath(rest);
+    if (!piece.isEmpty()) {
+      group = tree->group(group, piece);
+    }
+  }
+  return group;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& path, quint8 subDevId) {
+  CSubDeviceTree& tree = createActiveTree(subDevId);
+  CParamTreeNodeImpl* group = tree.root();
+  QString rest = path;
+  while (group != nullptr && !rest.isEmpty()) {
+    const QString piece = getNextSubPath(rest);
+    if (!piece.isEmpty()) {
+      group = addGroupTo(tree, group, piece);
+    }
+  }
+  return group;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::addGroup(ICParamTreeNode* parent, const QString& name) {
+  if (parent == nullptr) {
+    setErrorMsg(tr("addGroup(\"%1\") failed because the given parent is NULL!").arg(name));
+    return nullptr;
+  }
+  CSubDeviceTree* tree = nullptr;
+  CParamTreeNodeImpl* group = checkParent(parent, name, tree);
+  return group != nullptr ? addGroupTo(*tree, group, name) : nullptr;
+}
+
+CParamTreeNodeImpl* CParameterFileBaseImpl::addGroupTo(CSubDeviceTree& tree,
+                                                       CParamTreeNodeImpl* parent,
+                                                       const QString& name) {
+  CParamTreeNodeImpl* existing = tree.group(parent, name);
+  if (existing != nullptr) {
+    return existing;
+  }
+  const CParamTreeNodeImpl* parameter = tree.node(name);
+  if (parameter != nullptr && parameter->parent() == parent) {
+    setErrorMsg(tr("SubDevice %1 : Adding group \"%2\" to parent \"%3\" failed because there is "
+                   "alrady a parameter with the same name!")
+                    .arg(QString::number(tree.subDevId()), name, parent->name()));
+    return nullptr;
+  }
+  if (name.isEmpty() || isReservedName(name)) {
+    setErrorMsg(name.isEmpty() ? tr("A group needs a name.") : reservedNameMessage(name));
+    return nullptr;
+  }
+  if (depthOf(parent) >= kMaxGroupDepth) {
+    setErrorMsg(tr("SubDevice %1 : Adding group \"%2\" failed because groups can be nested %3 "
+                   "deep at most!")
+                    .arg(QString::number(tree.subDevId()), name, QString::number(kMaxGroupDepth)));
+    return nullptr;
+  }
+  setHwIdChanged(mHardwareId);
+  return tree.addGroup(parent, name);
+}
+
+/// The parent of a new node must be a group of the active hardware id.
+CParamTreeNodeImpl* CParameterFileBaseImpl::checkParent(ICParamTreeNode* parent,
+                                                        const QString& name,
+                                                        CSubDeviceTree*& tree) {
+  CParamTreeNodeImpl* node = toImpl(parent);
+  tree = activeTreeOf(node);
+  if (tree == nullptr || !node->isGroup()) {
+    setErrorMsg(tr("Adding \"%1\" failed because the given parent is no group of the active "
+                   "hardware id!")
+                    .arg(name));
+    return nullptr;
+  }
+  return node;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::addParameter(ICParamTreeNode* parent,
+                                                      const QString& name) {
+  return addDefinedParameter(parent, name, nullptr);
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::addParameter(ICParamTreeNode* parent, const QString& name,
+                                                      const CParamVal& value) {
+  return addDefinedParameter(parent, name, &value);
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(ICParamTreeNode* parent,
+                                                             const QString& name,
+                                                             const CParamVal* value) {
+  if (parent == nullptr) {
+    setErrorMsg(tr("addParameter(\"%1\") failed because the given parent is NULL!").arg(name));
+    return nullptr;
+  }
+  CSubDeviceTree* tree = nullptr;
+  CParamTreeNodeImpl* group = checkParent(parent, name, tree);
+  if (group == nullptr) {
+    return nullptr;
+  }
+  const CParamDefItem definition = paramDef(name);
+  if (definition.name().isEmpty()) {
+    setErrorMsg(tr("SubDevice %1 : Adding parameter \"%2\" failed because the parameter "
+                   "definition is missing!")
+                    .arg(QString::number(tree->subDevId()), name));
+    return nullptr;
+  }
+  CParamTreeNodeImpl* node =
+      tree->addParameter(group, name, definition.valid() ? definition.id() : 0,
+                         value != nullptr ? *value : definition.defVal());
+  if (node == nullptr) {
+    setErrorMsg(tr("SubDevice %1 : Adding parameter \"%2\" failed because there is alrady a "
+                   "parameter with the same name!")
+                    .arg(QString::number(tree->subDevId()), name));
+    return nullptr;
+  }
+  setHwIdChanged(mHardwareId);
+  return node;
+}
+
+bool CParameterFileBaseImpl::deleteNode(ICParamTreeNode* node) {
+  CParamTreeNodeImpl* impl = toImpl(node);
+  CSubDeviceTree* tree = activeTreeOf(impl);
+  if (tree == nullptr) {
+    return setErrorMsg(
+        tr("Deleting a node failed because it does not belong to the active "
+           "hardware id!"));
+  }
+  if (impl == tree->root()) {
+    return setErrorMsg(tr("SubDevice %1 : Node \"%2\" is the root node and cannot be deleted!")
+                           .arg(QString::number(tree->subDevId()), impl->name()));
+  }
+  tree->deleteNode(impl);
+  setHwIdChanged(mHardwareId);
+  return true;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::findParameter(ICParamTreeNode* node,
+                                                       const QString& name) const {
+  const CParamTreeNodeImpl* group = toImpl(node);
+  if (group == nullptr) {
+    return nullptr;
+  }
+  const CSubDeviceTree* tree = activeTreeOf(group);
+  if (tree == nullptr) {
+    return searchParameter(*node, name);
+  }
+  CParamTreeNodeImpl* found = tree->node(name);
+  return found != nullptr && isBelow(found, group) ? found : nullptr;
+}
+
+bool CParameterFileBaseImpl::loadDefaultValues(ICParamTreeNode* node) {
+  if (node == nullptr) {
+    return false;
+  }
+  for (int i = 0; i < node->childCnt(); ++i) {
+    ICParamTreeNode* child = node->childPtr(i);
+    const bool done =
+        child->childCnt() > 0
+            ? loadDefaultValues(child)
+            : setParamValue(child->name(), paramDef(child->name()).defVal(), child->subDevId());
+    if (!done) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool CParameterFileBaseImpl::loadDefaultValues() {
+  for (const quint8 id : subDeviceIds()) {
+    if (!loadDefaultValues(rootGroup(id))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void CParameterFileBaseImpl::removeAllProperties(ICParamTreeNode* node) {
+  if (node == nullptr) {
+    return;
+  }
+  node->removeAllProperties();
+  for (int i = 0; i < node->childCnt(); ++i) {
+    removeAllProperties(node->childPtr(i));
+  }
+}
+
+void CParameterFileBaseImpl::removeAllProperties() {
+  for (const quint8 id : subDeviceIds()) {
+    removeAllProperties(rootGroup(id));
+  }
+}

@@ -1,0 +1,148 @@
+// Access to definitions and values.
+
+#include "CParamDefFile.h"
+#include "CParameterFileBaseImpl.h"
+#include "CParameterFileHelper.h"
+
+CParamDefItem CParameterFileBaseImpl::paramDef(const QString& name) const {
+  const CParamDefItem* definition = mDefinitions.find(name);
+  return definition != nullptr ? *definition : CParamDefItem();
+}
+
+CParamVal CParameterFileBaseImpl::ownParamValue(const QString& name, quint8 subDevId) const {
+  const CSubDeviceTree* tree = activeTree(subDevId);
+  return tree != nullptr ? tree->value(name) : CParamVal();
+}
+
+quint32 CParameterFileBaseImpl::idByName(const QString& name) const {
+  const CParamDefItem definition = paramDef(name);
+  if (!definition.valid()) {
+    setErrorMsg(tr("There is no parameter defined with name \"%1\".").arg(name),
+                tr("Parameter file idByName() failed"));
+  }
+  return definition.id();
+}
+
+QString CParameterFileBaseImpl::nameById(quint32 id) const {
+  const QString name = ownNameById(id);
+  if (name.isEmpty()) {
+    setErrorMsg(tr("There is no parameter defined with id %1.").arg(id),
+                tr("Parameter file nameById() failed"));
+  }
+  return name;
+}
+
+QStringList CParameterFileBaseImpl::paramNames(quint8 subDevId) const {
+  const CSubDeviceTree* tree = activeTree(subDevId);
+  return tree != nullptr ? tree->names() : QStringList();
+}
+
+CParamDefItem* CParameterFileBaseImpl::paramDefPtr(const QString& name) {
+  CParamDefItem* definition = mDefinitions.findForEdit(name);
+  if (definition == nullptr) {
+    setErrorMsg(tr("There is no parameter defined with name %1.").arg(name),
+                tr("Parameter file paramDefPtr() failed"));
+  }
+  return definition;
+}
+
+CParamVal CParameterFileBaseImpl::paramValue(const QString& name, quint8 subDevId) const {
+  return ownParamValue(name, subDevId);
+}
+
+CParamVal CParameterFileBaseImpl::paramValue(quint32 id, quint8 subDevId) const {
+  return paramValue(nameById(id), subDevId);
+}
+
+bool CParameterFileBaseImpl::isReferenced(const QString& name) const {
+  const CParamDefItem definition = paramDef(name);
+  return definition.valid() && isReferenced(definition.id());
+}
+
+QList<quint32> CParameterFileBaseImpl::referencedBy(const QString& name) const {
+  const CParamDefItem definition = paramDef(name);
+  return definition.valid() ? referencedBy(definition.id()) : QList<quint32>();
+}
+
+bool CParameterFileBaseImpl::setParamValue(const QString& name, const CParamVal& value,
+                                           quint8 subDevId) {
+  CSubDeviceTree* tree = activeTree(subDevId);
+  if (tree == nullptr) {
+    return setErrorMsg(tr("setParamValue() failed because there is no parameter list for hardware "
+                          "id \"%1\" and sub device %2")
+                           .arg(mHardwareId, QString::number(subDevId)));
+  }
+  if (!tree->setValue(name, value)) {
+    return setErrorMsg(tr("setParamValue() failed because there is no parameter value for sub "
+                          "device %1 and name \"%2\"")
+                           .arg(QString::number(subDevId), name));
+  }
+  setHwIdChanged(mHardwareId);
+  return true;
+}
+
+bool CParameterFileBaseImpl::setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) {
+  return setParamValue(nameById(id), value, subDevId);
+}
+
+bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CParamVal& value,
+                                                  quint8 subDevId) {
+  CSubDeviceTree* tree = activeTree(subDevId);
+  if (tree == nullptr || !tree->contains(name)) {
+    return false;
+  }
+  if (CParameterFileHelper::compareValues(tree->value(name), value, paramDef(name))) {
+    return true;
+  }
+  tree->setValue(name, value);
+  tree->node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
+  setHwIdChanged(mHardwareId);
+  return true;
+}
+
+bool CParameterFileBaseImpl::setAndMarkParamValue(quint32 id, const CParamVal& value,
+                                                  quint8 subDevId) {
+  return setAndMarkParamValue(nameById(id), value, subDevId);
+}
+
+CParamDefItem* CParameterFileBaseImpl::addDef(const CParamDefItem& definition) {
+  return checkNewDefinition(definition) ? mDefinitions.add(definition) : nullptr;
+}
+
+CParamDefItem* CParameterFileBaseImpl::addDef(const QString& name, NParamDef::EParamType type,
+                                              quint32 id) {
+  return addDef(CParamDefItem(name, type, id));
+}
+
+bool CParameterFileBaseImpl::checkNewDefinition(const CParamDefItem& definition) const {
+  const QString name = definition.name();
+  const QString context = tr("Parameter file addDef() failed");
+  if (name.isEmpty()) {
+    return setErrorMsg(tr("A parameter definition needs a name."), context);
+  }
+  if (isReservedName(name)) {
+    return setErrorMsg(reservedNameMessage(name), context);
+  }
+  if (mDefinitions.find(name) != nullptr) {
+    return setErrorMsg(tr("There is already a parameter defined with name \"%1\".").arg(name),
+                       context);
+  }
+  const QString owner = ownNameById(definition.id());
+  if (CParamDefFile::isRealId(definition.id()) && !owner.isEmpty()) {
+    return setErrorMsg(tr("Parameter \"%1\" cannot have the id %2, which belongs to parameter "
+                          "\"%3\".")
+                           .arg(name, QString::number(definition.id()), owner),
+                       context);
+  }
+  return true;
+}
+
+QStringList CParameterFileBaseImpl::defNames() const {
+  const QVector<const CParamDefItem*> definitions = mDefinitions.sorted();
+  QStringList names;
+  names.reserve(definitions.size());
+  for (const CParamDefItem* definition : definitions) {
+    names.append(definition->name());
+  }
+  return names;
+}

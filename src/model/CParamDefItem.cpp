@@ -124,7 +124,7 @@ CParamDefItem::CParamDefItem(const QString& name, EParamType type, unsigned int 
 CParamDefItem::CParamDefItem(const CParamDefItem& other) : d(other.d) {}
 
 CParamDefItem& CParamDefItem::operator=(const CParamDefItem& other) {
-  d = other.d;
+  if (this != &other) d = other.d;
   mChanged = nullptr;
   return *this;
 }

@@ -57,6 +57,8 @@ void walk(CParamTreeNodeImpl* node, QList<CParamTreeNodeImpl*>& nodes) {
   for (int i = 0; i < node->childCount(); ++i) walk(node->childNode(i), nodes);
 }
 
+constexpr int kGroupNames = 4;
+
 // Random edits of a tree, with a plain map beside it of what every parameter must be.
 class CEditor {
  public:
@@ -71,7 +73,7 @@ class CEditor {
   void edit() {
     switch (mRandom.bounded(12)) {
       case 0:
-        tree.addGroup(anyNode(true), name("G", 4));
+        tree.addGroup(anyNode(true), name("G", kGroupNames));
         break;
       case 1:
         deleteNode();
@@ -137,7 +139,7 @@ class CEditor {
   void merge() {
     CEditor other(9, mRandom.generate());
     for (int i = 0; i < 15; ++i) other.addParameter();
-    other.tree.addGroup(other.tree.root(), name("G", 4));
+    other.tree.addGroup(other.tree.root(), name("G", kGroupNames));
     for (int i = 0; i < 15; ++i) other.addParameter();
     for (auto it = other.expected.cbegin(); it != other.expected.cend(); ++it) {
       const quint32 id = it->id == 0 ? expected.value(it.key(), {0, QString()}).id : it->id;
@@ -149,7 +151,16 @@ class CEditor {
   QRandomGenerator mRandom;
 };
 
-// Index, tree and expectation say the same.
+// Every group is found as a plain search finds it, and none that is gone.
+void compareGroups(const CSubDeviceTree& tree, const CParamTreeNodeImpl& parent) {
+  for (int i = 0; i < kGroupNames; ++i) {
+    const QString name = text("G") + QString::number(i);
+    const ICParamTreeNode* const expected = parent.childPtr(name);
+    QCOMPARE(tree.group(&parent, name), expected);
+  }
+}
+
+// Indexes, tree and expectation say the same.
 void compare(const CEditor& editor) {
   const CSubDeviceTree& tree = editor.tree;
   QList<CParamTreeNodeImpl*> nodes;
@@ -158,7 +169,10 @@ void compare(const CEditor& editor) {
   for (CParamTreeNodeImpl* node : qAsConst(nodes)) {
     QCOMPARE(node->subDevId(), tree.subDevId());
     QVERIFY(tree.owns(node));
-    if (!node->isParam()) continue;
+    if (!node->isParam()) {
+      compareGroups(tree, *node);
+      continue;
+    }
     names.append(node->name());
     QCOMPARE(tree.node(node->name()), node);
     const CEditor::SExpected found = {node->id(), tree.value(node->name()).asStr()};

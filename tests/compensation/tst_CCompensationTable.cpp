@@ -1,0 +1,265 @@
+#include "ICCompensationFile.h"
+
+#include <QtTest>
+
+#include <memory>
+
+using Indices = QList<int>;
+using Doubles = QList<double>;
+
+namespace {
+
+CCompensationPoint makePoint(const CParamVal& position, const CParamVal& adjustment = 0.0) {
+  CCompensationPoint point;
+  point.setPosition(position);
+  point.setAdjustment(adjustment);
+  return point;
+}
+
+CCompensationHeader makeHeader(const CParamVal& minimum, const CParamVal& maximum) {
+  CCompensationHeader header;
+  header.setMinimum(minimum);
+  header.setMaximum(maximum);
+  return header;
+}
+
+/// The texts of all points: position and adjustment in turn.
+QStringList texts(const ICCompensationFile& file) {
+  QStringList texts;
+  for (const CCompensationPoint& point : file.allPoints()) {
+    texts << point.position() << point.adjustment();
+  }
+  return texts;
+}
+
+}  // namespace
+
+class tst_CCompensationTable : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init() { mFile.reset(ICCompensationFile::create(nullptr)); }
+
+  void values();
+  void header_data();
+  void header();
+  void points_data();
+  void points();
+  void indexLimit_data();
+  void indexLimit();
+  void longTable();
+  void editing();
+  void badIndices_data();
+  void badIndices();
+
+ private:
+  std::unique_ptr<ICCompensationFile> mFile;
+};
+
+void tst_CCompensationTable::values() {
+  CCompensationPoint point;
+  QCOMPARE(point.position().asStr(), QStringLiteral("0"));
+  QCOMPARE(point.adjustment().asStr(), QStringLiteral("0"));
+  point = makePoint("1.50", "-0.10");
+  QCOMPARE(point.position().asStr(), QStringLiteral("1.50"));
+  QCOMPARE(point.adjustment().asStr(), QStringLiteral("-0.10"));
+  point.clear();
+  QCOMPARE(point.position(), CParamVal(0.0));
+  QCOMPARE(point.adjustment(), CParamVal(0.0));
+
+  CCompensationHeader header;
+  QCOMPARE(header.minimum().asStr(), QStringLiteral("0"));
+  QCOMPARE(header.maximum().asStr(), QStringLiteral("0"));
+  header = makeHeader("-1.0", "0x10");
+  QCOMPARE(header.minimum().asStr(), QStringLiteral("-1.0"));
+  QCOMPARE(header.maximum().asStr(), QStringLiteral("0x10"));
+  header.clear();
+  QCOMPARE(header.minimum(), CParamVal(0.0));
+  QCOMPARE(header.maximum(), CParamVal(0.0));
+}
+
+void tst_CCompensationTable::header_data() {
+  QTest::addColumn<QString>("minimum");
+  QTest::addColumn<QString>("maximum");
+  QTest::addColumn<bool>("good");
+  QTest::newRow("below") << "-1"
+                         << "1" << true;
+  QTest::newRow("below as numbers") << "9"
+                                    << "10" << true;
+  QTest::newRow("equal") << "1"
+                         << "1.0" << false;
+  QTest::newRow("above") << "10"
+                         << "9" << false;
+  QTest::newRow("initial") << "0.0"
+                           << "0.0" << false;
+  QTest::newRow("no number counts as 0") << "abc"
+                                         << "1" << true;
+  QTest::newRow("no number on both ends") << "abc"
+                                          << "" << false;
+  QTest::newRow("not a number") << "nan"
+                                << "1" << false;
+  QTest::newRow("infinite") << "-inf"
+                            << "inf" << true;
+}
+
+void tst_CCompensationTable::header() {
+  QFETCH(QString, minimum);
+  QFETCH(QString, maximum);
+  QFETCH(bool, good);
+  mFile->setHeader(makeHeader(minimum, maximum));
+  QCOMPARE(mFile->header().minimum().asStr(), minimum);
+  QCOMPARE(mFile->header().maximum().asStr(), maximum);
+  QCOMPARE(mFile->checkHeader(), good);
+  QCOMPARE(mFile->checkAll(), good ? 0 : 1);
+  // A bad header is told before bad points.
+  mFile->appendPoint(makePoint("1e300"));
+  QCOMPARE(mFile->checkAll(), !good ? 1 : maximum == QLatin1String("inf") ? 0 : 2);
+}
+
+void tst_CCompensationTable::points_data() {
+  QTest::addColumn<QStringList>("positions");
+  QTest::addColumn<Indices>("badPoints");   // by checkPoint()
+  QTest::addColumn<Indices>("badInTable");  // by checkAllPoints()
+  const auto row = [](const char* name, const char* positions, const Indices& badPoints,
+                      const Indices& badInTable) {
+    QTest::newRow(name) << QString::fromLatin1(positions).split(QLatin1Char(' ')) << badPoints
+                        << badInTable;
+  };
+  // The range is 0 to 10.
+  row("from end to end", "0 5 10", {}, {});
+  row("one point at the minimum", "0", {}, {});
+  row("one point at the maximum", "10", {}, {});
+  row("one point below", "-0.001", {0}, {0});
+  row("one point above", "10.001", {0}, {0});
+  row("both ends outside", "-1 5 11", {0, 2}, {0, 2});
+  row("doubled first", "0 0", {0, 1}, {1});
+  row("doubled last", "5 10 10", {1, 2}, {2});
+  row("doubled within", "1 5 5 9", {1, 2}, {2});
+  row("doubled as another text", "1 5 5.0 9", {1, 2}, {2});
+  row("descending", "9 5 1", {0, 1, 2}, {1, 2});
+  row("one too large hides those behind", "5 12 7", {1, 2}, {1, 2});
+  row("only neighbours see one too large", "1 12 3 4 5", {1, 2}, {1, 2, 3, 4});
+  row("one within range but too large", "1 8 3 4 9", {1, 2}, {2, 3});
+  row("one too small", "4 5 1 6 7", {1, 2}, {2});
+  row("later one equal to the minimum", "-1 0", {0}, {0, 1});
+  row("all below the minimum", "-3 -2 -1", {0, 1, 2}, {0, 1, 2});
+  row("first below the minimum", "-1 1 2", {0}, {0});
+  row("no number counts as 0", "abc 1 def 3", {1, 2}, {2});
+  row("not a number", "1 nan 3", {0, 1, 2}, {1});
+  row("first is not a number", "nan 0 3", {0, 1}, {0, 1});
+  row("as numbers, not as texts", "9 10", {}, {});
+}
+
+void tst_CCompensationTable::points() {
+  QFETCH(QStringList, positions);
+  QFETCH(Indices, badPoints);
+  QFETCH(Indices, badInTable);
+  mFile->setHeader(makeHeader("0", "10"));
+  QList<CCompensationPoint> points;
+  Indices bad;
+  for (const QString& position : positions) {
+    points << makePoint(position, "1");
+  }
+  mFile->setAllPoints(points);
+  for (int i = 0; i < mFile->count(); ++i) {
+    if (!mFile->checkPoint(i)) {
+      bad << i;
+    }
+  }
+  QCOMPARE(bad, badPoints);
+
+  bad = {7, 8};
+  QCOMPARE(mFile->checkAllPoints(&bad), badInTable.isEmpty());
+  QCOMPARE(bad, badInTable);
+  QCOMPARE(mFile->checkAllPoints(nullptr), badInTable.isEmpty());
+  QCOMPARE(mFile->checkAll(), badInTable.isEmpty() ? 0 : 2);
+  QVERIFY(!mFile->checkPoint(-1));
+  QVERIFY(!mFile->checkPoint(mFile->count()));
+}
+
+void tst_CCompensationTable::indexLimit_data() {
+  QTest::addColumn<int>("count");
+  QTest::addColumn<Indices>("bad");
+  QTest::newRow("510") << 510 << Indices();
+  QTest::newRow("511") << 511 << Indices();
+  QTest::newRow("512") << 512 << Indices{511};
+  QTest::newRow("514") << 514 << Indices{511, 512, 513};
+}
+
+void tst_CCompensationTable::indexLimit() {
+  QFETCH(int, count);
+  QFETCH(Indices, bad);
+  mFile->setHeader(makeHeader("0", "1000"));
+  for (int i = 0; i < count; ++i) {
+    mFile->appendPoint(makePoint(i));
+  }
+  Indices found;
+  QCOMPARE(mFile->checkAllPoints(&found), bad.isEmpty());
+  QCOMPARE(found, bad);
+  for (int i = 500; i < count; ++i) {
+    QCOMPARE(mFile->checkPoint(i), !bad.contains(i));
+  }
+}
+
+// Far more points than a table can use are still read, checked and written in one pass.
+void tst_CCompensationTable::longTable() {
+  constexpr int kCount = 100000;
+  mFile->setHeader(makeHeader("0", "1e6"));
+  for (int i = 0; i < kCount; ++i) {
+    mFile->appendPoint(makePoint(i, -i));
+  }
+  Indices bad;
+  QVERIFY(!mFile->checkAllPoints(&bad));
+  QCOMPARE(bad.size(), kCount - ICCompensationFile::kMaxPoints);
+  QByteArray buffer;
+  QCOMPARE(mFile->saveToBuffer(buffer, QStringLiteral("1.0")), 0);
+  const QStringList before = texts(*mFile);
+  QCOMPARE(mFile->loadFromBuffer(buffer, QStringLiteral("1.0")), 0);
+  QCOMPARE(texts(*mFile), before);
+}
+
+void tst_CCompensationTable::editing() {
+  QVERIFY(!mFile->insertPoint(0, makePoint("1")));
+  QCOMPARE(mFile->count(), 0);
+  mFile->appendPoint(makePoint("2", "a"));
+  QVERIFY(mFile->insertPoint(0, makePoint("0", "b")));
+  QVERIFY(mFile->insertPoint(1, makePoint("1", "c")));
+  QCOMPARE(texts(*mFile), QStringList({"0", "b", "1", "c", "2", "a"}));
+  QVERIFY(mFile->setPoint(1, makePoint("9", "d")));
+  QVERIFY(mFile->setPoint(2, makePoint("8", "e")));
+  QCOMPARE(texts(*mFile), QStringList({"0", "b", "9", "d", "8", "e"}));
+  QCOMPARE(mFile->count(), 3);
+  QCOMPARE(mFile->size(), 3);
+  QCOMPARE(mFile->point(2).position().asStr(), QStringLiteral("8"));
+
+  const QList<CCompensationPoint> copy = mFile->allPoints();
+  QVERIFY(mFile->removePoint(2));
+  QVERIFY(mFile->removePoint(0));
+  QCOMPARE(texts(*mFile), QStringList({"9", "d"}));
+  mFile->setAllPoints(copy);
+  QCOMPARE(texts(*mFile), QStringList({"0", "b", "9", "d", "8", "e"}));
+}
+
+void tst_CCompensationTable::badIndices_data() {
+  QTest::addColumn<int>("index");
+  QTest::newRow("negative") << -1;
+  QTest::newRow("count") << 2;  // appending is what appendPoint() is for
+  QTest::newRow("far") << 1000000;
+}
+
+void tst_CCompensationTable::badIndices() {
+  QFETCH(int, index);
+  mFile->appendPoint(makePoint("1", "a"));
+  mFile->appendPoint(makePoint("2", "b"));
+  const QStringList before = texts(*mFile);
+  QVERIFY(!mFile->setPoint(index, makePoint("3")));
+  QVERIFY(!mFile->insertPoint(index, makePoint("3")));
+  QVERIFY(!mFile->removePoint(index));
+  QVERIFY(!mFile->checkPoint(index));
+  QCOMPARE(texts(*mFile), before);
+  QCOMPARE(mFile->point(index).position(), CParamVal(0.0));
+  QCOMPARE(mFile->point(index).adjustment(), CParamVal(0.0));
+}
+
+QTEST_APPLESS_MAIN(tst_CCompensationTable)
+#include "tst_CCompensationTable.moc"

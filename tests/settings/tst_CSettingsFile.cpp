@@ -1,0 +1,470 @@
+#include "CMessageBoardHelper.h"
+#include "CSettingsFileImpl.h"
+#include "GoldenFiles.h"
+#include "ICLogfile.h"
+
+#include <QDomDocument>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using EError = ICSettingsFile::ESettingsError;
+Q_DECLARE_METATYPE(ICSettingsFile::ESettingsError)
+
+namespace {
+
+const QString kVersion = QStringLiteral("1.0");
+const QString kFilePrefix = QStringLiteral("File \"%1\" parse error: ");
+const QString kBufferPrefix = QStringLiteral("Bytearray parse error: ");
+
+/// A text on one line, everything but ASCII made readable.
+QString readable(const QString& text) {
+  QString result;
+  for (const QChar c : text) {
+    const ushort unit = c.unicode();
+    result += unit == '\n'   ? QStringLiteral("\\n")
+              : unit == '\r' ? QStringLiteral("\\r")
+              : unit == '\t' ? QStringLiteral("\\t")
+              : unit < 0x20 || unit > 0x7E
+                  ? QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'))
+                  : QString(c);
+  }
+  return result;
+}
+
+/// One line a node, as the expected files have it.
+QString dump(const ICSettingsTreeNode& parent, int depth = 0) {
+  QString result;
+  for (int i = 0; i < parent.childCnt(); ++i) {
+    const ICSettingsTreeNode& node = *parent.childPtr(i);
+    result += QString(depth, QLatin1Char(' ')) + readable(node.name()) + QLatin1Char(' ');
+    result += node.isGroup() ? QStringLiteral("group")
+                             : CSettingsFileImpl::tagFromType(node.type()) + QLatin1String(" [") +
+                                   readable(node.value()) + QLatin1Char(']');
+    result += node.unit().isEmpty() ? QString() : QLatin1String(" unit=") + readable(node.unit());
+    result += node.comment().isEmpty() ? QString()
+                                       : QLatin1String(" comment=") + readable(node.comment());
+    result += QLatin1Char('\n') + dump(node, depth + 1);
+  }
+  return result;
+}
+
+QString dumpOf(ICSettingsFile& file) {
+  return file.root() != nullptr ? dump(*file.root()) : QStringLiteral("no tree");
+}
+
+QByteArray document(const QString& content) {
+  return QString(QLatin1String("<C_SETTINGS_FORMAT Version=\"1.0\">") + content +
+                 QLatin1String("</C_SETTINGS_FORMAT>"))
+      .toUtf8();
+}
+
+CSettingsTreeNodeImpl* rootOf(CSettingsFileImpl& file) {
+  return static_cast<CSettingsTreeNodeImpl*>(file.root());
+}
+
+void addNames(const QString& area) {
+  QTest::addColumn<QString>("name");
+  const QStringList names = NGoldenFiles::names(area, QStringLiteral(".txt"));
+  QVERIFY(!names.isEmpty());
+  for (const QString& name : names) {
+    QTest::newRow(qPrintable(name)) << name;
+  }
+}
+
+}  // namespace
+
+class tst_CSettingsFile : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init();
+  void cleanup() { CMessageBoardHelper::setHandler({}); }
+
+  void valid_data() { addNames(QStringLiteral("settings/valid")); }
+  void valid();
+  void invalid_data() { addNames(QStringLiteral("settings/invalid")); }
+  void invalid();
+  void golden_data();
+  void golden();
+  void example();
+  void versions_data();
+  void versions();
+  void missingFile();
+  void failedOpenKeepsTheTree();
+  void failedReadReplacesTheTree();
+  void saveWithoutTree();
+  void editedTreeIsSaved();
+  void unsavableTexts_data();
+  void unsavableTexts();
+  void folderThatIsMissing();
+  void deepestTree();
+  void qtDocument();
+  void logfiles();
+
+ private:
+  std::unique_ptr<ICSettingsFile> makeFile() {
+    return std::unique_ptr<ICSettingsFile>(ICSettingsFile::create(nullptr));
+  }
+  QString path(const QString& name) const { return mFolder.filePath(name); }
+
+  QTemporaryDir mFolder;
+  QStringList mCriticals;
+};
+
+void tst_CSettingsFile::init() {
+  mCriticals.clear();
+  CMessageBoardHelper::setHandler(
+      [this](CMessageBoardHelper::EMessageKind kind, const QString& text) {
+        QCOMPARE(kind, CMessageBoardHelper::Critical);
+        mCriticals << text;
+      });
+}
+
+// Every file gives the tree beside it, from the file and from a buffer.
+void tst_CSettingsFile::valid() {
+  QFETCH(QString, name);
+  const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/valid"));
+  const QString fileName = folder.filePath(name + QLatin1String(".xml"));
+  const QString expected =
+      QString::fromUtf8(NGoldenFiles::read(folder.filePath(name + QLatin1String(".txt"))));
+  const auto file = makeFile();
+  QCOMPARE(file->load(fileName, kVersion), EError::NoError);
+  QCOMPARE(file->errorMsg(), QString());
+  QCOMPARE(dumpOf(*file), expected);
+  QCOMPARE(file->root()->name(), QStringLiteral("C_SETTINGS_FORMAT"));
+  QVERIFY(file->root()->isGroup());
+  QCOMPARE(file->root()->comment(), QString());
+
+  file->clear();
+  QVERIFY(file->root() == nullptr);
+  QCOMPARE(file->loadFromBuffer(NGoldenFiles::read(fileName), kVersion), EError::NoError);
+  QCOMPARE(dumpOf(*file), expected);
+  QCOMPARE(mCriticals, QStringList());
+}
+
+// The file beside it holds the result, the message behind its prefix, and the part read; "-" says
+// that the file is not opened, so that there is no new tree.
+void tst_CSettingsFile::invalid() {
+  QFETCH(QString, name);
+  const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/invalid"));
+  const QString fileName = folder.filePath(name + QLatin1String(".xml"));
+  QStringList lines =
+      QString::fromUtf8(NGoldenFiles::read(folder.filePath(name + QLatin1String(".txt"))))
+          .split(QLatin1Char('\n'));
+  const auto result = static_cast<EError>(lines.takeFirst().toInt());
+  const QString message = lines.takeFirst();
+  const bool opened = lines != QStringList{QStringLiteral("-"), QString()};
+  const QString tree = opened ? lines.join(QLatin1Char('\n')) : QStringLiteral("no tree");
+  QStringList messages = {kFilePrefix.arg(fileName) + message, kBufferPrefix + message};
+
+  const auto file = makeFile();
+  QCOMPARE(file->load(fileName, kVersion), result);
+  QCOMPARE(file->errorMsg(), messages.first());
+  QCOMPARE(dumpOf(*file), tree);
+  file->clear();
+  QCOMPARE(file->loadFromBuffer(NGoldenFiles::read(fileName), kVersion), result);
+  QCOMPARE(file->errorMsg(), messages.last());
+  QCOMPARE(dumpOf(*file), tree);
+  QCOMPARE(mCriticals, opened ? messages : QStringList());
+}
+
+void tst_CSettingsFile::golden_data() {
+  QTest::addColumn<QString>("name");
+  const QString area = QStringLiteral("settings/golden");
+  for (const QString& name : NGoldenFiles::names(area, QStringLiteral(".saved.xml"))) {
+    QTest::newRow(qPrintable(name)) << name;
+  }
+}
+
+// A file, loaded and saved, gives the bytes beside it, and those give themselves.
+void tst_CSettingsFile::golden() {
+  QFETCH(QString, name);
+  const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/golden"));
+  const QByteArray saved = NGoldenFiles::read(folder.filePath(name + QLatin1String(".saved.xml")));
+  const auto file = makeFile();
+  QCOMPARE(file->load(folder.filePath(name + QLatin1String(".xml")), kVersion), EError::NoError);
+  const QString tree = dumpOf(*file);
+  QByteArray buffer;
+  QCOMPARE(file->saveToBuffer(buffer, QStringLiteral("1.2")), EError::NoError);
+  QCOMPARE(buffer, saved);
+  QCOMPARE(file->save(path(name), QStringLiteral("1.2")), EError::NoError);
+  QCOMPARE(NGoldenFiles::read(path(name)), saved);
+
+  QCOMPARE(file->load(path(name), kVersion), EError::NoError);
+  QCOMPARE(dumpOf(*file), tree);
+  QCOMPARE(file->saveToBuffer(buffer, QStringLiteral("1.2")), EError::NoError);
+  QCOMPARE(buffer, saved);
+}
+
+// The example is as this library writes it, so a save changes nothing in it.
+void tst_CSettingsFile::example() {
+  const QByteArray bytes =
+      NGoldenFiles::read(QStringLiteral(KTO_EXAMPLE_DATA "/MachineSettings.xset"));
+  const auto file = makeFile();
+  QCOMPARE(file->loadFromBuffer(bytes, kVersion), EError::NoError);
+  QByteArray buffer;
+  QCOMPARE(file->saveToBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(buffer, bytes);
+}
+
+void tst_CSettingsFile::versions_data() {
+  QTest::addColumn<QString>("inFile");
+  QTest::addColumn<QString>("expected");
+  QTest::addColumn<bool>("accepted");
+  QTest::newRow("same") << "1.0"
+                        << "1.0" << true;
+  QTest::newRow("other sub-number") << "1.5"
+                                    << "1.0" << true;
+  QTest::newRow("no sub-number") << "1"
+                                 << "1.65535" << true;
+  QTest::newRow("leading zero") << "08.15"
+                                << "8.0" << true;
+  QTest::newRow("other main number") << "2.0"
+                                     << "1.5" << false;
+  QTest::newRow("none in the file") << ""
+                                    << "1.0" << true;
+  QTest::newRow("none expected") << "1.0"
+                                 << "" << false;
+  QTest::newRow("same text, no version") << "beta"
+                                         << "beta" << true;
+  QTest::newRow("no version in the file") << "beta"
+                                          << "1.0" << false;
+  QTest::newRow("no version expected") << "1.0"
+                                       << "beta" << false;
+}
+
+void tst_CSettingsFile::versions() {
+  QFETCH(QString, inFile);
+  QFETCH(QString, expected);
+  QFETCH(bool, accepted);
+  const QByteArray bytes = document(QString()).replace("1.0", inFile.toUtf8());
+  QVERIFY(NGoldenFiles::write(path(QStringLiteral("versions")), bytes));
+  const auto file = makeFile();
+  const EError result = accepted ? EError::NoError : EError::VersionError;
+  QCOMPARE(file->loadFromBuffer(bytes, expected), result);
+  QCOMPARE(file->load(path(QStringLiteral("versions")), expected), result);
+  // A rejected version says nothing about the next file.
+  QCOMPARE(file->loadFromBuffer("<", expected), EError::OpenError);
+}
+
+void tst_CSettingsFile::missingFile() {
+  const QString fileName = path(QStringLiteral("%1.missing"));
+  const auto file = makeFile();
+  QCOMPARE(file->load(fileName, kVersion), EError::OpenError);
+  QCOMPARE(file->errorMsg(),
+           kFilePrefix.arg(fileName) +
+               QStringLiteral("the file cannot be opened: No such file or directory."));
+  QCOMPARE(mCriticals, QStringList());
+}
+
+void tst_CSettingsFile::failedOpenKeepsTheTree() {
+  const auto file = makeFile();
+  QCOMPARE(file->loadFromBuffer(document(QStringLiteral("<A Type='UINT8'>0x1</A>")), kVersion),
+           EError::NoError);
+  const ICSettingsTreeNode* const root = file->root();
+  QCOMPARE(file->loadFromBuffer("<C_SETTINGS_FORMAT>", kVersion), EError::OpenError);
+  QCOMPARE(file->loadFromBuffer(document(QString()), QStringLiteral("2.0")), EError::VersionError);
+  QCOMPARE(file->load(path(QStringLiteral("missing")), kVersion), EError::OpenError);
+  QCOMPARE(static_cast<const ICSettingsTreeNode*>(file->root()), root);
+  QCOMPARE(dumpOf(*file), QStringLiteral("A UINT8 [0x1]\n"));
+
+  QByteArray buffer;
+  QCOMPARE(file->saveToBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(file->errorMsg(), QString());
+}
+
+void tst_CSettingsFile::failedReadReplacesTheTree() {
+  const auto file = makeFile();
+  QCOMPARE(file->loadFromBuffer(document(QStringLiteral("<A Type='UINT8'>0x1</A>")), kVersion),
+           EError::NoError);
+  QCOMPARE(file->loadFromBuffer(
+               document(QStringLiteral("<B Type='STRING'/><C/><D Type='STRING'/>")), kVersion),
+           EError::TypeError);
+  QCOMPARE(dumpOf(*file), QStringLiteral("B STRING []\n"));
+}
+
+void tst_CSettingsFile::saveWithoutTree() {
+  const QString fileName = path(QStringLiteral("without-tree"));
+  QByteArray buffer = "before";
+  const auto file = makeFile();
+  QCOMPARE(file->save(fileName, kVersion), EError::SaveError);
+  QCOMPARE(file->errorMsg(), QStringLiteral("There are no settings to save."));
+  QVERIFY(!QFile::exists(fileName));
+  QCOMPARE(file->saveToBuffer(buffer, kVersion), EError::SaveError);
+  QCOMPARE(file->errorMsg(), QStringLiteral("There are no settings to save."));
+  QCOMPARE(buffer, QByteArray("before"));
+}
+
+void tst_CSettingsFile::editedTreeIsSaved() {
+  CSettingsFileImpl file(nullptr);
+  QCOMPARE(
+      file.loadFromBuffer(
+          document(QStringLiteral("<A Type='UINT8' unit='m'>0x1</A><G><!-- --></G>")), kVersion),
+      EError::NoError);
+  ICSettingsTreeNode* const value = file.root()->childPtr(0);
+  value->setValue(CParamVal(static_cast<unsigned char>(255)));
+  value->setUnit(QString());
+  ICSettingsTreeNode* const group = file.root()->childPtr(1);
+  group->setComment(QStringLiteral("c"));
+  group->setValue(CParamVal("1"));
+  group->setUnit(QStringLiteral("m"));
+  // Nodes without a name are not written, nor does their group count as filled by them.
+  rootOf(file)->addChild(new CSettingsTreeNodeImpl(QString(), ICSettingsTreeNode::TypeInt8));
+  static_cast<CSettingsTreeNodeImpl*>(group)->addChild(
+      new CSettingsTreeNodeImpl(QString(), ICSettingsTreeNode::TypeGroup));
+  QByteArray buffer;
+  QCOMPARE(file.saveToBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(file.loadFromBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(dumpOf(file), QStringLiteral("A UINT8 [0xff]\nG group comment=c\n"));
+}
+
+void tst_CSettingsFile::unsavableTexts_data() {
+  QTest::addColumn<QString>("name");
+  QTest::addColumn<QString>("value");
+  QTest::addColumn<QString>("unit");
+  QTest::addColumn<QString>("comment");
+  QTest::addColumn<QString>("message");
+  const QString fine = QStringLiteral("fine");
+  const QString bell = QStringLiteral("a\x7");
+  QTest::newRow("value")
+      << "A" << bell << fine << fine
+      << "<A>: the text of <A> holds the character \\u0007, which XML cannot hold.";
+  QTest::newRow("lone surrogate") << "A" << QString(QChar(0xD83D)) << fine << fine
+                                  << "<A>: the text of <A> holds the character \\uD83D, which XML "
+                                     "cannot hold.";
+  QTest::newRow("unit")
+      << "A" << fine << bell << fine
+      << "<A>: attribute \"unit\" holds the character \\u0007, which XML cannot hold.";
+  QTest::newRow("comment") << "A" << fine << fine << QString(QChar(0xFFFE))
+                           << "<A>: attribute \"comment\" holds the character \\uFFFE, which XML "
+                              "cannot hold.";
+  QTest::newRow("name with a blank")
+      << "a b" << fine << fine << fine << "\"a b\" cannot be the name of an XML element.";
+  QTest::newRow("name of digits") << "1" << fine << fine << fine
+                                  << "\"1\" cannot be the name of an XML element.";
+}
+
+// A save that fails leaves the old file and the old buffer, and the tree can be saved once it holds
+// nothing wrong any more.
+void tst_CSettingsFile::unsavableTexts() {
+  QFETCH(QString, name);
+  QFETCH(QString, value);
+  QFETCH(QString, unit);
+  QFETCH(QString, comment);
+  QFETCH(QString, message);
+  const QString fileName = path(QStringLiteral("unsavable"));
+  QVERIFY(NGoldenFiles::write(fileName, "old"));
+  CSettingsFileImpl file(nullptr);
+  QCOMPARE(file.loadFromBuffer(document(QString()), kVersion), EError::NoError);
+  auto* const node = new CSettingsTreeNodeImpl(name, ICSettingsTreeNode::TypeString);
+  node->setValue(value);
+  node->setUnit(unit);
+  node->setComment(comment);
+  rootOf(file)->addChild(node);
+
+  QByteArray buffer = "old";
+  QCOMPARE(file.saveToBuffer(buffer, kVersion), EError::SaveError);
+  QCOMPARE(file.errorMsg(), message);
+  QCOMPARE(buffer, QByteArray("old"));
+  QCOMPARE(static_cast<ICSettingsFile&>(file).save(fileName, kVersion), EError::SaveError);
+  QCOMPARE(file.errorMsg(), QStringLiteral("File \"%1\": %2").arg(fileName, message));
+  QCOMPARE(NGoldenFiles::read(fileName), QByteArray("old"));
+  QCOMPARE(mCriticals, QStringList());
+
+  rootOf(file)->removeAllChildren();
+  QCOMPARE(file.saveToBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(file.errorMsg(), QString());
+}
+
+void tst_CSettingsFile::folderThatIsMissing() {
+  const QString fileName = path(QStringLiteral("missing/settings"));
+  const auto file = makeFile();
+  QCOMPARE(file->loadFromBuffer(document(QString()), kVersion), EError::NoError);
+  QCOMPARE(file->save(fileName, kVersion), EError::SaveError);
+  QCOMPARE(file->errorMsg(),
+           QStringLiteral("File \"%1\": the file cannot be written: No such file or directory.")
+               .arg(fileName));
+}
+
+// The deepest tree that a file can hold is read, written and read again; one more level is refused
+// by both.
+void tst_CSettingsFile::deepestTree() {
+  constexpr int kGroups = 1022;  // below the root, with a value in the innermost
+  const QString value = QStringLiteral("<A Type='UINT8'>0x1</A>");
+  const auto nested = [&](int groups) {
+    return document(QStringLiteral("<G>").repeated(groups) + value +
+                    QStringLiteral("</G>").repeated(groups));
+  };
+  CSettingsFileImpl file(nullptr);
+  QCOMPARE(file.loadFromBuffer(nested(kGroups), kVersion), EError::NoError);
+  const QString tree = dumpOf(file);
+  QByteArray buffer;
+  QCOMPARE(file.saveToBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(file.loadFromBuffer(nested(kGroups + 1), kVersion), EError::OpenError);
+  QCOMPARE(file.loadFromBuffer(buffer, kVersion), EError::NoError);
+  QCOMPARE(dumpOf(file), tree);
+
+  CTreeNode<CSettingsNodeData>* innermost = rootOf(file);
+  while (innermost->childCount() > 0) {
+    innermost = innermost->child(0);
+  }
+  auto* const group = new CSettingsTreeNodeImpl(QStringLiteral("G"), ICSettingsTreeNode::TypeGroup);
+  group->addChild(new CSettingsTreeNodeImpl(QStringLiteral("A"), ICSettingsTreeNode::TypeString));
+  innermost->parent()->addChild(group);
+  QCOMPARE(file.saveToBuffer(buffer, kVersion), EError::SaveError);
+}
+
+// What Qt's document gives is the same tree, and Qt reads what is written here.
+void tst_CSettingsFile::qtDocument() {
+  const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/golden"));
+  CSettingsFileImpl file(nullptr);
+  QCOMPARE(file.load(folder.filePath(QStringLiteral("groups.xml")), kVersion), EError::NoError);
+  // Qt's document drops the text of a blank.
+  file.root()->childPtr(0)->childPtr(0)->childPtr(0)->setValue(QStringLiteral(" text "));
+  QByteArray buffer;
+  QCOMPARE(file.saveToBuffer(buffer, kVersion), EError::NoError);
+  QDomDocument written;
+  QVERIFY(written.setContent(buffer));
+
+  CSettingsTreeNodeImpl read(QStringLiteral("root"), ICSettingsTreeNode::TypeGroup);
+  QCOMPARE(file.readGroupFromDom(written.documentElement(), &read), EError::NoError);
+  QCOMPARE(dump(read), dumpOf(file));
+
+  QDomDocument copied;
+  QDomElement root = copied.createElement(QStringLiteral("C_SETTINGS_FORMAT"));
+  copied.appendChild(root);
+  QCOMPARE(CSettingsFileImpl::appendGroupToDom(root, file.root()), EError::NoError);
+  QCOMPARE(file.loadFromBuffer(copied.toByteArray(), kVersion), EError::NoError);
+  QCOMPARE(dump(read), dumpOf(file));
+
+  EError error = EError::NoError;
+  const QDomElement value = root.firstChildElement().firstChildElement().firstChildElement();
+  QCOMPARE(file.toValue(value, error)->value(), CParamVal(" text "));
+  QVERIFY(!file.toValue(root, error));
+  QCOMPARE(error, EError::NoError);
+}
+
+// A given logfile gets what is posted and stays the caller's; an own one leaves no file.
+void tst_CSettingsFile::logfiles() {
+  const QString logName = path(QStringLiteral("settings.log"));
+  const std::unique_ptr<ICLogfile> log(
+      ICLogfile::createLogfile(ICLogfile::LogFile, logName, ICLogfile::kLevelErrors));
+  std::unique_ptr<ICSettingsFile> file(ICSettingsFile::create(log.get()));
+  QCOMPARE(file->loadFromBuffer(document(QStringLiteral("<A/>")), kVersion), EError::TypeError);
+  const QString message = file->errorMsg();
+  file.reset();
+  QVERIFY(log->isActive());
+  QVERIFY(NGoldenFiles::read(logName).contains(message.toUtf8()));
+
+  const QString before = QDir::currentPath();
+  QVERIFY(QDir::setCurrent(mFolder.path()));
+  QCOMPARE(makeFile()->loadFromBuffer(document(QStringLiteral("<A/>")), kVersion),
+           EError::TypeError);
+  QVERIFY(QDir::setCurrent(before));
+  QVERIFY(!QFile::exists(path(QStringLiteral("ICSettingsFile.log"))));
+}
+
+QTEST_GUILESS_MAIN(tst_CSettingsFile)
+#include "tst_CSettingsFile.moc"

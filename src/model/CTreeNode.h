@@ -36,9 +36,7 @@ class CTreeNode {
 
   /// Position among the siblings, found by a search; 0 for a root, -1 when the parent does not
   /// list this node.
-  virtual int row() const {
-    return mParent ? mParent->children().indexOf(const_cast<CTreeNode<T>*>(this)) : 0;
-  }
+  virtual int row() const { return mParent ? mParent->indexOf(this) : 0; }
 
   virtual bool isValid() const { return mData != nullptr; }
 
@@ -68,16 +66,14 @@ class CTreeNode {
 
   /// Hands the child over to the caller.
   virtual CTreeNode<T>* takeChild(CTreeNode<T>* child) {
-    if (!mChildren.removeOne(child)) return nullptr;
+    const int index = indexOf(child);
+    if (index < 0) return nullptr;
+    mChildren.removeAt(index);
     child->setParent(nullptr);
     return child;
   }
 
-  virtual bool removeChild(CTreeNode<T>* child) {
-    if (!mChildren.removeOne(child)) return false;
-    delete child;
-    return true;
-  }
+  virtual bool removeChild(CTreeNode<T>* child) { return removeChild(indexOf(child)); }
 
   virtual bool removeChild(int index) {
     if (index < 0 || index >= childCount()) return false;
@@ -101,6 +97,15 @@ class CTreeNode {
   }
 
  private:
+  // From both ends, since children are mostly removed in their order or in reverse.
+  int indexOf(const CTreeNode<T>* child) const {
+    for (int front = 0, back = childCount() - 1; front <= back; ++front, --back) {
+      if (mChildren.at(front) == child) return front;
+      if (mChildren.at(back) == child) return back;
+    }
+    return -1;
+  }
+
   const T& empty() const {
     static const T emptyValue{};
     return emptyValue;

@@ -74,6 +74,21 @@ int appendUtf8(QStringView text, std::string& utf8) {
   return -1;
 }
 
+QString toQString(std::string_view utf8) {
+  if (utf8.empty()) {
+    return QLatin1String("");  // an empty view may have no data
+  }
+  // QString::fromUtf8() drops a leading U+FEFF as a byte order mark; in a text it is a character.
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  int marks = 0;
+  while (utf8.substr(0, kMark.size()) == kMark) {
+    utf8.remove_prefix(kMark.size());
+    ++marks;
+  }
+  const QString text = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
+  return marks == 0 ? text : QString(marks, QChar(QChar::ByteOrderMark)) + text;
+}
+
 QString readable(QStringView text) {
   QString result;
   for (const QChar c : text) {

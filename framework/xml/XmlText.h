@@ -26,11 +26,8 @@ bool isName(const QString& name);
 /// character, a lone surrogate, U+FFFE, U+FFFF), which ends the conversion, or -1.
 int appendUtf8(QStringView text, std::string& utf8);
 
-/// UTF-8 as a QString, which is never null: an empty view may have no data.
-inline QString toQString(std::string_view utf8) {
-  return utf8.empty() ? QLatin1String("")
-                      : QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
-}
+/// UTF-8 as a QString, which is never null.
+QString toQString(std::string_view utf8);
 
 /// A text for messages, with everything but printable characters written as \uXXXX.
 QString readable(QStringView text);

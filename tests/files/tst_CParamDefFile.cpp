@@ -1,0 +1,182 @@
+#include "CMessageBoardHelper.h"
+#include "CParamDefFile.h"
+#include "ICLogfile.h"
+#include "LumoToday.h"
+#include "ParamFileText.h"
+#include "TestFiles.h"
+
+#include <QDomDocument>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using namespace NTestFiles;
+
+namespace {
+
+std::unique_ptr<ICParameterFile> makeFile() {
+  return std::unique_ptr<ICParameterFile>(
+      ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+}
+
+QString definitionsOf(const ICParameterFile& file) {
+  QStringList lines;
+  for (const QString& name : file.defNames()) {
+    lines += NParamFileText::definition(file.paramDef(name));
+  }
+  return lines.join('\n');
+}
+
+}  // namespace
+
+class tst_CParamDefFile : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase() {
+    NLumoToday::setToday([] { return QDate(2026, 3, 4); });
+  }
+  void cleanup() { CMessageBoardHelper::setHandler({}); }
+
+  void refusesAndChangesNothing_data() {
+    QTest::addColumn<QString>("fileName");
+    const QDir folder(data("definitions/invalid"));
+    for (const QString& name : folder.entryList({"*.xpdef"})) {
+      QTest::newRow(qPrintable(name)) << folder.filePath(name);
+    }
+    QTest::newRow("missing file") << folder.filePath("missing");
+  }
+  void refusesAndChangesNothing() {
+    QFETCH(QString, fileName);
+    int posted = 0;
+    CMessageBoardHelper::setHandler([&](auto, const QString&) { ++posted; });
+    auto file = makeFile();
+    QVERIFY(file->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000));
+    const QString before = NParamFileText::all(*file);
+    const QByteArray bytes = read(fileName);
+
+    QVERIFY(!file->loadParamDefFile(fileName, 0x10000));
+    QCOMPARE(file->errorMsg(), expected(fileName));
+    const bool openFailed = file->errorMsg().startsWith("File ");
+    QCOMPARE(posted, openFailed ? 1 : 0);
+    QCOMPARE(file->errorLine() > 0, !openFailed);
+    QCOMPARE(NParamFileText::all(*file), before);
+    QCOMPARE(read(fileName), bytes);
+  }
+
+  void readsEveryFeatureAndKeepsItThroughASave() {
+    const QString fileName = data("definitions/valid/Everything.xpdef");
+    auto file = makeFile();
+    QVERIFY2(file->loadParamDefFile(fileName, 0x10000), qPrintable(file->errorMsg()));
+    QCOMPARE(definitionsOf(*file), expected(fileName));
+    QCOMPARE(file->defAuthor(), QString("A. Uthor"));
+    QCOMPARE(file->defDate(), QDate(2026, 2, 3));
+    QVERIFY(!file->isChanged());
+
+    QTemporaryDir folder;
+    const QString first = folder.filePath("first.xpdef");
+    const QString second = folder.filePath("second.xpdef");
+    QVERIFY2(file->saveParamDefFile(first, 0x10000), qPrintable(file->errorMsg()));
+    auto again = makeFile();
+    QVERIFY2(again->loadParamDefFile(first, 0x10000), qPrintable(again->errorMsg()));
+    QCOMPARE(definitionsOf(*again), definitionsOf(*file));
+    QCOMPARE(again->defDate(), QDate(2026, 3, 4));
+    QVERIFY(again->saveParamDefFile(second, 0x10000));
+    QCOMPARE(read(second), read(first));
+  }
+
+  void writesTheExampleAsItIs() {
+    NLumoToday::setToday([] { return QDate(2026, 11, 20); });
+    QTemporaryDir folder;
+    auto file = makeFile();
+    QVERIFY(file->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000));
+    QVERIFY(file->saveParamDefFile(folder.filePath("a.xpdef"), 0x10000));
+    QCOMPARE(read(folder.filePath("a.xpdef")), read(example("TwoAxisDrive.xpdef")));
+  }
+
+  void qtDomGivesAndTakesTheSameDefinitions() {
+    QDomDocument document;
+    QVERIFY(document.setContent(read(example("TwoAxisDrive.xpdef"))));
+    CParamDefFile direct(nullptr, nullptr);
+    QVERIFY(direct.open(example("TwoAxisDrive.xpdef"), "1.0"));
+    CParamDefFile throughQt(nullptr, nullptr);
+    CParamDefFile thereAndBack(nullptr, nullptr);
+    QDomElement copies = document.createElement("Data");
+    const QDomElement section = document.documentElement().firstChildElement("Data");
+    for (QDomElement param = section.firstChildElement("Param"); !param.isNull();
+         param = param.nextSiblingElement("Param")) {
+      QVERIFY2(throughQt.readParamDefinitionFromDom(param), qPrintable(throughQt.errorMsg()));
+      const QString name = param.firstChildElement("Name").text();
+      CParamDefFile::appendParamDefinitionToDom(copies, throughQt.paramDefinitions()[name]);
+      QVERIFY(thereAndBack.readParamDefinitionFromDom(copies.lastChildElement()));
+    }
+    const auto definitions = direct.paramDefinitions();
+    QCOMPARE(throughQt.paramDefinitions().size(), definitions.size());
+    for (const CParamDefItem& definition : definitions) {
+      const QString text = NParamFileText::definition(definition);
+      const QString name = definition.name();
+      QCOMPARE(NParamFileText::definition(throughQt.paramDefinitions()[name]), text);
+      QCOMPARE(NParamFileText::definition(thereAndBack.paramDefinitions()[name]), text);
+    }
+  }
+
+  void aDefinitionIsEnteredOnce() {
+    CParamDefFile file(nullptr, nullptr);
+    QVERIFY(file.enterDefinition(CParamDefItem("Speed", NParamDef::PARAM_TYPE_F64, 7)));
+    QVERIFY(!file.enterDefinition(CParamDefItem("Speed", NParamDef::PARAM_TYPE_F64, 8)));
+    QCOMPARE(file.errorMsg(), QString("Threre is alredy a Parameter with name = \"Speed\"."));
+  }
+
+  void refusesToSaveWhatCouldNotBeRead_data() {
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("id twice") << "The definitions \"A\" and \"B\" bear the same id 7.";
+    QTest::newRow("name twice") << "Two definitions bear the name \"A\".";
+    QTest::newRow("limits") << "Parameter 'A' -> Minimum exceeds Maximum.";
+    QTest::newRow("reserved")
+        << "Parameter (Id=7) -> The name \"[standard constructed]\" is reserved.";
+    QTest::newRow("control character") << "File \"@FILE@\": <Param> \"A\": the text of <Hint> "
+                                          "holds the character \\u0001, which XML "
+                                          "cannot hold.";
+  }
+  void refusesToSaveWhatCouldNotBeRead() {
+    QFETCH(QString, reason);
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath("a.xpdef");
+    QVERIFY(write(fileName, "old"));
+    auto file = makeFile();
+    CParamDefItem* a = file->addDef("A", NParamDef::PARAM_TYPE_I32, 7);
+    CParamDefItem* b = file->addDef("B", NParamDef::PARAM_TYPE_I32, 8);
+    const QString row = QTest::currentDataTag();
+    if (row == "id twice") b->setId(7);
+    if (row == "name twice") b->setName("A");
+    if (row == "limits") a->setMinVal(1), a->setMaxVal(-1);
+    if (row == "reserved") a->setName("[standard constructed]");
+    if (row == "control character") a->setHint(QString("x") + QChar(1));
+    QVERIFY(!file->saveParamDefFile(fileName, 0x10000));
+    QCOMPARE(file->errorMsg(), reason.replace("@FILE@", fileName));
+    QCOMPARE(read(fileName), QByteArray("old"));
+  }
+
+  void logsASuccessfulLoad() {
+    struct SLog : ICLogfile {
+      bool isActive() const override { return true; }
+      bool isLevelEnabled(quint32 level) const override { return (level & 8) != 0; }
+      quint32 levelMask() const override { return 8; }
+      void setLevelMask(quint32) override {}
+      QString prefix() const override { return {}; }
+      void setPrefix(const QString&) override {}
+      void write(quint32, const QString& text) override { lines += text; }
+      QStringList lines;
+    } log;
+    CParamDefFile file(&log, nullptr);
+    const QString name = example("TwoAxisDrive.xpdef");
+    QVERIFY(file.open(name, "1.0"));
+    QCOMPARE(
+        log.lines,
+        QStringList(QString("Parameter definition file \"%1\" loaded successfully.").arg(name)));
+  }
+};
+
+QTEST_APPLESS_MAIN(tst_CParamDefFile)
+#include "tst_CParamDefFile.moc"

@@ -5,6 +5,8 @@
 #include <QSaveFile>
 
 #include <fcntl.h>
+#include <sys/sendfile.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -60,6 +62,50 @@ bool fill(QSaveFile& file, const QByteArray& content, QFileDevice::Permissions p
     return false;
   }
   return true;
+}
+
+/// Copies what is left of one open file to another and brings it to the disk: 0, or the system's
+/// error.
+int copyContent(int source, int target) {
+  constexpr size_t kChunkBytes = size_t(1) << 30U;
+  ssize_t copied = 0;
+  do {
+    copied = ::sendfile(target, source, nullptr, kChunkBytes);
+  } while (copied > 0 || (copied < 0 && errno == EINTR));
+  return copied < 0 || ::fsync(target) != 0 ? errno : 0;
+}
+
+/// Copies a file, with its permissions, to one that does not exist yet: 0, or the system's error.
+int copyToNewFile(const QByteArray& source, const QByteArray& target) {
+  const int from = ::open(source.constData(), O_RDONLY | O_CLOEXEC);
+  if (from < 0) {
+    return errno;
+  }
+  struct stat info = {};
+  const int to = ::fstat(from, &info) == 0
+                     ? ::open(target.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR)
+                     : -1;
+  int code = to < 0 ? errno : 0;
+  if (to >= 0) {
+    code = ::fchmod(to, info.st_mode & ALLPERMS) == 0 ? copyContent(from, to) : errno;
+    ::close(to);
+    if (code != 0) {
+      ::unlink(target.constData());
+    }
+  }
+  ::close(from);
+  return code;
+}
+
+/// Gives a file a second name, or makes a copy where the file system does not have such names.
+/// Neither replaces a file. Returns 0, or the system's error.
+int addName(const QString& fileName, const QString& newName) {
+  const QByteArray source = QFile::encodeName(fileName);
+  const QByteArray target = QFile::encodeName(newName);
+  if (::link(source.constData(), target.constData()) == 0) {
+    return 0;
+  }
+  return errno == EEXIST || errno == ENOENT ? errno : copyToNewFile(source, target);
 }
 
 }  // namespace
@@ -121,5 +167,29 @@ bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
                 .arg(systemError(errno));
     return false;
   }
+  return true;
+}
+
+bool CAtomicFile::keepAsBackup(const QString& fileName, QString& backupName, QString& error) {
+  constexpr int kMaxBackups = 10000;
+  const QString source = linkTarget(fileName);
+  if (source.isEmpty() || !QFileInfo(source).isFile()) {
+    error = tr("this is not a regular file and is not kept as a backup.");
+    return false;
+  }
+  QString name = fileName + QLatin1String(".bak");
+  int code = addName(source, name);
+  for (int number = 1; code == EEXIST && number < kMaxBackups; ++number) {
+    name = fileName + QLatin1String(".bak.") + QString::number(number);
+    code = addName(source, name);
+  }
+  if (code == 0 && !syncFolder(QFileInfo(name).absolutePath())) {
+    code = errno;
+  }
+  if (code != 0) {
+    error = tr("the file cannot be kept as \"%1\": %2.").arg(name, systemError(code));
+    return false;
+  }
+  backupName = name;
   return true;
 }

@@ -25,4 +25,11 @@ class KTOFRAMEWORK_EXPORT CAtomicFile {
   /// only when the folder itself could not be brought to the disk may it be the new one.
   static bool write(const QString& fileName, const QByteArray& content,
                     QFileDevice::Permissions permissions, QString& error);
+
+  /// Keeps a regular file, before it is replaced, under the name that is its own and ".bak", or
+  /// ".bak.1", ".bak.2" and so on when there is one already: no file is ever overwritten. The
+  /// content stays readable under both names until the file is replaced; of a symbolic link, that
+  /// of its target is kept beside the link. On success backupName is the new name; on failure error
+  /// is the reason, without the file's name.
+  static bool keepAsBackup(const QString& fileName, QString& backupName, QString& error);
 };

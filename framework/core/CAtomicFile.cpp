@@ -46,13 +46,25 @@ bool syncFolder(const QString& folder) {
   return synced;
 }
 
+/// Gives the temporary file the permissions asked for, or exactly those of the file that it is to
+/// replace; Qt's own copy takes what this user may do for what the owner may.
+bool setMode(QSaveFile& file, const QString& target, QFileDevice::Permissions permissions) {
+  struct stat old {};
+  const bool exists = ::stat(QFile::encodeName(target).constData(), &old) == 0;
+  if (exists && ::fchown(file.handle(), old.st_uid, old.st_gid) != 0) {
+    // Only the superuser can give files away; the file then belongs to whoever saved it.
+  }
+  if (permissions) {
+    return file.setPermissions(permissions);
+  }
+  return !exists || ::fchmod(file.handle(), old.st_mode & 07777U) == 0;
+}
+
 /// Brings the whole content to the disk, under the temporary name. Every step is checked here,
 /// since QSaveFile::commit() overlooks a failing flush and a failing sync.
-bool fill(QSaveFile& file, const QByteArray& content, QFileDevice::Permissions permissions,
-          QString& reason) {
-  const bool written = (!permissions || file.setPermissions(permissions)) &&
-                       file.write(content) == content.size() && file.flush() &&
-                       file.error() == QFileDevice::NoError;
+bool fill(QSaveFile& file, const QByteArray& content, QString& reason) {
+  const bool written =
+      file.write(content) == content.size() && file.flush() && file.error() == QFileDevice::NoError;
   if (!written) {
     reason = file.errorString();
     return false;
@@ -151,9 +163,11 @@ bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
     error = tr("the file cannot be written: %1.").arg(file.errorString());
     return false;
   }
-  const QFileDevice::Permissions kept = info.exists() ? info.permissions() : permissions;
   QString reason;
-  if (!fill(file, content, permissions ? permissions : kept, reason)) {
+  if (!setMode(file, target, permissions)) {
+    reason = tr("its permissions cannot be set");
+  }
+  if (!reason.isEmpty() || !fill(file, content, reason)) {
     file.cancelWriting();
     error = tr("the file cannot be written, the old one is kept: %1.").arg(reason);
     return false;

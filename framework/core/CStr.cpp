@@ -89,6 +89,17 @@ bool isText(std::string_view text, std::string_view lowerCase) {
                     [](char a, char b) { return (a | 0x20) == b; });
 }
 
+// The largest numbers, written with 15 digits, are rounded up to a text beyond the largest double.
+// What the library writes must be readable, so such a text stands for the largest double.
+std::optional<double> roundedDown(std::string_view text) {
+  constexpr long double kLargestText = 1.79769313486232e308L;
+  long double number = 0.0L;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || stop != text.data() + text.size()) return std::nullopt;
+  if (number < 1.0L || number > kLargestText) return std::nullopt;
+  return std::numeric_limits<double>::max();
+}
+
 std::optional<double> magnitudeF64(std::string_view text) {
   if (isText(text, "inf")) return std::numeric_limits<double>::infinity();
   if (isText(text, "nan")) return std::numeric_limits<double>::quiet_NaN();
@@ -99,6 +110,7 @@ std::optional<double> magnitudeF64(std::string_view text) {
   double number = 0.0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error == std::errc::result_out_of_range) return roundedDown(text);
   if (error != std::errc() || stop != end) return std::nullopt;
   return number;
 }

@@ -73,7 +73,7 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
       if (!element.firstChild().isNull()) {
         todo.push_back({element.firstChild(), copy});
       }
-    } else if (step.node.isCharacterData() && !step.node.isComment()) {
+    } else if (step.node.isText() || step.node.isCDATASection()) {
       const auto kind = step.node.isCDATASection() ? SDomNode::CData : SDomNode::Text;
       data.appendText(step.parent, kind, data.addText(step.node.nodeValue().toStdString()), line);
     } else {

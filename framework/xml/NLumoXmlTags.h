@@ -5,96 +5,102 @@
 /// The names of every XML tag and attribute, and the keyword texts, of the tool chain's files.
 namespace NLumoXmlTags {
 
+/// A constant text; QLatin1String's own constructor does not count characters at compile time.
+template <size_t N>
+constexpr QLatin1String text(const char (&characters)[N]) {
+  return QLatin1String(characters, static_cast<int>(N - 1));
+}
+
 // Root tags; those of value files name the file type.
-constexpr QLatin1String TAG_ROOT_XML_SETTINGS("C_SETTINGS_FORMAT");
-constexpr QLatin1String TAG_ROOT_C_COMPENSATION("C_COMPENSATION_FORMAT");
-constexpr QLatin1String TAG_ROOT_PARAMETERS("LumoParameters");
-constexpr QLatin1String TAG_ROOT_CONF_PARAM("LumoConfigParams");
-constexpr QLatin1String TAG_ROOT_DEVICE_DB("LumoDeviceDatabase");
-constexpr QLatin1String TAG_ROOT_PLUGIN_PARAM("LumoPluginParameters");
-constexpr QLatin1String TAG_ROOT_FIRMWARE_DB("LumoFirmwareDataBase");
-constexpr QLatin1String TAG_ROOT_LOGIC_DB("LumoLogicDataBase");
-constexpr QLatin1String TAG_ROOT_OEM_PARAMETERS("LumoOemParameters");
-constexpr QLatin1String TAG_ROOT_MOTOR_PARAMETERS("LumoMotorParameters");
-constexpr QLatin1String TAG_ROOT_TYPEPLATE_DATA("LumoTypePlateData");
-constexpr QLatin1String TAG_ROOT_OPTION_MODUL_DB("LumoOptionModulDatabase");
-constexpr QLatin1String TAG_ROOT_PARAM_DEFINITION("LumoParamDefinition");
+constexpr QLatin1String TAG_ROOT_XML_SETTINGS = text("C_SETTINGS_FORMAT");
+constexpr QLatin1String TAG_ROOT_C_COMPENSATION = text("C_COMPENSATION_FORMAT");
+constexpr QLatin1String TAG_ROOT_PARAMETERS = text("LumoParameters");
+constexpr QLatin1String TAG_ROOT_CONF_PARAM = text("LumoConfigParams");
+constexpr QLatin1String TAG_ROOT_DEVICE_DB = text("LumoDeviceDatabase");
+constexpr QLatin1String TAG_ROOT_PLUGIN_PARAM = text("LumoPluginParameters");
+constexpr QLatin1String TAG_ROOT_FIRMWARE_DB = text("LumoFirmwareDataBase");
+constexpr QLatin1String TAG_ROOT_LOGIC_DB = text("LumoLogicDataBase");
+constexpr QLatin1String TAG_ROOT_OEM_PARAMETERS = text("LumoOemParameters");
+constexpr QLatin1String TAG_ROOT_MOTOR_PARAMETERS = text("LumoMotorParameters");
+constexpr QLatin1String TAG_ROOT_TYPEPLATE_DATA = text("LumoTypePlateData");
+constexpr QLatin1String TAG_ROOT_OPTION_MODUL_DB = text("LumoOptionModulDatabase");
+constexpr QLatin1String TAG_ROOT_PARAM_DEFINITION = text("LumoParamDefinition");
 
 // Version attribute of the root: definition and value files write it small, the others do not.
-constexpr QLatin1String ATTR_VERSION("version");
-constexpr QLatin1String ATTR_VERSION_CAPITAL("Version");
+constexpr QLatin1String ATTR_VERSION = text("version");
+constexpr QLatin1String ATTR_VERSION_CAPITAL = text("Version");
 
 // Head meta data.
-constexpr QLatin1String TAG_HEAD("Head");
-constexpr QLatin1String TAG_DATE("Date");
-constexpr QLatin1String TAG_AUTHOR("Author");
-constexpr QLatin1String TAG_COMMENT("Comment");
+constexpr QLatin1String TAG_HEAD = text("Head");
+constexpr QLatin1String TAG_DATE = text("Date");
+constexpr QLatin1String TAG_AUTHOR = text("Author");
+constexpr QLatin1String TAG_COMMENT = text("Comment");
 
 // Definition and value files.
-constexpr QLatin1String TAG_DATA("Data");
-constexpr QLatin1String TAG_PARAM("Param");
-constexpr QLatin1String TAG_NAME("Name");
-constexpr QLatin1String TAG_TYPE("Type");
-constexpr QLatin1String ATTR_ID("id");
+constexpr QLatin1String TAG_DATA = text("Data");
+constexpr QLatin1String TAG_PARAM = text("Param");
+constexpr QLatin1String TAG_NAME = text("Name");
+constexpr QLatin1String TAG_TYPE = text("Type");
+constexpr QLatin1String ATTR_ID = text("id");
 
 // Definition files.
-constexpr QLatin1String TAG_UNIT("Unit");
-constexpr QLatin1String TAG_HINT("Hint");
-constexpr QLatin1String TAG_DEF_VAL("DefVal");
-constexpr QLatin1String TAG_MIN_VAL("MinVal");
-constexpr QLatin1String TAG_MAX_VAL("MaxVal");
-constexpr QLatin1String TAG_MIN_OBJ("MinObj");
-constexpr QLatin1String TAG_MAX_OBJ("MaxObj");
-constexpr QLatin1String TAG_ENUM("Enum");
-constexpr QLatin1String TAG_RADIO("Radio");
-constexpr QLatin1String TAG_ITEM("Item");
-constexpr QLatin1String TAG_CHECK("Check");
-constexpr QLatin1String TAG_CHECKED("Checked");
-constexpr QLatin1String TAG_UNCHECKED("Unchecked");
-constexpr QLatin1String TAG_UNDEFINED("Undefined");
-constexpr QLatin1String TAG_BIT_SET("BitSet");
-constexpr QLatin1String TAG_BIT("Bit");
-constexpr QLatin1String TAG_VISIBLE_VALUES("VisibleValues");
-constexpr QLatin1String ATTR_EDIT("edit");
-constexpr QLatin1String ATTR_VALUE("value");
-constexpr QLatin1String ATTR_POS("pos");
-constexpr QLatin1String ATTR_INVERT("invert");
-constexpr QLatin1String ATTR_REF_ID("refId");
-constexpr QLatin1String VAL_TRUE("true");
-constexpr QLatin1String VAL_FALSE("false");
+constexpr QLatin1String TAG_UNIT = text("Unit");
+constexpr QLatin1String TAG_HINT = text("Hint");
+constexpr QLatin1String TAG_DEF_VAL = text("DefVal");
+constexpr QLatin1String TAG_MIN_VAL = text("MinVal");
+constexpr QLatin1String TAG_MAX_VAL = text("MaxVal");
+constexpr QLatin1String TAG_MIN_OBJ = text("MinObj");
+constexpr QLatin1String TAG_MAX_OBJ = text("MaxObj");
+constexpr QLatin1String TAG_ENUM = text("Enum");
+constexpr QLatin1String TAG_RADIO = text("Radio");
+constexpr QLatin1String TAG_ITEM = text("Item");
+constexpr QLatin1String TAG_CHECK = text("Check");
+constexpr QLatin1String TAG_CHECKED = text("Checked");
+constexpr QLatin1String TAG_UNCHECKED = text("Unchecked");
+constexpr QLatin1String TAG_UNDEFINED = text("Undefined");
+constexpr QLatin1String TAG_BIT_SET = text("BitSet");
+constexpr QLatin1String TAG_BIT = text("Bit");
+constexpr QLatin1String TAG_VISIBLE_VALUES = text("VisibleValues");
+constexpr QLatin1String ATTR_EDIT = text("edit");
+constexpr QLatin1String ATTR_VALUE = text("value");
+constexpr QLatin1String ATTR_POS = text("pos");
+constexpr QLatin1String ATTR_INVERT = text("invert");
+constexpr QLatin1String ATTR_REF_ID = text("refId");
+constexpr QLatin1String VAL_TRUE = text("true");
+constexpr QLatin1String VAL_FALSE = text("false");
 
 // Value files.
-constexpr QLatin1String TAG_SUB_DEVICE("SubDevice");
-constexpr QLatin1String TAG_GROUP("Group");
-constexpr QLatin1String TAG_VALUE("Value");
-constexpr QLatin1String ATTR_HARDWARE_ID("hardwareId");
+constexpr QLatin1String TAG_SUB_DEVICE = text("SubDevice");
+constexpr QLatin1String TAG_GROUP = text("Group");
+constexpr QLatin1String TAG_VALUE = text("Value");
+constexpr QLatin1String ATTR_HARDWARE_ID = text("hardwareId");
 
 // Settings files. The names of the types, and how a boolean value is written.
-constexpr QLatin1String ATTR_TYPE("Type");
-constexpr QLatin1String ATTR_UNIT("unit");
-constexpr QLatin1String ATTR_COMMENT("comment");
-constexpr QLatin1String VAL_TYPE_UINT8("UINT8");
-constexpr QLatin1String VAL_TYPE_UINT16("UINT16");
-constexpr QLatin1String VAL_TYPE_UINT32("UINT32");
-constexpr QLatin1String VAL_TYPE_UINT64("UINT64");
-constexpr QLatin1String VAL_TYPE_INT8("INT8");
-constexpr QLatin1String VAL_TYPE_INT16("INT16");
-constexpr QLatin1String VAL_TYPE_INT32("INT32");
-constexpr QLatin1String VAL_TYPE_INT64("INT64");
-constexpr QLatin1String VAL_TYPE_REAL64("REAL64");
-constexpr QLatin1String VAL_TYPE_STRING("STRING");
-constexpr QLatin1String VAL_TYPE_BOOLEAN("BOOLEAN");
-constexpr QLatin1String VAL_SETTINGS_TRUE("TRUE");
-constexpr QLatin1String VAL_SETTINGS_FALSE("FALSE");
+constexpr QLatin1String ATTR_TYPE = text("Type");
+constexpr QLatin1String ATTR_UNIT = text("unit");
+constexpr QLatin1String ATTR_COMMENT = text("comment");
+constexpr QLatin1String VAL_TYPE_UINT8 = text("UINT8");
+constexpr QLatin1String VAL_TYPE_UINT16 = text("UINT16");
+constexpr QLatin1String VAL_TYPE_UINT32 = text("UINT32");
+constexpr QLatin1String VAL_TYPE_UINT64 = text("UINT64");
+constexpr QLatin1String VAL_TYPE_INT8 = text("INT8");
+constexpr QLatin1String VAL_TYPE_INT16 = text("INT16");
+constexpr QLatin1String VAL_TYPE_INT32 = text("INT32");
+constexpr QLatin1String VAL_TYPE_INT64 = text("INT64");
+constexpr QLatin1String VAL_TYPE_REAL64 = text("REAL64");
+constexpr QLatin1String VAL_TYPE_STRING = text("STRING");
+constexpr QLatin1String VAL_TYPE_BOOLEAN = text("BOOLEAN");
+constexpr QLatin1String VAL_SETTINGS_TRUE = text("TRUE");
+constexpr QLatin1String VAL_SETTINGS_FALSE = text("FALSE");
 
 // Compensation files. A point holds its adjustment in "ADJUST", in old files in "ERROR".
-constexpr QLatin1String TAG_HEADER("HEADER");
-constexpr QLatin1String TAG_MIN("MIN");
-constexpr QLatin1String TAG_MAX("MAX");
-constexpr QLatin1String TAG_POINTLIST("POINTLIST");
-constexpr QLatin1String TAG_POINT("POINT");
-constexpr QLatin1String TAG_POSITION("POSITION");
-constexpr QLatin1String TAG_ADJUST("ADJUST");
-constexpr QLatin1String TAG_ERROR("ERROR");
+constexpr QLatin1String TAG_HEADER = text("HEADER");
+constexpr QLatin1String TAG_MIN = text("MIN");
+constexpr QLatin1String TAG_MAX = text("MAX");
+constexpr QLatin1String TAG_POINTLIST = text("POINTLIST");
+constexpr QLatin1String TAG_POINT = text("POINT");
+constexpr QLatin1String TAG_POSITION = text("POSITION");
+constexpr QLatin1String TAG_ADJUST = text("ADJUST");
+constexpr QLatin1String TAG_ERROR = text("ERROR");
 
 }  // namespace NLumoXmlTags

@@ -193,6 +193,7 @@ void tst_CStr::floats_data() {
   row("1E-5", 1e-5);
   row("9007199254740993", 9007199254740992.0);
   row("1.7976931348623157e308", DBL_MAX);
+  row("1.79769313486232e+308", DBL_MAX);  // the largest double with 15 digits
   row("2.2250738585072014e-308", DBL_MIN);
   row("4.9e-324", std::numeric_limits<double>::denorm_min());
   row("-1e-310", -1e-310);

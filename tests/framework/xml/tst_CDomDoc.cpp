@@ -1,0 +1,357 @@
+#include "CDomDoc.h"
+#include "TestFiles.h"
+
+#include <QDomDocument>
+#include <QTextCodec>
+#include <QtTest>
+
+namespace {
+
+const auto kA = QLatin1String("a");
+const auto kB = QLatin1String("b");
+
+/// A text in UTF-16 of one byte order, behind its mark if wanted.
+QByteArray utf16(const QString& text, bool bigEndian, bool mark = true) {
+  QByteArray bytes;
+  const QString all = mark ? QChar(QChar::ByteOrderMark) + text : text;
+  for (const QChar c : all) {
+    const char low = static_cast<char>(c.cell());
+    const char high = static_cast<char>(c.row());
+    bytes += bigEndian ? high : low;
+    bytes += bigEndian ? low : high;
+  }
+  return bytes;
+}
+
+/// The nodes of a document as text: elements with attributes, texts in [], CDATA apart.
+QString nodes(const QDomNode& node) {
+  QString text;
+  for (QDomNode child = node.firstChild(); !child.isNull(); child = child.nextSibling()) {
+    if (child.isElement()) {
+      QStringList attributes;
+      const QDomNamedNodeMap map = child.attributes();
+      for (int i = 0; i < map.count(); ++i) {
+        attributes += map.item(i).nodeName() + '=' + map.item(i).nodeValue();
+      }
+      attributes.sort();
+      text += '<' + child.nodeName() + ' ' + attributes.join(' ') + '>' + nodes(child) + "</>";
+    } else if (child.isCDATASection()) {
+      text += "{" + child.nodeValue() + "}";
+    } else if (child.isText()) {
+      text += "[" + child.nodeValue() + "]";
+    } else {
+      text += "?";
+    }
+  }
+  return text;
+}
+
+QString nodesOf(const CDomDoc& document) {
+  QDomDocument qt;
+  QDomElement top = qt.createElement("top");
+  document.documentElement().toDom(top);
+  return nodes(top);
+}
+
+}  // namespace
+
+class tst_CDomDoc : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void readsEncodings_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    const QString text =
+        QString::fromUtf8("<?xml version=\"1.0\" encoding=\"%1\"?>\n<a>\xC3\xA4</a>");
+    const QString bare = QString::fromUtf8("<a>\xC3\xA4</a>");
+    const auto latin = [&](const char* name) { return text.arg(name).toLatin1(); };
+    QTest::newRow("UTF-16LE") << utf16(text.arg("UTF-16"), false);
+    QTest::newRow("UTF-16BE") << utf16(text.arg("utf-16"), true);
+    QTest::newRow("UTF-16LE without mark") << utf16(text.arg("UTF-16"), false, false);
+    QTest::newRow("UTF-16BE without mark or declaration") << utf16(bare, true, false);
+    QTest::newRow("UTF-8") << text.arg("UTF-8").toUtf8();
+    QTest::newRow("UTF-8 with mark") << "\xEF\xBB\xBF" + text.arg("utf-8").toUtf8();
+    QTest::newRow("UTF-8 without declaration") << bare.toUtf8();
+    QTest::newRow("ISO-8859-1") << latin("ISO-8859-1");
+    QTest::newRow("windows-1252") << latin("Windows-1252");
+  }
+  void readsEncodings() {
+    QFETCH(QByteArray, bytes);
+    CDomDoc document;
+    QString error;
+    QVERIFY2(document.setContent(bytes, error), qPrintable(error));
+    QCOMPARE(document.documentElement().text(), QString(QChar(0xE4)));
+  }
+
+  void windows1252HasItsOwnCharacters() {
+    CDomDoc document;
+    QString error;
+    const QByteArray head = "<?xml version=\"1.0\" encoding=\"windows-1252\"?><a>";
+    QVERIFY(document.setContent(head + "\x80\x9F\xFF</a>", error));
+    QCOMPARE(document.documentElement().text(), QString::fromUtf8("€Ÿÿ"));
+    QVERIFY(!document.setContent(head + "\x81</a>", error));
+  }
+
+  void refusesBytes_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("message");
+    const QString notWhatItDeclares =
+        "Line 1: the document is not in the encoding that it declares.";
+    const QString declared = "<?xml version=\"1.0\" encoding=\"%1\"?><a/>";
+    QTest::newRow("empty") << QByteArray("")
+                           << "Line 1: there is no root element, the document ends too early.";
+    QTest::newRow("UTF-8 mark, ISO-8859-1 declared")
+        << "\xEF\xBB\xBF" + declared.arg("ISO-8859-1").toUtf8() << notWhatItDeclares;
+    QTest::newRow("UTF-16 declared in UTF-8")
+        << declared.arg("UTF-16").toUtf8() << notWhatItDeclares;
+    QTest::newRow("UTF-8 declared in UTF-16")
+        << utf16(declared.arg("UTF-8"), false) << notWhatItDeclares;
+    QTest::newRow("other byte order declared")
+        << utf16(declared.arg("UTF-16BE"), false) << notWhatItDeclares;
+    QTest::newRow("unknown encoding")
+        << declared.arg("KOI8-R").toUtf8()
+        << "Line 1: the encoding that the document declares is not supported.";
+    QTest::newRow("odd length") << utf16("<a/>", false) + "\n"
+                                << "The document is in UTF-16 but has an odd number of bytes.";
+    QTest::newRow("umlaut in US-ASCII")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"US-ASCII\"?><a>\xE4</a>")
+        << "Line 1: a character or mark-up stands here that XML does not allow.";
+    QTest::newRow("zeroed block")
+        << utf16("<a>\n", false) + QByteArray(512, '\0')
+        << "Line 2: a character or mark-up stands here that XML does not allow.";
+    for (const bool big : {false, true}) {
+      const QByteArray order = big ? "BE" : "LE";
+      const QString lone = "Line 2: half of a surrogate pair stands alone.";
+      QTest::newRow(QByteArray("high surrogate before mark-up " + order).constData())
+          << utf16(QString("<a>\n") + QChar(0xD800) + "</a>", big) << lone;
+      QTest::newRow(QByteArray("low surrogate " + order).constData())
+          << utf16(QString("<a>\n") + QChar(0xDC00) + "</a>", big) << lone;
+      QTest::newRow(QByteArray("high surrogate at the end " + order).constData())
+          << utf16(QString("<a/>\n") + QChar(0xD800), big) << lone;
+    }
+  }
+  void refusesBytes() {
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, message);
+    CDomDoc document;
+    QString error;
+    QVERIFY(!document.setContent(bytes, error));
+    QCOMPARE(error, message);
+    QVERIFY(document.documentElement().isNull());
+  }
+
+  void refusesText_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* name, const QString& text, const QString& message) {
+      QTest::newRow(name) << text << message;
+    };
+    const QString invalid = "a character or mark-up stands here that XML does not allow.";
+    row("truncated tag", "<a>\n<b", "Line 2: the document ends within a tag, text or comment.");
+    row("truncated element", "<a>\n",
+        "Line 2: there is no root element, the document ends too early.");
+    row("mismatched tag", "<a>\n<b>\n</a>",
+        "Line 3: the closing tag does not match the open tag <b> of line 2.");
+    row("second root", "<a/>\n<b/>", "Line 2: something follows the end of the root element.");
+    row("text behind the root", "<a/>\nx",
+        "Line 2: something follows the end of the root element.");
+    row("attribute twice", "<a>\n<b x='1' x='2'/></a>",
+        "Line 2: an attribute stands twice in one tag.");
+    row("undeclared entity", "<a>\n&foo;</a>", "Line 2: an entity is used that is not declared.");
+    row("control character", "<a>\n\x01</a>", "Line 2: " + invalid);
+    row("NUL reference", "<a>\n&#0;</a>",
+        "Line 2: a character reference names a character that XML does not allow.");
+    row("surrogate reference", "<a>\n&#xD800;</a>",
+        "Line 2: a character reference names a character that XML does not allow.");
+    row("no character", QString("<a>\n") + QChar(0xFFFE) + "</a>", "Line 2: " + invalid);
+    row("no character in a name", QString("<a>\n<b") + QChar(0xFFFF) + "/></a>",
+        "Line 2: " + invalid);
+    row("end of CDATA in text", "<a>\n]]></a>", "Line 2: " + invalid);
+    row("internal subset", "<!DOCTYPE a [\n]><a/>",
+        "Line 1: a document type declaration with declarations of its own is not allowed.");
+    row("entity flood", "<!DOCTYPE a [<!ENTITY x \"y\"><!ENTITY z \"&x;&x;\">]><a>&z;</a>",
+        "Line 1: a document type declaration with declarations of its own is not allowed.");
+    row("external id, undeclared entity in text", "<!DOCTYPE a SYSTEM 'x'><a>\n&foo;</a>",
+        "Line 2: an entity is used that is not declared.");
+    row("external id, undeclared entity in attribute", "<!DOCTYPE a SYSTEM 'x'>\n<a b='&foo;'/>",
+        "Line 2: an entity is used that is not declared.");
+    row("two document types", "<!DOCTYPE a SYSTEM 'x'><!DOCTYPE a SYSTEM 'x'><a/>",
+        "Line 1: there is more than one document type declaration.");
+    row("1,025 deep", QString("<a>").repeated(1025) + QString("</a>").repeated(1025),
+        "Line 1: the elements are nested deeper than 1024.");
+    QString attributes;
+    for (int i = 0; i <= 256; ++i) attributes += QString(" x%1='1'").arg(i);
+    row("257 attributes", "<a" + attributes + "/>", "Line 1: a tag has more than 256 attributes.");
+  }
+  void refusesText() {
+    QFETCH(QString, text);
+    QFETCH(QString, message);
+    for (const QByteArray& bytes : {utf16(text, false), utf16(text, true), text.toUtf8()}) {
+      CDomDoc document;
+      QString error;
+      QVERIFY(!document.setContent(bytes, error));
+      QCOMPARE(error, message);
+    }
+  }
+
+  void acceptsAtTheLimits() {
+    CDomDoc document;
+    QString error;
+    const QByteArray deep = QByteArray("<a>").repeated(1024) + QByteArray("</a>").repeated(1024);
+    QVERIFY2(document.setContent(deep, error), qPrintable(error));
+    QByteArray attributes;
+    for (int i = 0; i < 256; ++i) attributes += " x" + QByteArray::number(i) + "='1'";
+    QVERIFY2(document.setContent("<a" + attributes + "/>", error), qPrintable(error));
+    for (const QByteArray type :
+         {"<!DOCTYPE a>", "<!DOCTYPE a SYSTEM 'x'>", "<!DOCTYPE a PUBLIC 'p' 'x'\n>"}) {
+      QVERIFY2(document.setContent(type + "\n<a b='&lt;'>&amp;</a>", error), qPrintable(error));
+      QVERIFY2(document.setContent(utf16(QString(type) + "\n<a/>", true), error), qPrintable(error));
+    }
+  }
+
+  void nodesAreThoseOfQt_data() {
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("references do not split") << QByteArray("<a>x&amp;y&#65;\nz</a>");
+    QTest::newRow("CDATA is a node") << QByteArray("<a>x<![CDATA[ <b> ]]>y<![CDATA[z]]></a>");
+    QTest::newRow("comments split") << QByteArray("<a>x<!-- c -->y</a>");
+    QTest::newRow("layout is dropped") << QByteArray("<a>\n <b>x</b>\n <c y='1' x='2'/>\n</a>");
+    QTest::newRow("blank beside a comment") << QByteArray("<a> <!-- c --> </a>");
+    QTest::newRow("mixed") << QByteArray("<a>x <b>y</b> z <b/></a>");
+  }
+  void nodesAreThoseOfQt() {
+    QFETCH(QByteArray, text);
+    QDomDocument qt;
+    QVERIFY(qt.setContent(text));
+    CDomDoc document;
+    QString error;
+    QVERIFY(document.setContent(text, error));
+    QCOMPARE(nodesOf(document).replace("?", ""), nodes(qt).replace("?", ""));
+    QCOMPARE(nodesOf(CDomDoc::fromDom(qt.documentElement())), nodesOf(document));
+    QCOMPARE(document.documentElement().text(), qt.documentElement().text());
+  }
+
+  void blankTextStaysWhenItIsAlone_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("onlyText");
+    QTest::newRow("blanks") << QByteArray("  ") << "  " << true;
+    QTest::newRow("line break") << QByteArray("&#13;\n") << "\r\n" << true;
+    QTest::newRow("nothing") << QByteArray() << "" << true;
+    QTest::newRow("no-break space")
+        << QByteArray("\xC2\xA0<!-- -->") << QString(QChar(0xA0)) << false;
+    QTest::newRow("beside an element") << QByteArray(" <b/> ") << "" << false;
+    QTest::newRow("beside CDATA") << QByteArray(" <![CDATA[ ]]>") << " " << true;
+    QTest::newRow("empty CDATA") << QByteArray("<![CDATA[]]>") << "" << true;
+  }
+  void blankTextStaysWhenItIsAlone() {
+    QFETCH(QByteArray, content);
+    QFETCH(QString, text);
+    QFETCH(bool, onlyText);
+    CDomDoc document;
+    QString error;
+    QVERIFY(document.setContent("<a>" + content + "</a>", error));
+    QCOMPARE(document.documentElement().text(), text);
+    QVERIFY(!document.documentElement().text().isNull());
+    QCOMPARE(document.documentElement().hasOnlyText(), onlyText);
+  }
+
+  void elementsAndAttributesAreFound() {
+    CDomDoc document;
+    QString error;
+    QVERIFY(document.setContent("<a x='' y='2'>\n<b>1</b>\n<c/>\n<b>2<d>3</d></b></a>", error));
+    const CDomElement root = document.documentElement();
+    QVERIFY(!root.attribute(QLatin1String("x")).isNull());
+    QVERIFY(root.attribute(QLatin1String("z")).isNull());
+    const CDomElement second = root.firstChildElement(kB).nextSiblingElement(kB);
+    QCOMPARE(second.text(), QString("23"));
+    QCOMPARE(second.lastText(), QString("2"));
+    QCOMPARE(second.lineNumber(), 4);
+    QVERIFY(second.nextSiblingElement().isNull());
+    QVERIFY(second.firstChildElement(kB).nextSiblingElement(kB).firstChildElement().isNull());
+    CDomDoc moved = std::move(document);
+    QCOMPARE(second.text(), QString("23"));
+  }
+
+  void writesInOrderAndOneWay() {
+    CDomDoc document;
+    CDomElement root = document.createRoot("a");
+    root.setAttribute(QLatin1String("z"), "1");
+    root.setAttribute(kB, "<\"&>\n\r\t'");
+    root.setAttribute(QLatin1String("z"), "2");
+    root.appendElement("b").setText(QString::fromUtf8("x\n]]>& \xF0\x9F\x94\xA9\r"));
+    root.appendElement("b").appendElement("c");
+    root.appendElement("b").appendComment();
+    const QByteArray expected =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<a z=\"2\" b=\"&lt;&quot;&amp;&gt;&#10;&#13;&#9;'\">\n"
+        " <b>x\n]]&gt;&amp; \xF0\x9F\x94\xA9&#13;</b>\n <b>\n  <c/>\n </b>\n "
+        "<b><!----></b>\n</a>\n";
+    QString error;
+    QCOMPARE(document.toByteArray("UTF-8", error), expected);
+    const QString text = QString::fromUtf8(expected).replace("UTF-8", "UTF-16");
+    QCOMPARE(document.toByteArray("UTF-16", error), utf16(text, false));
+    QVERIFY(document.toByteArray("UTF-7", error).isEmpty());
+
+    QDomDocument qt;
+    QVERIFY(qt.setContent(expected));
+    CDomDoc again;
+    QVERIFY(again.setContent(utf16(text, false), error));
+    QCOMPARE(nodesOf(again), nodesOf(document));
+    QCOMPARE(again.toByteArray("UTF-8", error), expected);
+  }
+
+  void refusesToWriteWhatItWouldNotRead() {
+    CDomDoc document;
+    QString error;
+    CDomElement element = document.createRoot("a");
+    for (int i = 1; i < 1024; ++i) element = element.appendElement("a");
+    QVERIFY(!document.toByteArray("UTF-8", error).isEmpty());
+    element.appendElement("a");
+    QVERIFY(document.toByteArray("UTF-8", error).isEmpty());
+    QCOMPARE(
+        error,
+        QString("The elements are nested deeper than 1024, so the file could not be read again."));
+    for (const QString& tag :
+         {QString(), QString("1a"), QString("a b"), QString("a>"), QString(QChar(0xD7))}) {
+      document.createRoot(tag);
+      QVERIFY(document.toByteArray("UTF-8", error).isEmpty());
+      QCOMPARE(error, QString("\"%1\" cannot be the name of an XML element.").arg(tag));
+    }
+    document.createRoot(QString::fromUtf8("_ä-1.x"));
+    QVERIFY(!document.toByteArray("UTF-8", error).isEmpty());
+    QVERIFY(CDomDoc().toByteArray("UTF-8", error).isEmpty());
+  }
+
+  void theHeadIsReadAlone() {
+    CDomDoc document;
+    QString error;
+    QVERIFY(document.setHead("<a><Head><b>1</b></Head><Data", error));
+    QCOMPARE(document.documentElement().firstChildElement().text(), QString("1"));
+    QVERIFY(!document.setHead("<a><x><Head/></x><Data", error));
+  }
+
+  void typedAccessNamesWhatIsWrong() {
+    CDomDoc document;
+    QString error;
+    QVERIFY(document.setContent("<a>\n<b n='0x1F' t='true'>-5</b></a>", error));
+    const CDomElement element = document.documentElement().firstChildElement();
+    quint8 small = 7;
+    QCOMPARE(CDomDoc::existingAttributeAsU8(QLatin1String("n"), element, small, error),
+             CDomDoc::Ok);
+    QCOMPARE(small, quint8(31));
+    QCOMPARE(CDomDoc::existingAttributeAsU8(kA, element, small, error), CDomDoc::Missing);
+    QCOMPARE(error, QString("Line 2: attribute \"a\" of <b> is missing."));
+    QCOMPARE(CDomDoc::existingAttributeAsU8(QLatin1String("t"), element, small, error),
+             CDomDoc::Invalid);
+    QCOMPARE(error, QString("Line 2: attribute \"t\" of <b> is \"true\", not an unsigned 8-bit "
+                            "number (0 to 255)."));
+    QCOMPARE(small, quint8(31));
+    qint64 number = 7;
+    QCOMPARE(CDomDoc::existingSubElementAsI64(kB, document.documentElement(), number, error),
+             CDomDoc::Ok);
+    QCOMPARE(number, qint64(-5));
+  }
+};
+
+QTEST_APPLESS_MAIN(tst_CDomDoc)
+#include "tst_CDomDoc.moc"

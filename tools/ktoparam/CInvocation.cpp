@@ -1,0 +1,55 @@
+#include "CInvocation.h"
+
+#include "COutput.h"
+#include "CStr.h"
+#include "Tool.h"
+
+CInvocation::CInvocation(const SCommand& command) : mCommand(command) {
+  mParser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")}));
+  for (const SOption& option : command.options) {
+    mParser.addOption({option.name, option.help, option.valueName});
+  }
+}
+
+bool CInvocation::parse(const QStringList& words, COutput& out) {
+  // The parser takes the first word for the program's name.
+  const bool understood = mParser.parse(QStringList(mCommand.name) + words);
+  if (understood && wantsHelp()) return true;
+
+  QString problem = understood ? optionProblem() : mParser.errorText();
+  if (problem.isEmpty()) problem = argumentProblem();
+  if (problem.isEmpty()) return true;
+  wrongUsage(problem, out);
+  return false;
+}
+
+QString CInvocation::argumentProblem() const {
+  const int given = mParser.positionalArguments().size();
+  const QVector<SArgument>& expected = mCommand.arguments;
+  const bool isOpen = !expected.isEmpty() && expected.last().count != SArgument::One;
+  const bool lastIsOptional = isOpen && expected.last().count == SArgument::AnyNumber;
+
+  if (given < expected.size() - (lastIsOptional ? 1 : 0)) {
+    return Tool::tr("%1 is missing.").arg(expected.at(given).name);
+  }
+  if (given > expected.size() && !isOpen) {
+    return Tool::tr("\"%1\" is one word too many.").arg(argument(expected.size()));
+  }
+  return {};
+}
+
+QString CInvocation::optionProblem() {
+  if (!mParser.optionNames().contains(CommonOptions::kSubDevice)) return {};
+  const QString text = value(CommonOptions::kSubDevice);
+  quint8 number = 0;
+  if (!CStr::strToU8(text, number)) {
+    return Tool::tr("\"%1\" is no sub-device; these are numbers from 0 to 255.").arg(text);
+  }
+  mSubDevice = number;
+  return {};
+}
+
+EExitStatus CInvocation::wrongUsage(const QString& text, COutput& out) const {
+  out.message(mCommand.name, Tool::tr("%1 See \"ktoparam help %2\".").arg(text, mCommand.name));
+  return ExitUsage;
+}

@@ -1,0 +1,116 @@
+#include "CLoadedFile.h"
+
+#include "CInvocation.h"
+#include "COutput.h"
+#include "Suggestion.h"
+#include "Tool.h"
+
+namespace {
+
+// Messages of the library name the file, which stands in front of every message of the tool anyway.
+QString withoutFileName(const QString& text, const QString& fileName) {
+  const QString lead = QStringLiteral("File \"%1\"").arg(fileName);
+  if (!text.startsWith(lead)) return text;
+  const QString rest = text.mid(lead.size());
+  const bool isColon = rest.startsWith(QLatin1String(": "));
+  return withoutFileName(isColon ? rest.mid(2) : rest.trimmed(), fileName);
+}
+
+QString wantedFile(SFileInfo::EKind kind) {
+  return kind == SFileInfo::Definitions
+             ? Tool::tr("A definition file (root element LumoParamDefinition) is needed here.")
+             : Tool::tr("A value file is needed here.");
+}
+
+}  // namespace
+
+CLoadedFile::CLoadedFile(COutput& out)
+    : mOut(out), mFile(ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr)) {}
+
+bool CLoadedFile::checkKind(const QString& fileName, SFileInfo::EKind wanted, SFileInfo& info) {
+  const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
+  if (!found) return false;
+  info = *found;
+  if (info.kind == wanted) return true;
+  mOut.message(fileName, info.refusal(wantedFile(wanted)));
+  return false;
+}
+
+bool CLoadedFile::loadValues(const QString& fileName) {
+  mFileName = fileName;
+  if (!checkKind(fileName, SFileInfo::Values, mInfo)) return false;
+  mFile->setFileType(mInfo.type);
+  if (mFile->loadParamFile(fileName, {}, mInfo.version)) return true;
+  reportFailure(fileName);
+  return false;
+}
+
+bool CLoadedFile::loadDefinitions(const QString& fileName) {
+  SFileInfo info;
+  if (!checkKind(fileName, SFileInfo::Definitions, info)) return false;
+  if (mFileName.isEmpty()) {
+    mInfo = info;
+    mFileName = fileName;
+  }
+  mHasDefinitions = mFile->loadParamDefFile(fileName, info.version);
+  if (!mHasDefinitions) reportFailure(fileName);
+  return mHasDefinitions;
+}
+
+bool CLoadedFile::load(const QString& valueFile, const CInvocation& invocation) {
+  if (!loadValues(valueFile)) return false;
+  const bool named = invocation.isSet(CommonOptions::kDef);
+  return !named || loadDefinitions(invocation.value(CommonOptions::kDef));
+}
+
+bool CLoadedFile::canSave() {
+  if (mInfo.version != 0) return true;
+  // Applications accept a file without a version, but would refuse it with version 0.0.
+  message(
+      Tool::tr("the file has no version that a save could keep. Give its root element the "
+               "version that the applications expect, for example version=\"1.0\"."));
+  return false;
+}
+
+bool CLoadedFile::save() {
+  if (mFile->saveParamFile(mFileName, {}, mInfo.version)) return true;
+  reportFailure(mFileName);
+  return false;
+}
+
+void CLoadedFile::reportFailure(const QString& fileName) const {
+  mOut.message(fileName, withoutFileName(mFile->errorMsg(), fileName), mFile->errorLine());
+}
+
+void CLoadedFile::message(const QString& text) const {
+  mOut.message(mFileName, text);
+}
+
+bool CLoadedFile::selectHardwareId(const QString& hardwareId) {
+  if (mFile->selectHardwareId(hardwareId)) return true;
+  const QStringList known = mFile->hardwareIds();
+  message(
+      Tool::tr("there is no hardware id \"%1\".%2 The file has: %3.")
+          .arg(hardwareId, Suggestion::didYouMean(hardwareId, known), Suggestion::listed(known)));
+  return false;
+}
+
+QStringList CLoadedFile::hardwareIds(const CInvocation& invocation) {
+  if (!invocation.isSet(CommonOptions::kHardwareId)) return mFile->hardwareIds();
+  const QString hardwareId = invocation.value(CommonOptions::kHardwareId);
+  return selectHardwareId(hardwareId) ? QStringList(hardwareId) : QStringList();
+}
+
+bool CLoadedFile::checkSubDevice(const CInvocation& invocation, const QStringList& hardwareIds) {
+  const std::optional<quint8> wanted = invocation.subDevice();
+  if (!wanted) return true;
+  QMap<quint8, QString> known;
+  for (const QString& hardwareId : hardwareIds) {
+    mFile->selectHardwareId(hardwareId);
+    if (mFile->doesSubDeviceExist(*wanted)) return true;
+    for (const quint8 id : mFile->subDeviceIds()) known.insert(id, QString::number(id));
+  }
+  message(Tool::tr("there is no sub-device %1; there are: %2.")
+              .arg(QString::number(*wanted), Suggestion::listed(known.values())));
+  return false;
+}

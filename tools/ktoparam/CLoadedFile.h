@@ -1,0 +1,57 @@
+#pragma once
+
+#include "ICParameterFile.h"
+#include "SFileInfo.h"
+
+#include <QStringList>
+
+#include <memory>
+
+class CInvocation;
+class COutput;
+
+/// A value file, a definition file, or both together, as a command opens them. Whatever fails is
+/// reported to the output at once.
+class CLoadedFile {
+ public:
+  explicit CLoadedFile(COutput& out);
+
+  /// Both refuse another kind of file, and load whatever version the file has.
+  bool loadValues(const QString& fileName);
+  bool loadDefinitions(const QString& fileName);
+  /// The value file, and the definitions when the command line names a file of them.
+  bool load(const QString& valueFile, const CInvocation& invocation);
+
+  /// Whether the value file could be saved with the version that it has. To be asked before any
+  /// change is shown as made.
+  bool canSave();
+  /// Writes the value file back.
+  bool save();
+
+  ICParameterFile& file() const { return *mFile; }
+  /// About the value file, or else about the definition file.
+  const SFileInfo& info() const { return mInfo; }
+  bool hasDefinitions() const { return mHasDefinitions; }
+  const QString& fileName() const { return mFileName; }
+
+  /// Makes the hardware id active.
+  bool selectHardwareId(const QString& hardwareId);
+  /// The hardware ids that a command works on: that of "--hardware-id", or all. Empty, which no
+  /// file can be, when that one does not exist.
+  QStringList hardwareIds(const CInvocation& invocation);
+  /// False when none of the hardware ids has the sub-device of "--sub-device".
+  bool checkSubDevice(const CInvocation& invocation, const QStringList& hardwareIds);
+
+  /// Reports about the value file.
+  void message(const QString& text) const;
+
+ private:
+  bool checkKind(const QString& fileName, SFileInfo::EKind wanted, SFileInfo& info);
+  void reportFailure(const QString& fileName) const;
+
+  COutput& mOut;
+  std::unique_ptr<ICParameterFile> mFile;
+  SFileInfo mInfo;
+  QString mFileName;
+  bool mHasDefinitions = false;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+#include <cstdio>
+
+class QJsonObject;
+
+/// The two streams of the tool: results on one, messages on the other, both in UTF-8.
+class COutput {
+ public:
+  COutput(FILE* results, FILE* messages);
+
+  /// Whether results go to a terminal whose user wants colour.
+  bool hasColour() const { return mHasColour; }
+
+  void line(const QString& text);
+  void json(const QJsonObject& object);
+
+  /// "ktoparam: text"; control characters become escapes, so that one message is one line.
+  void message(const QString& text);
+  /// "ktoparam: file: text", with a line number when there is one.
+  void message(const QString& file, const QString& text, int line = 0);
+
+  /// To be called once, at the end: false, with a message, when results could not be written.
+  bool finish();
+
+ private:
+  void write(const QByteArray& bytes);
+
+  QFile mResults;
+  QFile mMessages;
+  bool mHasColour;
+  bool mFailed = false;
+};

@@ -1,0 +1,157 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "ParameterLookup.h"
+#include "SValueView.h"
+#include "Suggestion.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+
+struct SFound {
+  QString hardwareId;
+  SValueView view;
+};
+
+/// Gathers the values of the names asked for, over hardware ids and sub-devices.
+class CGathering {
+ public:
+  CGathering(CLoadedFile& loaded, const CInvocation& invocation)
+      : mLoaded(loaded), mNames(invocation.argumentsFrom(1)), mSubDevice(invocation.subDevice()) {}
+
+  QVector<SFound> gather(const QStringList& hardwareIds) {
+    QVector<SFound> found;
+    for (const QString& hardwareId : hardwareIds) {
+      mLoaded.selectHardwareId(hardwareId);
+      for (const QString& name : mNames) gather(hardwareId, name, found);
+    }
+    return found;
+  }
+
+  /// Reports the names that were found nowhere; true when there are none.
+  bool reportMissing(const QStringList& hardwareIds) {
+    QStringList known;
+    for (const QString& hardwareId : hardwareIds) {
+      mLoaded.selectHardwareId(hardwareId);
+      known += ParameterLookup::allNames(mLoaded.file());
+    }
+    known.removeDuplicates();
+    int reported = 0;
+    for (const QString& name : mNames) {
+      if (!mFound.contains(name))
+        report(name, reported++ < Suggestion::kMaxHelped ? known : QStringList());
+    }
+    return reported == 0;
+  }
+
+ private:
+  void gather(const QString& hardwareId, const QString& name, QVector<SFound>& found) {
+    ICParameterFile& file = mLoaded.file();
+    for (const quint8 id : ParameterLookup::subDevicesWith(file, name)) {
+      if (mSubDevice && *mSubDevice != id) {
+        mElsewhere[name].insert(id);
+        continue;
+      }
+      const ICParamTreeNode* node = file.findParameter(file.rootGroup(id), name);
+      if (!node) continue;
+      found.append({hardwareId, SValueView::of(file, *node)});
+      mFound.insert(name);
+    }
+  }
+
+  void report(const QString& name, const QStringList& known) const {
+    const auto elsewhere = mElsewhere.constFind(name);
+    if (elsewhere == mElsewhere.constEnd()) {
+      mLoaded.message(Tool::tr("there is no parameter \"%1\".%2")
+                          .arg(name, Suggestion::didYouMean(name, known)));
+      return;
+    }
+    QList<quint8> ids = elsewhere->values();
+    std::sort(ids.begin(), ids.end());
+    mLoaded.message(Tool::tr("there is no parameter \"%1\" in sub-device %2; it is in %3.")
+                        .arg(name, QString::number(*mSubDevice), ParameterLookup::listed(ids)));
+  }
+
+  CLoadedFile& mLoaded;
+  const QStringList mNames;
+  const std::optional<quint8> mSubDevice;
+  QSet<QString> mFound;
+  QHash<QString, QSet<quint8>> mElsewhere;  // sub-devices that were not asked for
+};
+
+void printTable(const QVector<SFound>& found, COutput& out) {
+  CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), QString(), Tool::tr("NAME"),
+                Tool::tr("VALUE"), Tool::tr("UNIT"), Tool::tr("MEANING")});
+  for (const SFound& each : found) {
+    const SValueView& view = each.view;
+    table.addRow({DisplayText::shown(each.hardwareId), QString::number(view.subDevId),
+                  view.isChanged() ? QStringLiteral("*") : QString(), DisplayText::shown(view.name),
+                  DisplayText::shown(view.value.asStr()),
+                  view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning()},
+                 view.isChanged());
+  }
+  if (!table.isEmpty()) table.print(out);
+}
+
+void printJson(const CLoadedFile& loaded, const QVector<SFound>& found, COutput& out) {
+  QJsonArray values;
+  for (const SFound& each : found) {
+    QJsonObject value = each.view.toJson();
+    value.insert(QStringLiteral("hardwareId"), each.hardwareId);
+    value.insert(QStringLiteral("subDevice"), each.view.subDevId);
+    values.append(value);
+  }
+  out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("values"), values}});
+}
+
+EExitStatus get(const CInvocation& invocation, COutput& out) {
+  CLoadedFile loaded(out);
+  if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
+  const QStringList hardwareIds = loaded.hardwareIds(invocation);
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation, hardwareIds)) {
+    return ExitFindings;
+  }
+  CGathering gathering(loaded, invocation);
+  const QVector<SFound> found = gathering.gather(hardwareIds);
+  if (invocation.wantsJson()) {
+    printJson(loaded, found, out);
+  } else {
+    printTable(found, out);
+  }
+  return gathering.reportMissing(hardwareIds) ? ExitDone : ExitFindings;
+}
+
+}  // namespace
+
+QVector<SCommand> getCommands() {
+  SCommand command;
+  command.name = QStringLiteral("get");
+  command.summary = Tool::tr("Print the values of parameters by their names.");
+  command.details = Tool::tr(
+      "All hardware ids and sub-devices that have a parameter are listed, unless options choose "
+      "one. "
+      "The exit status is 1 when a name is found nowhere; the others are still printed.");
+  command.arguments = {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
+                       {QStringLiteral("NAME"), Tool::tr("Names of parameters."), EWord::Text,
+                        SArgument::OneOrMore}};
+  command.options = {
+      CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
+      CommonOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
+      CommonOptions::def(
+          Tool::tr("A definition file: adds units, names of choices and bits, and a \"*\" before "
+                   "what is not the default.")),
+      CommonOptions::json()};
+  command.examples = QStringList(
+      QStringLiteral("get TwoAxisDrive.xparam VelocityLimit OperatingMode --sub-device 2"));
+  command.run = get;
+  return {command};
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "SCommand.h"
+#include "Tool.h"
+
+#include <QLatin1String>
+
+/// Options that several commands have, each with one name and one meaning.
+namespace CommonOptions {
+
+inline constexpr QLatin1String kJson("json");
+inline constexpr QLatin1String kDef("def");
+inline constexpr QLatin1String kHardwareId("hardware-id");
+inline constexpr QLatin1String kSubDevice("sub-device");
+inline constexpr QLatin1String kDryRun("dry-run");
+
+inline SOption json() {
+  return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};
+}
+inline SOption def(const QString& help) {
+  return {kDef, QStringLiteral("DEF"), help, EWord::File};
+}
+inline SOption hardwareId(const QString& help) {
+  return {kHardwareId, QStringLiteral("ID"), help};
+}
+inline SOption subDevice(const QString& help) {
+  return {kSubDevice, QStringLiteral("N"), help, EWord::Number};
+}
+inline SOption dryRun() {
+  return {kDryRun, {}, Tool::tr("Show what would be done, and leave the file as it is.")};
+}
+
+inline QString dryRunNote() {
+  return Tool::tr("Dry run: nothing was saved.");
+}
+
+}  // namespace CommonOptions

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// Texts from files on a terminal: harmless, on one line, and of a known width.
+namespace DisplayText {
+
+/// Control characters, line ends, marks that turn the writing direction and lone surrogates as
+/// escapes like "\n" and "\u001b".
+QString escaped(const QString& text);
+
+/// The text as it is when nothing in it can be misread; else escaped between quotes, as in JSON:
+/// when it is empty, begins or ends with a blank, begins with a quote, or needs an escape.
+QString shown(const QString& text);
+
+/// Columns of a terminal that a text takes: 2 for wide East Asian characters and emoji, 0 for
+/// combining ones.
+int width(const QString& text);
+
+}  // namespace DisplayText

@@ -1,0 +1,25 @@
+#include "ParameterLookup.h"
+
+#include "ICParameterFile.h"
+#include "Suggestion.h"
+
+QList<quint8> ParameterLookup::subDevicesWith(const ICParameterFile& file, const QString& name) {
+  QList<quint8> found;
+  for (const quint8 id : file.subDeviceIds()) {
+    if (!file.paramValue(name, id).isNull()) found.append(id);
+  }
+  return found;
+}
+
+QStringList ParameterLookup::allNames(const ICParameterFile& file) {
+  QStringList names;
+  for (const quint8 id : file.subDeviceIds()) names += file.paramNames(id);
+  names.removeDuplicates();
+  return names;
+}
+
+QString ParameterLookup::listed(const QList<quint8>& subDevices) {
+  QStringList texts;
+  for (const quint8 id : subDevices) texts.append(QString::number(id));
+  return Suggestion::listed(texts);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class ICParameterFile;
+
+/// Parameters of the active hardware id by their names.
+namespace ParameterLookup {
+
+/// The sub-devices that have a parameter, ascending.
+QList<quint8> subDevicesWith(const ICParameterFile& file, const QString& name);
+
+/// The names in all sub-devices, without doubles.
+QStringList allNames(const ICParameterFile& file);
+
+/// "2, 3"
+QString listed(const QList<quint8>& subDevices);
+
+}  // namespace ParameterLookup

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+class CInvocation;
+class COutput;
+
+/// How the tool ends. A command that meets several of these ends with the highest.
+enum EExitStatus {
+  ExitDone = 0,
+  ExitFindings = 1,  ///< findings, differences, or something that was refused
+  ExitUsage = 2,     ///< a command line that makes no sense
+  ExitFile = 3,      ///< a file could not be read or written
+};
+
+/// What a word on the command line stands for; files are what a shell completes.
+enum class EWord { Text, File, Number };
+
+/// A word that a command expects, by its place. Only the last one may be there more than once.
+struct SArgument {
+  enum ECount { One, OneOrMore, AnyNumber };
+
+  QString name;
+  QString help;
+  EWord word = EWord::Text;
+  ECount count = One;
+};
+
+/// An option "--name", followed by a value unless valueName is empty.
+struct SOption {
+  QString name;
+  QString valueName;
+  QString help;
+  EWord word = EWord::Text;
+};
+
+/// A command of the tool. Parsing and help are made from these records and from nothing else.
+struct SCommand {
+  QString name;     ///< one word, or two: "show", "hardware-id list"
+  QString summary;  ///< one line
+  QString details;  ///< paragraphs, separated by line breaks
+  QVector<SArgument> arguments;
+  QVector<SOption> options;  ///< "--help" is added to these
+  QStringList examples;      ///< what to type after "ktoparam"
+  EExitStatus (*run)(const CInvocation&, COutput&) = nullptr;
+};

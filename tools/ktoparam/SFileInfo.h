@@ -1,0 +1,28 @@
+#pragma once
+
+#include "NktoGlobal.h"
+
+#include <QString>
+
+#include <optional>
+
+class COutput;
+
+/// What the beginning of a file tells about it.
+struct SFileInfo {
+  enum EKind { Unknown, Definitions, Values, Settings, Compensation };
+
+  EKind kind = Unknown;
+  NktoGlobal::EParamFileType type = NktoGlobal::FILE_TYPE_NONE;  ///< none for definitions
+  QString typeName;     ///< the name of the root element; empty for an unknown kind
+  quint32 version = 0;  ///< as CStr::stringToRevision() packs it; 0 when there is none
+  QString comment;
+
+  /// Nothing, with a message, when the file cannot be read.
+  static std::optional<SFileInfo> read(const QString& fileName, COutput& out);
+
+  /// Why a command does not take this file, which ends with what is wanted instead.
+  QString refusal(const QString& wanted) const;
+  /// "1.0"; empty when there is none.
+  QString versionText() const;
+};

@@ -1,0 +1,63 @@
+#include "SValueView.h"
+
+#include "CParameterFileHelper.h"
+#include "DisplayText.h"
+#include "ICParamTreeNode.h"
+#include "ICParameterFile.h"
+#include "JsonTexts.h"
+#include "ValueTexts.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+QString groupPath(const ICParamTreeNode& node) {
+  QStringList names;
+  const ICParamTreeNode* group = node.parentPtr();
+  for (; group && group->parentPtr(); group = group->parentPtr()) names.prepend(group->name());
+  return names.join(QLatin1Char('/'));
+}
+
+}  // namespace
+
+SValueView SValueView::of(const ICParameterFile& file, const ICParamTreeNode& node) {
+  SValueView view;
+  view.group = groupPath(node);
+  view.name = node.name();
+  view.id = node.id();
+  view.subDevId = node.subDevId();
+  view.value = file.paramValue(view.name, view.subDevId);
+
+  const CParamDefItem definition = file.paramDef(view.name);
+  if (definition.name().isEmpty()) return view;
+  view.unit = ValueTexts::unitName(file, definition, view.subDevId);
+  view.choice = ValueTexts::choiceName(definition, view.value);
+  view.bits = ValueTexts::activeBits(definition, view.value);
+  view.decimal = ValueTexts::decimal(definition, view.value);
+  view.defaultValue = definition.defVal();
+  view.isDefault = CParameterFileHelper::compareValues(view.value, definition.defVal(), definition);
+  return view;
+}
+
+QString SValueView::meaning() const {
+  QStringList parts;
+  if (!choice.isEmpty()) parts.append(DisplayText::shown(choice));
+  if (bits) {
+    for (const QString& bit : *bits) parts.append(DisplayText::shown(bit));
+  }
+  return parts.isEmpty() && !bits ? decimal : parts.join(QLatin1String(" | "));
+}
+
+QJsonObject SValueView::toJson() const {
+  const bool isDefined = defaultValue.has_value();
+  return {{QStringLiteral("group"), group},
+          {QStringLiteral("name"), name},
+          {QStringLiteral("id"), id == 0 ? QJsonValue() : QJsonValue(qint64(id))},
+          {QStringLiteral("value"), value.asStr()},
+          {QStringLiteral("unit"), textOrNull(unit)},
+          {QStringLiteral("choice"), textOrNull(choice)},
+          {QStringLiteral("bits"), bits ? QJsonArray::fromStringList(*bits) : QJsonValue()},
+          {QStringLiteral("default"), isDefined ? defaultValue->asStr() : QJsonValue()},
+          {QStringLiteral("isDefault"), isDefined ? QJsonValue(isDefault) : QJsonValue()}};
+}

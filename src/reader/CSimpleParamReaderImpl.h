@@ -1,0 +1,160 @@
+#pragma once
+
+#include "ICParameterFile.h"
+#include "ICSimpleParamReader.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+
+class ICLogfile;
+
+/// The reader: adds file names, access rights, defaults and saving to a parameter file of its own.
+class CSimpleParamReaderImpl final : public ICSimpleParamReader {
+  Q_DECLARE_TR_FUNCTIONS(CSimpleParamReaderImpl)
+
+ public:
+  /// `useCreate` makes the file with ICParameterFile::create() instead of createSingle().
+  CSimpleParamReaderImpl(bool useCreate, NktoGlobal::EParamFileType fileType,
+                         const QString& hardwareId, NParamDef::EAccessRight access,
+                         ICLogfile* logfile, unsigned int paramDefFileVersion,
+                         unsigned int paramFileVersion);
+  ~CSimpleParamReaderImpl() override;
+
+  void setParamDefFileVersion(unsigned int version) override { mParamDefFileVersion = version; }
+  unsigned int paramDefFileVersion() const override { return mParamDefFileVersion; }
+  void setParamFileVersion(unsigned int version) override { mParamFileVersion = version; }
+  unsigned int paramFileVersion() const override { return mParamFileVersion; }
+  bool load(const QString& defFile, const QString& paramFile, QString& err) override;
+  bool load(const QString& path, QString& err) override;
+  QString paramDefFileName() const override { return mParamDefFileName; }
+  QString paramFileName() const override { return mParamFileName; }
+  ICParameterFile* parameterFile() const override { return mFile.get(); }
+  void setMetaData(const QString& author, const QString& comment) override;
+  bool changed() const override { return mFile->isChanged(); }
+  bool saveFiles() override;
+  bool closeFiles(bool save) override;
+  NParamDef::EAccessRight accessRights() const override { return mAccess; }
+  void setAccessRights(NParamDef::EAccessRight access) override { mAccess = access; }
+  QString hardwareId() const override { return mFile->hardwareId(); }
+  QStringList hardwareIds() const override { return mFile->hardwareIds(); }
+  bool selectHardwareId(const QString& hardwareId) override;
+
+  unsigned int idByName(const QString& name) const override { return mFile->idByName(name); }
+  QString nameById(unsigned int id) const override { return mFile->nameById(id); }
+  bool containsDef(const QString& name) const override { return paramDef(name).valid(); }
+  bool containsVal(const QString& name, unsigned char subDevId) const override;
+  CParamDefItem paramDef(const QString& name) const override { return mFile->paramDef(name); }
+  CParamDefItem* paramDefPtr(const QString& name) override { return mFile->paramDefPtr(name); }
+  QList<unsigned char> subDeviceIds() const override { return mFile->subDeviceIds(); }
+  QList<unsigned char> subDeviceIds(NParamDef::ESubDeviceTypes type) const override;
+  NParamDef::ESubDeviceTypes subDevType(unsigned char subDevId) const override;
+  void setSubDevType(unsigned char subDevId, NParamDef::ESubDeviceTypes type) override;
+  QString subDevName(unsigned char subDevId) const override { return mFile->subDevName(subDevId); }
+  void setSubDevName(unsigned char subDevId, const QString& name) override;
+  CParamDefItem* addDef(const CParamDefItem& definition) override;
+  CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, unsigned int id) override;
+
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
+                NParamDef::EParamType type, CParamVal& val, CParamVal def, QString& err,
+                unsigned int id, CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, QString& val,
+                const QString& def, QString& err, unsigned int id, CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, double& val,
+                double def, QString& err, unsigned int id, CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
+                unsigned char& val, unsigned char def, QString& err, unsigned int id,
+                CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
+                unsigned short& val, unsigned short def, QString& err, unsigned int id,
+                CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
+                unsigned int& val, unsigned int def, QString& err, unsigned int id,
+                CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
+                unsigned long long& val, unsigned long long def, QString& err, unsigned int id,
+                CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, signed char& val,
+                signed char def, QString& err, unsigned int id, CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, short& val,
+                short def, QString& err, unsigned int id, CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, int& val,
+                int def, QString& err, unsigned int id, CParamDefItem** defOut) override;
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, long long& val,
+                long long def, QString& err, unsigned int id, CParamDefItem** defOut) override;
+
+  bool deleteGroup(unsigned char subDevId, const QString& group, QString& err) override;
+  bool deleteParam(unsigned char subDevId, const QString& name, const QString& group,
+                   QString& err) override;
+
+  bool getParam(unsigned char subDevId, const QString& name, CParamVal& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, QString& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, double& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, unsigned char& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, unsigned short& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, unsigned int& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, unsigned long long& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, signed char& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, short& val,
+                QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, int& val, QString& err) const override;
+  bool getParam(unsigned char subDevId, const QString& name, long long& val,
+                QString& err) const override;
+
+  CParamDefItem* paramDefPtr(const QString& name, QString& err) override;
+  bool setParam(unsigned char subDevId, const QString& name, const CParamVal& val,
+                QString& err) override;
+
+ private:
+  static QString ensureSuffix(const QString& name, const QString& suffix);
+  bool isFullAccess() const { return mAccess == NParamDef::FullAccess; }
+  bool isReadOnly() const { return mAccess == NParamDef::ReadOnly; }
+  bool hasMetaData() const { return !mAuthor.isEmpty() || !mComment.isEmpty(); }
+  bool saveDefinitions();
+  bool saveValues();
+  bool keepUnread(const QString& fileName, bool& unread) const;
+  bool finishSave(bool saved, bool& unread) const;
+
+  /// The definition; with full access a missing one is created. Null and a message otherwise.
+  CParamDefItem* neededDefinition(const QString& name, NParamDef::EParamType type, unsigned int id,
+                                  const CParamVal& def, QString& err);
+  template <typename T>
+  bool readDefAndVal(unsigned char subDevId, const QString& name, const QString& group,
+                     NParamDef::EParamType type, unsigned int id, CParamVal& val, const T& def,
+                     QString& err, CParamDefItem*& defOut) {
+    return getParam(subDevId, name, group, type, val, CParamVal(def), err, id, &defOut);
+  }
+  template <typename T>
+  bool getIntegerParam(unsigned char subDevId, const QString& name, const QString& group,
+                       unsigned int id, T& val, const T& def, const T& min, const T& max,
+                       QString& err, CParamDefItem** defOut);
+  template <typename T>
+  bool getExistingInteger(unsigned char subDevId, const QString& name, T& val, QString& err) const;
+  /// A value that is no number was found: stores the default instead, where that is allowed.
+  bool repairValue(unsigned char subDevId, const QString& name, const CParamVal& def);
+  void logReadError(const char* operation, const QString& message) const;
+
+  std::unique_ptr<ICLogfile> mOwnLogfile;  ///< null when the application gave one
+  ICLogfile* mLogfile;
+  QString mParamDefFileName;
+  QString mParamFileName;
+  NParamDef::EAccessRight mAccess;
+  std::unique_ptr<ICParameterFile> mFile;
+  unsigned int mParamDefFileVersion;
+  unsigned int mParamFileVersion;
+  QString mAuthor;
+  QString mComment;
+  bool mParamDefFileLoaded = false;
+  bool mParamFileLoaded = false;
+  // Until this reader has read or written it, a file of that name holds something unknown.
+  bool mParamDefFileUnread = false;
+  bool mParamFileUnread = false;
+};

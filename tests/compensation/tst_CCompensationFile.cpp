@@ -133,7 +133,7 @@ void tst_CCompensationFile::valid() {
   const QDir folder = NGoldenFiles::folder(QStringLiteral("compensation/valid"));
   const QString fileName = folder.filePath(name + QLatin1String(".xml"));
   const QString expected =
-      QString::fromUtf8(NGoldenFiles::read(folder.filePath(name + QLatin1String(".txt"))));
+      QString::fromUtf8(NTestFiles::read(folder.filePath(name + QLatin1String(".txt"))));
   QCOMPARE(mFile->load(fileName, kVersion), 0);
   QCOMPARE(mFile->errorMsg(), QString());
   QCOMPARE(dump(*mFile), expected);
@@ -141,7 +141,7 @@ void tst_CCompensationFile::valid() {
   const QString warning = QStringLiteral("0 Old compensation data point format found.");
   QCOMPARE(mPosted, isOld ? QStringList{warning} : QStringList());
 
-  QCOMPARE(mFile->loadFromBuffer(NGoldenFiles::read(fileName), kVersion), 0);
+  QCOMPARE(mFile->loadFromBuffer(NTestFiles::read(fileName), kVersion), 0);
   QCOMPARE(dump(*mFile), expected);
 }
 
@@ -151,7 +151,7 @@ void tst_CCompensationFile::invalid() {
   const QDir folder = NGoldenFiles::folder(QStringLiteral("compensation/invalid"));
   const QString fileName = folder.filePath(name + QLatin1String(".xml"));
   QStringList lines =
-      QString::fromUtf8(NGoldenFiles::read(folder.filePath(name + QLatin1String(".txt"))))
+      QString::fromUtf8(NTestFiles::read(folder.filePath(name + QLatin1String(".txt"))))
           .split(QLatin1Char('\n'));
   const QStringList results = lines.takeFirst().split(QLatin1Char(' '));
   const QString message = lines.takeFirst();
@@ -165,7 +165,7 @@ void tst_CCompensationFile::invalid() {
   QCOMPARE(dump(*mFile), content);
 
   QCOMPARE(mFile->loadFromBuffer(kOldPoint, kVersion), 0);
-  QCOMPARE(mFile->loadFromBuffer(NGoldenFiles::read(fileName), kVersion), results.last().toInt());
+  QCOMPARE(mFile->loadFromBuffer(NTestFiles::read(fileName), kVersion), results.last().toInt());
   QCOMPARE(mFile->errorMsg(), message);
   QCOMPARE(dump(*mFile), content);
 }
@@ -178,14 +178,14 @@ void tst_CCompensationFile::golden() {
   const QList<CCompensationPoint> points = mFile->allPoints();
   for (const auto& suffix : {QStringLiteral(".current.xml"), QStringLiteral(".old.xml")}) {
     const bool isOld = suffix == QLatin1String(".old.xml");
-    const QByteArray saved = NGoldenFiles::read(folder.filePath(name + suffix));
+    const QByteArray saved = NTestFiles::read(folder.filePath(name + suffix));
     mFile->setDataPointSaveFormat(isOld ? ICCompensationFile::OldFormat
                                         : ICCompensationFile::CurrentFormat);
     QByteArray buffer;
     QCOMPARE(mFile->saveToBuffer(buffer, QStringLiteral("1.2")), 0);
     QCOMPARE(buffer, saved);
     QCOMPARE(mFile->save(path(name), QStringLiteral("1.2")), 0);
-    QCOMPARE(NGoldenFiles::read(path(name)), saved);
+    QCOMPARE(NTestFiles::read(path(name)), saved);
 
     QCOMPARE(mFile->load(path(name), kVersion), 0);
     QCOMPARE(mFile->detectedDataPointFormat(), points.isEmpty() ? ICCompensationFile::NoFormat
@@ -207,7 +207,7 @@ void tst_CCompensationFile::examples_data() {
 void tst_CCompensationFile::examples() {
   QFETCH(QString, name);
   QFETCH(ICCompensationFile::EDataPointFormat, format);
-  const QByteArray bytes = NGoldenFiles::read(QLatin1String(KTO_EXAMPLE_DATA "/") + name);
+  const QByteArray bytes = NTestFiles::read(NTestFiles::example(name));
   mFile->setDataPointSaveFormat(format);
   QCOMPARE(mFile->loadFromBuffer(bytes, kVersion), 0);
   QCOMPARE(mFile->detectedDataPointFormat(), format);
@@ -236,7 +236,7 @@ void tst_CCompensationFile::versions() {
   QFETCH(bool, accepted);
   QByteArray bytes = kEmptyTable;
   bytes.replace("1.0", inFile);
-  QVERIFY(NGoldenFiles::write(path(QStringLiteral("versions")), bytes));
+  QVERIFY(NTestFiles::write(path(QStringLiteral("versions")), bytes));
   QCOMPARE(mFile->loadFromBuffer(bytes, expected), accepted ? 0 : 3);
   QCOMPARE(mFile->load(path(QStringLiteral("versions")), expected), accepted ? 0 : 4);
   // A rejected version says nothing about the next file.
@@ -334,7 +334,7 @@ void tst_CCompensationFile::unsavableTexts() {
   QFETCH(QString, author);
   QFETCH(QString, message);
   const QString fileName = path(QStringLiteral("unsavable"));
-  QVERIFY(NGoldenFiles::write(fileName, "old"));
+  QVERIFY(NTestFiles::write(fileName, "old"));
   CCompensationPoint point;
   point.setPosition(position);
   mFile->appendPoint(point);
@@ -351,7 +351,7 @@ void tst_CCompensationFile::unsavableTexts() {
   QCOMPARE(buffer, QByteArray("old"));
   QCOMPARE(mFile->save(fileName, kVersion), 5);
   QCOMPARE(mFile->errorMsg(), QStringLiteral("File \"%1\": %2").arg(fileName, message));
-  QCOMPARE(NGoldenFiles::read(fileName), QByteArray("old"));
+  QCOMPARE(NTestFiles::read(fileName), QByteArray("old"));
 
   mFile->clear();
   QCOMPARE(mFile->saveToBuffer(buffer, kVersion), 0);

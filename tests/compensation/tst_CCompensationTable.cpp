@@ -98,6 +98,8 @@ void tst_CCompensationTable::header_data() {
                                           << "" << false;
   QTest::newRow("not a number") << "nan"
                                 << "1" << false;
+  QTest::newRow("maximum that is not a number") << "1"
+                                                << "nan" << false;
   QTest::newRow("infinite") << "-inf"
                             << "inf" << true;
 }
@@ -113,7 +115,10 @@ void tst_CCompensationTable::header() {
   QCOMPARE(mFile->checkAll(), good ? 0 : 1);
   // A bad header is told before bad points.
   mFile->appendPoint(makePoint("1e300"));
-  QCOMPARE(mFile->checkAll(), !good ? 1 : maximum == QLatin1String("inf") ? 0 : 2);
+  const bool inRange = maximum == QLatin1String("inf");
+  QCOMPARE(mFile->checkAllPoints(nullptr), inRange);
+  QCOMPARE(mFile->checkPoint(0), inRange);
+  QCOMPARE(mFile->checkAll(), !good ? 1 : inRange ? 0 : 2);
 }
 
 void tst_CCompensationTable::points_data() {

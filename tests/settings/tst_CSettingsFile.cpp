@@ -128,7 +128,7 @@ void tst_CSettingsFile::valid() {
   const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/valid"));
   const QString fileName = folder.filePath(name + QLatin1String(".xml"));
   const QString expected =
-      QString::fromUtf8(NGoldenFiles::read(folder.filePath(name + QLatin1String(".txt"))));
+      QString::fromUtf8(NTestFiles::read(folder.filePath(name + QLatin1String(".txt"))));
   const auto file = makeFile();
   QCOMPARE(file->load(fileName, kVersion), EError::NoError);
   QCOMPARE(file->errorMsg(), QString());
@@ -139,7 +139,7 @@ void tst_CSettingsFile::valid() {
 
   file->clear();
   QVERIFY(file->root() == nullptr);
-  QCOMPARE(file->loadFromBuffer(NGoldenFiles::read(fileName), kVersion), EError::NoError);
+  QCOMPARE(file->loadFromBuffer(NTestFiles::read(fileName), kVersion), EError::NoError);
   QCOMPARE(dumpOf(*file), expected);
   QCOMPARE(mCriticals, QStringList());
 }
@@ -151,7 +151,7 @@ void tst_CSettingsFile::invalid() {
   const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/invalid"));
   const QString fileName = folder.filePath(name + QLatin1String(".xml"));
   QStringList lines =
-      QString::fromUtf8(NGoldenFiles::read(folder.filePath(name + QLatin1String(".txt"))))
+      QString::fromUtf8(NTestFiles::read(folder.filePath(name + QLatin1String(".txt"))))
           .split(QLatin1Char('\n'));
   const auto result = static_cast<EError>(lines.takeFirst().toInt());
   const QString message = lines.takeFirst();
@@ -164,7 +164,7 @@ void tst_CSettingsFile::invalid() {
   QCOMPARE(file->errorMsg(), messages.first());
   QCOMPARE(dumpOf(*file), tree);
   file->clear();
-  QCOMPARE(file->loadFromBuffer(NGoldenFiles::read(fileName), kVersion), result);
+  QCOMPARE(file->loadFromBuffer(NTestFiles::read(fileName), kVersion), result);
   QCOMPARE(file->errorMsg(), messages.last());
   QCOMPARE(dumpOf(*file), tree);
   QCOMPARE(mCriticals, opened ? messages : QStringList());
@@ -182,7 +182,7 @@ void tst_CSettingsFile::golden_data() {
 void tst_CSettingsFile::golden() {
   QFETCH(QString, name);
   const QDir folder = NGoldenFiles::folder(QStringLiteral("settings/golden"));
-  const QByteArray saved = NGoldenFiles::read(folder.filePath(name + QLatin1String(".saved.xml")));
+  const QByteArray saved = NTestFiles::read(folder.filePath(name + QLatin1String(".saved.xml")));
   const auto file = makeFile();
   QCOMPARE(file->load(folder.filePath(name + QLatin1String(".xml")), kVersion), EError::NoError);
   const QString tree = dumpOf(*file);
@@ -190,7 +190,7 @@ void tst_CSettingsFile::golden() {
   QCOMPARE(file->saveToBuffer(buffer, QStringLiteral("1.2")), EError::NoError);
   QCOMPARE(buffer, saved);
   QCOMPARE(file->save(path(name), QStringLiteral("1.2")), EError::NoError);
-  QCOMPARE(NGoldenFiles::read(path(name)), saved);
+  QCOMPARE(NTestFiles::read(path(name)), saved);
 
   QCOMPARE(file->load(path(name), kVersion), EError::NoError);
   QCOMPARE(dumpOf(*file), tree);
@@ -201,7 +201,7 @@ void tst_CSettingsFile::golden() {
 // The example is as this library writes it, so a save changes nothing in it.
 void tst_CSettingsFile::example() {
   const QByteArray bytes =
-      NGoldenFiles::read(QStringLiteral(KTO_EXAMPLE_DATA "/MachineSettings.xset"));
+      NTestFiles::read(NTestFiles::example(QStringLiteral("MachineSettings.xset")));
   const auto file = makeFile();
   QCOMPARE(file->loadFromBuffer(bytes, kVersion), EError::NoError);
   QByteArray buffer;
@@ -240,7 +240,7 @@ void tst_CSettingsFile::versions() {
   QFETCH(QString, expected);
   QFETCH(bool, accepted);
   const QByteArray bytes = document(QString()).replace("1.0", inFile.toUtf8());
-  QVERIFY(NGoldenFiles::write(path(QStringLiteral("versions")), bytes));
+  QVERIFY(NTestFiles::write(path(QStringLiteral("versions")), bytes));
   const auto file = makeFile();
   const EError result = accepted ? EError::NoError : EError::VersionError;
   QCOMPARE(file->loadFromBuffer(bytes, expected), result);
@@ -355,7 +355,7 @@ void tst_CSettingsFile::unsavableTexts() {
   QFETCH(QString, comment);
   QFETCH(QString, message);
   const QString fileName = path(QStringLiteral("unsavable"));
-  QVERIFY(NGoldenFiles::write(fileName, "old"));
+  QVERIFY(NTestFiles::write(fileName, "old"));
   CSettingsFileImpl file(nullptr);
   QCOMPARE(file.loadFromBuffer(document(QString()), kVersion), EError::NoError);
   auto* const node = new CSettingsTreeNodeImpl(name, ICSettingsTreeNode::TypeString);
@@ -370,7 +370,7 @@ void tst_CSettingsFile::unsavableTexts() {
   QCOMPARE(buffer, QByteArray("old"));
   QCOMPARE(static_cast<ICSettingsFile&>(file).save(fileName, kVersion), EError::SaveError);
   QCOMPARE(file.errorMsg(), QStringLiteral("File \"%1\": %2").arg(fileName, message));
-  QCOMPARE(NGoldenFiles::read(fileName), QByteArray("old"));
+  QCOMPARE(NTestFiles::read(fileName), QByteArray("old"));
   QCOMPARE(mCriticals, QStringList());
 
   rootOf(file)->removeAllChildren();
@@ -456,7 +456,7 @@ void tst_CSettingsFile::logfiles() {
   const QString message = file->errorMsg();
   file.reset();
   QVERIFY(log->isActive());
-  QVERIFY(NGoldenFiles::read(logName).contains(message.toUtf8()));
+  QVERIFY(NTestFiles::read(logName).contains(message.toUtf8()));
 
   const QString before = QDir::currentPath();
   QVERIFY(QDir::setCurrent(mFolder.path()));

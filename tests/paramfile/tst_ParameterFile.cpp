@@ -1,0 +1,336 @@
+#include "CParameterFileBaseImpl.h"
+#include "ExampleDrive.h"
+#include "ParamFileText.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <random>
+
+using namespace NTestFiles;
+
+class tst_ParameterFile : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void namesOfSubDeviceTypes() {
+    using F = ICParameterFile;
+    for (int i = 0; i < 4; ++i) {
+      const auto type = static_cast<NParamDef::ESubDeviceTypes>(i);
+      QCOMPARE(F::subDeviceTypeFromStr(F::subDeviceTypeToStr(type)), type);
+    }
+    for (const int i : {-1, 4}) {
+      QCOMPARE(F::subDeviceTypeToStr(static_cast<NParamDef::ESubDeviceTypes>(i)),
+               QString("Undefined"));
+    }
+    QCOMPARE(F::subDeviceTypeFromStr("drive"), NParamDef::SUB_DEV_TYPE_UNDEFINED);
+  }
+
+  void aSecondValueFileIsMergedIntoTheFirst() {
+    QTemporaryDir folder;
+    const auto first = makeSmall();
+    first->setSubDevName(1, "One");
+    const auto second = makeSmall();
+    second->deleteNode(second->rootGroup(1)->childPtr("Mode"));
+    second->addParameter(second->subGroup("G/Inner/New", 1), "Name", CParamVal("n"));
+    second->addParameter(second->subGroup("Other", 2), "Loose");
+    second->setParamValue("Speed", CParamVal(99U), 1);
+    second->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DRIVE);
+    second->setMetaData("author", "comment");
+    QVERIFY(second->saveParamFile(folder.filePath("2"), QString(), 0x10000));
+    first->clearChanged();
+    ICParamTreeNode* node = first->findParameter(first->rootGroup(1), "Speed");
+
+    QVERIFY2(first->loadParamFile(folder.filePath("2"), "A", 0x10002),
+             qPrintable(first->errorMsg()));
+    QCOMPARE(first->paramNames(1), QStringList({"Speed", "Name", "Mode"}));
+    QCOMPARE(first->paramValue("Speed", 1), CParamVal(99U));
+    QCOMPARE(first->findParameter(first->rootGroup(1), "Speed"), node);
+    QCOMPARE(first->paramNames(2), QStringList("Loose"));
+    QCOMPARE(first->subDevName(1), QString("One"));
+    QCOMPARE(first->subDeviceIds(NParamDef::SUB_DEV_TYPE_DRIVE), QList<quint8>{1});
+    QCOMPARE(first->comment(), QString("comment"));
+    QVERIFY(!first->isChanged());
+  }
+
+  void definitionsOfALaterFileReplaceAndPointersStay() {
+    QTemporaryDir folder;
+    const auto source = makeFile();
+    source->addDef("Speed", NParamDef::PARAM_TYPE_I64, 5);
+    QVERIFY(source->saveParamDefFile(folder.filePath("d"), 0x10000));
+    const auto file = makeSmall();
+    CParamDefItem* speed = file->paramDefPtr("Speed");
+    QVERIFY(file->loadParamDefFile(folder.filePath("d"), 0x10000));
+    for (int i = 0; i < 1000; ++i) {
+      file->addDef(QString("P%1").arg(i), NParamDef::PARAM_TYPE_U8, quint32(100 + i));
+    }
+    file->clearChanged();
+    CParameterFileBaseImpl copy(*dynamic_cast<CParameterFileBaseImpl*>(file.get()), nullptr);
+    QCOMPARE(file->paramDefPtr("Speed"), speed);
+    QCOMPARE(speed->type(), NParamDef::PARAM_TYPE_I64);
+    QCOMPARE(file->nameById(5), QString("Speed"));
+    speed->setHint(speed->hint());
+    QVERIFY(!file->defChanged());
+    speed->setHint("changed");
+    QVERIFY(file->defChanged());
+    QVERIFY(!copy.defChanged());
+    QVERIFY(copy.paramDef("Speed").hint().isEmpty());
+    copy.paramDefPtr("Speed")->setHint("too");
+    QVERIFY(copy.defChanged());
+    QCOMPARE(file->paramDef("Speed").hint(), QString("changed"));
+  }
+
+  void referencesComeFromVisibleDefinitions() {
+    const auto file = loadDrive();
+    QVERIFY(file);
+    int references = 0;
+    for (const QString& name : file->defNames()) {
+      const CParamDefItem definition = file->paramDef(name);
+      const bool counts = definition.id() != 0 && definition.hasVisibleValues();
+      QCOMPARE(file->referencedBy(definition.visibleId()).contains(definition.id()), counts);
+      QCOMPARE(file->referencedBy(definition.unitId()).contains(definition.id()), counts);
+      if (counts) ++references;
+      QCOMPARE(file->isReferenced(name), !file->referencedBy(name).isEmpty());
+    }
+    QVERIFY(references > 10);
+    QVERIFY(!file->isReferenced("no such name"));
+  }
+
+  void aCopyHasItsOwnOfEverything() {
+    const auto file = loadDrive();
+    QVERIFY(file);
+    file->setParamValue(file->paramNames(2).first(), CParamVal("x"), 2);
+    CParameterFileBaseImpl copy(*dynamic_cast<CParameterFileBaseImpl*>(file.get()), nullptr);
+    QVERIFY(!copy.isChanged());
+    file->clearChanged();
+    file->setMetaData(file->author(), file->comment());
+    QCOMPARE(NParamFileText::all(copy), NParamFileText::all(*file));
+    const QString before = NParamFileText::all(copy);
+    for (const QString& name : file->paramNames(2)) {
+      file->setAndMarkParamValue(name, CParamVal("edited"), 2);
+    }
+    file->deleteNode(file->rootGroup(3)->childPtr(0));
+    file->removeHardwareId("KTO-2A-32");
+    QCOMPARE(NParamFileText::all(copy), before);
+  }
+
+  void clearEmptiesEverything() {
+    const auto file = loadDrive();
+    QVERIFY(file);
+    file->setParamValue(file->paramNames(2).first(), CParamVal("x"), 2);
+    file->paramDefPtr(file->defNames().first())->setHint("x");
+    file->clear();
+    QCOMPARE(NParamFileText::all(*file), NParamFileText::all(*makeFile()));
+    QVERIFY(file->isDefEmpty());
+    QVERIFY(!file->isReferenced(0U));
+  }
+
+  void valuesAndMarks() {
+    const auto file = makeSmall();
+    QVERIFY(file->setAndMarkParamValue("Speed", CParamVal("0x0a"), 1));  // was 0xa
+    QVERIFY(file->setAndMarkParamValue("Speed", CParamVal("10"), 1));
+    QCOMPARE(file->paramValue(1U, 1), CParamVal("0xa"));
+    QVERIFY(!file->isChanged());
+    ICParamTreeNode* speed = file->findParameter(file->rootGroup(1), "Speed");
+    QVERIFY(!speed->property(NParamDef::PROPERTY_CHANGED).isValid());
+    QVERIFY(file->setAndMarkParamValue(1U, CParamVal("11"), 1));
+    QCOMPARE(speed->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
+    QCOMPARE(file->changedList(), QStringList("A"));
+    QVERIFY(file->paramChanged("A"));
+    QVERIFY(!file->paramChanged("a"));
+    QVERIFY(file->setAndMarkParamValue("Mode", CParamVal("-01"), 1));  // signed: by their texts
+    QCOMPARE(file->paramValue("Mode", 1), CParamVal("-01"));
+    file->removeAllProperties();
+    QVERIFY(!speed->property(NParamDef::PROPERTY_CHANGED).isValid());
+    file->clearChanged();
+    QVERIFY(!file->isChanged());
+    QVERIFY(file->setParamValue(2U, CParamVal("-01"), 1));
+    file->setHwIdChanged("B");
+    file->setHwIdChanged("A");
+    QCOMPARE(file->changedList(), QStringList({"A", "B"}));
+  }
+
+  void defaultsStopAtAnEmptyGroup() {
+    const auto file = makeSmall();
+    file->setParamValue("Speed", CParamVal("1"), 1);
+    file->setParamValue("Mode", CParamVal("1"), 1);
+    QVERIFY(file->loadDefaultValues());
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal("0xa"));
+    QCOMPARE(file->paramValue("Mode", 1), CParamVal("-1"));
+    file->setParamValue("Speed", CParamVal("1"), 1);
+    file->setParamValue("Mode", CParamVal("1"), 1);
+    file->addGroup(file->subGroup("G", 1), "Empty");
+    QVERIFY(!file->loadDefaultValues());
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal("0xa"));
+    QCOMPARE(file->paramValue("Mode", 1), CParamVal("1"));
+    QVERIFY(!file->loadDefaultValues(nullptr));
+    QVERIFY(makeFile()->loadDefaultValues());
+  }
+
+  void hardwareIdsComeAndGo() {
+    const auto file = makeSmall();
+    QVERIFY(file->addHardwareId("B"));
+    QVERIFY(file->addHardwareId("B"));
+    QCOMPARE(file->hardwareId(), QString("B"));
+    QCOMPARE(file->hardwareIds(), QStringList("A"));
+    QVERIFY(!file->removeHardwareId("B"));
+    file->rootGroup(7);
+    QCOMPARE(file->hardwareIds(), QStringList({"A", "B"}));
+    QVERIFY(!file->isChanged());
+    QVERIFY(file->renameHardwareId("A", "C"));
+    QCOMPARE(file->hardwareId(), QString("B"));
+    QVERIFY(file->renameHardwareId("B", "D"));
+    QCOMPARE(file->hardwareId(), QString("D"));
+    QVERIFY(file->removeHardwareId("C"));
+    QCOMPARE(file->changedList(), QStringList({"C", "D"}));
+    QCOMPARE(file->hardwareIds(), QStringList("D"));
+  }
+
+  void aClonedHardwareIdSharesNothing() {
+    const auto file = loadDrive();
+    QVERIFY(file);
+    const auto other = loadDrive();
+    other->cloneHardwareId("KTO-2A-16", "Copy");
+    QVERIFY(file->cloneHardwareIdFromInstance("Copy", other.get()));
+    QVERIFY(file->cloneHardwareId("Copy", "Copy 2"));
+    QCOMPARE(file->hardwareId(), QString("Copy 2"));
+    QCOMPARE(file->changedList(), QStringList({"Copy", "Copy 2"}));
+    const QString whole = NParamFileText::content(*other);
+    const auto section = [&](const QString& id) {
+      return NParamFileText::content(*file)
+          .section("hardware id " + id + '\n', 1)
+          .section("hardware id ", 0, 0);
+    };
+    const QString source = section("KTO-2A-16");
+    QCOMPARE(section("Copy"), source);
+    QCOMPARE(section("Copy 2").trimmed(), source.trimmed());
+    for (const QString& name : file->paramNames(2)) {
+      file->setAndMarkParamValue(name, CParamVal("edited"), 2);
+    }
+    file->deleteNode(file->rootGroup(3)->childPtr(0));
+    QCOMPARE(section("Copy"), source);
+    QCOMPARE(section("KTO-2A-16"), source);
+    QCOMPARE(NParamFileText::content(*other), whole);
+  }
+
+  void subDevicesAreCopied() {
+    const auto file = loadDrive();
+    QVERIFY(file);
+    const QString name = file->subDevName(3);
+    const QString otherTree = file->paramValue(file->paramNames(0).first(), 0).asStr();
+    QVERIFY(file->copySubDevice(2, 3));
+    QVERIFY(file->copySubDevice(2, 9));
+    for (const quint8 copy : {quint8(3), quint8(9)}) {
+      QCOMPARE(file->paramNames(copy), file->paramNames(2));
+      for (const QString& parameter : file->paramNames(2)) {
+        QCOMPARE(file->paramValue(parameter, copy), file->paramValue(parameter, 2));
+        ICParamTreeNode* node = file->findParameter(file->rootGroup(copy), parameter);
+        QVERIFY(node && node->subDevId() == copy);
+      }
+    }
+    QCOMPARE(file->subDevName(3), name);
+    QCOMPARE(file->subDevName(9), file->subDevName(2));
+    QCOMPARE(file->subDevType(9), NParamDef::SUB_DEV_TYPE_DRIVE);
+    QCOMPARE(file->paramValue(file->paramNames(0).first(), 0).asStr(), otherTree);
+    file->setParamValue(file->paramNames(2).first(), CParamVal("edited"), 3);
+    QVERIFY(file->paramValue(file->paramNames(2).first(), 2) != CParamVal("edited"));
+  }
+
+  void groupPaths() {
+    const auto file = makeSmall();
+    ICParamTreeNode* inner = file->existingSubGroup("/G\\Inner//", 1);
+    QVERIFY(inner);
+    QCOMPARE(file->subGroup("G/Inner", 1), inner);
+    QCOMPARE(file->existingSubGroup("", 1), file->rootGroup(1));
+    QVERIFY(!file->isChanged());
+    QCOMPARE(file->addGroup(inner->parentPtr(), "Inner"), inner);
+    QVERIFY(!file->isChanged());
+    QVERIFY(file->subGroup("G/Inner/a/b", 1));
+    QCOMPARE(file->changedList(), QStringList("A"));
+    QCOMPARE(inner->childPtr("a")->childPtr("b")->rootPtr(), file->rootGroup(1));
+    QVERIFY(file->findParameter(inner, "Speed"));
+    QVERIFY(!file->findParameter(inner->childPtr("a"), "Speed"));
+    QVERIFY(!file->findParameter(inner, "Mode"));
+    QVERIFY(file->addGroup(inner, "Mode"));  // the parameter of this name lies elsewhere
+    QString path = "a\\b/c";
+    QCOMPARE(CParameterFileBaseImpl::getNextSubPath(path), QString("a"));
+    QCOMPARE(path, QString("b/c"));
+  }
+
+  void groupsNestAsDeepAsAFileCan() {
+    QTemporaryDir folder;
+    const auto file = makeSmall();
+    ICParamTreeNode* group = file->rootGroup(2);
+    int depth = 0;
+    while (ICParamTreeNode* next = file->addGroup(group, "g")) {
+      group = next;
+      ++depth;
+    }
+    QCOMPARE(depth, 1019);
+    QVERIFY(file->addParameter(group, "Speed"));
+    QVERIFY2(file->saveParamFile(folder.filePath("a"), QString(), 0x10000),
+             qPrintable(file->errorMsg()));
+    const auto again = makeFile();
+    QVERIFY2(again->loadParamFile(folder.filePath("a"), QString(), 0x10000),
+             qPrintable(again->errorMsg()));
+    QCOMPARE(again->paramNames(2), QStringList("Speed"));
+  }
+
+  void randomEditsKeepIndexAndTreeInStep();
+};
+
+void tst_ParameterFile::randomEditsKeepIndexAndTreeInStep() {
+  const auto file = makeFile();
+  file->addHardwareId("A");
+  for (int i = 0; i < 60; ++i) {
+    file->addDef("P" + QString::number(i), NParamDef::PARAM_TYPE_U32, quint32(i + 1));
+  }
+  std::mt19937 random(4711);
+  const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
+  const auto someNode = [&](quint8 subDevId) {
+    ICParamTreeNode* node = file->rootGroup(subDevId);
+    while (node->childCnt() > 0 && below(4) > 0) node = node->childPtr(below(node->childCnt()));
+    return node;
+  };
+  for (int edit = 0; edit < 10000; ++edit) {
+    const auto subDevId = static_cast<quint8>(below(3));
+    const QString name = "P" + QString::number(below(60));
+    switch (below(8)) {
+      case 0:
+        file->addGroup(someNode(subDevId), "G" + QString::number(below(5)));
+        break;
+      case 1:
+        file->deleteNode(someNode(subDevId));
+        break;
+      case 2:
+        file->setAndMarkParamValue(name, CParamVal(static_cast<unsigned>(edit)), subDevId);
+        break;
+      case 3:
+        if (below(50) == 0) file->copySubDevice(subDevId, static_cast<quint8>(below(3)));
+        break;
+      default:
+        file->addParameter(someNode(subDevId), name, CParamVal(static_cast<unsigned>(edit)));
+    }
+    if (edit % 10 != 0) continue;
+    QStringList walked;
+    const std::function<void(ICParamTreeNode*)> walk = [&](ICParamTreeNode* node) {
+      for (int i = 0; i < node->childCnt(); ++i) {
+        ICParamTreeNode* child = node->childPtr(i);
+        if (child->isParam()) {
+          walked += child->name();
+          QVERIFY(!file->paramValue(child->name(), subDevId).isNull());
+          QCOMPARE(file->findParameter(file->rootGroup(subDevId), child->name()), child);
+        }
+        walk(child);
+      }
+    };
+    walk(file->rootGroup(subDevId));
+    QCOMPARE(file->paramNames(subDevId), walked);
+    for (const QString& defined : file->defNames()) {
+      QCOMPARE(file->paramValue(defined, subDevId).isNull(), !walked.contains(defined));
+    }
+  }
+}
+
+QTEST_APPLESS_MAIN(tst_ParameterFile)
+#include "tst_ParameterFile.moc"

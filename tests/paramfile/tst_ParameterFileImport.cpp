@@ -1,0 +1,187 @@
+// Import of values, and objects that look things up in each other.
+
+#include "CParameterFileBaseImpl.h"
+#include "ExampleDrive.h"
+#include "ICLogfile.h"
+#include "ParamFileText.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace NTestFiles;
+
+namespace {
+
+QList<int> counts(const ICParameterFile& file) {
+  const NParamDef::SImportResult r = file.importResult();
+  return {r.taken, r.equal, r.defaulted, r.kept, r.added, r.unknown};
+}
+
+/// Sub-device 1: Speed 0x14 in G/Inner, Name in New/Group, Secret (not defined elsewhere).
+CParameterFilePtr makeSource() {
+  auto source = makeSmall();
+  source->deleteNode(source->rootGroup(1)->childPtr("Mode"));
+  source->setParamValue("Speed", CParamVal(20U), 1);
+  source->addParameter(source->subGroup("New/Group", 1), "Name", CParamVal("n"));
+  source->addDef("Secret", NParamDef::PARAM_TYPE_U8, 9);
+  source->addParameter(source->rootGroup(1), "Secret");
+  source->addParameter(source->rootGroup(4), "Loose");
+  return source;
+}
+
+using CGroupMember = CParameterFilePtr;
+
+CGroupMember makeMember(ICParameterFile* parent) {
+  return CGroupMember(
+      ICParameterFile::createGroup(parent, NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+}
+
+}  // namespace
+
+class tst_ParameterFileImport : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void takesDefaultsAddsAndSkips() {
+    const auto source = makeSource();
+    const auto file = makeSmall();
+    file->setParamValue("Mode", CParamVal(5), 1);
+    file->clearChanged();
+    QVERIFY2(file->importParamFile(source.get(), "", ""), qPrintable(file->errorMsg()));
+    QCOMPARE(counts(*file), QList<int>({1, 0, 1, 0, 2, 1}));
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal(20U));
+    QCOMPARE(file->paramValue("Mode", 1), CParamVal(-1));
+    QCOMPARE(file->findParameter(file->existingSubGroup("New/Group", 1), "Name")->id(), 3U);
+    QCOMPARE(file->rootGroup(4)->childPtr("Loose")->id(), 0U);
+    QVERIFY(file->paramValue("Secret", 1).isNull());
+    QCOMPARE(file->changedList(), QStringList("A"));
+    file->clearChanged();
+    QVERIFY(file->importParamFile(source.get(), "A", "A"));
+    QCOMPARE(counts(*file), QList<int>({0, 3, 1, 0, 0, 1}));
+    QVERIFY(!file->isChanged());
+  }
+
+  void keepsWhatTheSourceLacksWhenAsked() {
+    const auto source = makeSource();
+    const auto file = makeSmall();
+    file->setParamValue("Mode", CParamVal(5), 1);
+    QVERIFY(file->importParamFile(source.get(), "", "", NParamDef::ImportKeep));
+    QCOMPARE(counts(*file), QList<int>({1, 0, 0, 1, 2, 1}));
+    QCOMPARE(file->paramValue("Mode", 1), CParamVal(5));
+  }
+
+  void importsIntoAnInactiveIdFromAFile() {
+    QTemporaryDir folder;
+    const auto source = makeSource();
+    source->renameHardwareId("A", "S");
+    QVERIFY(source->saveParamFile(folder.filePath("s"), QString(), 0x20000));
+    const auto file = makeSmall();
+    file->cloneHardwareId("A", "B");
+    file->clearChanged();
+    QVERIFY2(file->importParamFile(folder.filePath("s"), "", "A"), qPrintable(file->errorMsg()));
+    QCOMPARE(file->hardwareId(), QString("B"));
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal(10U));
+    QCOMPARE(file->changedList(), QStringList("A"));
+    QVERIFY(file->selectHardwareId("A"));
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal(20U));
+    QVERIFY(!file->importParamFile(folder.filePath("s"), "X", "A"));
+    QCOMPARE(file->errorMsg(), QString("File \"%1\" load error: There is no matching hardware id "
+                                       "for 'X'.")
+                                   .arg(folder.filePath("s")));
+  }
+
+  void tellsTheLogWhatItDid() {
+    struct SLog : ICLogfile {
+      bool isActive() const override { return true; }
+      bool isLevelEnabled(quint32) const override { return true; }
+      quint32 levelMask() const override { return 12; }
+      void setLevelMask(quint32) override {}
+      QString prefix() const override { return {}; }
+      void setPrefix(const QString&) override {}
+      void write(quint32, const QString& text) override { lines += text; }
+      QStringList lines;
+    } log;
+    const auto small = makeSmall();
+    CParameterFileBaseImpl file(*dynamic_cast<CParameterFileBaseImpl*>(small.get()), &log);
+    const auto source = makeSource();
+    QVERIFY(file.importParamFile(source.get(), "", "", NParamDef::ImportDefault));
+    QCOMPARE(log.lines,
+             QStringList({"Mode of sub device 1: Default value is used.",
+                          "Secret of sub device 1: The parameter is not defined and is skipped."}));
+    CParameterFileBaseImpl undefined(NktoGlobal::FILE_TYPE_PARAMETERS, &log);
+    undefined.cloneHardwareIdFromInstance("A", small.get());
+    log.lines.clear();
+    QVERIFY(!undefined.importParamFile(source.get(), "", "", NParamDef::ImportDefault));
+    QCOMPARE(log.lines,
+             QStringList({"Mode of sub device 1: Definition is missing.",
+                          "Definition of parameter \"Mode\" not found. Import failed."}));
+  }
+
+  void membersOfAGroupAnswerForEachOther() {
+    auto first = makeMember(nullptr);
+    auto second = makeMember(first.get());
+    const auto stranger = makeMember(makeFile().get());
+    first->addHardwareId("A");
+    second->addHardwareId("B");
+    second->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7)->setDefVal(CParamVal(3U));
+    QCOMPARE(first->paramDef("Speed").id(), 7U);
+    QCOMPARE(first->paramDef(7U).name(), QString("Speed"));
+    QCOMPARE(first->idByName("Speed"), 7U);
+    QVERIFY(!stranger->paramDef("Speed").valid());
+    QVERIFY(stranger->nameById(7).isEmpty());
+    QCOMPARE(stranger->errorMsg(), QString("There is no parameter defined with id 7."));
+    QVERIFY(!first->paramDefPtr("Speed"));
+    QVERIFY(first->isDefEmpty());
+
+    QVERIFY(first->addParameter(first->rootGroup(1), "Speed"));
+    QVERIFY(second->addParameter(second->rootGroup(1), "Speed", CParamVal(4U)));
+    QCOMPARE(second->paramValue("Speed", 1), CParamVal(3U));
+    QVERIFY(first->setAndMarkParamValue(7U, CParamVal("0x03"), 1));
+    QVERIFY(!first->isChanged() || first->changedList() == QStringList("A"));
+    QVERIFY(first->setParamValue("Speed", CParamVal(), 1));
+    QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
+
+    first.reset();
+    QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
+    second.reset();
+  }
+
+  void referencesAreThoseOfAllMembers() {
+    QTemporaryDir folder;
+    auto first = makeMember(nullptr);
+    auto second = makeMember(first.get());
+    for (const quint32 id : {1U, 2U}) {
+      const auto file = makeFile();
+      CParamDefItem* definition =
+          file->addDef("P" + QString::number(id), NParamDef::PARAM_TYPE_U8, id);
+      definition->setVisible("5#1");
+      QVERIFY(file->saveParamDefFile(folder.filePath("d"), 0x10000));
+      QVERIFY((id == 1 ? second : first)->loadParamDefFile(folder.filePath("d"), 0x10000));
+    }
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({2, 1}));
+    QVERIFY(first->isReferenced(5U));
+    first.reset();
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({1}));
+  }
+
+  void objectsWithoutAParentAreOneGroup() {
+    const auto make = [] {
+      return CParameterFilePtr(ICParameterFile::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+    };
+    auto first = make();
+    {
+      auto second = make();
+      second->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7);
+      QVERIFY(first->paramDef("Speed").valid());
+      QVERIFY(!makeFile()->paramDef("Speed").valid());
+    }
+    QVERIFY(!first->paramDef("Speed").valid());
+    first.reset();
+    first = make();
+    first->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7);
+    QVERIFY(make()->paramDef("Speed").valid());
+  }
+};
+
+QTEST_APPLESS_MAIN(tst_ParameterFileImport)
+#include "tst_ParameterFileImport.moc"

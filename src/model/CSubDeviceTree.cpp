@@ -58,10 +58,15 @@ CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
   return copy;
 }
 
-bool CSubDeviceTree::setValue(const QString& name, const CParamVal& value) {
+CSubDeviceTree::SParam* CSubDeviceTree::find(const QString& name) {
   const auto it = mParams.find(name);
-  if (it == mParams.end()) return false;
-  it->value = value;
+  return it == mParams.end() ? nullptr : &*it;
+}
+
+bool CSubDeviceTree::setValue(const QString& name, const CParamVal& value) {
+  SParam* const param = find(name);
+  if (!param) return false;
+  param->value = value;
   return true;
 }
 

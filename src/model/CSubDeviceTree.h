@@ -29,6 +29,13 @@ class CSubDeviceTree {
   int count() const { return mParams.size(); }  ///< of parameters
   void reserve(int count) { mParams.reserve(count); }
 
+  /// A parameter: its value, which may be changed, and its node.
+  struct SParam {
+    CParamVal value;
+    CParamTreeNodeImpl* node = nullptr;
+  };
+  /// Null for an unknown parameter; valid until the next edit of the tree.
+  SParam* find(const QString& name);
   bool contains(const QString& name) const { return mParams.contains(name); }
   CParamVal value(const QString& name) const { return mParams.value(name).value; }
   bool setValue(const QString& name, const CParamVal& value);  ///< false for an unknown parameter
@@ -54,11 +61,6 @@ class CSubDeviceTree {
   void merge(CSubDeviceTree&& other);
 
  private:
-  struct SParam {
-    CParamVal value;
-    CParamTreeNodeImpl* node = nullptr;
-  };
-
   /// A group is found by its parent and its name.
   using CGroupKey = QPair<const CParamTreeNodeImpl*, QString>;
 

@@ -88,14 +88,15 @@ bool CParameterFileBaseImpl::setParamValue(quint32 id, const CParamVal& value, q
 bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CParamVal& value,
                                                   quint8 subDevId) {
   CSubDeviceTree* tree = activeTree(subDevId);
-  if (tree == nullptr || !tree->contains(name)) {
+  CSubDeviceTree::SParam* parameter = tree != nullptr ? tree->find(name) : nullptr;
+  if (parameter == nullptr) {
     return false;
   }
-  if (CParameterFileHelper::compareValues(tree->value(name), value, paramDef(name))) {
+  if (CParameterFileHelper::compareValues(parameter->value, value, paramDef(name))) {
     return true;
   }
-  tree->setValue(name, value);
-  tree->node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
+  parameter->value = value;
+  parameter->node->setProperty(NParamDef::PROPERTY_CHANGED, true);
   setHwIdChanged(mHardwareId);
   return true;
 }

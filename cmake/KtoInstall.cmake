@@ -13,15 +13,11 @@ function(kto_consumer_includes target component)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${component}>)
 endfunction()
 
-# Libraries and tool find each other wherever the installation lies or is moved to.
+# The libraries find each other, as the tool finds them, wherever the installation is moved to.
 function(kto_install_binaries)
-  file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   set_target_properties(ktoFramework ktoParameter PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS ktoFramework ktoParameter EXPORT ktoParameterTargets)
-  if(TARGET ktoparam)
-    set_target_properties(ktoparam PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
-    install(TARGETS ktoparam)
-  endif()
+  install(TARGETS ktoparam)
 endfunction()
 
 function(kto_install_cmake_package)

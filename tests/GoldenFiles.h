@@ -4,22 +4,45 @@
 
 #include <QDir>
 #include <QStringList>
+#include <QtTest>
 
 /// Folders of test files that lie beside what is expected of them: "name.xml" and "name.txt".
 namespace NGoldenFiles {
 
 /// The folder of an area and kind, e.g. "settings/valid".
-inline QDir folder(const QString& area) {
-  return QDir(NTestFiles::data(area));
+inline QDir folder(const char* area) {
+  return QDir(NTestFiles::data(QString::fromLatin1(area)));
 }
 
-/// The names, without the suffix, of the files in a folder.
-inline QStringList names(const QString& area, const QString& suffix) {
-  QStringList names = folder(area).entryList({QLatin1Char('*') + suffix}, QDir::Files, QDir::Name);
-  for (QString& name : names) {
-    name.chop(suffix.size());
+/// Data rows of one column, "name": the files of a folder that end in the suffix, without it.
+inline void addRows(const char* area, const char* suffix) {
+  QTest::addColumn<QString>("name");
+  const QString pattern = QLatin1Char('*') + QLatin1String(suffix);
+  const QStringList files = folder(area).entryList({pattern}, QDir::Files, QDir::Name);
+  QVERIFY(!files.isEmpty());
+  for (const QString& file : files) {
+    const QString name = file.chopped(pattern.size() - 1);
+    QTest::newRow(qPrintable(name)) << name;
   }
-  return names;
+}
+
+inline QStringList lines(const QString& fileName) {
+  return QString::fromUtf8(NTestFiles::read(fileName)).split(QLatin1Char('\n'));
+}
+
+/// A text on one line, as the expected files have it: ASCII without control characters.
+inline QString readable(const QString& text) {
+  QString result;
+  for (const QChar c : text) {
+    const ushort unit = c.unicode();
+    result += unit == '\n'   ? QStringLiteral("\\n")
+              : unit == '\r' ? QStringLiteral("\\r")
+              : unit == '\t' ? QStringLiteral("\\t")
+              : unit < 0x20 || unit > 0x7E
+                  ? QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'))
+                  : QString(c);
+  }
+  return result;
 }
 
 }  // namespace NGoldenFiles

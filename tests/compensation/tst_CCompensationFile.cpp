@@ -23,16 +23,8 @@ QDate testDay() {
   return QDate(2027, 2, 28);
 }
 
-/// A text in brackets, everything but ASCII made readable.
-QString readable(const QString& text) {
-  QString result;
-  for (const QChar c : text) {
-    const ushort unit = c.unicode();
-    result += unit == '\n'  ? QStringLiteral("\\n")
-              : unit > 0x7E ? QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'))
-                            : QString(c);
-  }
-  return QLatin1Char('[') + result + QLatin1Char(']');
+QString bracketed(const QString& text) {
+  return QLatin1Char('[') + NGoldenFiles::readable(text) + QLatin1Char(']');
 }
 
 /// All that a file holds, as the expected files have it.
@@ -41,12 +33,13 @@ QString dump(const ICCompensationFile& file) {
   QStringList lines;
   lines << QStringLiteral("format %1").arg(file.detectedDataPointFormat());
   lines << QStringLiteral("head %1 %2 %3")
-               .arg(head.date().toString(Qt::ISODate), readable(head.author()),
-                    readable(head.comment()));
+               .arg(head.date().toString(Qt::ISODate), bracketed(head.author()),
+                    bracketed(head.comment()));
   lines << QStringLiteral("range %1 %2")
-               .arg(readable(file.header().minimum()), readable(file.header().maximum()));
+               .arg(bracketed(file.header().minimum()), bracketed(file.header().maximum()));
   for (const CCompensationPoint& point : file.allPoints()) {
-    lines << QStringLiteral("%1 %2").arg(readable(point.position()), readable(point.adjustment()));
+    lines << QStringLiteral("%1 %2").arg(bracketed(point.position()),
+                                         bracketed(point.adjustment()));
   }
   return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
@@ -63,15 +56,6 @@ class CRefusingFile : public CCompensationFileImpl {
   QString mTag;
 };
 
-void addNames(const QString& area, const QString& suffix) {
-  QTest::addColumn<QString>("name");
-  const QStringList names = NGoldenFiles::names(area, suffix);
-  QVERIFY(!names.isEmpty());
-  for (const QString& name : names) {
-    QTest::newRow(qPrintable(name)) << name;
-  }
-}
-
 }  // namespace
 
 class tst_CCompensationFile : public QObject {
@@ -83,13 +67,11 @@ class tst_CCompensationFile : public QObject {
   void cleanup() { CMessageBoardHelper::setHandler({}); }
   void cleanupTestCase() { NLumoToday::setToday(nullptr); }
 
-  void valid_data() { addNames(QStringLiteral("compensation/valid"), QStringLiteral(".txt")); }
+  void valid_data() { NGoldenFiles::addRows("compensation/valid", ".txt"); }
   void valid();
-  void invalid_data() { addNames(QStringLiteral("compensation/invalid"), QStringLiteral(".txt")); }
+  void invalid_data() { NGoldenFiles::addRows("compensation/invalid", ".txt"); }
   void invalid();
-  void golden_data() {
-    addNames(QStringLiteral("compensation/golden"), QStringLiteral(".current.xml"));
-  }
+  void golden_data() { NGoldenFiles::addRows("compensation/golden", ".current.xml"); }
   void golden();
   void examples_data();
   void examples();
@@ -103,7 +85,6 @@ class tst_CCompensationFile : public QObject {
   void unsavableTexts();
   void refusedElements_data();
   void refusedElements();
-  void folderThatIsMissing();
 
  private:
   QString path(const QString& name) const { return mFolder.filePath(name); }
@@ -130,7 +111,7 @@ void tst_CCompensationFile::init() {
 // Every file gives what stands beside it, from the file and from a buffer.
 void tst_CCompensationFile::valid() {
   QFETCH(QString, name);
-  const QDir folder = NGoldenFiles::folder(QStringLiteral("compensation/valid"));
+  const QDir folder = NGoldenFiles::folder("compensation/valid");
   const QString fileName = folder.filePath(name + QLatin1String(".xml"));
   const QString expected =
       QString::fromUtf8(NTestFiles::read(folder.filePath(name + QLatin1String(".txt"))));
@@ -148,11 +129,9 @@ void tst_CCompensationFile::valid() {
 // The file beside it holds the results for a file and for a buffer, the message and the part read.
 void tst_CCompensationFile::invalid() {
   QFETCH(QString, name);
-  const QDir folder = NGoldenFiles::folder(QStringLiteral("compensation/invalid"));
+  const QDir folder = NGoldenFiles::folder("compensation/invalid");
   const QString fileName = folder.filePath(name + QLatin1String(".xml"));
-  QStringList lines =
-      QString::fromUtf8(NTestFiles::read(folder.filePath(name + QLatin1String(".txt"))))
-          .split(QLatin1Char('\n'));
+  QStringList lines = NGoldenFiles::lines(folder.filePath(name + QLatin1String(".txt")));
   const QStringList results = lines.takeFirst().split(QLatin1Char(' '));
   const QString message = lines.takeFirst();
   const QString content = lines.join(QLatin1Char('\n'));
@@ -173,7 +152,7 @@ void tst_CCompensationFile::invalid() {
 // A file, loaded and saved in either format, gives the bytes beside it, and those give themselves.
 void tst_CCompensationFile::golden() {
   QFETCH(QString, name);
-  const QDir folder = NGoldenFiles::folder(QStringLiteral("compensation/golden"));
+  const QDir folder = NGoldenFiles::folder("compensation/golden");
   QCOMPARE(mFile->load(folder.filePath(name + QLatin1String(".xml")), kVersion), 0);
   const QList<CCompensationPoint> points = mFile->allPoints();
   for (const auto& suffix : {QStringLiteral(".current.xml"), QStringLiteral(".old.xml")}) {
@@ -244,11 +223,14 @@ void tst_CCompensationFile::versions() {
 }
 
 void tst_CCompensationFile::missingFile() {
-  const QString fileName = path(QStringLiteral("%1.missing"));
+  const QString fileName = path(QStringLiteral("missing/%1"));
+  const QString prefix =
+      QLatin1String("File \"") + fileName + QLatin1String("\": the file cannot be ");
+  const QString reason = QStringLiteral(": No such file or directory.");
   QCOMPARE(mFile->load(fileName, kVersion), 2);
-  QCOMPARE(mFile->errorMsg(),
-           QStringLiteral("File \"") + fileName +
-               QStringLiteral("\": the file cannot be opened: No such file or directory."));
+  QCOMPARE(mFile->errorMsg(), QString(prefix + QLatin1String("opened") + reason));
+  QCOMPARE(mFile->save(fileName, kVersion), 5);
+  QCOMPARE(mFile->errorMsg(), QString(prefix + QLatin1String("written") + reason));
 }
 
 // Empty meta data is filled by a save and stays; data that is partly there is left alone.
@@ -377,14 +359,6 @@ void tst_CCompensationFile::refusedElements() {
   QCOMPARE(mFile->save(fileName, kVersion), 1);
   QCOMPARE(mFile->errorMsg(), message);
   QVERIFY(!QFile::exists(fileName));
-}
-
-void tst_CCompensationFile::folderThatIsMissing() {
-  const QString fileName = path(QStringLiteral("missing/table"));
-  QCOMPARE(mFile->save(fileName, kVersion), 5);
-  QCOMPARE(mFile->errorMsg(),
-           QStringLiteral("File \"%1\": the file cannot be written: No such file or directory.")
-               .arg(fileName));
 }
 
 QTEST_GUILESS_MAIN(tst_CCompensationFile)

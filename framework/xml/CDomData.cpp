@@ -71,7 +71,7 @@ QString CDomData::textOf(quint32 nodeIndex) const {
 }
 
 quint32 CDomData::internName(std::string_view name) {
-  const auto known = mNameIndex.find(std::string(name));
+  const auto known = mNameIndex.find(name);
   if (known != mNameIndex.end()) {
     return known->second;
   }

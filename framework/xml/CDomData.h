@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -115,7 +116,7 @@ class CDomData {
   std::vector<SDomAttribute> mAttributes;
   quint32 mLastAttributeOwner = kNone;  ///< element whose attribute was added last
   std::string mText;
-  std::vector<std::string> mNames;
-  std::unordered_map<std::string, quint32> mNameIndex;
+  std::deque<std::string> mNames;  // whose elements stay where they are
+  std::unordered_map<std::string_view, quint32> mNameIndex;
   SDomInvalidText mInvalid;
 };

@@ -1,55 +1,13 @@
 #include "CXmlParser.h"
 
 #include "NLumoXmlTags.h"
+#include "Utf16.h"
 #include "XmlText.h"
 
 #include <cstring>
 #include <new>
 
 namespace {
-
-bool startsWith(const QByteArray& bytes, std::string_view mark) {
-  return std::string_view(bytes.constData(), static_cast<size_t>(bytes.size()))
-             .substr(0, mark.size()) == mark;
-}
-
-/// Byte order of a text in UTF-16, told by its mark or its first character.
-enum class EUtf16 { None, LittleEndian, BigEndian };
-
-EUtf16 utf16Order(const QByteArray& bytes) {
-  using namespace std::string_view_literals;
-  if (startsWith(bytes, "\xFF\xFE"sv) || startsWith(bytes, "<\0"sv)) {
-    return EUtf16::LittleEndian;
-  }
-  const bool big = startsWith(bytes, "\xFE\xFF"sv) || startsWith(bytes, "\0<"sv);
-  return big ? EUtf16::BigEndian : EUtf16::None;
-}
-
-char16_t unitAt(const QByteArray& bytes, int position, EUtf16 order) {
-  const auto* b = reinterpret_cast<const uchar*>(bytes.constData()) + position;
-  return order == EUtf16::LittleEndian ? static_cast<char16_t>(b[0] | (b[1] << 8))
-                                       : static_cast<char16_t>(b[1] | (b[0] << 8));
-}
-
-/// Line of the first surrogate that has no partner, or 0. expat takes whatever follows a high
-/// surrogate for its partner, markup included.
-int lineOfLoneSurrogate(const QByteArray& bytes, EUtf16 order) {
-  int line = 1;
-  for (int i = 0; i + 1 < bytes.size(); i += 2) {
-    const char16_t unit = unitAt(bytes, i, order);
-    line += unit == u'\n' ? 1 : 0;
-    if (!QChar::isSurrogate(unit)) {
-      continue;
-    }
-    const bool paired = QChar::isHighSurrogate(unit) && i + 3 < bytes.size() &&
-                        QChar::isLowSurrogate(unitAt(bytes, i + 2, order));
-    if (!paired) {
-      return line;
-    }
-    i += 2;
-  }
-  return 0;
-}
 
 /// Characters of windows-1252 where it differs from ISO-8859-1; -1 for those it does not define.
 constexpr int kWindows1252[32] = {0x20AC, -1,     0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
@@ -122,55 +80,46 @@ struct CXmlParser::SHandlers {
 };
 
 CXmlParser::CXmlParser(CDomData& data, EExtent extent)
-    : mData(data), mExtent(extent), mParser(XML_ParserCreate(nullptr), &XML_ParserFree) {}
+    : mData(data), mExtent(extent), mParser(nullptr, &XML_ParserFree) {}
 
 bool CXmlParser::parse(const QByteArray& bytes, QString& error) {
+  bool done = false;
   try {
-    const bool done = checkBytes(bytes) && run(bytes);
-    if (!done && mDoctypeEnd >= 0 && mError.isEmpty() && !mOutOfMemory) {
-      CXmlParser again(mData, mExtent);
-      again.mDoctypeTakenOut = true;
-      return again.parse(withoutDoctype(bytes), error);
-    }
-    error = mOutOfMemory ? tr("There is not enough memory to read the document.") : mError;
-    return done;
+    done = bytes.size() <= NXmlLimits::kMaxBytes ? decodeAndRun(bytes)
+                                                 : failWithoutLine(tr("The document is larger "
+                                                                      "than 512 MiB."));
   } catch (const std::bad_alloc&) {
-    error = tr("There is not enough memory to read the document.");
-    return false;
+    mOutOfMemory = true;
   }
+  error = mOutOfMemory ? tr("There is not enough memory to read the document.") : mError;
+  return done && !mOutOfMemory;
 }
 
-bool CXmlParser::checkBytes(const QByteArray& bytes) {
-  if (!mParser) {
-    throw std::bad_alloc();
+/// expat reads UTF-8 faster than UTF-16 and does not look whether surrogates pair, so UTF-16 is
+/// turned into UTF-8 first.
+bool CXmlParser::decodeAndRun(const QByteArray& bytes) {
+  mUtf16Order = NUtf16::orderOf(bytes);
+  if (mUtf16Order == NUtf16::None) {
+    mHasUtf8Mark = bytes.startsWith("\xEF\xBB\xBF");
+    return run(bytes, nullptr);
   }
-  if (bytes.size() > NXmlLimits::kMaxBytes) {
-    mError = tr("The document is larger than 512 MiB.");
-    return false;
-  }
-  const EUtf16 order = utf16Order(bytes);
-  if (order == EUtf16::None) {
-    mMark = startsWith(bytes, "\xEF\xBB\xBF") ? Utf8Mark : NoMark;
-    return true;
-  }
-  mMark = Utf16Mark;
   if (bytes.size() % 2 != 0) {
-    mError = tr("The document is in UTF-16 but has an odd number of bytes.");
-    return false;
+    return failWithoutLine(tr("The document is in UTF-16 but has an odd number of bytes."));
   }
-  const int badLine = lineOfLoneSurrogate(bytes, order);
-  if (badLine > 0) {
-    failAt(badLine, tr("half of a surrogate pair stands alone"));
+  QByteArray utf8;
+  if (!NUtf16::toUtf8(bytes, mUtf16Order, utf8)) {
+    mInput = utf8;
+    return failAt(countLinesTo(utf8.size()), tr("half of a surrogate pair stands alone"));
   }
-  return badLine == 0;
+  return run(utf8, "UTF-8");
 }
 
-bool CXmlParser::run(const QByteArray& bytes) {
-  installHandlers();
+bool CXmlParser::run(const QByteArray& bytes, const char* encoding) {
+  mInput = bytes;
+  start(encoding);
   // One call with all bytes: a long token is then scanned once, however long it is.
-  const XML_Status status = XML_Parse(mParser.get(), bytes.constData(), bytes.size(), 1);
-  if (status == XML_STATUS_OK || (mStopped && mError.isEmpty() && mDoctypeEnd < 0)) {
-    return !mOutOfMemory;
+  if (XML_Parse(mParser.get(), mInput.constData(), mInput.size(), 1) == XML_STATUS_OK) {
+    return true;
   }
   const XML_Error code = XML_GetErrorCode(mParser.get());
   if (code == XML_ERROR_NO_MEMORY) {
@@ -178,7 +127,38 @@ bool CXmlParser::run(const QByteArray& bytes) {
   } else if (!mStopped) {
     fail(reasonOf(code));
   }
-  return false;
+  if (mDoctypeEnd >= 0) {
+    return runWithoutDoctype(encoding);
+  }
+  return mStopped && mError.isEmpty();  // all that was wanted is read
+}
+
+/// With an external id the parser would pass over undeclared entities in silence; with the
+/// declaration turned into a comment it refuses them.
+bool CXmlParser::runWithoutDoctype(const char* encoding) {
+  const auto end = static_cast<int>(mDoctypeEnd);
+  const int begin = mInput.lastIndexOf("<!DOCTYPE", end);
+  QByteArray bytes = mInput;
+  for (int i = begin; i >= 0 && i < end; ++i) {
+    if (bytes.at(i) != '\n' && bytes.at(i) != '\r') {
+      bytes[i] = ' ';
+    }
+  }
+  bytes.replace(begin, 4, "<!--").replace(end - 2, 2, "--");
+  mDoctypeEnd = -1;
+  mDoctypeTakenOut = true;
+  mStopped = false;
+  mCountedTo = 0;
+  mCountedLine = 1;
+  return run(bytes, encoding);
+}
+
+void CXmlParser::start(const char* encoding) {
+  mParser.reset(XML_ParserCreate(encoding));
+  if (!mParser) {
+    throw std::bad_alloc();
+  }
+  installHandlers();
 }
 
 void CXmlParser::installHandlers() {
@@ -194,50 +174,20 @@ void CXmlParser::installHandlers() {
   XML_SetUnknownEncodingHandler(parser, &furtherEncoding, nullptr);
 }
 
-/// The bytes with the document type declaration turned into a comment. With an external id the
-/// parser would pass over undeclared entities in silence; without the declaration it refuses them.
-QByteArray CXmlParser::withoutDoctype(const QByteArray& bytes) const {
-  QByteArray result = bytes;
-  const EUtf16 order = utf16Order(bytes);
-  const int width = order == EUtf16::None ? 1 : 2;
-  const int low = order == EUtf16::BigEndian ? 1 : 0;
-  const auto encoded = [&](const char* ascii) {
-    QByteArray text(width * static_cast<int>(qstrlen(ascii)), '\0');
-    for (int i = 0; ascii[i] != '\0'; ++i) {
-      text[i * width + low] = ascii[i];
-    }
-    return text;
-  };
-  const auto end = static_cast<int>(mDoctypeEnd);
-  const int begin = bytes.lastIndexOf(encoded("<!DOCTYPE"), end);
-  if (begin < 0 || begin % width != 0) {
-    return result;
-  }
-  for (int i = begin; i < end; i += width) {
-    const bool lineEnd = bytes.at(i + low) == '\n' || bytes.at(i + low) == '\r';
-    if (!lineEnd) {
-      result.replace(i, width, encoded(" "));
-    }
-  }
-  result.replace(begin, 4 * width, encoded("<!--"));
-  return result.replace(end - 2 * width, 2 * width, encoded("--"));
-}
-
 QString CXmlParser::reasonOf(XML_Error code) const {
   switch (code) {
     case XML_ERROR_NO_ELEMENTS:
-      return tr("there is no root element, the document ends too early");
+      return mOpen.empty() ? tr("there is no root element")
+                           : withOpenTag(tr("the document ends before the tag <%1> of line %2 is "
+                                            "closed"));
     case XML_ERROR_UNCLOSED_TOKEN:
     case XML_ERROR_PARTIAL_CHAR:
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
       return tr("the document ends within a tag, text or comment");
     case XML_ERROR_INVALID_TOKEN:
       return tr("a character or mark-up stands here that XML does not allow");
-    case XML_ERROR_TAG_MISMATCH: {
-      const auto open = mData.name(mData.node(mOpen.back()).element.name);
-      return tr("the closing tag does not match the open tag <%1> of line %2")
-          .arg(NXmlText::toQString(open), QString::number(mData.node(mOpen.back()).line));
-    }
+    case XML_ERROR_TAG_MISMATCH:
+      return withOpenTag(tr("the closing tag does not match the open tag <%1> of line %2"));
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
       return tr("an attribute stands twice in one tag");
     case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
@@ -259,9 +209,23 @@ QString CXmlParser::reasonOf(XML_Error code) const {
   }
 }
 
+/// Fills tag and line of the innermost open element into a text.
+QString CXmlParser::withOpenTag(const QString& text) const {
+  const SDomNode& node = mData.node(mOpen.back());
+  return text.arg(NXmlText::toQString(mData.name(node.element.name)), QString::number(node.line));
+}
+
 void CXmlParser::declaration(const char* encoding) {
-  // The parser itself compares UTF-16 with the declaration, but not the mark of UTF-8.
-  if (mMark == Utf8Mark && encoding != nullptr && qstricmp(encoding, "UTF-8") != 0) {
+  if (encoding == nullptr) {
+    return;
+  }
+  const auto declares = [encoding](const char* name) { return qstricmp(encoding, name) == 0; };
+  const bool agrees =
+      mUtf16Order == NUtf16::None
+          ? !mHasUtf8Mark || declares("UTF-8")  // the parser itself looks at the rest
+          : declares("UTF-16") ||
+                declares(mUtf16Order == NUtf16::LittleEndian ? "UTF-16LE" : "UTF-16BE");
+  if (!agrees) {
     fail(reasonOf(XML_ERROR_INCORRECT_ENCODING));
   }
 }
@@ -357,16 +321,33 @@ void CXmlParser::keepBlankText() {
   mTextIsBlank = mTextIsBlank && mText.length == 0;
 }
 
-void CXmlParser::fail(const QString& reason) {
-  failAt(line(), reason);
+bool CXmlParser::fail(const QString& reason) {
+  return failAt(line(), reason);
 }
 
-void CXmlParser::failAt(int line, const QString& reason) {
-  mError = tr("Line %1: %2.").arg(QString::number(line), reason);
+bool CXmlParser::failAt(int line, const QString& reason) {
+  return failWithoutLine(tr("Line %1: %2.").arg(QString::number(line), reason));
+}
+
+bool CXmlParser::failWithoutLine(const QString& message) {
+  mError = message;
   mStopped = true;
-  XML_StopParser(mParser.get(), XML_FALSE);
+  if (mParser) {
+    XML_StopParser(mParser.get(), XML_FALSE);
+  }
+  return false;
 }
 
-int CXmlParser::line() const {
-  return static_cast<int>(XML_GetCurrentLineNumber(mParser.get()));
+int CXmlParser::line() {
+  return countLinesTo(XML_GetCurrentByteIndex(mParser.get()));
+}
+
+/// Counts on from where the last count ended; positions only grow while the text is read.
+int CXmlParser::countLinesTo(qint64 position) {
+  const char* text = mInput.constData();
+  for (; mCountedTo < position; ++mCountedTo) {
+    const char c = text[mCountedTo];
+    mCountedLine += c == '\n' || (c == '\r' && text[mCountedTo + 1] != '\n') ? 1 : 0;
+  }
+  return mCountedLine;
 }

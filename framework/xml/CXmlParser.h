@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CDomData.h"
+#include "Utf16.h"
 
 #include <expat.h>
 
@@ -24,13 +25,14 @@ class CXmlParser {
 
  private:
   struct SHandlers;
-  enum EMark { NoMark, Utf8Mark, Utf16Mark };
 
-  bool checkBytes(const QByteArray& bytes);
-  bool run(const QByteArray& bytes);
+  bool decodeAndRun(const QByteArray& bytes);
+  bool run(const QByteArray& bytes, const char* encoding);
+  bool runWithoutDoctype(const char* encoding);
+  void start(const char* encoding);
   void installHandlers();
-  QByteArray withoutDoctype(const QByteArray& bytes) const;
   QString reasonOf(XML_Error code) const;
+  QString withOpenTag(const QString& text) const;
 
   // What the parser reports.
   void declaration(const char* encoding);
@@ -44,14 +46,20 @@ class CXmlParser {
 
   void closeText();
   void keepBlankText();
-  void fail(const QString& reason);
-  void failAt(int line, const QString& reason);
-  int line() const;
+  bool fail(const QString& reason);
+  bool failAt(int line, const QString& reason);
+  bool failWithoutLine(const QString& message);
+  int line();
+  int countLinesTo(qint64 position);
 
   CDomData& mData;
   const EExtent mExtent;
   std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> mParser;
-  EMark mMark = NoMark;
+  QByteArray mInput;  ///< what the parser reads
+  NUtf16::EOrder mUtf16Order = NUtf16::None;
+  bool mHasUtf8Mark = false;
+  qint64 mCountedTo = 0;  ///< position up to which lines are counted
+  int mCountedLine = 1;
   std::vector<quint32> mOpen;  ///< the open elements, innermost last
   SDomText mText;              ///< character data since the last node
   bool mTextIsBlank = true;

@@ -25,22 +25,6 @@ bool parserTakesName(const QString& name) {
          XML_Parse(parser.get(), document.constData(), document.size(), 1) == XML_STATUS_OK;
 }
 
-void appendCodePoint(char32_t c, std::string& utf8) {
-  const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
-  if (c < 0x800) {
-    byte(0xC0 | (c >> 6));
-  } else {
-    if (c < 0x10000) {
-      byte(0xE0 | (c >> 12));
-    } else {
-      byte(0xF0 | (c >> 18));
-      byte(0x80 | ((c >> 12) & 0x3F));
-    }
-    byte(0x80 | ((c >> 6) & 0x3F));
-  }
-  byte(0x80 | (c & 0x3F));
-}
-
 }  // namespace
 
 bool isName(const QString& name) {
@@ -56,6 +40,26 @@ bool isName(const QString& name) {
   return !name.isEmpty() && (ascii || parserTakesName(name));
 }
 
+void appendCodePoint(char32_t c, std::string& utf8) {
+  const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
+  if (c < 0x80) {
+    byte(c);
+    return;
+  }
+  if (c < 0x800) {
+    byte(0xC0 | (c >> 6));
+  } else {
+    if (c < 0x10000) {
+      byte(0xE0 | (c >> 12));
+    } else {
+      byte(0xF0 | (c >> 18));
+      byte(0x80 | ((c >> 12) & 0x3F));
+    }
+    byte(0x80 | ((c >> 6) & 0x3F));
+  }
+  byte(0x80 | (c & 0x3F));
+}
+
 int appendUtf8(QStringView text, std::string& utf8) {
   for (qsizetype i = 0; i < text.size(); ++i) {
     char32_t c = text[i].unicode();
@@ -65,11 +69,7 @@ int appendUtf8(QStringView text, std::string& utf8) {
     } else if (!isCharacter(c)) {
       return static_cast<int>(i);
     }
-    if (c < 0x80) {
-      utf8 += static_cast<char>(c);
-    } else {
-      appendCodePoint(c, utf8);
-    }
+    appendCodePoint(c, utf8);
   }
   return -1;
 }

@@ -22,6 +22,9 @@ constexpr bool isCharacter(char32_t c) {
 /// A name that the parser reads as a tag.
 bool isName(const QString& name);
 
+/// Appends one character, as UTF-8.
+void appendCodePoint(char32_t c, std::string& utf8);
+
 /// Appends the text as UTF-8. Returns the index of the first unit that XML cannot hold (a control
 /// character, a lone surrogate, U+FFFE, U+FFFF), which ends the conversion, or -1.
 int appendUtf8(QStringView text, std::string& utf8);

@@ -98,8 +98,7 @@ class tst_CDomDoc : public QObject {
     const QString notWhatItDeclares =
         "Line 1: the document is not in the encoding that it declares.";
     const QString declared = "<?xml version=\"1.0\" encoding=\"%1\"?><a/>";
-    QTest::newRow("empty") << QByteArray("")
-                           << "Line 1: there is no root element, the document ends too early.";
+    QTest::newRow("empty") << QByteArray("") << "Line 1: there is no root element.";
     QTest::newRow("UTF-8 mark, ISO-8859-1 declared")
         << "\xEF\xBB\xBF" + declared.arg("ISO-8859-1").toUtf8() << notWhatItDeclares;
     QTest::newRow("UTF-16 declared in UTF-8")
@@ -149,7 +148,7 @@ class tst_CDomDoc : public QObject {
     const QString invalid = "a character or mark-up stands here that XML does not allow.";
     row("truncated tag", "<a>\n<b", "Line 2: the document ends within a tag, text or comment.");
     row("truncated element", "<a>\n",
-        "Line 2: there is no root element, the document ends too early.");
+        "Line 2: the document ends before the tag <a> of line 1 is closed.");
     row("mismatched tag", "<a>\n<b>\n</a>",
         "Line 3: the closing tag does not match the open tag <b> of line 2.");
     row("second root", "<a/>\n<b/>", "Line 2: something follows the end of the root element.");
@@ -205,7 +204,8 @@ class tst_CDomDoc : public QObject {
     for (const QByteArray type :
          {"<!DOCTYPE a>", "<!DOCTYPE a SYSTEM 'x'>", "<!DOCTYPE a PUBLIC 'p' 'x'\n>"}) {
       QVERIFY2(document.setContent(type + "\n<a b='&lt;'>&amp;</a>", error), qPrintable(error));
-      QVERIFY2(document.setContent(utf16(QString(type) + "\n<a/>", true), error), qPrintable(error));
+      QVERIFY2(document.setContent(utf16(QString(type) + "\n<a/>", true), error),
+               qPrintable(error));
     }
   }
 

@@ -45,7 +45,7 @@ class tst_CXmlAbstractLumoFile : public QObject {
                                     << "Line 1: the root element is <b>, expected is <a>.";
     QTest::newRow("not well-formed")
         << QByteArray("<a>") << true << 1 << ""
-        << "Line 1: there is no root element, the document ends too early.";
+        << "Line 1: the document ends before the tag <a> of line 1 is closed.";
   }
   void opens() {
     QFETCH(QByteArray, content);

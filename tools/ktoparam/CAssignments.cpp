@@ -64,11 +64,11 @@ bool CAssignments::locate(SAssignment& assignment, std::optional<quint8> subDevi
   if (found.isEmpty()) return refuseUnknown(assignment);
   if (subDevice && !found.contains(*subDevice)) {
     return refuse(assignment,
-                  Tool::tr("is not in sub-device %1; it is in %2.")
+                  Tool::tr("not in sub-device %1, but in %2.")
                       .arg(QString::number(*subDevice), ParameterLookup::listed(found)));
   }
   if (!subDevice && found.size() > 1) {
-    return refuse(assignment, Tool::tr("is in the sub-devices %1; choose one with --sub-device.")
+    return refuse(assignment, Tool::tr("in the sub-devices %1; choose one with --sub-device.")
                                   .arg(ParameterLookup::listed(found)));
   }
   assignment.subDevId = subDevice.value_or(found.first());
@@ -81,7 +81,7 @@ bool CAssignments::convert(SAssignment& assignment) {
   assignment.newValue = assignment.text;
   if (mLoaded.hasDefinitions()) {
     if (definition.name().isEmpty()) {
-      return refuse(assignment, Tool::tr("is not defined in the definition file; without --def its "
+      return refuse(assignment, Tool::tr("not defined in the definition file; without --def its "
                                          "value is set unchecked."));
     }
     const QString problem = ValueInput::valueOf(definition, assignment.text, assignment.newValue);

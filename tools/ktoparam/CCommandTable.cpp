@@ -68,7 +68,10 @@ EExitStatus CCommandTable::help(const QStringList& words, COutput& out) const {
   const SCommand* command = find(words);
   const QVector<SCommand> commands = command ? QVector<SCommand>{*command} : family(words.first());
   if (commands.isEmpty()) return unknown(words, out);
-  for (const SCommand& each : commands) Help::printCommand(each, out);
+  for (int i = 0; i < commands.size(); ++i) {
+    if (i > 0) out.line({});
+    Help::printCommand(commands.at(i), out);
+  }
   return ExitDone;
 }
 

@@ -89,9 +89,10 @@ void CLoadedFile::message(const QString& text) const {
 bool CLoadedFile::selectHardwareId(const QString& hardwareId) {
   if (mFile->selectHardwareId(hardwareId)) return true;
   const QStringList known = mFile->hardwareIds();
-  message(
-      Tool::tr("there is no hardware id \"%1\".%2 The file has: %3.")
-          .arg(hardwareId, Suggestion::didYouMean(hardwareId, known), Suggestion::listed(known)));
+  const QString suggestion =
+      Suggestion::listsAll(known) ? QString() : Suggestion::didYouMean(hardwareId, known);
+  message(Tool::tr("there is no hardware id \"%1\".%2 The file has: %3.")
+              .arg(hardwareId, suggestion, Suggestion::listed(known)));
   return false;
 }
 

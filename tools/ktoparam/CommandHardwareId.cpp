@@ -170,7 +170,7 @@ SCommand cloneCommand() {
                        idArgument(QStringLiteral("ID"), Tool::tr("The hardware id to copy.")),
                        idArgument(QStringLiteral("NEW-ID"), Tool::tr("The new hardware id."))};
   command.examples =
-      QStringList(QStringLiteral("hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-32"));
+      QStringList(QStringLiteral("hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-64"));
   command.run = runClone;
   return command;
 }

@@ -8,11 +8,11 @@
 /// Options that several commands have, each with one name and one meaning.
 namespace CommonOptions {
 
-inline constexpr QLatin1String kJson("json");
-inline constexpr QLatin1String kDef("def");
-inline constexpr QLatin1String kHardwareId("hardware-id");
-inline constexpr QLatin1String kSubDevice("sub-device");
-inline constexpr QLatin1String kDryRun("dry-run");
+inline const QLatin1String kJson("json");
+inline const QLatin1String kDef("def");
+inline const QLatin1String kHardwareId("hardware-id");
+inline const QLatin1String kSubDevice("sub-device");
+inline const QLatin1String kDryRun("dry-run");
 
 inline SOption json() {
   return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr int kColumns = 80;
-constexpr QLatin1String kIndent("  ");
+const QLatin1String kIndent("  ");
 
 /// What stands left and right in a list of arguments, options or commands.
 using CEntries = QVector<QPair<QString, QString>>;
@@ -103,7 +103,7 @@ void Help::printCommand(const SCommand& command, COutput& out) {
   printEntries(Tool::tr("Options:"), options, out);
   out.line({});
   out.line(Tool::tr("Example:"));
-  for (const QString& example : command.examples)
+  for (const QString& example : command.examples) {
     out.line(kIndent + QStringLiteral("ktoparam ") + example);
-  out.line({});
+  }
 }

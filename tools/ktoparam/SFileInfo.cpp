@@ -12,10 +12,10 @@
 namespace {
 
 // Enough for any Head; the values behind it need not be read.
-constexpr qint64 kHeadBytes = 16 * 1024 * 1024;
-constexpr qint64 kRootBytes = 64 * 1024;
+constexpr qint64 kHeadBytes = 16LL * 1024 * 1024;
+constexpr int kRootBytes = 64 * 1024;
 constexpr int kRootLines = 3;
-constexpr QLatin1String kDefinitionRoot("LumoParamDefinition");
+const QLatin1String kDefinitionRoot("LumoParamDefinition");
 
 // Definition files are no file type of the library; their root tag is looked for as the types' are.
 bool beginsDefinitions(const QByteArray& head) {

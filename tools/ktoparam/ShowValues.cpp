@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QLatin1String kChanged("changed");
+const QLatin1String kChanged("changed");
 
 /// Which of the values are shown.
 struct SSelection {

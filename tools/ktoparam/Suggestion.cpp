@@ -12,7 +12,7 @@ namespace {
 constexpr int kListedNames = 12;
 
 int toleratedErrors(const QString& text) {
-  return qBound(1, text.size() / 3, 4);
+  return qMin(text.size() / 3, 4);
 }
 
 // Characters to insert, delete, replace or swap with the next one; more than `limit` is just that.
@@ -60,7 +60,11 @@ QString Suggestion::didYouMean(const QString& text, const QStringList& candidate
 }
 
 QString Suggestion::listed(const QStringList& names) {
-  if (names.size() <= kListedNames) return names.join(QLatin1String(", "));
+  if (listsAll(names)) return names.join(QLatin1String(", "));
   const QString first = QStringList(names.mid(0, kListedNames)).join(QLatin1String(", "));
   return Tool::tr("%1, … (%2 in all)").arg(first, QString::number(names.size()));
+}
+
+bool Suggestion::listsAll(const QStringList& names) {
+  return names.size() <= kListedNames;
 }

@@ -18,5 +18,7 @@ QString didYouMean(const QString& text, const QStringList& candidates);
 
 /// "a, b, c, … (12 in all)": a list cut off where it would no longer be read.
 QString listed(const QStringList& names);
+/// Whether listed() names them all, so that nobody needs a suggestion.
+bool listsAll(const QStringList& names);
 
 }  // namespace Suggestion

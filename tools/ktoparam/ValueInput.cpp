@@ -159,8 +159,9 @@ QString ValueInput::valueOf(const CParamDefItem& definition, const QString& text
     return {};
   }
   const std::optional<qint64> chosen = valueOfName(definition, text);
-  if (chosen && writeAsType(type, QString::number(*chosen), value)) return {};
-  return typeOrChoiceProblem(definition, text);
+  if (!chosen) return typeOrChoiceProblem(definition, text);
+  const QString number = QString::number(*chosen);
+  return writeAsType(type, number, value) ? QString() : typeProblem(type, number);
 }
 
 QString ValueInput::rangeProblem(const CParamVal& value, const QList<SLimit>& minima,

@@ -11,9 +11,9 @@
 namespace ValueTexts {
 
 // The names of a check box's states, as shown and as accepted from the command line.
-inline constexpr QLatin1String kChecked("checked");
-inline constexpr QLatin1String kUnchecked("unchecked");
-inline constexpr QLatin1String kUndefined("undefined");
+inline const QLatin1String kChecked("checked");
+inline const QLatin1String kUnchecked("unchecked");
+inline const QLatin1String kUndefined("undefined");
 
 /// The name of the unit: the definition's unit is the id of another parameter, whose value chooses
 /// among the names. That value is looked for in the same sub-device first, then in the others; its

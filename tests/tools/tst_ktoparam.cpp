@@ -1,0 +1,286 @@
+#include "TestFiles.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+struct SRun {
+  int status;
+  QString out;
+  QString err;
+};
+
+/// A folder of its own with copies of the example files and of those in "files".
+class CWorkplace {
+ public:
+  CWorkplace() {
+    for (const char* folder : {KTO_EXAMPLE_DATA, KTO_TOOL_TESTS "/files"}) {
+      const QDir source(QString::fromLocal8Bit(folder));
+      for (const QString& name : source.entryList(QDir::Files)) {
+        QFile::copy(source.filePath(name), path(name));
+      }
+    }
+  }
+
+  QString path(const QString& name) const { return mFolder.filePath(name); }
+
+  SRun run(const QStringList& words, const QString& resultFile = {}) const {
+    QProcess process;
+    process.setWorkingDirectory(mFolder.path());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    process.setProcessEnvironment(environment);
+    if (!resultFile.isEmpty()) process.setStandardOutputFile(resultFile);
+    process.start(QStringLiteral(KTO_TOOL), words);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+      return {-1, {}, {}};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+  }
+
+  QJsonObject json(const QString& line) const {
+    return QJsonDocument::fromJson(run(QProcess::splitCommand(line)).out.toUtf8()).object();
+  }
+
+  QMap<QString, QByteArray> files() const {
+    QMap<QString, QByteArray> contents;
+    const QDir folder(mFolder.path());
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
+      contents.insert(name, NTestFiles::read(path(name)));
+    }
+    return contents;
+  }
+
+ private:
+  QTemporaryDir mFolder;
+};
+
+/// A command of a session file and what it must give. The lines of a session are "$ command",
+/// "| result", "! message", "= exit status" when it is not 0, and "# comment".
+struct SStep {
+  QString command;
+  int status = 0;
+  QString out;
+  QString err;
+};
+
+QVector<SStep> readSession(const QString& fileName) {
+  QVector<SStep> steps;
+  for (const QString& line :
+       QString::fromUtf8(NTestFiles::read(fileName)).split(QLatin1Char('\n'))) {
+    const QString text = line.mid(2);
+    if (line.startsWith(QLatin1String("$ ktoparam"))) {
+      steps.append({text, 0, {}, {}});
+    } else if (line.startsWith(QLatin1Char('|'))) {
+      steps.last().out += text + QLatin1Char('\n');
+    } else if (line.startsWith(QLatin1Char('!'))) {
+      steps.last().err += text + QLatin1Char('\n');
+    } else if (line.startsWith(QLatin1Char('='))) {
+      steps.last().status = text.toInt();
+    }
+  }
+  return steps;
+}
+
+bool mayChangeFiles(const SStep& step) {
+  const QStringList words = QProcess::splitCommand(step.command);
+  const bool isEdit =
+      words.value(1) == QLatin1String("set") ||
+      (words.value(1) == QLatin1String("hardware-id") && words.value(2) != QLatin1String("list"));
+  return isEdit && step.status == 0 && !words.contains(QLatin1String("--dry-run"));
+}
+
+/// As lines, so that a test shows the one that differs.
+QStringList lines(const SStep& step) {
+  return QStringList(step.command) + step.out.split(QLatin1Char('\n')) +
+         step.err.split(QLatin1Char('\n')) + QStringList(QString::number(step.status));
+}
+
+/// What lies at a path such as "files/0/version".
+QJsonValue at(const QJsonObject& object, const QString& path) {
+  QJsonValue value = object;
+  for (const QString& piece : path.split(QLatin1Char('/'))) {
+    value = value.isArray() ? value.toArray().at(piece.toInt()) : value.toObject().value(piece);
+  }
+  return value;
+}
+
+}  // namespace
+
+class tst_ktoparam : public QObject {
+  Q_OBJECT
+ private slots:
+  void followsSessions_data();
+  void followsSessions();
+  void examplesOfHelpWork_data();
+  void examplesOfHelpWork();
+  void printsJson_data();
+  void printsJson();
+  void valuesAreNeverJsonNumbers();
+  void changesOnlyWhatIsSet();
+  void failedSaveLeavesTheFile();
+  void reportsResultsThatCannotBeWritten();
+};
+
+void tst_ktoparam::followsSessions_data() {
+  QTest::addColumn<QString>("fileName");
+  const QDir folder(QStringLiteral(KTO_TOOL_TESTS "/sessions"));
+  for (const QString& name : folder.entryList({QStringLiteral("*.session")})) {
+    QTest::newRow(qPrintable(name)) << folder.filePath(name);
+  }
+}
+
+void tst_ktoparam::followsSessions() {
+  QFETCH(QString, fileName);
+  const QVector<SStep> steps = readSession(fileName);
+  QVERIFY(!steps.isEmpty());
+  const CWorkplace workplace;
+  for (const SStep& step : steps) {
+    const QMap<QString, QByteArray> before = workplace.files();
+    const SRun run = workplace.run(QProcess::splitCommand(step.command).mid(1));
+    QCOMPARE(lines({step.command, run.status, run.out, run.err}), lines(step));
+    QVERIFY2((workplace.files() != before) == mayChangeFiles(step), qPrintable(step.command));
+  }
+}
+
+void tst_ktoparam::examplesOfHelpWork_data() {
+  QTest::addColumn<QString>("example");
+  const CWorkplace workplace;
+  const QString overview = workplace.run({QStringLiteral("help")}).out;
+  QRegularExpression command(QStringLiteral("^  ([a-z-]+(?: [a-z]+)?)  +[A-Z]"),
+                             QRegularExpression::MultilineOption);
+  QStringList commands;
+  for (auto it = command.globalMatch(overview); it.hasNext();) commands += it.next().captured(1);
+  commands.removeOne(QStringLiteral("--version"));
+  for (const QString& name : commands) {
+    const QString help =
+        workplace.run(QStringList(QStringLiteral("help")) + name.split(QLatin1Char(' '))).out;
+    const QString examples = help.section(QStringLiteral("Example:\n"), 1);
+    QVERIFY2(!examples.isEmpty(), qPrintable(name));
+    for (const QString& line : examples.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+      QTest::newRow(qPrintable(line)) << line.trimmed();
+    }
+  }
+}
+
+void tst_ktoparam::examplesOfHelpWork() {
+  QFETCH(QString, example);
+  const SRun run = CWorkplace().run(QProcess::splitCommand(example).mid(1));
+  QCOMPARE(run.err, QString());
+  QCOMPARE(run.status, 0);
+}
+
+void tst_ktoparam::printsJson_data() {
+  QTest::addColumn<QString>("command");
+  QTest::addColumn<QString>("path");
+  QTest::addColumn<QJsonValue>("value");
+  const QString define = QStringLiteral("show TwoAxisDrive.xpdef --json");
+  const QString show = QStringLiteral(
+      "show TwoAxisDrive.xparam --def TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --json");
+  const QString get = QStringLiteral(
+      "get TwoAxisDrive.xparam SafetyFunctions VelocityLimit FanMode --def TwoAxisDrive.xpdef "
+      "--json");
+  const QString bare = QStringLiteral("get Odd.xparam Counter Loose --json");
+  const auto row = [](const QString& command, const char* path, const QJsonValue& value) {
+    QTest::newRow(qPrintable(command.section(QLatin1Char(' '), 0, 1) + QLatin1Char(' ') +
+                             QLatin1String(path)))
+        << command << QString::fromLatin1(path) << value;
+  };
+  row(define, "fileType", QStringLiteral("LumoParamDefinition"));
+  row(define, "author", QStringLiteral("KTO application team"));
+  row(define, "definitions/0/choices/1/value", QStringLiteral("1"));
+  row(define, "definitions/0/choices/1/name", QStringLiteral("mm"));
+  row(define, "definitions/0/unit", QJsonValue());
+  row(define, "definitions/0/id", 1000);
+  row(show, "version", QStringLiteral("1.0"));
+  row(show, "date", QStringLiteral("2026-11-20"));
+  row(show, "hardwareIds/0/id", QStringLiteral("KTO-2A-16"));
+  row(show, "hardwareIds/1", QJsonValue(QJsonValue::Undefined));
+  row(show, "hardwareIds/0/subDevices/1/type", QStringLiteral("PowerSupply"));
+  row(show, "hardwareIds/0/subDevices/2/parameters/1/group", QStringLiteral("Motor/Rating"));
+  row(show, "hardwareIds/0/subDevices/2/parameters/1/isDefault", false);
+  row(get, "values/0/hardwareId", QStringLiteral("KTO-2A-16"));
+  row(get, "values/0/bits/3", QStringLiteral("Configuration open"));
+  row(get, "values/1/subDevice", 2);
+  row(get, "values/1/value", QStringLiteral("1000"));
+  row(get, "values/1/unit", QStringLiteral("mm/s"));
+  row(get, "values/1/default", QStringLiteral("500"));
+  row(get, "values/3/choice", QStringLiteral("By temperature"));
+  row(bare, "values/0/value", QStringLiteral("0xfffffffffffffff0"));
+  row(bare, "values/0/isDefault", QJsonValue());
+  row(bare, "values/1/id", QJsonValue());
+}
+
+void tst_ktoparam::printsJson() {
+  QFETCH(QString, command);
+  QFETCH(QString, path);
+  QFETCH(QJsonValue, value);
+  QCOMPARE(at(CWorkplace().json(command), path), value);
+}
+
+void tst_ktoparam::valuesAreNeverJsonNumbers() {
+  const CWorkplace workplace;
+  const QJsonObject shown =
+      workplace.json(QStringLiteral("show TwoAxisDrive.xparam --def TwoAxisDrive.xpdef --json"));
+  int values = 0;
+  for (const QJsonValue hardwareId : at(shown, QStringLiteral("hardwareIds")).toArray()) {
+    for (const QJsonValue subDevice : hardwareId[QLatin1String("subDevices")].toArray()) {
+      for (const QJsonValue parameter : subDevice[QLatin1String("parameters")].toArray()) {
+        QVERIFY(parameter[QLatin1String("value")].isString());
+        QVERIFY(!parameter[QLatin1String("default")].isDouble());
+        ++values;
+      }
+    }
+  }
+  QCOMPARE(values, 2 * 233);
+}
+
+void tst_ktoparam::changesOnlyWhatIsSet() {
+  const CWorkplace workplace;
+  const QStringList show = QProcess::splitCommand(QStringLiteral("show TwoAxisDrive.xparam"));
+  const QStringList before = workplace.run(show).out.split(QLatin1Char('\n'));
+  const SRun set = workplace.run(QProcess::splitCommand(QStringLiteral(
+      "set TwoAxisDrive.xparam VelocityLimit=999 --hardware-id KTO-2A-32 --sub-device 3")));
+  QCOMPARE(set.status, 0);
+  const QStringList after = workplace.run(show).out.split(QLatin1Char('\n'));
+  QCOMPARE(after.size(), before.size());
+  QStringList changed;
+  for (int i = 1; i < before.size(); ++i) {  // the first line has the date
+    if (before.at(i) != after.at(i))
+      changed << before.at(i).simplified() << after.at(i).simplified();
+  }
+  QCOMPARE(changed,
+           QStringList({QStringLiteral("VelocityLimit 500"), QStringLiteral("VelocityLimit 999")}));
+}
+
+void tst_ktoparam::failedSaveLeavesTheFile() {
+  const CWorkplace workplace;
+  const QMap<QString, QByteArray> before = workplace.files();
+  const SRun run = workplace.run(
+      {QStringLiteral("set"), QStringLiteral("Odd.xparam"), QStringLiteral("Loose=a\x1b[31mb")});
+  QCOMPARE(run.status, 3);
+  QVERIFY2(run.err.startsWith(QLatin1String("ktoparam: Odd.xparam: ")), qPrintable(run.err));
+  QVERIFY2(run.err.contains(QLatin1String("Loose")), qPrintable(run.err));
+  QCOMPARE(run.out, QString());
+  QVERIFY(workplace.files() == before);
+}
+
+void tst_ktoparam::reportsResultsThatCannotBeWritten() {
+  if (!QFile::exists(QStringLiteral("/dev/full"))) QSKIP("There is no /dev/full here.");
+  const SRun run = CWorkplace().run({QStringLiteral("detect"), QStringLiteral("Odd.xparam")},
+                                    QStringLiteral("/dev/full"));
+  QCOMPARE(run.status, 3);
+  QVERIFY(run.err.startsWith(QLatin1String("ktoparam: the results could not be written: ")));
+}
+
+QTEST_GUILESS_MAIN(tst_ktoparam)
+#include "tst_ktoparam.moc"

@@ -87,25 +87,32 @@ int copyContent(int source, int target) {
   return copied < 0 || ::fsync(target) != 0 ? errno : 0;
 }
 
-/// Copies a file, with its permissions, to one that does not exist yet: 0, or the system's error.
-int copyToNewFile(const QByteArray& source, const QByteArray& target) {
-  const int from = ::open(source.constData(), O_RDONLY | O_CLOEXEC);
-  if (from < 0) {
-    return errno;
-  }
-  struct stat info = {};
-  const int to = ::fstat(from, &info) == 0
-                     ? ::open(target.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR)
-                     : -1;
-  int code = to < 0 ? errno : 0;
-  if (to >= 0) {
-    code = ::fchmod(to, info.st_mode & ALLPERMS) == 0 ? copyContent(from, to) : errno;
-    ::close(to);
-    if (code != 0) {
-      ::unlink(target.constData());
+/// An open file, closed at the end of its life.
+struct SHandle {
+  const int number;
+  ~SHandle() {
+    if (number >= 0) {
+      ::close(number);
     }
   }
-  ::close(from);
+};
+
+/// Copies a file, with its permissions, to one that does not exist yet: 0, or the system's error.
+int copyToNewFile(const QByteArray& source, const QByteArray& target) {
+  struct stat info = {};
+  const SHandle from{::open(source.constData(), O_RDONLY | O_CLOEXEC)};
+  if (from.number < 0 || ::fstat(from.number, &info) != 0) {
+    return errno;
+  }
+  const SHandle to{::open(target.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR)};
+  if (to.number < 0) {
+    return errno;
+  }
+  const bool permitted = ::fchmod(to.number, info.st_mode & 07777U) == 0;
+  const int code = permitted ? copyContent(from.number, to.number) : errno;
+  if (code != 0) {
+    ::unlink(target.constData());
+  }
   return code;
 }
 

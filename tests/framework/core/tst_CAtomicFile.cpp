@@ -106,6 +106,46 @@ class tst_CAtomicFile : public QObject {
     QVERIFY(!CAtomicFile::write(mFolder->filePath("no/file"), "new", {}, error));
   }
 
+  void keepsBackups_data() {
+    QTest::addColumn<QString>("target");  // of a symbolic link, if any
+    QTest::newRow("file") << QString();
+    QTest::newRow("link") << "target";
+    QTest::newRow("link to another disk") << "/dev/shm";
+  }
+  void keepsBackups() {
+    QFETCH(QString, target);
+    const QTemporaryDir otherDisk("/dev/shm/tst_CAtomicFile-XXXXXX");
+    if (target == "/dev/shm") {
+      struct stat here {};
+      struct stat there {};
+      ::stat(qPrintable(mFolder->path()), &here);
+      if (::stat(qPrintable(otherDisk.path()), &there) != 0 || here.st_dev == there.st_dev) {
+        QSKIP("There is no other disk.");
+      }
+      target = otherDisk.filePath("target");
+    }
+    QString backup;
+    QString error;
+    QVERIFY(!CAtomicFile::keepAsBackup(mName, backup, error));
+    QCOMPARE(error, QString("this is not a regular file and is not kept as a backup."));
+    if (!target.isNull()) QVERIFY(QFile::link(target, mName));
+    QVERIFY(QFile::link("elsewhere", mName + ".bak.1"));  // taken too
+    for (const char* suffix : {".bak", ".bak.2", ".bak.3"}) {
+      QVERIFY(write(mName, suffix));
+      QCOMPARE(::chmod(qPrintable(mName), 0604), 0);
+      QVERIFY2(CAtomicFile::keepAsBackup(mName, backup, error), qPrintable(error));
+      QVERIFY2(CAtomicFile::write(mName, "new", {}, error), qPrintable(error));
+      QCOMPARE(backup, QString(mName + suffix));
+      struct stat info {};
+      QCOMPARE(::lstat(qPrintable(backup), &info), 0);
+      QCOMPARE(info.st_mode, mode_t(S_IFREG | 0604));
+    }
+    for (const char* suffix : {".bak", ".bak.2", ".bak.3"}) {
+      QCOMPARE(read(mName + suffix), QByteArray(suffix));
+    }
+    QVERIFY(!QFile::exists(mFolder->filePath("elsewhere")));
+  }
+
  private:
   QScopedPointer<QTemporaryDir> mFolder;
   QString mName;

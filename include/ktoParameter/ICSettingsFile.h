@@ -22,7 +22,7 @@ class KTOPARAMETER_EXPORT ICSettingsFile {
     VersionError = 2,  ///< does not go with the expected version
     TypeError = 3,     ///< a value without a type, or of an unknown one
     ValueError = 4,    ///< a value, of another type than string, without a text
-    SaveError = 5,     ///< cannot be written, or there is no tree
+    SaveError = 5,     ///< cannot be written or could not be loaded again, or there is no tree
   };
 
   /// A new object without a tree, owned by the caller. The logfile is not owned and must live
@@ -42,7 +42,8 @@ class KTOPARAMETER_EXPORT ICSettingsFile {
   virtual ESettingsError loadFromBuffer(const QByteArray& buffer, const QString& version) = 0;
 
   /// Writes the tree in UTF-16, with that version. On SaveError the old file, or the buffer, stays
-  /// as it was; among the reasons are texts and names that XML cannot hold.
+  /// as it was; among the reasons are texts and names that XML cannot hold, and a value of another
+  /// type than string without a text.
   virtual ESettingsError save(const QString& fileName, const QString& version) = 0;
   virtual ESettingsError saveToBuffer(QByteArray& buffer, const QString& version) = 0;
 

@@ -29,6 +29,9 @@ class KTOPARAMETER_EXPORT ICSettingsTreeNode {
     TypeBoolean = 11,  ///< "TRUE" or "FALSE"
   };
 
+  /// The type's name in the file, e.g. "UINT8"; empty for the group and an unknown type.
+  static QString typeToStr(ESettingsType type);
+
   virtual ~ICSettingsTreeNode();
 
   virtual bool isGroup() const = 0;
@@ -36,9 +39,9 @@ class KTOPARAMETER_EXPORT ICSettingsTreeNode {
   virtual QString name() const = 0;  ///< the tag of its element in the file
   virtual ESettingsType type() const = 0;
 
-  /// The value's text, which is not checked against the type. A value of any type but a string
-  /// must not be saved without one, since the file could not be loaded. On a node that is no value
-  /// this empties it, whatever is passed.
+  /// The value's text, which is not checked against the type; but a save refuses a value of any
+  /// type but a string that is empty or white space, since the file could not be loaded. On a node
+  /// that is no value this empties it, whatever is passed.
   virtual void setValue(const CParamVal& value) = 0;
   virtual CParamVal value() const = 0;
   /// Free text; empty on a node that is no value, whatever is passed.

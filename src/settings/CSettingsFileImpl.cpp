@@ -35,12 +35,9 @@ void setOptionalAttribute(CDomElement element, QLatin1String name, const QString
   }
 }
 
-void appendValue(CDomElement parent, const ICSettingsTreeNode& node) {
-  CDomElement element = parent.appendElement(node.name());
-  element.setAttribute(ATTR_TYPE, CSettingsFileImpl::tagFromType(node.type()));
-  setOptionalAttribute(element, ATTR_UNIT, node.unit());
-  setOptionalAttribute(element, ATTR_COMMENT, node.comment());
-  CDomDoc::setNodeValue(element, node.value().asStr());
+/// Whether a value of that type lacks its text. For all but strings white space is none.
+bool isMissing(const QString& text, ICSettingsTreeNode::ESettingsType type) {
+  return type != ICSettingsTreeNode::TypeString && isBlank(text);
 }
 
 }  // namespace
@@ -131,7 +128,7 @@ std::unique_ptr<CSettingsTreeNodeImpl> CSettingsFileImpl::toValue(const CDomElem
     return nullptr;
   }
   const QString text = element.lastText();
-  if (type != ICSettingsTreeNode::TypeString && isBlank(text)) {
+  if (isMissing(text, type)) {
     error = ValueError;
     mErrorMsg += tr("Error while parsing TAG <%1> in line %2 : Missing value Text.")
                      .arg(element.tagName(), line);
@@ -146,7 +143,11 @@ std::unique_ptr<CSettingsTreeNodeImpl> CSettingsFileImpl::toValue(const CDomElem
 
 ICSettingsFile::ESettingsError CSettingsFileImpl::save(const QString& fileName,
                                                        const QString& version) {
-  return finishSave(makeDocument(version) && CXmlAbstractLumoFile::save(fileName, mErrorMsg));
+  if (!makeDocument(version)) {
+    mErrorMsg = tr("File \"%1\": %2").arg(fileName, mErrorMsg);
+    return finishSave(false);
+  }
+  return finishSave(CXmlAbstractLumoFile::save(fileName, mErrorMsg));
 }
 
 ICSettingsFile::ESettingsError CSettingsFileImpl::saveToBuffer(QByteArray& buffer,
@@ -171,19 +172,37 @@ ICSettingsFile::ESettingsError CSettingsFileImpl::finishSave(bool saved) {
 
 ICSettingsFile::ESettingsError CSettingsFileImpl::appendGroupToDom(CDomElement element,
                                                                    const ICSettingsTreeNode* node) {
-  for (int i = 0; i < node->childCnt(); ++i) {
+  ESettingsError error = NoError;
+  for (int i = 0; i < node->childCnt() && error == NoError; ++i) {
     const ICSettingsTreeNode* const child = node->childPtr(i);
     if (child->isParam()) {
-      appendValue(element, *child);
+      error = appendValue(element, *child);
     } else if (child->isGroup()) {
       CDomElement group = element.appendElement(child->name());
       setOptionalAttribute(group, ATTR_COMMENT, child->comment());
-      appendGroupToDom(group, child);
+      error = appendGroupToDom(group, child);
       if (group.hasOnlyText()) {  // it would be read as a value
         group.appendComment();
       }
     }
   }
+  return error;
+}
+
+ICSettingsFile::ESettingsError CSettingsFileImpl::appendValue(CDomElement parent,
+                                                              const ICSettingsTreeNode& node) {
+  const QString type = tagFromType(node.type());
+  const QString text = node.value().asStr();
+  if (isMissing(text, node.type())) {
+    mErrorMsg = tr("The value <%1> of type %2 has no text, so it could not be loaded again.")
+                    .arg(node.name(), type);
+    return SaveError;
+  }
+  CDomElement element = parent.appendElement(node.name());
+  element.setAttribute(ATTR_TYPE, type);
+  setOptionalAttribute(element, ATTR_UNIT, node.unit());
+  setOptionalAttribute(element, ATTR_COMMENT, node.comment());
+  CDomDoc::setNodeValue(element, text);
   return NoError;
 }
 

@@ -37,13 +37,13 @@ class CSettingsFileImpl : public ICSettingsFile, public CXmlAbstractLumoFile {
   std::unique_ptr<CSettingsTreeNodeImpl> toValue(const CDomElement& element, ESettingsError& error);
   /// Appends the element's children to the node until one is faulty.
   ESettingsError readGroupFromDom(const CDomElement& element, CSettingsTreeNodeImpl* parent);
-  /// Appends the node's children to the element.
-  static ESettingsError appendGroupToDom(CDomElement element, const ICSettingsTreeNode* node);
+  /// Appends the node's children to the element until one could not be loaded again.
+  ESettingsError appendGroupToDom(CDomElement element, const ICSettingsTreeNode* node);
 
   // The same on Qt's document.
   std::unique_ptr<CSettingsTreeNodeImpl> toValue(const QDomElement& element, ESettingsError& error);
   ESettingsError readGroupFromDom(const QDomElement& element, CSettingsTreeNodeImpl* parent);
-  static ESettingsError appendGroupToDom(QDomElement& element, const ICSettingsTreeNode* node);
+  ESettingsError appendGroupToDom(QDomElement& element, const ICSettingsTreeNode* node);
 
  private:
   using CXmlAbstractLumoFile::save;
@@ -51,6 +51,7 @@ class CSettingsFileImpl : public ICSettingsFile, public CXmlAbstractLumoFile {
   void startLoad();
   ESettingsError finishLoad(bool opened, const QString& prefix);
   bool makeDocument(const QString& version);
+  ESettingsError appendValue(CDomElement parent, const ICSettingsTreeNode& node);
   ESettingsError finishSave(bool saved);
 
   QString mErrorMsg;

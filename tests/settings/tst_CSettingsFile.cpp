@@ -76,6 +76,8 @@ class tst_CSettingsFile : public QObject {
   void editedTreeIsSaved();
   void unsavableTexts_data();
   void unsavableTexts();
+  void missingTexts_data();
+  void missingTexts();
   void deepestTree();
   void qtDocument();
   void logfiles();
@@ -237,7 +239,8 @@ void tst_CSettingsFile::saveWithoutTree() {
   QByteArray buffer = "before";
   const auto file = makeFile();
   QCOMPARE(file->save(fileName, kVersion), EError::SaveError);
-  QCOMPARE(file->errorMsg(), QStringLiteral("There are no settings to save."));
+  QCOMPARE(file->errorMsg(),
+           QStringLiteral("File \"%1\": There are no settings to save.").arg(fileName));
   QVERIFY(!QFile::exists(fileName));
   QCOMPARE(file->saveToBuffer(buffer, kVersion), EError::SaveError);
   QCOMPARE(file->errorMsg(), QStringLiteral("There are no settings to save."));
@@ -291,6 +294,53 @@ void tst_CSettingsFile::unsavableTexts_data() {
       << "a b" << fine << fine << fine << "\"a b\" cannot be the name of an XML element.";
   QTest::newRow("name of digits") << "1" << fine << fine << fine
                                   << "\"1\" cannot be the name of an XML element.";
+}
+
+void tst_CSettingsFile::missingTexts_data() {
+  QTest::addColumn<int>("type");
+  QTest::addColumn<QString>("value");
+  QTest::addColumn<bool>("saved");
+  for (int type = ICSettingsTreeNode::TypeUInt8; type <= ICSettingsTreeNode::TypeBoolean; ++type) {
+    const QString name = CSettingsFileImpl::mTypeTags.at(type);
+    const bool saved = type == ICSettingsTreeNode::TypeString;
+    QTest::newRow(qPrintable(name + " empty")) << type << QString() << saved;
+    QTest::newRow(qPrintable(name + " white space")) << type << " \t\r\n" << saved;
+    QTest::newRow(qPrintable(name + " no-break space")) << type << QString(QChar(0xA0)) << true;
+  }
+}
+
+// What a load would refuse is not written, however deep it stands; what is written can be loaded.
+void tst_CSettingsFile::missingTexts() {
+  QFETCH(int, type);
+  QFETCH(QString, value);
+  QFETCH(bool, saved);
+  const QString fileName = path(QStringLiteral("missing-text"));
+  QVERIFY(NTestFiles::write(fileName, "old"));
+  CSettingsFileImpl file(nullptr);
+  QCOMPARE(file.loadFromBuffer(document(QStringLiteral("<G><H><!-- --></H></G>")), kVersion),
+           EError::NoError);
+  auto* const node = new CSettingsTreeNodeImpl(
+      QStringLiteral("Port"), static_cast<ICSettingsTreeNode::ESettingsType>(type));
+  node->setValue(value);
+  static_cast<CSettingsTreeNodeImpl*>(file.root()->childPtr(0)->childPtr(0))->addChild(node);
+
+  ICSettingsFile& settings = file;
+  QByteArray buffer = "old";
+  QCOMPARE(settings.saveToBuffer(buffer, kVersion), saved ? EError::NoError : EError::SaveError);
+  QCOMPARE(settings.save(fileName, kVersion), saved ? EError::NoError : EError::SaveError);
+  if (saved) {
+    QCOMPARE(NTestFiles::read(fileName), buffer);
+    QCOMPARE(settings.loadFromBuffer(buffer, kVersion), EError::NoError);
+    return;
+  }
+  const QString message =
+      QStringLiteral("The value <Port> of type %1 has no text, so it could not be loaded again.")
+          .arg(CSettingsFileImpl::mTypeTags.at(type));
+  QCOMPARE(settings.errorMsg(), QStringLiteral("File \"%1\": %2").arg(fileName, message));
+  QCOMPARE(settings.saveToBuffer(buffer, kVersion), EError::SaveError);
+  QCOMPARE(settings.errorMsg(), message);
+  QCOMPARE(buffer, QByteArray("old"));
+  QCOMPARE(NTestFiles::read(fileName), QByteArray("old"));
 }
 
 // A save that fails leaves the old file and the old buffer, and the tree can be saved once it holds
@@ -372,7 +422,7 @@ void tst_CSettingsFile::qtDocument() {
   QDomDocument copied;
   QDomElement root = copied.createElement(QStringLiteral("C_SETTINGS_FORMAT"));
   copied.appendChild(root);
-  QCOMPARE(CSettingsFileImpl::appendGroupToDom(root, file.root()), EError::NoError);
+  QCOMPARE(file.appendGroupToDom(root, file.root()), EError::NoError);
   QCOMPARE(file.loadFromBuffer(copied.toByteArray(), kVersion), EError::NoError);
   QCOMPARE(dump(read), dumpOf(file));
 

@@ -7,7 +7,9 @@
 CInvocation::CInvocation(const SCommand& command) : mCommand(command) {
   mParser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")}));
   for (const SOption& option : command.options) {
-    mParser.addOption({option.name, option.help, option.valueName});
+    QStringList names(option.name);
+    if (!option.letter.isEmpty()) names.append(option.letter);
+    mParser.addOption({names, option.help, option.valueName});
   }
 }
 

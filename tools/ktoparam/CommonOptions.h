@@ -13,6 +13,7 @@ inline const QLatin1String kDef("def");
 inline const QLatin1String kHardwareId("hardware-id");
 inline const QLatin1String kSubDevice("sub-device");
 inline const QLatin1String kDryRun("dry-run");
+inline const QLatin1String kOutput("output");
 
 inline SOption json() {
   return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};
@@ -28,6 +29,10 @@ inline SOption subDevice(const QString& help) {
 }
 inline SOption dryRun() {
   return {kDryRun, {}, Tool::tr("Show what would be done, and leave the file as it is.")};
+}
+
+inline SOption output(const QString& help) {
+  return {kOutput, QStringLiteral("OUT"), help, EWord::File, QStringLiteral("o")};
 }
 
 inline QString dryRunNote() {

@@ -24,7 +24,9 @@ QString argumentSyntax(const SArgument& argument) {
 }
 
 QString optionSyntax(const SOption& option) {
-  const QString dashed = QStringLiteral("--") + option.name;
+  const QString letter =
+      option.letter.isEmpty() ? QString() : QStringLiteral("-%1, ").arg(option.letter);
+  const QString dashed = letter + QStringLiteral("--") + option.name;
   return option.valueName.isEmpty() ? dashed : dashed + QLatin1Char(' ') + option.valueName;
 }
 

@@ -34,6 +34,7 @@ struct SOption {
   QString valueName;
   QString help;
   EWord word = EWord::Text;
+  QString letter = {};  ///< for "-o" beside "--name"; may be empty
 };
 
 /// A command of the tool. Parsing and help are made from these records and from nothing else.

@@ -1,68 +1,13 @@
-#include "TestFiles.h"
+#include "CWorkplace.h"
 
-#include <QDir>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
 
 namespace {
-
-struct SRun {
-  int status;
-  QString out;
-  QString err;
-};
-
-/// A folder of its own with copies of the example files and of those in "files".
-class CWorkplace {
- public:
-  CWorkplace() {
-    for (const char* folder : {KTO_EXAMPLE_DATA, KTO_TOOL_TESTS "/files"}) {
-      const QDir source(QString::fromLocal8Bit(folder));
-      for (const QString& name : source.entryList(QDir::Files)) {
-        QFile::copy(source.filePath(name), path(name));
-      }
-    }
-  }
-
-  QString path(const QString& name) const { return mFolder.filePath(name); }
-
-  SRun run(const QStringList& words, const QString& resultFile = {}) const {
-    QProcess process;
-    process.setWorkingDirectory(mFolder.path());
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-    process.setProcessEnvironment(environment);
-    if (!resultFile.isEmpty()) process.setStandardOutputFile(resultFile);
-    process.start(QStringLiteral(KTO_TOOL), words);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-      return {-1, {}, {}};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-  }
-
-  QJsonObject json(const QString& line) const {
-    return QJsonDocument::fromJson(run(QProcess::splitCommand(line)).out.toUtf8()).object();
-  }
-
-  QMap<QString, QByteArray> files() const {
-    QMap<QString, QByteArray> contents;
-    const QDir folder(mFolder.path());
-    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
-      contents.insert(name, NTestFiles::read(path(name)));
-    }
-    return contents;
-  }
-
- private:
-  QTemporaryDir mFolder;
-};
 
 /// A command of a session file and what it must give. The lines of a session are "$ command",
 /// "| result", "! message", "= exit status" when it is not 0, and "# comment".

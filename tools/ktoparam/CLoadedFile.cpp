@@ -2,19 +2,11 @@
 
 #include "CInvocation.h"
 #include "COutput.h"
+#include "LibraryMessage.h"
 #include "Suggestion.h"
 #include "Tool.h"
 
 namespace {
-
-// Messages of the library name the file, which stands in front of every message of the tool anyway.
-QString withoutFileName(const QString& text, const QString& fileName) {
-  const QString lead = QStringLiteral("File \"%1\"").arg(fileName);
-  if (!text.startsWith(lead)) return text;
-  const QString rest = text.mid(lead.size());
-  const bool isColon = rest.startsWith(QLatin1String(": "));
-  return withoutFileName(isColon ? rest.mid(2) : rest.trimmed(), fileName);
-}
 
 QString wantedFile(SFileInfo::EKind kind) {
   return kind == SFileInfo::Definitions
@@ -79,7 +71,8 @@ bool CLoadedFile::save() {
 }
 
 void CLoadedFile::reportFailure(const QString& fileName) const {
-  mOut.message(fileName, withoutFileName(mFile->errorMsg(), fileName), mFile->errorLine());
+  mOut.message(fileName, LibraryMessage::withoutFileName(mFile->errorMsg(), fileName),
+               mFile->errorLine());
 }
 
 void CLoadedFile::message(const QString& text) const {

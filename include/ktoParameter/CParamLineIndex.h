@@ -1,0 +1,40 @@
+#pragma once
+
+#include "SParamFinding.h"
+#include "ktoParameter_export.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QString>
+
+/// The lines on which a definition or value file has its parameters. It is read from the file when
+/// somebody wants to know, since a model that is loaded carries no lines.
+class KTOPARAMETER_EXPORT CParamLineIndex {
+  Q_DECLARE_TR_FUNCTIONS(CParamLineIndex)
+
+ public:
+  /// Reads a file, in place of what was read before. False, with an empty index and errorMsg(),
+  /// when the file cannot be read or is neither of the two.
+  bool read(const QString& fileName);
+  QString errorMsg() const { return mErrorMsg; }
+
+  // Lines count from 1; 0 is the line of what the file does not have.
+  int definitionLine(const QString& name) const { return mDefinitions.value(name); }
+  int hardwareIdLine(const QString& hardwareId) const;
+  int parameterLine(const QString& hardwareId, quint8 subDevId, const QString& name) const;
+
+  /// Gives the findings about this file their lines, and leaves the others as they are. A missing
+  /// parameter gets the line of its hardware id.
+  void addLines(CParamFindings& findings) const;
+
+ private:
+  using CNames = QHash<QString, int>;
+  struct SHardwareId {
+    int line = 0;
+    QHash<quint8, CNames> subDevices;
+  };
+
+  QString mErrorMsg;
+  CNames mDefinitions;
+  QHash<QString, SHardwareId> mHardwareIds;
+};

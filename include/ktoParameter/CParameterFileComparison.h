@@ -1,0 +1,30 @@
+#pragma once
+
+#include "SParamDifference.h"
+#include "ktoParameter_export.h"
+
+class ICParameterFile;
+
+/// Compares the values of two parameter files. Parameters are told by their names within a
+/// sub-device; the order within a group, empty groups and the Head are no differences.
+///
+/// Values are compared as CParameterFileHelper::compareValues() does when `definitions` defines
+/// them, else as texts. It may be one of the files, or null.
+///
+/// Nothing is changed; the active hardware ids are others meanwhile, and restored. Both files may
+/// be the same object. The effort grows with the number of parameters.
+class KTOPARAMETER_EXPORT CParameterFileComparison {
+ public:
+  /// First the types and names of sub-devices that both files have under one hardware id, then
+  /// the differences by hardware id, sub-device and tree order: that of the new file, what was
+  /// removed after what it stood behind. A parameter is listed once for each way in which it
+  /// differs.
+  static CParamDifferences compare(ICParameterFile& oldFile, ICParameterFile& newFile,
+                                   const ICParameterFile* definitions = nullptr);
+
+  /// One hardware id of each file, in the same order; the new one stands in the differences. One
+  /// that does not exist holds nothing.
+  static CParamDifferences compareHardwareIds(ICParameterFile& oldFile, const QString& oldId,
+                                              ICParameterFile& newFile, const QString& newId,
+                                              const ICParameterFile* definitions = nullptr);
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "CDefinitionIndex.h"
+#include "SParamFinding.h"
+
+#include <QCoreApplication>
+
+/// Checks definitions in themselves and against each other.
+class CDefinitionChecker {
+  Q_DECLARE_TR_FUNCTIONS(CParameterFileChecker)
+
+ public:
+  explicit CDefinitionChecker(CDefinitionIndex& index);
+
+  CParamFindings run();
+
+ private:
+  using CNamedValues = QList<NParamDef::SNamedI64Value>;
+
+  void check(const CParamDefItem& definition);
+  void checkId(const CParamDefItem& definition);
+  void checkLimit(const CParamDefItem& definition, const CParamVal& limit);
+  void checkLimitIds(const CParamDefItem& definition, const QList<quint32>& ids);
+  void checkReferences(const CParamDefItem& definition);
+  void checkDefault(const CParamDefItem& definition);
+  void checkChoices(const CParamDefItem& definition, const CNamedValues& choices);
+  void checkBits(const CParamDefItem& definition);
+  void add(SParamFinding::ECode code, const CParamDefItem& definition, const QString& value,
+           const QString& text);
+
+  CDefinitionIndex& mIndex;
+  const CParamDefItem mUnits;
+  CParamFindings mFindings;
+};

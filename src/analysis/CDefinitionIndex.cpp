@@ -1,0 +1,41 @@
+#include "CDefinitionIndex.h"
+
+#include "ICParameterFile.h"
+
+CDefinitionIndex::CDefinitionIndex(const ICParameterFile& file)
+    : mFile(file), mNames(file.defNames()) {
+  mNameById.reserve(mNames.size());
+  for (const QString& name : mNames) {
+    const quint32 id = file.paramDef(name).id();
+    if (isId(id) && !mNameById.contains(id)) {
+      mNameById.insert(id, name);
+    }
+  }
+}
+
+CParamDefItem CDefinitionIndex::find(const QString& name) const {
+  return mFile.paramDef(name);
+}
+
+CParamDefItem CDefinitionIndex::find(quint32 id) const {
+  const QString name = nameOf(id);
+  return name.isEmpty() ? CParamDefItem() : find(name);
+}
+
+// The file itself is asked as well, since others may answer for it.
+QString CDefinitionIndex::nameOf(quint32 id) const {
+  if (!isId(id)) {
+    return {};
+  }
+  const auto known = mNameById.find(id);
+  return known != mNameById.end() ? *known : mFile.nameById(id);
+}
+
+const CValueRules& CDefinitionIndex::rulesOf(const CParamDefItem& definition) {
+  const auto known = mRules.find(definition.name());
+  if (known != mRules.end()) {
+    return known->second;
+  }
+  const auto byId = [this](quint32 id) { return find(id); };
+  return mRules.emplace(definition.name(), CValueRules(definition, byId)).first->second;
+}

@@ -1,0 +1,123 @@
+#include "CExactNumber.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double kTwoTo64 = 18446744073709551616.0;
+
+template <typename T>
+std::optional<CExactNumber> read(const CParamVal& value) {
+  using CWide = std::conditional_t<std::is_floating_point_v<T>, double,
+                                   std::conditional_t<std::is_signed_v<T>, qint64, quint64>>;
+  T number = 0;
+  if (!value.value(number)) {
+    return {};
+  }
+  return CExactNumber(static_cast<CWide>(number));
+}
+
+}  // namespace
+
+CExactNumber::CExactNumber(qint64 number) : mIsNegative(number < 0) {
+  const auto bits = static_cast<quint64>(number);
+  mMagnitude = mIsNegative ? 0 - bits : bits;
+}
+
+CExactNumber::CExactNumber(double number) {
+  if (std::abs(number) < kTwoTo64 && std::trunc(number) == number) {
+    mMagnitude = static_cast<quint64>(std::abs(number));
+    mIsNegative = number < 0;
+  } else {
+    mIsReal = true;
+    mReal = number;
+  }
+}
+
+std::optional<CExactNumber> CExactNumber::of(const CParamVal& value, NParamDef::EParamType type) {
+  switch (type) {
+    case NParamDef::PARAM_TYPE_U8:
+      return read<unsigned char>(value);
+    case NParamDef::PARAM_TYPE_U16:
+      return read<unsigned short>(value);
+    case NParamDef::PARAM_TYPE_U32:
+      return read<unsigned int>(value);
+    case NParamDef::PARAM_TYPE_U64:
+      return read<unsigned long long>(value);
+    case NParamDef::PARAM_TYPE_I8:
+      return read<signed char>(value);
+    case NParamDef::PARAM_TYPE_I16:
+      return read<short>(value);
+    case NParamDef::PARAM_TYPE_I32:
+      return read<int>(value);
+    case NParamDef::PARAM_TYPE_I64:
+      return read<long long>(value);
+    case NParamDef::PARAM_TYPE_F64:
+      return read<double>(value);
+    default:
+      return {};
+  }
+}
+
+bool CExactNumber::isNumberType(NParamDef::EParamType type) {
+  return type >= NParamDef::PARAM_TYPE_U8 && type <= NParamDef::PARAM_TYPE_F64;
+}
+
+int CExactNumber::widthOf(NParamDef::EParamType type) {
+  if (type >= NParamDef::PARAM_TYPE_U8 && type <= NParamDef::PARAM_TYPE_U64) {
+    return 8 << (type - NParamDef::PARAM_TYPE_U8);
+  }
+  if (type >= NParamDef::PARAM_TYPE_I8 && type <= NParamDef::PARAM_TYPE_I64) {
+    return 8 << (type - NParamDef::PARAM_TYPE_I8);
+  }
+  return 0;
+}
+
+bool CExactNumber::isNan() const {
+  return mIsReal && std::isnan(mReal);
+}
+
+std::optional<qint64> CExactNumber::asI64() const {
+  constexpr auto kMax = static_cast<quint64>(std::numeric_limits<qint64>::max());
+  if (mIsReal || mMagnitude > kMax + (mIsNegative ? 1 : 0)) {
+    return {};
+  }
+  return static_cast<qint64>(bits());
+}
+
+quint64 CExactNumber::bits() const {
+  return mIsNegative ? 0 - mMagnitude : mMagnitude;
+}
+
+QString CExactNumber::decimal() const {
+  if (mIsReal) {
+    return QString::number(mReal, 'g', std::numeric_limits<double>::max_digits10);
+  }
+  return mIsNegative ? QStringLiteral("-%1").arg(mMagnitude) : QString::number(mMagnitude);
+}
+
+// A real that is no integer here is a fraction of less than 53 bits, or beyond all integers.
+bool CExactNumber::isBelowReal(double real) const {
+  return std::abs(real) < kTwoTo64 ? !(CExactNumber(std::floor(real)) < *this) : real > 0;
+}
+
+bool CExactNumber::isAboveReal(double real) const {
+  return std::abs(real) < kTwoTo64 ? CExactNumber(std::floor(real)) < *this : real < 0;
+}
+
+bool operator<(const CExactNumber& a, const CExactNumber& b) {
+  if (a.mIsReal && b.mIsReal) {
+    return a.mReal < b.mReal;
+  }
+  if (a.mIsReal) {
+    return b.isAboveReal(a.mReal);
+  }
+  if (b.mIsReal) {
+    return a.isBelowReal(b.mReal);
+  }
+  if (a.mIsNegative != b.mIsNegative) {
+    return a.mIsNegative;
+  }
+  return a.mIsNegative ? b.mMagnitude < a.mMagnitude : a.mMagnitude < b.mMagnitude;
+}

@@ -1,0 +1,108 @@
+#include "CParameterFileChecker.h"
+
+#include "CDefinitionChecker.h"
+#include "CDefinitionIndex.h"
+#include "CHardwareIdSelection.h"
+#include "SParamEntry.h"
+
+namespace {
+
+/// Checks the active hardware ids of a file, one after another.
+class CValueChecker {
+  Q_DECLARE_TR_FUNCTIONS(CParameterFileChecker)
+
+ public:
+  explicit CValueChecker(ICParameterFile& file) : mFile(file), mIndex(file) {}
+
+  const CParamFindings& findings() const { return mFindings; }
+
+  void checkHardwareId(const QString& hardwareId, bool reportMissing) {
+    if (!mFile.selectHardwareId(hardwareId)) {
+      return;
+    }
+    QSet<QString> present;
+    for (const quint8 subDevId : mFile.subDeviceIds()) {
+      checkSubDevice(subDevId, present);
+    }
+    if (reportMissing) {
+      listMissing(present);
+    }
+  }
+
+ private:
+  void checkSubDevice(quint8 subDevId, QSet<QString>& present) {
+    const auto valueOf = [this, subDevId](const QString& name) {
+      return mFile.paramValue(name, subDevId);
+    };
+    for (const SParamEntry& entry : SParamEntry::read(mFile, subDevId)) {
+      present.insert(entry.name);
+      const CParamDefItem definition = mIndex.find(entry.name);
+      if (definition.name().isEmpty()) {
+        addUndefined(subDevId, entry);
+        continue;
+      }
+      compareIds(subDevId, entry, definition.id());
+      for (const auto& violation : mIndex.rulesOf(definition).violations(entry.value, valueOf)) {
+        add(static_cast<SParamFinding::ECode>(SParamFinding::ValueNotOfType + violation.kind),
+            subDevId, entry, violation.text);
+      }
+    }
+  }
+
+  void addUndefined(quint8 subDevId, const SParamEntry& entry) {
+    const QString owner = mIndex.nameOf(entry.id);
+    if (owner.isEmpty()) {
+      add(SParamFinding::ParameterNotDefined, subDevId, entry, tr("The parameter is not defined."));
+    } else {
+      add(SParamFinding::NameMismatch, subDevId, entry,
+          tr("The parameter is not defined; the definition of its id %1 has the name \"%2\".")
+              .arg(QString::number(entry.id), owner));
+    }
+  }
+
+  void compareIds(quint8 subDevId, const SParamEntry& entry, quint32 definedId) {
+    if (CDefinitionIndex::isId(entry.id) && CDefinitionIndex::isId(definedId) &&
+        entry.id != definedId) {
+      add(SParamFinding::IdMismatch, subDevId, entry,
+          tr("The parameter has the id %1, its definition has %2.")
+              .arg(QString::number(entry.id), QString::number(definedId)));
+    }
+  }
+
+  void listMissing(const QSet<QString>& present) {
+    for (const QString& name : mIndex.names()) {
+      if (!present.contains(name)) {
+        SParamEntry entry;
+        entry.name = name;
+        add(SParamFinding::ParameterMissing, SParamFinding::kNoSubDevice, entry,
+            tr("The parameter is defined, but no sub-device has it."));
+      }
+    }
+  }
+
+  void add(SParamFinding::ECode code, int subDevId, const SParamEntry& entry, const QString& text) {
+    mFindings.append({SParamFinding::severityOf(code), code, mFile.hardwareId(), subDevId,
+                      entry.groupPath(), entry.name, entry.value.asStr(), text});
+  }
+
+  ICParameterFile& mFile;
+  CDefinitionIndex mIndex;
+  CParamFindings mFindings;
+};
+
+}  // namespace
+
+CParamFindings CParameterFileChecker::checkValues(ICParameterFile& file, const QString& hardwareId,
+                                                  EMissing missing) {
+  const CHardwareIdSelection restored(file);
+  CValueChecker checker(file);
+  for (const QString& id : hardwareId.isEmpty() ? file.hardwareIds() : QStringList(hardwareId)) {
+    checker.checkHardwareId(id, missing == ReportMissing);
+  }
+  return checker.findings();
+}
+
+CParamFindings CParameterFileChecker::checkDefinitions(const ICParameterFile& file) {
+  CDefinitionIndex index(file);
+  return CDefinitionChecker(index).run();
+}

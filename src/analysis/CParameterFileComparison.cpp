@@ -1,0 +1,202 @@
+#include "CParameterFileComparison.h"
+
+#include "CHardwareIdSelection.h"
+#include "CParameterFileHelper.h"
+#include "SParamEntry.h"
+
+#include <QHash>
+#include <QMap>
+#include <QSet>
+
+#include <set>
+
+namespace {
+
+using CEntries = QVector<SParamEntry>;
+using CSubDeviceEntries = QMap<quint8, CEntries>;
+
+/// A copy of what one hardware id holds, so that both files may be the same object.
+CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId) {
+  CSubDeviceEntries entries;
+  if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId)) {
+    for (const quint8 subDevId : file.subDeviceIds()) {
+      entries.insert(subDevId, SParamEntry::read(file, subDevId));
+    }
+  }
+  return entries;
+}
+
+QHash<QString, int> positionsByName(const CEntries& entries) {
+  QHash<QString, int> positions;
+  positions.reserve(entries.size());
+  for (int i = 0; i < entries.size(); ++i) {
+    positions.insert(entries.at(i).name, i);
+  }
+  return positions;
+}
+
+class CComparison {
+ public:
+  CComparison(ICParameterFile& oldFile, ICParameterFile& newFile,
+              const ICParameterFile* definitions)
+      : mOldFile(oldFile), mNewFile(newFile), mDefinitions(definitions) {}
+
+  void compareHardwareIds(const QString& oldId, const QString& newId) {
+    const CSubDeviceEntries oldOnes = read(mOldFile, oldId);
+    const CSubDeviceEntries newOnes = read(mNewFile, newId);
+    mHardwareId = newId;
+    for (int id = 0; id <= 0xFF; ++id) {
+      const auto subDevId = static_cast<quint8>(id);
+      mSubDevId = id;
+      if (oldOnes.contains(subDevId) && newOnes.contains(subDevId)) {
+        compareTypeAndName(subDevId);
+        compareEntries(oldOnes.value(subDevId), newOnes.value(subDevId));
+      } else if (oldOnes.contains(subDevId)) {
+        add(SParamDifference::SubDeviceRemoved);
+      } else if (newOnes.contains(subDevId)) {
+        add(SParamDifference::SubDeviceAdded);
+      }
+    }
+  }
+
+  void addHardwareId(SParamDifference::EKind kind, const QString& hardwareId) {
+    mHardwareId = hardwareId;
+    mSubDevId = SParamDifference::kNoSubDevice;
+    add(kind);
+  }
+
+  CParamDifferences differences() const { return mShared + mDifferences; }
+
+ private:
+  SParamDifference& add(SParamDifference::EKind kind) {
+    SParamDifference difference;
+    difference.kind = kind;
+    difference.hardwareId = mHardwareId;
+    difference.subDevId = mSubDevId;
+    mDifferences.append(difference);
+    return mDifferences.last();
+  }
+
+  void addShared(SParamDifference::EKind kind, const QString& oldValue, const QString& newValue) {
+    if (oldValue != newValue) {
+      mShared.append({kind, QString(), mSubDevId, {}, {}, {}, oldValue, newValue});
+    }
+  }
+
+  void compareTypeAndName(quint8 subDevId) {
+    if (mCompared.contains(subDevId)) {
+      return;
+    }
+    mCompared.insert(subDevId);
+    addShared(SParamDifference::SubDeviceTypeChanged,
+              ICParameterFile::subDeviceTypeToStr(mOldFile.subDevType(subDevId)),
+              ICParameterFile::subDeviceTypeToStr(mNewFile.subDevType(subDevId)));
+    addShared(SParamDifference::SubDeviceNameChanged, mOldFile.subDevName(subDevId),
+              mNewFile.subDevName(subDevId));
+  }
+
+  void compareEntries(const CEntries& oldOnes, const CEntries& newOnes) {
+    const QHash<QString, int> oldPositions = positionsByName(oldOnes);
+    const QHash<QString, int> newPositions = positionsByName(newOnes);
+    addRemovedFrom(0, oldOnes, newPositions);
+    for (const SParamEntry& entry : newOnes) {
+      const int position = oldPositions.value(entry.name, -1);
+      if (position < 0) {
+        addParameter(SParamDifference::ParameterAdded, nullptr, &entry);
+        continue;
+      }
+      compareParameters(oldOnes.at(position), entry);
+      addRemovedFrom(position + 1, oldOnes, newPositions);
+    }
+  }
+
+  /// What was removed directly behind a place in the old file.
+  void addRemovedFrom(int position, const CEntries& oldOnes,
+                      const QHash<QString, int>& newPositions) {
+    for (; position < oldOnes.size() && !newPositions.contains(oldOnes.at(position).name);
+         ++position) {
+      addParameter(SParamDifference::ParameterRemoved, &oldOnes.at(position), nullptr);
+    }
+  }
+
+  void compareParameters(const SParamEntry& oldOne, const SParamEntry& newOne) {
+    if (oldOne.groups != newOne.groups) {
+      addParameter(SParamDifference::ParameterMoved, &oldOne, &newOne);
+    }
+    if (oldOne.id != newOne.id) {
+      SParamDifference& difference = addParameter(SParamDifference::IdChanged, &oldOne, &newOne);
+      difference.oldValue = QString::number(oldOne.id);
+      difference.newValue = QString::number(newOne.id);
+    }
+    const CParamDefItem definition =
+        mDefinitions != nullptr ? mDefinitions->paramDef(newOne.name) : CParamDefItem();
+    if (!CParameterFileHelper::compareValues(oldOne.value, newOne.value, definition)) {
+      addParameter(SParamDifference::ValueChanged, &oldOne, &newOne);
+    }
+  }
+
+  SParamDifference& addParameter(SParamDifference::EKind kind, const SParamEntry* oldOne,
+                                 const SParamEntry* newOne) {
+    SParamDifference& difference = add(kind);
+    if (oldOne != nullptr) {
+      difference.name = oldOne->name;
+      difference.oldGroupPath = oldOne->groupPath();
+      difference.oldValue = oldOne->value.asStr();
+    }
+    if (newOne != nullptr) {
+      difference.name = newOne->name;
+      difference.newGroupPath = newOne->groupPath();
+      difference.newValue = newOne->value.asStr();
+    }
+    return difference;
+  }
+
+  ICParameterFile& mOldFile;
+  ICParameterFile& mNewFile;
+  const ICParameterFile* mDefinitions;
+  QString mHardwareId;
+  int mSubDevId = SParamDifference::kNoSubDevice;
+  QSet<quint8> mCompared;  // types and names
+  CParamDifferences mShared;
+  CParamDifferences mDifferences;
+};
+
+std::set<QString> allHardwareIds(const ICParameterFile& a, const ICParameterFile& b) {
+  std::set<QString> all;
+  for (const QString& id : a.hardwareIds() + b.hardwareIds()) {
+    all.insert(id);
+  }
+  return all;
+}
+
+}  // namespace
+
+CParamDifferences CParameterFileComparison::compare(ICParameterFile& oldFile,
+                                                    ICParameterFile& newFile,
+                                                    const ICParameterFile* definitions) {
+  const CHardwareIdSelection oldRestored(oldFile);
+  const CHardwareIdSelection newRestored(newFile);
+  CComparison comparison(oldFile, newFile, definitions);
+  for (const QString& id : allHardwareIds(oldFile, newFile)) {
+    if (!newFile.containsHardwareId(id)) {
+      comparison.addHardwareId(SParamDifference::HardwareIdRemoved, id);
+    } else if (!oldFile.containsHardwareId(id)) {
+      comparison.addHardwareId(SParamDifference::HardwareIdAdded, id);
+    } else {
+      comparison.compareHardwareIds(id, id);
+    }
+  }
+  return comparison.differences();
+}
+
+CParamDifferences CParameterFileComparison::compareHardwareIds(ICParameterFile& oldFile,
+                                                               const QString& oldId,
+                                                               ICParameterFile& newFile,
+                                                               const QString& newId,
+                                                               const ICParameterFile* definitions) {
+  const CHardwareIdSelection oldRestored(oldFile);
+  const CHardwareIdSelection newRestored(newFile);
+  CComparison comparison(oldFile, newFile, definitions);
+  comparison.compareHardwareIds(oldId, newId);
+  return comparison.differences();
+}

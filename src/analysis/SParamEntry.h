@@ -1,0 +1,21 @@
+#pragma once
+
+#include "CParamVal.h"
+
+#include <QStringList>
+#include <QVector>
+
+class ICParameterFile;
+
+/// A parameter as a value file holds it.
+struct SParamEntry {
+  QString name;
+  quint32 id = 0;
+  QStringList groups;  ///< from the root group on; shared by the parameters of a group
+  CParamVal value;
+
+  QString groupPath() const { return groups.join(QLatin1Char('/')); }
+
+  /// All of a sub-device of the active hardware id, in tree order.
+  static QVector<SParamEntry> read(ICParameterFile& file, quint8 subDevId);
+};

@@ -2,6 +2,8 @@
 
 #include "XmlText.h"
 
+#include <algorithm>
+
 using NXmlText::toQString;
 
 namespace {
@@ -70,13 +72,17 @@ QString CDomData::textOf(quint32 nodeIndex) const {
   return toQString(all);
 }
 
+void CDomData::reserveNodes(int count) {
+  mNodes.reserve(std::min(static_cast<size_t>(count), NXmlLimits::kMaxNodes + 1));
+}
+
 quint32 CDomData::internName(std::string_view name) {
   const auto known = mNameIndex.find(name);
   if (known != mNameIndex.end()) {
     return known->second;
   }
   const auto index = static_cast<quint32>(mNames.size());
-  mNames.emplace_back(name);
+  mNames.push_back(mNameStore.emplace_back(name));
   mNameIndex.emplace(mNames.back(), index);
   return index;
 }
@@ -136,9 +142,13 @@ quint32 CDomData::createElement(quint32 parent, const QString& tag) {
   return index;
 }
 
+quint32 CDomData::createElement(quint32 parent, QLatin1String tag) {
+  return appendElement(parent, internName(view(tag)), 0);
+}
+
 void CDomData::setAttribute(quint32 element, QLatin1String attributeName, const QString& value) {
   const quint32 nameIndex = internName(view(attributeName));
-  const SDomText text = addUtf16(value, {element, SDomInvalidText::Attribute, nameIndex, {}});
+  const SDomText text = addUtf16(value, element, SDomInvalidText::Attribute, nameIndex);
   const quint32 known = findAttribute(element, attributeName);
   if (known == kNone) {
     appendAttribute(element, nameIndex, text);
@@ -151,16 +161,17 @@ void CDomData::setText(quint32 element, const QString& text) {
   mNodes[element].firstChild = kNone;
   mNodes[element].lastChild = kNone;
   if (!text.isEmpty()) {
-    const SDomText added = addUtf16(text, {element, SDomInvalidText::Text, kNone, {}});
+    const SDomText added = addUtf16(text, element, SDomInvalidText::Text, kNone);
     appendText(element, SDomNode::Text, added, 0);
   }
 }
 
-SDomText CDomData::addUtf16(const QString& text, const SDomInvalidText& place) {
+SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
+                            quint32 attributeName) {
   const quint32 begin = textEnd();
   const int bad = NXmlText::appendUtf8(text, mText);
   if (bad >= 0) {
-    setInvalid(place, NXmlText::readable(text.mid(bad, 1)));
+    setInvalid({element, kind, attributeName, {}}, NXmlText::readable(text.mid(bad, 1)));
   }
   return {begin, textEnd() - begin};
 }

@@ -7,15 +7,17 @@
 #include <QStringView>
 
 #include <deque>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 /// Limits that reading and writing share, so that what is written can be read.
 namespace NXmlLimits {
 constexpr int kMaxDepth = 1024;
 constexpr int kMaxAttributes = 256;
+constexpr size_t kMaxNodes = 1U << 23U;  ///< of a document, attributes included
+constexpr size_t kMaxNames = 1U << 18U;  ///< different names of elements and attributes
 constexpr qint64 kMaxBytes = CAtomicFile::kMaxBytes;
 }  // namespace NXmlLimits
 
@@ -77,6 +79,13 @@ class CDomData {
     return std::string_view(mText).substr(text.begin, text.length);
   }
   quint32 nodeCount() const { return static_cast<quint32>(mNodes.size()); }
+  /// Beyond the limits of a document.
+  bool isFull() const {
+    return mNodes.size() + mAttributes.size() > NXmlLimits::kMaxNodes ||
+           mNames.size() > NXmlLimits::kMaxNames;
+  }
+  /// Makes room for that many nodes, but not for more than a document may have.
+  void reserveNodes(int count);
   size_t textSize() const { return mText.size(); }
   const SDomInvalidText& invalidText() const { return mInvalid; }
 
@@ -105,18 +114,22 @@ class CDomData {
 
   // Building by an application: texts are checked, the first that XML cannot hold is remembered.
   quint32 createElement(quint32 parent, const QString& tag);
+  /// The same for a tag that is known to be one.
+  quint32 createElement(quint32 parent, QLatin1String tag);
   void setAttribute(quint32 element, QLatin1String name, const QString& value);
   void setText(quint32 element, const QString& text);
 
  private:
-  SDomText addUtf16(const QString& text, const SDomInvalidText& place);
+  SDomText addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
+                    quint32 attributeName);
   void setInvalid(SDomInvalidText place, const QString& what);
 
   std::vector<SDomNode> mNodes;
   std::vector<SDomAttribute> mAttributes;
   quint32 mLastAttributeOwner = kNone;  ///< element whose attribute was added last
   std::string mText;
-  std::deque<std::string> mNames;  // whose elements stay where they are
-  std::unordered_map<std::string_view, quint32> mNameIndex;
+  std::vector<std::string_view> mNames;  // into the store, whose elements stay where they are
+  std::deque<std::string> mNameStore;
+  std::map<std::string_view, quint32> mNameIndex;  // no hash: names can be made to collide
   SDomInvalidText mInvalid;
 };

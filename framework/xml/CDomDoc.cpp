@@ -134,6 +134,12 @@ QByteArray CDomDoc::toByteArray(const QString& encoding, QString& error) const {
     error = describeInvalidText();
     return QByteArray();
   }
+  if (d->isFull()) {
+    error =
+        tr("The document has too many nodes or different names, so the file could not be read "
+           "again.");
+    return QByteArray();
+  }
   CXmlWriter writer(*d);
   QByteArray bytes = writer.write(utf16);
   if (writer.error() == CXmlWriter::TooDeep) {

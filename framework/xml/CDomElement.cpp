@@ -104,6 +104,10 @@ CDomElement CDomElement::appendElement(const QString& tag) {
   return isNull() ? CDomElement() : CDomElement(mData, mData->createElement(mNode, tag));
 }
 
+CDomElement CDomElement::appendElement(QLatin1String tag) {
+  return isNull() ? CDomElement() : CDomElement(mData, mData->createElement(mNode, tag));
+}
+
 void CDomElement::appendComment() {
   if (!isNull()) {
     mData->appendNode(mNode, SDomNode::Other, 0);

@@ -38,6 +38,8 @@ class KTOFRAMEWORK_EXPORT CDomElement {
 
   /// Appends a new child and returns it. A tag that XML does not allow makes the save fail.
   CDomElement appendElement(const QString& tag);
+  /// The same for a constant, which is taken to be a tag.
+  CDomElement appendElement(QLatin1String tag);
   /// Appends an empty comment: a child that is neither element nor text.
   void appendComment();
   /// Sets an attribute; a new one comes after those that are there.

@@ -4,6 +4,7 @@
 #include "Utf16.h"
 #include "XmlText.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -40,6 +41,9 @@ struct CXmlParser::SHandlers {
     }
     try {
       action(*self);
+      if (self->mData.isFull() && !self->mStopped) {
+        self->fail(tr("the document has too many nodes or different names"));
+      }
     } catch (const std::bad_alloc&) {
       self->mOutOfMemory = true;
       self->mStopped = true;
@@ -116,6 +120,8 @@ bool CXmlParser::decodeAndRun(const QByteArray& bytes) {
 
 bool CXmlParser::run(const QByteArray& bytes, const char* encoding) {
   mInput = bytes;
+  // Every node but a text begins with this character, and there are hardly more texts than tags.
+  mData.reserveNodes(mInput.count('<'));
   start(encoding);
   // One call with all bytes: a long token is then scanned once, however long it is.
   if (XML_Parse(mParser.get(), mInput.constData(), mInput.size(), 1) == XML_STATUS_OK) {
@@ -137,7 +143,7 @@ bool CXmlParser::run(const QByteArray& bytes, const char* encoding) {
 /// declaration turned into a comment it refuses them.
 bool CXmlParser::runWithoutDoctype(const char* encoding) {
   const auto end = static_cast<int>(mDoctypeEnd);
-  const int begin = mInput.lastIndexOf("<!DOCTYPE", end);
+  const int begin = mInput.indexOf("<!DOCTYPE", static_cast<int>(mPrologEnd));
   QByteArray bytes = mInput;
   for (int i = begin; i >= 0 && i < end; ++i) {
     if (bytes.at(i) != '\n' && bytes.at(i) != '\r') {
@@ -185,6 +191,7 @@ QString CXmlParser::reasonOf(XML_Error code) const {
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
       return tr("the document ends within a tag, text or comment");
     case XML_ERROR_INVALID_TOKEN:
+    case XML_ERROR_SYNTAX:
       return tr("a character or mark-up stands here that XML does not allow");
     case XML_ERROR_TAG_MISMATCH:
       return withOpenTag(tr("the closing tag does not match the open tag <%1> of line %2"));
@@ -299,9 +306,11 @@ void CXmlParser::endCData() {
 
 void CXmlParser::otherNode() {
   closeText();
-  if (!mOpen.empty()) {
-    mData.appendNode(mOpen.back(), SDomNode::Other, static_cast<quint32>(line()));
+  if (mOpen.empty()) {
+    mPrologEnd = XML_GetCurrentByteIndex(mParser.get()) + XML_GetCurrentByteCount(mParser.get());
+    return;
   }
+  mData.appendNode(mOpen.back(), SDomNode::Other, static_cast<quint32>(line()));
 }
 
 /// Ends the character data that another node follows or that its element's end follows: blank
@@ -344,10 +353,16 @@ int CXmlParser::line() {
 
 /// Counts on from where the last count ended; positions only grow while the text is read.
 int CXmlParser::countLinesTo(qint64 position) {
-  const char* text = mInput.constData();
-  for (; mCountedTo < position; ++mCountedTo) {
-    const char c = text[mCountedTo];
-    mCountedLine += c == '\n' || (c == '\r' && text[mCountedTo + 1] != '\n') ? 1 : 0;
+  const char* end = mInput.constData() + position;
+  const char* text = mInput.constData() + mCountedTo;
+  while (text < end) {
+    const void* lineEnd = std::memchr(text, '\n', static_cast<size_t>(end - text));
+    if (lineEnd == nullptr) {
+      break;
+    }
+    text = static_cast<const char*>(lineEnd) + 1;
+    ++mCountedLine;
   }
+  mCountedTo = std::max(mCountedTo, position);
   return mCountedLine;
 }

@@ -1,34 +1,57 @@
 #include "CXmlWriter.h"
 
+#include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace {
 
-/// Collects UTF-8 as it is.
-class CUtf8Sink {
+/// A growing buffer that is written through a pointer.
+class CBuffer {
  public:
-  explicit CUtf8Sink(size_t size) { mBytes.reserve(static_cast<int>(size)); }
-  void put(std::string_view utf8) { mBytes.append(utf8.data(), static_cast<int>(utf8.size())); }
-  qint64 size() const { return mBytes.size(); }
-  QByteArray take() { return std::move(mBytes); }
+  explicit CBuffer(size_t size) : mBytes(static_cast<int>(size), Qt::Uninitialized) {}
+
+  /// Where up to `count` bytes may be written; advance() then takes what was.
+  char* room(size_t count) {
+    if (static_cast<size_t>(mBytes.size() - mSize) < count) {
+      mBytes.resize(qMax(mSize + static_cast<int>(count), mSize + mSize / 2));
+    }
+    return mBytes.data() + mSize;
+  }
+  void advance(size_t count) { mSize += static_cast<int>(count); }
+  qint64 size() const { return mSize; }
+  QByteArray take() {
+    mBytes.truncate(mSize);
+    return std::move(mBytes);
+  }
 
  private:
   QByteArray mBytes;
+  int mSize = 0;
+};
+
+/// Collects UTF-8 as it is.
+class CUtf8Sink : public CBuffer {
+ public:
+  using CBuffer::CBuffer;
+  void put(std::string_view utf8) {
+    std::memcpy(room(utf8.size()), utf8.data(), utf8.size());
+    advance(utf8.size());
+  }
 };
 
 /// Collects UTF-8 as UTF-16, little endian, behind a byte order mark.
-class CUtf16Sink {
+class CUtf16Sink : public CBuffer {
  public:
-  explicit CUtf16Sink(size_t size) {
-    mBytes.reserve(static_cast<int>(2 * size + 2));
-    putUnit(0xFEFF);
-  }
+  explicit CUtf16Sink(size_t size) : CBuffer(2 * size + 2) { put("\xEF\xBB\xBF"); }
 
   void put(std::string_view utf8) {
+    char* out = room(2 * utf8.size());  // no character takes more than twice its UTF-8
+    const char* begin = out;
     for (size_t i = 0; i < utf8.size();) {
       const auto lead = static_cast<uchar>(utf8[i++]);
       if (lead < 0x80) {
-        putUnit(lead);
+        out = putUnit(lead, out);
         continue;
       }
       int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
@@ -36,60 +59,55 @@ class CUtf16Sink {
       for (; more > 0; --more) {
         c = (c << 6) | (static_cast<uchar>(utf8[i++]) & 0x3Fu);
       }
-      putCharacter(c);
+      if (QChar::requiresSurrogates(c)) {
+        out = putUnit(QChar::highSurrogate(c), out);
+        c = QChar::lowSurrogate(c);
+      }
+      out = putUnit(static_cast<char16_t>(c), out);
     }
+    advance(static_cast<size_t>(out - begin));
   }
-  qint64 size() const { return mBytes.size(); }
-  QByteArray take() { return std::move(mBytes); }
 
  private:
-  void putCharacter(char32_t c) {
-    if (QChar::requiresSurrogates(c)) {
-      putUnit(QChar::highSurrogate(c));
-      putUnit(QChar::lowSurrogate(c));
-    } else {
-      putUnit(static_cast<char16_t>(c));
-    }
+  static char* putUnit(char16_t unit, char* out) {
+    out[0] = static_cast<char>(unit & 0xFF);
+    out[1] = static_cast<char>(unit >> 8);
+    return out + 2;
   }
-  void putUnit(char16_t unit) {
-    const std::array<char, 2> bytes{static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
-    mBytes.append(bytes.data(), 2);
-  }
-
-  QByteArray mBytes;
 };
 
-/// What stands for a character, or nothing when it stands for itself. A carriage return would be
-/// read as a line feed, white space in an attribute as a blank.
-std::string_view reference(char c, bool inAttribute) {
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '\r':
-      return "&#13;";
-    case '"':
-      return inAttribute ? "&quot;" : "";
-    case '\n':
-      return inAttribute ? "&#10;" : "";
-    case '\t':
-      return inAttribute ? "&#9;" : "";
-    default:
-      return "";
-  }
+/// What stands for a character in a text, or in an attribute; nothing when it stands for itself. A
+/// carriage return would be read as a line feed, white space in an attribute as a blank.
+using CReferences = std::array<std::string_view, 256>;
+
+CReferences textReferences() {
+  CReferences references;
+  references['&'] = "&amp;";
+  references['<'] = "&lt;";
+  references['>'] = "&gt;";
+  references['\r'] = "&#13;";
+  return references;
+}
+
+CReferences attributeReferences() {
+  CReferences references = textReferences();
+  references['"'] = "&quot;";
+  references['\n'] = "&#10;";
+  references['\t'] = "&#9;";
+  return references;
 }
 
 template <class Sink>
 void putEscaped(Sink& sink, std::string_view text, bool inAttribute) {
+  static const CReferences kInText = textReferences();
+  static const CReferences kInAttribute = attributeReferences();
+  const CReferences& references = inAttribute ? kInAttribute : kInText;
   size_t plain = 0;
   for (size_t i = 0; i < text.size(); ++i) {
-    const std::string_view escaped = reference(text[i], inAttribute);
-    if (!escaped.empty()) {
+    const std::string_view reference = references[static_cast<uchar>(text[i])];
+    if (!reference.empty()) {
       sink.put(text.substr(plain, i - plain));
-      sink.put(escaped);
+      sink.put(reference);
       plain = i + 1;
     }
   }
@@ -98,7 +116,8 @@ void putEscaped(Sink& sink, std::string_view text, bool inAttribute) {
 
 template <class Sink>
 void putIndentation(Sink& sink, int depth) {
-  sink.put(std::string(static_cast<size_t>(depth), ' '));
+  static const std::string kBlanks(NXmlLimits::kMaxDepth + 1, ' ');
+  sink.put(std::string_view(kBlanks).substr(0, static_cast<size_t>(depth)));
 }
 
 }  // namespace

@@ -80,7 +80,7 @@ bool toUtf8(const QByteArray& bytes, EOrder order, QByteArray& utf8) {
   std::string other;
   utf8.clear();
   utf8.reserve(bytes.size() / 2);  // enough for ASCII
-  int position = bytes.size() >= 2 && unitAt(bytes, 0, order) == QChar::ByteOrderMark ? 2 : 0;
+  int position = 0;
   while (position < bytes.size()) {
     const int run = asciiRun(bytes, position, order);
     appendAscii(bytes, position, run, order, utf8);

@@ -10,7 +10,7 @@ enum EOrder { None, LittleEndian, BigEndian };
 /// The byte order, told by the byte order mark or by a first character "<"; None for other texts.
 EOrder orderOf(const QByteArray& bytes);
 
-/// Converts an even number of bytes, without a byte order mark. False at a surrogate that has no
+/// Converts an even number of bytes, a byte order mark included. False at a surrogate that has no
 /// partner; utf8 then holds what comes before.
 bool toUtf8(const QByteArray& bytes, EOrder order, QByteArray& utf8);
 

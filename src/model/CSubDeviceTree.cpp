@@ -111,10 +111,11 @@ CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const Q
 CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, const QString& name,
                                                  quint32 id, const CParamVal& value) {
   const CParamNodeData data(mSubDevId, name, id);
-  if (!data.isParam() || contains(name)) return nullptr;
-  CParamTreeNodeImpl* const node = append(parent, data);
-  index(node, value);
-  return node;
+  if (!data.isParam()) return nullptr;
+  SParam& param = mParams[name];  // made when missing, so the name is looked up once
+  if (param.node) return nullptr;
+  param = {value, append(parent, data)};
+  return param.node;
 }
 
 bool CSubDeviceTree::deleteNode(CParamTreeNodeImpl* node) {

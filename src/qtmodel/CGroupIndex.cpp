@@ -1,0 +1,101 @@
+#include "CGroupIndex.h"
+
+#include "ICParamTreeNode.h"
+
+#include <algorithm>
+
+CGroupIndex::CGroupIndex() : mRoot(std::make_unique<SGroup>()) {}
+
+CGroupIndex::~CGroupIndex() = default;
+
+void CGroupIndex::reset(const std::vector<ICParamTreeNode*>& subDevices) {
+  mGroups.clear();
+  mRoot = std::make_unique<SGroup>();
+  mSubDevices = subDevices;
+  mRoot->count = static_cast<int>(mSubDevices.size());
+}
+
+ICParamTreeNode* CGroupIndex::child(const SGroup& group, int row) const {
+  if (row < 0 || row >= group.count) return nullptr;
+  return group.node ? group.node->childPtr(row) : mSubDevices[static_cast<size_t>(row)];
+}
+
+SGroup* CGroupIndex::group(ICParamTreeNode* node, SGroup* parent, int row) {
+  std::unique_ptr<SGroup>& entry = mGroups[node];
+  if (!entry) {
+    entry = std::make_unique<SGroup>();
+    entry->node = node;
+    entry->parent = parent;
+    entry->row = row;
+    entry->count = node->childCnt();
+    parent->groups.push_back(entry.get());
+  }
+  return entry.get();
+}
+
+SGroup* CGroupIndex::group(ICParamTreeNode* node) {
+  const auto known = mGroups.find(node);
+  if (known != mGroups.end()) return known->second.get();
+  ICParamTreeNode* parentNode = node->parentPtr();
+  SGroup* parent = parentNode ? group(parentNode) : mRoot.get();
+  const int row = parent ? rowOf(*parent, node) : -1;
+  return row < 0 ? nullptr : group(node, parent, row);
+}
+
+const SGroup* CGroupIndex::known(const ICParamTreeNode* node) const {
+  const auto entry = mGroups.find(node);
+  return entry == mGroups.end() ? nullptr : entry->second.get();
+}
+
+void CGroupIndex::makeRows(SGroup& group) const {
+  group.rows.clear();
+  group.rows.reserve(group.count);
+  for (int row = 0; row < group.count; ++row) group.rows.insert(this->child(group, row), row);
+  group.removed = 0;
+  group.steps = 0;
+}
+
+/// Searches from both ends of the rows in which the child can be, since removals mostly go in tree
+/// order or in reverse. Where they do not, the rows are made again in time.
+int CGroupIndex::rowOf(SGroup& group, const ICParamTreeNode* child) const {
+  if (group.rows.isEmpty() || group.steps > group.count) makeRows(group);
+  const int known = group.rows.value(child, -1);
+  int last = std::min(known, group.count - 1);
+  for (int first = std::max(0, known - group.removed); first <= last; ++first, --last) {
+    if (this->child(group, first) == child) return first;
+    if (this->child(group, last) == child) return last;
+    ++group.steps;
+  }
+  return -1;
+}
+
+void CGroupIndex::append(SGroup& group) {
+  if (!group.rows.isEmpty()) group.rows.insert(group.node->childPtr(group.count), group.count);
+  ++group.count;
+}
+
+void CGroupIndex::remove(SGroup& group, int first, int count) {
+  std::vector<SGroup*> kept;
+  for (SGroup* child : group.groups) {
+    if (child->row >= first && child->row < first + count) {
+      forget(child);
+      continue;
+    }
+    if (child->row >= first + count) child->row -= count;
+    kept.push_back(child);
+  }
+  group.groups = std::move(kept);
+  group.count -= count;
+  group.removed += count;
+}
+
+void CGroupIndex::forget(SGroup* group) {
+  for (SGroup* child : group->groups) forget(child);
+  mGroups.erase(group->node);
+}
+
+std::vector<SGroup*> CGroupIndex::all() const {
+  std::vector<SGroup*> groups{mRoot.get()};
+  for (const auto& entry : mGroups) groups.push_back(entry.second.get());
+  return groups;
+}

@@ -1,0 +1,229 @@
+// What stands in the tree, and its editing.
+
+#include "CParamValueText.h"
+#include "CParameterFileHelper.h"
+#include "CParameterFileModel.h"
+#include "CParameterFileModelPrivate.h"
+#include "ICParamTreeNode.h"
+#include "ICParameterFile.h"
+
+using namespace NParamDef;
+
+namespace {
+
+/// The key of the property behind a role; empty for every other role.
+QString propertyOf(int role) {
+  switch (role) {
+    case CParameterFileModel::ChangedRole:
+      return PROPERTY_CHANGED;
+    case CParameterFileModel::WarningRole:
+      return PROPERTY_WARNING;
+    case CParameterFileModel::WarningMessageRole:
+      return PROPERTY_WARNING_MESSAGE;
+    case CParameterFileModel::ErrorRole:
+      return PROPERTY_ERROR;
+    case CParameterFileModel::ErrorMessageRole:
+      return PROPERTY_ERROR_MESSAGE;
+    default:
+      return {};
+  }
+}
+
+QVariant propertyValue(const ICParamTreeNode& node, int role) {
+  const QVariant value = node.property(propertyOf(role));
+  const bool isText = role == CParameterFileModel::WarningMessageRole ||
+                      role == CParameterFileModel::ErrorMessageRole;
+  return isText ? QVariant(value.toString()) : QVariant(value.toBool());
+}
+
+/// A check box of its own: with an enumeration or radio buttons beside it, those are shown.
+bool hasCheckBox(const CParamDefItem& definition) {
+  return definition.checkVals().isValid() && !definition.hasEnums() && !definition.hasRadios();
+}
+
+QVariant checkState(const CParamDefItem& definition, const CParamVal& value) {
+  const SCheckValues states = definition.checkVals();
+  long long number = 0;
+  if (!hasCheckBox(definition) || !value.value(number)) return {};
+  if (number == states.checked) return Qt::Checked;
+  return states.hasUndefined && number == states.undefined ? Qt::PartiallyChecked : Qt::Unchecked;
+}
+
+qint64 numberOfState(const SCheckValues& states, int state) {
+  if (state == Qt::Checked) return states.checked;
+  return state == Qt::PartiallyChecked && states.hasUndefined ? states.undefined : states.unchecked;
+}
+
+QString nameOf(const ICParameterFile& file, const ICParamTreeNode& node) {
+  if (node.parentPtr()) return node.name();
+  const QString name = file.subDevName(node.subDevId());
+  return name.isEmpty() ? CParameterFileModel::tr("Sub-device %1").arg(node.subDevId()) : name;
+}
+
+QString toolTip(const ICParamTreeNode& node, const QString& hint) {
+  if (node.property(PROPERTY_ERROR).toBool())
+    return node.property(PROPERTY_ERROR_MESSAGE).toString();
+  if (node.property(PROPERTY_WARNING).toBool()) {
+    return node.property(PROPERTY_WARNING_MESSAGE).toString();
+  }
+  return hint;
+}
+
+}  // namespace
+
+QVariant CParameterFileModel::data(const QModelIndex& index, int role) const {
+  const ICParamTreeNode* node = this->node(index);
+  if (!node) return {};
+  if (!propertyOf(role).isEmpty()) return propertyValue(*node, role);
+  if (role == IsGroupRole) return node->isGroup();
+  if (role == SubDeviceRole) return static_cast<int>(node->subDevId());
+  if (role == Qt::DisplayRole && index.column() == NameColumn) return nameOf(*d->file, *node);
+  return node->isParam() ? parameterData(*node, index.column(), role) : QVariant();
+}
+
+QVariant CParameterFileModel::parameterData(const ICParamTreeNode& node, int column,
+                                            int role) const {
+  const CParamDefItem definition = d->definitionOf(node);
+  const bool isValue = column == ValueColumn;
+  switch (role) {
+    case Qt::DisplayRole:
+      return shownText(node, definition, column);
+    case Qt::EditRole:
+      return isValue ? QVariant(CParamValueText::editable(definition, d->valueOf(node)))
+                     : shownText(node, definition, column);
+    case Qt::CheckStateRole:
+      return isValue ? checkState(definition, d->valueOf(node)) : QVariant();
+    case Qt::ToolTipRole:
+      return toolTip(node, definition.hint());
+    case RawValueRole:
+      return d->valueOf(node).asStr();
+    case RawDefaultRole:
+      return definition.defVal().asStr();
+    case ChoicesRole:
+      return CParamValueText::choices(definition);
+    case IsDefinedRole:
+      return !definition.name().isEmpty();
+    case IsDefaultRole:
+      return !definition.name().isEmpty() &&
+             CParameterFileHelper::compareValues(d->valueOf(node), definition.defVal(), definition);
+    case IdRole:
+      return node.id();
+    default:
+      return {};
+  }
+}
+
+QVariant CParameterFileModel::shownText(const ICParamTreeNode& node,
+                                        const CParamDefItem& definition, int column) const {
+  switch (column) {
+    case NameColumn:
+      return node.name();
+    case ValueColumn:
+      return CParamValueText::shown(definition, d->valueOf(node));
+    case UnitColumn:
+      return d->unitOf(node);
+    case DefaultColumn:
+      return CParamValueText::shown(definition, definition.defVal());
+    case HintColumn:
+      return definition.hint();
+    default:
+      return {};
+  }
+}
+
+QVariant CParameterFileModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  switch (section) {
+    case NameColumn:
+      return tr("Name");
+    case ValueColumn:
+      return tr("Value");
+    case UnitColumn:
+      return tr("Unit");
+    case DefaultColumn:
+      return tr("Default");
+    case HintColumn:
+      return tr("Hint");
+    default:
+      return {};
+  }
+}
+
+Qt::ItemFlags CParameterFileModel::flags(const QModelIndex& index) const {
+  const ICParamTreeNode* node = this->node(index);
+  if (!node) return Qt::NoItemFlags;
+  Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  if (!node->isParam()) return flags;
+  flags |= Qt::ItemNeverHasChildren;
+  const CParamDefItem definition = d->definitionOf(*node);
+  if (index.column() != ValueColumn || definition.name().isEmpty()) return flags;
+  flags |= Qt::ItemIsEditable;
+  if (hasCheckBox(definition)) {
+    flags |= Qt::ItemIsUserCheckable;
+    if (definition.checkVals().hasUndefined) flags |= Qt::ItemIsUserTristate;
+  }
+  return flags;
+}
+
+bool CParameterFileModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  ICParamTreeNode* node = this->node(index);
+  if (!node) return false;
+  const QString property = propertyOf(role);
+  if (!property.isEmpty()) {
+    node->setProperty(property, value);
+    rowChanged(index);
+    return true;
+  }
+  if (!node->isParam() || index.column() != ValueColumn) return false;
+  const CParamDefItem definition = d->definitionOf(*node);
+  if (role == Qt::EditRole) return setText(index, definition, value.toString());
+  if (role == RawValueRole) return setValue(index, value.toString());
+  if (role != Qt::CheckStateRole || !hasCheckBox(definition)) return false;
+  const qint64 number = numberOfState(definition.checkVals(), value.toInt());
+  return setText(index, definition, QString::number(number));
+}
+
+bool CParameterFileModel::setText(const QModelIndex& index, const CParamDefItem& definition,
+                                  const QString& text) {
+  // What an editor leaves as it was is no edit, even where another value has the same name.
+  if (text == index.data(Qt::EditRole).toString()) return true;
+  CParamVal value(text);
+  CParamValueText::read(definition, text, value);
+  return setValue(index, value);
+}
+
+bool CParameterFileModel::setValue(const QModelIndex& index, const CParamVal& value) {
+  const ICParamTreeNode& node = *this->node(index);
+  const QString problem = d->problem(node, value);
+  if (!problem.isEmpty()) return refuse(index, problem);
+  if (!d->file->setAndMarkParamValue(node.name(), value, node.subDevId())) {
+    return refuse(index, tr("There is no such value."));
+  }
+  rowChanged(index);
+  refreshUnitsOf(node.name());
+  return true;
+}
+
+bool CParameterFileModel::refuse(const QModelIndex& index, const QString& reason) {
+  d->errorMsg = reason;
+  Q_EMIT editRefused(index, reason);
+  return false;
+}
+
+QHash<int, QByteArray> CParameterFileModel::roleNames() const {
+  QHash<int, QByteArray> names = QAbstractItemModel::roleNames();
+  names.insert({{RawValueRole, "rawValue"},
+                {RawDefaultRole, "rawDefault"},
+                {ChoicesRole, "choices"},
+                {IsGroupRole, "isGroup"},
+                {IsDefinedRole, "isDefined"},
+                {IsDefaultRole, "isDefault"},
+                {SubDeviceRole, "subDevice"},
+                {IdRole, "id"},
+                {ChangedRole, "changed"},
+                {WarningRole, "warning"},
+                {WarningMessageRole, "warningMessage"},
+                {ErrorRole, "error"},
+                {ErrorMessageRole, "errorMessage"}});
+  return names;
+}

@@ -50,8 +50,12 @@ void writeFile(const QString& fileName, const QByteArray& content) {
   }
 }
 
-QString example(const QString& name) {
+QString exampleFile(const QString& name) {
   return NTestFiles::example(name);
+}
+
+QString testFile(const QString& name) {
+  return NTestFiles::data(name);
 }
 
 }  // namespace NTorture

@@ -55,6 +55,7 @@ class CTally {
 
 QByteArray readFile(const QString& fileName);
 void writeFile(const QString& fileName, const QByteArray& content);
-QString example(const QString& name);
+QString exampleFile(const QString& name);
+QString testFile(const QString& name);
 
 }  // namespace NTorture

@@ -1,0 +1,161 @@
+#include "Formats.h"
+
+#include "ICCompensationFile.h"
+#include "ICParameterFile.h"
+#include "ICSettingsFile.h"
+#include "ParamFileText.h"
+#include "Torture.h"
+
+#include <QRegularExpression>
+
+namespace NFormats {
+
+namespace {
+
+constexpr quint32 kVersion = 0x10000;
+const QString kVersionText = "1.0";
+
+class CParameterFormat : public CFormat {
+ public:
+  explicit CParameterFormat(bool values)
+      : mValues(values),
+        mFile(ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr)) {}
+  bool load(const QString& fileName) override {
+    return mValues ? mFile->loadParamFile(fileName, QString(), kVersion)
+                   : mFile->loadParamDefFile(fileName, kVersion);
+  }
+  bool save(const QString& fileName) override {
+    return mValues ? mFile->saveParamFile(fileName, QString(), kVersion)
+                   : mFile->saveParamDefFile(fileName, kVersion);
+  }
+  QString content() override { return NParamFileText::content(*mFile); }
+  QString state() override { return NParamFileText::all(*mFile); }
+  void edit(unsigned choice) override {
+    mFile->setMetaData("author", mFile->comment());
+    mFile->setDefMetaData("author", mFile->defComment());
+    const QStringList definitions = mFile->defNames();
+    if (!definitions.isEmpty()) {
+      CParamDefItem* item = mFile->paramDefPtr(
+          definitions.at(static_cast<int>(choice % unsigned(definitions.size()))));
+      item->setHint("hint");
+      item->addEnum(choice, "choice");
+    }
+    for (const quint8 id : mFile->subDeviceIds()) {
+      for (const QString& name : mFile->paramNames(id)) mFile->setParamValue(name, choice, id);
+      mFile->subGroup("new/group", id);
+    }
+    if (mFile->containsHardwareId(mFile->hardwareId())) {
+      mFile->cloneHardwareId(mFile->hardwareId(), "clone");
+    }
+  }
+  bool keepsContent() const override { return true; }
+
+ private:
+  const bool mValues;
+  const std::unique_ptr<ICParameterFile> mFile;
+};
+
+class CSettingsFormat : public CFormat {
+ public:
+  bool load(const QString& fileName) override {
+    mResult = mFile->load(fileName, kVersionText);
+    return mResult == ICSettingsFile::NoError;
+  }
+  bool save(const QString& fileName) override {
+    return mFile->save(fileName, kVersionText) == ICSettingsFile::NoError;
+  }
+  QString content() override {
+    QString text;
+    append(mFile->root(), 0, text);
+    return text;
+  }
+  void edit(unsigned choice) override {
+    ICSettingsTreeNode* node = mFile->root();
+    while (node != nullptr) {
+      node->setComment("comment");
+      if (node->isParam()) node->setValue(choice);
+      node = node->childPtr(node->childCnt() - 1);
+    }
+  }
+  bool keepsContent() const override {
+    return mResult == ICSettingsFile::OpenError || mResult == ICSettingsFile::VersionError;
+  }
+
+ private:
+  static void append(const ICSettingsTreeNode* node, int depth, QString& text) {
+    if (node == nullptr) return;
+    text += QString(depth, ' ') +
+            QStringList{QString::number(node->type()), node->name(), node->value(), node->unit(),
+                        depth > 0 ? node->comment() : QString()}
+                .join(';') +
+            '\n';
+    for (int i = 0; i < node->childCnt(); ++i) append(node->childPtr(i), depth + 1, text);
+  }
+
+  const std::unique_ptr<ICSettingsFile> mFile{ICSettingsFile::create(nullptr)};
+  ICSettingsFile::ESettingsError mResult = ICSettingsFile::NoError;
+};
+
+class CCompensationFormat : public CFormat {
+ public:
+  bool load(const QString& fileName) override {
+    return mFile->load(fileName, kVersionText) == ICCompensationFile::Ok;
+  }
+  bool save(const QString& fileName) override {
+    return mFile->save(fileName, kVersionText) == ICCompensationFile::Ok;
+  }
+  QString content() override {
+    const CXMLMetaData head = mFile->metaData();
+    QStringList texts{head.date().toString(Qt::ISODate), head.author(), head.comment(),
+                      mFile->header().minimum(), mFile->header().maximum()};
+    for (const CCompensationPoint& point : mFile->allPoints()) {
+      texts += point.position().asStr() + '=' + point.adjustment().asStr();
+    }
+    return texts.join('\n');
+  }
+  void edit(unsigned choice) override {
+    CCompensationPoint point;
+    point.setPosition(choice);
+    mFile->appendPoint(point);
+    mFile->setPoint(0, point);
+    mFile->removePoint(1);
+    mFile->checkAllPoints(nullptr);
+  }
+  bool keepsContent() const override { return false; }
+
+ private:
+  const std::unique_ptr<ICCompensationFile> mFile{ICCompensationFile::create(nullptr)};
+};
+
+}  // namespace
+
+std::unique_ptr<CFormat> make(EFormat format) {
+  switch (format) {
+    case Settings:
+      return std::make_unique<CSettingsFormat>();
+    case Compensation:
+      return std::make_unique<CCompensationFormat>();
+    default:
+      return std::make_unique<CParameterFormat>(format == Values);
+  }
+}
+
+QString roundTrip(EFormat format, const QString& fileName, const QString& scratch,
+                  const unsigned* choice) {
+  const auto first = make(format);
+  const auto second = make(format);
+  if (!first->load(fileName)) return "it is not loaded a second time";
+  if (choice != nullptr) first->edit(*choice);
+  if (!first->save(scratch)) return "what was loaded cannot be saved";
+  if (!second->load(scratch)) return "what was saved cannot be loaded";
+  // Which definitions refer to which is found out by a load, not by an edit.
+  static const QRegularExpression references("; used by [0-9|]*");
+  const QString before = first->content().remove(references);
+  const QString after = second->content().remove(references);
+  if (before != after) return "what was saved differs:\n" + before + "\n---\n" + after;
+  const QByteArray bytes = NTorture::readFile(scratch);
+  if (!second->save(scratch)) return "what was saved and loaded cannot be saved";
+  return bytes == NTorture::readFile(scratch) ? QString() : "saved again the bytes differ";
+}
+
+}  // namespace NFormats

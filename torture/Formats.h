@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+/// The formats of files seen alike, for whoever treats them all badly.
+namespace NFormats {
+
+class CFormat {
+ public:
+  virtual ~CFormat() = default;
+  virtual bool load(const QString& fileName) = 0;
+  virtual bool save(const QString& fileName) = 0;
+  /// Everything that a file of this format holds.
+  virtual QString content() = 0;
+  /// The content and all that an application knows beside it.
+  virtual QString state() { return content(); }
+  /// Changes something, chosen by the number.
+  virtual void edit(unsigned choice) = 0;
+  /// Whether the content must be the old one after the last load, which failed.
+  virtual bool keepsContent() const = 0;
+};
+
+enum EFormat { Definitions, Values, Settings, Compensation };
+std::unique_ptr<CFormat> make(EFormat format);
+
+/// Loads a file and saves it, which must go well and keep everything: what went wrong, or nothing.
+/// With a choice it is edited in between.
+QString roundTrip(EFormat format, const QString& fileName, const QString& scratch,
+                  const unsigned* choice = nullptr);
+
+}  // namespace NFormats

@@ -8,8 +8,9 @@
 
 void CParameterFileModelPrivate::readSubDevices() {
   std::vector<ICParamTreeNode*> nodes;
-  const QList<quint8> ids = file ? file->subDeviceIds() : QList<quint8>();
-  for (const quint8 id : ids) nodes.push_back(file->rootGroup(id));
+  if (file) {
+    for (const quint8 id : file->subDeviceIds()) nodes.push_back(file->rootGroup(id));
+  }
   index.reset(nodes);
   units.clear();
 }

@@ -122,6 +122,13 @@ class CParameterFileBaseImpl : public ICParameterFile {
   /// Takes the text before the first separator off a group path.
   static QString getNextSubPath(QString& path);
 
+  // What stands on this object, such as the merge of files, gets at all values, and can add some
+  // without definitions. Who edits them marks the hardware id with setHwIdChanged().
+  const CHardwareIdTrees& trees() const { return mTrees; }
+  CHardwareIdTrees& trees() { return mTrees; }
+  /// An empty name would be written as such.
+  void removeSubDevName(quint8 subDevId) { mSubDevNames.remove(subDevId); }
+
  protected:
   // The answers of this object alone, without a group and without a message.
   QString ownNameById(quint32 id) const { return mDefinitions.nameById(id); }

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ktoParameter_export.h"
+
+#include <QList>
+#include <QString>
+
+/// Something that both sides of a merge changed, each in its way.
+struct KTOPARAMETER_EXPORT SMergeConflict {
+  /// What is in conflict; behind each its stable text.
+  enum ESubject : int {
+    Author,         ///< "author", of the Head
+    Comment,        ///< "comment", of the Head
+    Version,        ///< "version"
+    HardwareId,     ///< "hardware-id" as a whole
+    SubDevice,      ///< "sub-device" as a whole
+    SubDeviceType,  ///< "sub-device-type"
+    SubDeviceName,  ///< "sub-device-name"
+    Parameter,      ///< "parameter" as a whole
+    Value,          ///< "value" of a parameter
+    Group,          ///< "group" in which a parameter lies
+    Id              ///< "id" of a parameter
+  };
+  /// "Changed" is also what was moved, or had its id changed.
+  enum EKind : int {
+    BothChanged,   ///< "both-changed", differently
+    BothAdded,     ///< "both-added", differently
+    OursRemoved,   ///< "ours-removed", theirs changed
+    TheirsRemoved  ///< "theirs-removed", ours changed
+  };
+
+  static constexpr int kNoSubDevice = -1;
+
+  static QString subjectText(ESubject subject);
+  static QString kindText(EKind kind);
+  /// A translated sentence with the texts of all sides, without the place.
+  QString text() const;
+
+  ESubject subject = Value;
+  EKind kind = BothChanged;
+  QString hardwareId;           ///< empty for what all hardware ids share
+  int subDevId = kNoSubDevice;  ///< 0 to 255, or kNoSubDevice
+  QString groupPath;            ///< of ours, or of theirs when ours removed it
+  QString name;                 ///< of the parameter
+  QString base;                 ///< text of the subject, or value of a parameter; null for none
+  QString ours;                 ///< likewise; this is what stands in the result
+  QString theirs;               ///< likewise
+};
+
+using CMergeConflicts = QList<SMergeConflict>;

@@ -1,0 +1,224 @@
+#include "CHardwareIdMerge.h"
+
+#include "CSubDeviceMerge.h"
+#include "ThreeWay.h"
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+bool isSame(const CSubDeviceTree& treeA, const CParamTreeNodeImpl& a, const CSubDeviceTree& treeB,
+            const CParamTreeNodeImpl& b) {
+  if (a.name() != b.name() || a.id() != b.id() || a.childCount() != b.childCount() ||
+      (a.isParam() && treeA.value(a.name()) != treeB.value(b.name()))) {
+    return false;
+  }
+  for (int i = 0; i < a.childCount(); ++i) {
+    if (!isSame(treeA, *a.childNode(i), treeB, *b.childNode(i))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool isSame(const CSubDeviceTree& a, const CSubDeviceTree& b) {
+  return isSame(a, *a.root(), b, *b.root());
+}
+
+bool isSame(const CSubDeviceTrees& a, const CSubDeviceTrees& b) {
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](const auto& x, const auto& y) {
+           return x.first == y.first && isSame(x.second, y.second);
+         });
+}
+
+CSubDeviceTree copyOf(const CSubDeviceTree& tree) {
+  return tree.clone();
+}
+
+CSubDeviceTrees copyOf(const CSubDeviceTrees& trees) {
+  CSubDeviceTrees copy;
+  for (const auto& [subDevId, tree] : trees) {
+    copy.emplace(subDevId, tree.clone());
+  }
+  return copy;
+}
+
+template <typename K, typename V>
+const V* find(const std::map<K, V>* map, const K& key) {
+  if (map == nullptr) {
+    return nullptr;
+  }
+  const auto found = map->find(key);
+  return found == map->end() ? nullptr : &found->second;
+}
+
+/// Of all hardware ids, since they share the types and names.
+std::set<quint8> subDeviceIds(const CParameterFileBaseImpl& file) {
+  std::set<quint8> ids;
+  for (const auto& [hardwareId, trees] : file.trees()) {
+    for (const auto& entry : trees) {
+      ids.insert(entry.first);
+    }
+  }
+  return ids;
+}
+
+}  // namespace
+
+void CHardwareIdMerge::run() {
+  const bool hasActiveId = mOurs.containsHardwareId(mOurs.hardwareId());
+  // Merging the trees may bring sub-devices, which then have no type and name of their own.
+  const std::set<quint8> inBase = subDeviceIds(mBase);
+  const std::set<quint8> inOurs = subDeviceIds(mOurs);
+  for (const quint8 subDevId : subDeviceIds(mTheirs)) {
+    mergeType(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
+    mergeName(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
+  }
+  mergeMap(&mBase.trees(), mOurs.trees(), mTheirs.trees());
+  if (hasActiveId && !mOurs.containsHardwareId(mOurs.hardwareId()) && !mOurs.trees().empty()) {
+    mOurs.selectHardwareId(mOurs.trees().begin()->first);
+  }
+}
+
+template <typename K, typename V>
+void CHardwareIdMerge::mergeMap(const std::map<K, V>* base, std::map<K, V>& ours,
+                                const std::map<K, V>& theirs) {
+  std::set<K> keys;
+  for (const auto& entry : ours) {
+    keys.insert(entry.first);
+  }
+  for (const auto& entry : theirs) {
+    keys.insert(entry.first);
+  }
+  for (const K& key : keys) {
+    enter(key);
+    mergeOne(key, find(base, key), ours, find(&theirs, key));
+    leave(key);
+  }
+}
+
+template <typename K, typename V>
+void CHardwareIdMerge::mergeOne(const K& key, const V* base, std::map<K, V>& ours,
+                                const V* theirs) {
+  const auto own = ours.find(key);
+  if (own == ours.end()) {
+    if (base == nullptr) {
+      ours.emplace(key, copyOf(*theirs));
+      mOurs.setHwIdChanged(mHardwareId);
+    } else if (!isSame(*base, *theirs)) {
+      addRemoval(SMergeConflict::OursRemoved);
+    }
+  } else if (theirs != nullptr) {
+    mergeBoth(base, own->second, *theirs);
+  } else if (base != nullptr) {
+    if (isSame(*base, own->second)) {
+      ours.erase(own);
+      mOurs.setHwIdChanged(mHardwareId);
+    } else {
+      addRemoval(SMergeConflict::TheirsRemoved);
+    }
+  }
+}
+
+void CHardwareIdMerge::mergeBoth(const CSubDeviceTrees* base, CSubDeviceTrees& ours,
+                                 const CSubDeviceTrees& theirs) {
+  mergeMap(base, ours, theirs);
+}
+
+void CHardwareIdMerge::mergeBoth(const CSubDeviceTree* base, CSubDeviceTree& ours,
+                                 const CSubDeviceTree& theirs) {
+  if ((base != nullptr && isSame(*base, theirs)) || isSame(ours, theirs)) {
+    return;
+  }
+  CSubDeviceMerge merge(base, ours, theirs, mOurs);
+  CSubDeviceTree merged = merge.run();
+  for (SMergeConflict conflict : merge.conflicts()) {
+    conflict.hardwareId = mHardwareId;
+    conflict.subDevId = mSubDevId;
+    mConflicts.append(conflict);
+  }
+  if (!isSame(merged, ours)) {
+    ours = std::move(merged);
+    mOurs.setHwIdChanged(mHardwareId);
+  }
+}
+
+void CHardwareIdMerge::enter(const QString& hardwareId) {
+  mHardwareId = hardwareId;
+}
+
+void CHardwareIdMerge::enter(quint8 subDevId) {
+  mSubDevId = subDevId;
+}
+
+/// One without sub-devices could not be read again.
+void CHardwareIdMerge::leave(const QString& hardwareId) {
+  const auto trees = mOurs.trees().find(hardwareId);
+  if (trees != mOurs.trees().end() && trees->second.empty()) {
+    mOurs.trees().erase(trees);
+  }
+}
+
+void CHardwareIdMerge::leave(quint8) {
+  mSubDevId = SMergeConflict::kNoSubDevice;
+}
+
+void CHardwareIdMerge::addRemoval(SMergeConflict::EKind kind) {
+  const bool isSubDevice = mSubDevId != SMergeConflict::kNoSubDevice;
+  const QString text = isSubDevice ? QString::number(mSubDevId) : mHardwareId;
+  SMergeConflict conflict;
+  conflict.subject = isSubDevice ? SMergeConflict::SubDevice : SMergeConflict::HardwareId;
+  conflict.kind = kind;
+  conflict.hardwareId = mHardwareId;
+  conflict.subDevId = mSubDevId;
+  conflict.base = text;
+  (kind == SMergeConflict::OursRemoved ? conflict.theirs : conflict.ours) = text;
+  mConflicts.append(conflict);
+}
+
+void CHardwareIdMerge::mergeType(quint8 subDevId, bool isInBase, bool isInOurs) {
+  const NParamDef::ESubDeviceTypes base = mBase.subDevType(subDevId);
+  const NParamDef::ESubDeviceTypes ours = mOurs.subDevType(subDevId);
+  const NParamDef::ESubDeviceTypes theirs = mTheirs.subDevType(subDevId);
+  const NThreeWay::EChoice choice =
+      isInOurs ? NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs) : NThreeWay::Theirs;
+  if (choice == NThreeWay::Theirs) {
+    mOurs.setSubDevType(subDevId, theirs);
+  } else if (choice == NThreeWay::Conflict) {
+    addConflict(SMergeConflict::SubDeviceType, subDevId, isInBase,
+                ICParameterFile::subDeviceTypeToStr(base),
+                ICParameterFile::subDeviceTypeToStr(ours),
+                ICParameterFile::subDeviceTypeToStr(theirs));
+  }
+}
+
+void CHardwareIdMerge::mergeName(quint8 subDevId, bool isInBase, bool isInOurs) {
+  const QString base = mBase.subDevName(subDevId);
+  const QString ours = mOurs.subDevName(subDevId);
+  const QString theirs = mTheirs.subDevName(subDevId);
+  const NThreeWay::EChoice choice =
+      isInOurs ? NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs) : NThreeWay::Theirs;
+  if (choice == NThreeWay::Theirs) {
+    mOurs.setSubDevName(subDevId, theirs);
+    if (theirs.isEmpty()) {
+      mOurs.removeSubDevName(subDevId);
+    }
+  } else if (choice == NThreeWay::Conflict) {
+    addConflict(SMergeConflict::SubDeviceName, subDevId, isInBase, base, ours, theirs);
+  }
+}
+
+void CHardwareIdMerge::addConflict(SMergeConflict::ESubject subject, quint8 subDevId, bool isInBase,
+                                   const QString& base, const QString& ours,
+                                   const QString& theirs) {
+  SMergeConflict conflict;
+  conflict.subject = subject;
+  conflict.kind = isInBase ? SMergeConflict::BothChanged : SMergeConflict::BothAdded;
+  conflict.subDevId = subDevId;
+  conflict.base = isInBase ? base : QString();
+  conflict.ours = ours;
+  conflict.theirs = theirs;
+  mConflicts.append(conflict);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "CNodeKeys.h"
+#include "CSubDeviceTree.h"
+
+#include <vector>
+
+/// The shape of a tree in keys, so that trees can be laid side by side.
+class CTreeOutline {
+ public:
+  /// Without a tree there is a root alone.
+  CTreeOutline(const CSubDeviceTree* tree, CNodeKeys& keys);
+
+  bool contains(int key) const { return key == CNodeKeys::kRoot || at(key).node != nullptr; }
+  int parent(int key) const { return at(key).parent; }
+  int position(int key) const { return at(key).position; }  ///< among the siblings
+  const QVector<int>& children(int key) const { return at(key).children; }
+  /// The payload of a node that is contained.
+  const CParamNodeData& data(int key) const { return at(key).node->dataRef(); }
+  /// Of a parameter; null for one that is not contained.
+  CParamVal value(int key) const;
+  QString groupPath(int key) const;  ///< of the group in which the node lies
+
+  /// Of the nodes of this tree those that lie elsewhere than in the base: not in the same group, or
+  /// not in the same order. Of an order as few as possible count as moved. By key, of `count` keys.
+  std::vector<bool> placedSince(const CTreeOutline& base, int count) const;
+
+ private:
+  struct SNode {
+    const CParamTreeNodeImpl* node = nullptr;
+    int parent = CNodeKeys::kNone;
+    int position = 0;
+    QVector<int> children;
+  };
+
+  const SNode& at(int key) const;
+  void add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys& keys);
+  void markPlaced(int group, const CTreeOutline& base, std::vector<bool>& placed) const;
+
+  const CSubDeviceTree* mTree;
+  std::vector<SNode> mNodes;
+};

@@ -6,6 +6,8 @@
 #include "ICParameterFile.h"
 #include "NLumoXmlTags.h"
 
+#include <QHash>
+
 using namespace NLumoXmlTags;
 
 namespace {
@@ -122,6 +124,9 @@ bool CParamValueFile::save(const QString& fileName, const QString& version,
   if (trees.empty()) {
     return true;
   }
+  if (!idsStayApart(trees)) {
+    return false;
+  }
   createDocumentWithHead(mRootTag, version);
   for (const auto& [hardwareId, subDevices] : trees) {
     CDomElement data = domDocument().documentElement().appendElement(TAG_DATA);
@@ -131,6 +136,22 @@ bool CParamValueFile::save(const QString& fileName, const QString& version,
     }
   }
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
+}
+
+/// Reading ignores blanks round a hardware id; of two that differ in nothing else it would find one
+/// twice.
+bool CParamValueFile::idsStayApart(const CHardwareIdTrees& trees) {
+  QHash<QString, QString> idByTrimmed;
+  for (const auto& entry : trees) {
+    const QString known = idByTrimmed.value(entry.first.trimmed());
+    if (!known.isNull()) {
+      mErrorMsg = tr("The hardware ids \"%1\" and \"%2\" differ in nothing but blanks around them.")
+                      .arg(known, entry.first);
+      return false;
+    }
+    idByTrimmed.insert(entry.first.trimmed(), entry.first);
+  }
+  return true;
 }
 
 bool CParamValueFile::save(const QString& fileName, const CSubDeviceTrees& trees,

@@ -103,6 +103,7 @@ class CParamValueFile : public CParamBaseFile {
   EResult failed(EResult result, const CDomElement& element);
   EResult failed(EResult result, const CDomElement& element, const QString& message);
 
+  bool idsStayApart(const CHardwareIdTrees& trees);
   void appendSubDeviceToDom(CDomElement data, const CSubDeviceTree& tree,
                             const CSubDeviceTypes& types, const CSubDeviceNames& names);
   void appendGroupsAndParamsToDom(CDomElement element, const CSubDeviceTree& tree,

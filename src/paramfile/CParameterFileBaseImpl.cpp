@@ -103,7 +103,11 @@ void CParameterFileBaseImpl::setSubDevType(quint8 subDevId, NParamDef::ESubDevic
 
 void CParameterFileBaseImpl::setSubDevName(quint8 subDevId, const QString& name) {
   if (subDevName(subDevId) != name) {
-    mSubDevNames.insert(subDevId, name);
+    if (name.isEmpty()) {  // as a load would find it, so that the next save writes the same
+      mSubDevNames.remove(subDevId);
+    } else {
+      mSubDevNames.insert(subDevId, name);
+    }
     setHwIdChanged(mHardwareId);
   }
 }

@@ -244,6 +244,33 @@ class tst_CParamValueFile : public QObject {
                                        "there are no parameters."));
   }
 
+  void savesNothingThatCouldNotBeRead() {
+    QTemporaryDir folder;
+    const QString name = folder.filePath("a.xparam");
+    auto file = makeFile();
+    for (const char* id : {"HW", "HW "}) {
+      QVERIFY(file->addHardwareId(id));
+      file->rootGroup(0);
+    }
+    QVERIFY(!file->saveParamFile(name, QString(), 0x10000));
+    QCOMPARE(
+        file->errorMsg(),
+        QString("The hardware ids \"HW\" and \"HW \" differ in nothing but blanks around them."));
+    QVERIFY(file->saveParamFile(name, "HW ", 0x10000));
+  }
+
+  void anEmptyNameIsNone() {
+    QTemporaryDir folder;
+    auto file = makeFile();
+    file->addHardwareId("HW");
+    file->rootGroup(0);
+    QVERIFY(file->saveParamFile(folder.filePath("never"), QString(), 0x10000));
+    file->setSubDevName(0, "X");
+    file->setSubDevName(0, "");
+    QVERIFY(file->saveParamFile(folder.filePath("emptied"), QString(), 0x10000));
+    QCOMPARE(read(folder.filePath("emptied")), read(folder.filePath("never")));
+  }
+
   void savesOneHardwareIdAlone() {
     QTemporaryDir folder;
     auto file = makeFile();

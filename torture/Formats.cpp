@@ -127,6 +127,25 @@ class CCompensationFormat : public CFormat {
   const std::unique_ptr<ICCompensationFile> mFile{ICCompensationFile::create(nullptr)};
 };
 
+/// A content without what no file keeps: which definitions refer to which (a load finds it out),
+/// and what a definition says of choices or values that it does not have.
+QString kept(QString content) {
+  static const QRegularExpression references("; used by [0-9|]*");
+  static const QRegularExpression visibility(";[0-9]+;$", QRegularExpression::MultilineOption);
+  return content.remove(references).replace(visibility, ";;").replace(";edit;;", ";fixed;;");
+}
+
+QString firstDifference(const QString& before, const QString& after) {
+  const QStringList old = before.split('\n');
+  const QStringList now = after.split('\n');
+  for (int i = 0; i < qMax(old.size(), now.size()); ++i) {
+    if (old.value(i) != now.value(i) || (i < old.size()) != (i < now.size())) {
+      return "\"" + old.value(i) + "\", \"" + now.value(i) + '"';
+    }
+  }
+  return QString();
+}
+
 }  // namespace
 
 std::unique_ptr<CFormat> make(EFormat format) {
@@ -148,11 +167,8 @@ QString roundTrip(EFormat format, const QString& fileName, const QString& scratc
   if (choice != nullptr) first->edit(*choice);
   if (!first->save(scratch)) return "what was loaded cannot be saved";
   if (!second->load(scratch)) return "what was saved cannot be loaded";
-  // Which definitions refer to which is found out by a load, not by an edit.
-  static const QRegularExpression references("; used by [0-9|]*");
-  const QString before = first->content().remove(references);
-  const QString after = second->content().remove(references);
-  if (before != after) return "what was saved differs:\n" + before + "\n---\n" + after;
+  const QString difference = firstDifference(kept(first->content()), kept(second->content()));
+  if (!difference.isEmpty()) return "what was saved differs: " + difference;
   const QByteArray bytes = NTorture::readFile(scratch);
   if (!second->save(scratch)) return "what was saved and loaded cannot be saved";
   return bytes == NTorture::readFile(scratch) ? QString() : "saved again the bytes differ";

@@ -1,0 +1,220 @@
+// The library beside what a user would write or pick instead, in one process and on the same bytes.
+
+#include "CCompensationPoint.h"
+#include "CParamDefFile.h"
+#include "CParamValueFile.h"
+#include "CParameterFileHelper.h"
+#include "Generate.h"
+#include "ICCompensationFile.h"
+#include "ICParameterFile.h"
+#include "Peers.h"
+
+#include <QFile>
+
+#include <benchmark/benchmark.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace {
+
+using CFilePtr = std::unique_ptr<ICParameterFile>;
+
+// On a file system in memory, so that the disk's sync does not count.
+const QString kSaved = QStringLiteral("/dev/shm/ktoparameter-bench");
+
+CFilePtr makeFile() {
+  return CFilePtr(ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+}
+
+/// Files are made once for each size.
+struct SFile {
+  QByteArray bytes;
+  QString name;
+};
+
+const SFile& valueFile(int size, int hardwareIds = 1) {
+  static std::map<std::pair<int, int>, SFile> files;
+  SFile& file = files[{size, hardwareIds}];
+  if (file.name.isEmpty()) {
+    file.bytes = NGenerate::valueFile(size, hardwareIds);
+    file.name = NGenerate::asFile(file.bytes, "xparam");
+  }
+  return file;
+}
+
+const SFile& definitionFile(int size) {
+  static std::map<int, SFile> files;
+  SFile& file = files[size];
+  if (file.name.isEmpty()) {
+    file.bytes = NGenerate::definitionFile(size);
+    file.name = NGenerate::asFile(file.bytes, "xpdef");
+  }
+  return file;
+}
+
+CFilePtr loaded(int size) {
+  CFilePtr file = makeFile();
+  file->loadParamDefFile(definitionFile(size / 4).name, 0x10000);
+  file->loadParamFile(valueFile(size).name, QString(), 0x10000);
+  return file;
+}
+
+void add(const char* name, const std::vector<int>& sizes,
+         const std::function<void(benchmark::State&, int size)>& run) {
+  for (const int size : sizes) {
+    benchmark::RegisterBenchmark((std::string(name) + '/' + std::to_string(size)).c_str(),
+                                 [run, size](benchmark::State& state) { run(state, size); })
+        ->Unit(benchmark::kMillisecond);
+  }
+}
+
+template <class Load>
+auto loading(Load load) {
+  return [load](benchmark::State& state, int size) {
+    const QByteArray bytes = valueFile(size).bytes;
+    for (auto _ : state) {
+      benchmark::DoNotOptimize(load(bytes));
+    }
+  };
+}
+
+template <class Save>
+auto saving(Save save) {
+  return [save](benchmark::State& state, int size) {
+    const CHardwareIdTrees trees = NPeers::loadWithPugixml(valueFile(size).bytes);
+    for (auto _ : state) {
+      benchmark::DoNotOptimize(save(trees));
+    }
+  };
+}
+
+bool saveHere(const CHardwareIdTrees& trees) {
+  CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
+  return file.save(kSaved, "1.0", trees, {}, {});
+}
+
+void addFiles(const std::vector<int>& sizes) {
+  add("load/here", sizes, [](benchmark::State& state, int size) {
+    const QString name = valueFile(size).name;
+    for (auto _ : state) {
+      CHardwareIdTrees trees;
+      CSubDeviceTypes types;
+      CSubDeviceNames names;
+      QString hardwareId;
+      CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
+      if (file.load(name, "1.0", trees, types, names, hardwareId) != 0) qFatal("load");
+    }
+  });
+  add("load/QDomDocument", sizes, loading(&NPeers::loadWithQtDom));
+  add("load/QXmlStreamReader", sizes, loading(&NPeers::loadWithQtStream));
+  add("load/pugixml", sizes, loading(&NPeers::loadWithPugixml));
+  add("load/libxml2", sizes, loading(&NPeers::loadWithLibxml2));
+  add("save/here", sizes, saving(&saveHere));
+  add("save/QDomDocument", sizes, saving(&NPeers::saveWithQtDom));
+  add("save/QXmlStreamWriter", sizes, saving(&NPeers::saveWithQtStream));
+  add("load definitions/here", sizes, [](benchmark::State& state, int size) {
+    const QString name = definitionFile(size).name;
+    for (auto _ : state) {
+      CParamDefFile file(nullptr, nullptr);
+      if (!file.open(name, "1.0")) qFatal("load definitions");
+    }
+  });
+  add("load definitions/QDomDocument", sizes, [](benchmark::State& state, int size) {
+    const QByteArray bytes = definitionFile(size).bytes;
+    for (auto _ : state) benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(bytes));
+  });
+  add("save definitions/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr file = makeFile();
+    file->loadParamDefFile(definitionFile(size).name, 0x10000);
+    for (auto _ : state) file->saveParamDefFile(kSaved, 0x10000);
+  });
+  add("load and save/here", sizes, [](benchmark::State& state, int size) {
+    const QString name = valueFile(size).name;
+    for (auto _ : state) {
+      const CFilePtr file = makeFile();
+      file->loadParamFile(name, QString(), 0x10000);
+      file->saveParamFile(kSaved, QString(), 0x10000);
+    }
+  });
+}
+
+void addOperations(const std::vector<int>& sizes) {
+  add("clone hardware id/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr file = loaded(size);
+    for (auto _ : state) {
+      file->cloneHardwareId("HW0000", "copy");
+      state.PauseTiming();
+      file->selectHardwareId("HW0000");
+      file->removeHardwareId("copy");
+      state.ResumeTiming();
+    }
+  });
+  add("import/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr source = loaded(size);
+    const CFilePtr file = loaded(size);
+    for (auto _ : state) file->importParamFile(source.get(), QString(), QString());
+  });
+  add("look-up by name/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr file = loaded(size);
+    const QStringList names = file->paramNames(0);
+    int i = 0;
+    for (auto _ : state) {
+      benchmark::DoNotOptimize(file->paramValue(names.at(i), 0));
+      i = (i + 7919) % names.size();
+    }
+  });
+  add("set and mark/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr file = loaded(size);
+    const QStringList names = file->paramNames(0);
+    int i = 0;
+    unsigned value = 0;
+    for (auto _ : state) {
+      file->setAndMarkParamValue(names.at(i), CParamVal(++value), 0);
+      i = (i + 7919) % names.size();
+    }
+  });
+  add("check all points/here", sizes, [](benchmark::State& state, int size) {
+    const std::unique_ptr<ICCompensationFile> file(ICCompensationFile::create(nullptr));
+    for (int i = 0; i < size; ++i) {
+      CCompensationPoint point;
+      point.setPosition(CParamVal(i * 0.5));
+      file->appendPoint(point);
+    }
+    QList<int> bad;
+    for (auto _ : state) benchmark::DoNotOptimize(file->checkAllPoints(&bad));
+  });
+}
+
+void addMany() {
+  add("load 1,000 hardware ids/here", {100000}, [](benchmark::State& state, int size) {
+    const QString name = valueFile(size, 1000).name;
+    for (auto _ : state) makeFile()->loadParamFile(name, QString(), 0x10000);
+  });
+  add("motor names of 100 files/here", {10}, [](benchmark::State& state, int motors) {
+    QStringList names;
+    for (int i = 0; i < 100; ++i) {
+      names += NGenerate::asFile(NGenerate::motorFile(motors, 100), "xparam");
+    }
+    const CParameterFileHelper helper(nullptr);
+    for (auto _ : state) benchmark::DoNotOptimize(helper.readMotorNames(names));
+  });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // 1,000,000 parameters take gigabytes in Qt's DOM; --large adds them.
+  const bool large = argc > 1 && qstrcmp(argv[1], "--large") == 0;
+  std::vector<int> sizes{1000, 10000, 100000};
+  if (large) sizes.push_back(1000000);
+  addFiles(sizes);
+  addOperations(sizes);
+  addMany();
+  int count = argc - (large ? 1 : 0);
+  benchmark::Initialize(&count, argv + (large ? 1 : 0));
+  benchmark::RunSpecifiedBenchmarks();
+  QFile::remove(kSaved);
+  return 0;
+}

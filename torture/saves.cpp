@@ -1,0 +1,322 @@
+// Saves whose system calls fail, whose disk is full, whose process is killed: the target is always
+// the old file or the new one, whole, and a save that says it succeeded has written the new one.
+
+#include "CAtomicFile.h"
+#include "Faults.h"
+#include "ICParameterFile.h"
+#include "Torture.h"
+
+#include <QDir>
+
+#include <grp.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <functional>
+#include <memory>
+
+using namespace NTorture;
+
+namespace {
+
+constexpr quint32 kVersion = 0x10000;
+
+/// What is saved, onto what.
+struct SScene {
+  const char* name;
+  bool exists = true;
+  bool isLink = false;
+  bool isPlain = false;  ///< the file system
+  bool keepsBackup = false;
+  QFileDevice::Permissions permissions;
+};
+const SScene kScenes[] = {
+    {"a new file", false, false, false, false, {}},
+    {"an old file", true, false, false, false, {}},
+    {"a link, with permissions", true, true, false, false, QFile::ReadOwner | QFile::WriteOwner},
+    {"a backup first", true, false, false, true, {}},
+    {"a new file, plain file system", false, false, true, false, {}},
+    {"a backup first, plain file system", true, false, true, true, {}},
+};
+
+QByteArray pattern(int size, unsigned seed) {
+  CRandom random(seed);
+  QByteArray bytes(size, '\0');
+  for (char& byte : bytes) byte = static_cast<char>(random.below(256));
+  return bytes;
+}
+
+/// A folder with a file to save, and what may be found there afterwards.
+class CStage {
+ public:
+  CStage(const SScene& scene, const QByteArray& content, CTally& tally, const QString& path)
+      : mScene(scene), mNew(content), mTally(tally), mPath(path) {
+    clear();
+    QDir().mkpath(mPath);
+    if (scene.exists) writeFile(target(), mOld);
+    if (scene.isLink) QFile::link("file", mPath + "/link");
+    NFaults::usePlainFileSystem(scene.isPlain);
+  }
+  ~CStage() {
+    NFaults::usePlainFileSystem(false);
+    clear();
+  }
+
+  QString target() const { return mPath + "/file"; }
+  void saveWith(const std::function<bool(const QString&, QString&)>& save) {
+    const QString name = mPath + (mScene.isLink ? "/link" : "/file");
+    QString backup;
+    mSaved = (!mScene.keepsBackup || CAtomicFile::keepAsBackup(name, backup, mError)) &&
+             save(name, mError);
+  }
+  void save() {
+    saveWith([this](const QString& name, QString& error) {
+      return CAtomicFile::write(name, mNew, mScene.permissions, error);
+    });
+  }
+
+  void check(const QString& what, bool mayLeaveFiles = false) const {
+    const bool exists = QFile::exists(target());
+    const QByteArray found = exists ? readFile(target()) : QByteArray();
+    const bool isOld = mScene.exists ? found == mOld : !exists;
+    const bool isNew = exists && found == mNew;
+    const QString message =
+        QString("%1, %2 bytes, %3: ").arg(mScene.name).arg(mNew.size()).arg(what);
+    mTally.check(isOld || isNew, message + QString("torn, %1 bytes").arg(found.size()));
+    mTally.check(isNew || !mSaved, message + "reported as saved");
+    mTally.check(isOld || mSaved || !mError.contains("the old one is kept"), message + mError);
+    mTally.check(!mScene.isLink || QFileInfo(mPath + "/link").isSymLink(),
+                 message + "link is gone");
+    mTally.check(!mScene.keepsBackup || isOld || readFile(target() + ".bak") == mOld,
+                 message + "no backup");
+    const QStringList more = QDir(mPath).entryList({"file?*"}, QDir::Files | QDir::Hidden);
+    mTally.check(mayLeaveFiles || more.isEmpty() || more == QStringList("file.bak"),
+                 message + "left " + more.join(' '));
+  }
+  bool isSaved() const { return mSaved; }
+
+ private:
+  void clear() const { QDir(mPath).removeRecursively(); }
+
+  const SScene mScene;
+  const QByteArray mOld = pattern(20000, 7);
+  const QByteArray mNew;
+  CTally& mTally;
+  const QString mPath;
+  QString mError;
+  bool mSaved = false;
+};
+
+class CSaves {
+ public:
+  CSaves(const SOptions& options, CTally& tally) : mOptions(options), mTally(tally) {}
+
+  /// Every call of a save fails once, and from then on, with every error.
+  void failEveryCall() {
+    for (const SScene& scene : kScenes) {
+      for (const int size : mOptions.isLong ? QList<int>{1000, 16383, 16384, 16385, 100000, 5000000}
+                                            : QList<int>{1000, 16385}) {
+        const QByteArray content = pattern(size, 1);
+        const auto save = [](CStage& stage) { stage.save(); };
+        failEveryCallOf(scene, content, save);
+      }
+    }
+    const auto file = std::unique_ptr<ICParameterFile>(
+        ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+    file->loadParamFile(exampleFile("TwoAxisDrive.xparam"), QString(), kVersion);
+    file->saveParamFile(folder("expected"), QString(), kVersion);
+    failEveryCallOf(kScenes[1], readFile(folder("expected")), [&file](CStage& stage) {
+      stage.saveWith([&file](const QString& name, QString& error) {
+        const bool saved = file->saveParamFile(name, QString(), kVersion);
+        error = saved ? QString() : file->errorMsg();
+        return saved;
+      });
+    });
+  }
+
+  /// Every call of a save is its process's last.
+  void killAtEveryCall() {
+    for (const SScene& scene : kScenes) {
+      const QByteArray content = pattern(16385, 2);
+      forEveryCall(
+          scene, content, [](CStage& stage) { stage.save(); },
+          [&](NFaults::ECall call, int n) {
+            for (const NFaults::EMode mode : {NFaults::KillBefore, NFaults::KillAfter}) {
+              CStage stage(scene, content, mTally, folder("stage"));
+              const pid_t child = ::fork();
+              if (child == 0) {
+                NFaults::arm(call, n, EIO, mode);
+                stage.save();
+                ::_exit(EXIT_SUCCESS);
+              }
+              int status = 0;
+              ::waitpid(child, &status, 0);
+              mTally.check(WIFSIGNALED(status), "the process lived on");
+              stage.check(QString("killed at %1 %2").arg(NFaults::name(call)).arg(n), true);
+              ++mKills;
+            }
+          });
+    }
+  }
+
+  /// A process that saves without an end is killed at any moment.
+  void killAtRandom() {
+    CRandom random(3);
+    const QByteArray content = pattern(100000, 4);
+    for (int i = mOptions.pick(20, 200); i > 0; --i) {
+      CStage stage(kScenes[1], content, mTally, folder("stage"));
+      const pid_t child = ::fork();
+      if (child == 0) {
+        for (;;) stage.save();
+      }
+      ::usleep(static_cast<useconds_t>(random.below(3000)));
+      ::kill(child, SIGKILL);
+      ::waitpid(child, nullptr, 0);
+      stage.check("killed", true);
+      ++mKills;
+    }
+  }
+
+  /// A disk with room for so many pages.
+  void fillTheDisk() {
+    apart("full disk", [this] {
+      const QString disk = folder("disk");
+      QDir().mkpath(disk);
+      if (::unshare(CLONE_NEWNS) != 0 ||
+          ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+          ::mount("kto", qPrintable(disk), "tmpfs", 0, "size=256k") != 0) {
+        std::printf("saves: skipped, a full disk: no file system can be mounted here\n");
+        return;
+      }
+      const QByteArray page(4096, 'x');
+      int failures = 0;
+      for (const int size : {1000, 16383, 16384, 16385, 100000}) {
+        for (int pages = 0; pages < 64; pages += pages < 8 ? 1 : 5) {
+          CStage stage(kScenes[1], pattern(size, 5), mTally, disk + "/stage");
+          writeFile(disk + "/filler", QByteArray());
+          QFile filler(disk + "/filler");
+          filler.open(QFile::WriteOnly | QFile::Unbuffered);
+          while (filler.write(page) == page.size()) {
+          }
+          filler.resize(qMax<qint64>(filler.size() - pages * page.size(), 0));
+          stage.save();
+          failures += stage.isSaved() ? 0 : 1;
+          stage.check(QString("a disk of %1 pages").arg(pages));
+        }
+      }
+      mTally.check(failures > 20, QString("only %1 saves found the disk full").arg(failures));
+    });
+  }
+
+  /// Nobody may write there; the superuser becomes someone who may not.
+  void lockTheFolder() {
+    apart("read-only folder", [this] {
+      CStage stage(kScenes[1], pattern(1000, 6), mTally, folder("stage"));
+      QFile::setPermissions(mFolder.path(), QFile::ReadOwner | QFile::ExeOwner | QFile::ExeOther);
+      const QFileDevice::Permissions locked =
+          QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+      QFile::setPermissions(folder("stage"), locked);
+      constexpr uid_t kNobody = 65534;
+      const bool isChanged = ::getuid() != 0 || (::setgroups(0, nullptr) == 0 &&
+                                                 ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
+      mTally.check(isChanged, "the user cannot be changed");
+      stage.save();
+      mTally.check(!stage.isSaved(), "saved in a read-only folder");
+      stage.check("read-only folder");
+    });
+  }
+
+  QString figures() const {
+    return QString("%1 faults, %2 killed processes, full disks, a read-only folder")
+        .arg(mFaults)
+        .arg(mKills);
+  }
+
+ private:
+  using CSave = std::function<void(CStage&)>;
+
+  QString folder(const QString& name) const { return mFolder.path(name); }
+
+  void forEveryCall(const SScene& scene, const QByteArray& content, const CSave& save,
+                    const std::function<void(NFaults::ECall, int)>& visit) {
+    int counts[NFaults::CallCount] = {};
+    {
+      CStage stage(scene, content, mTally, folder("stage"));
+      NFaults::arm(NFaults::Open, 0, 0, NFaults::Once);
+      save(stage);
+      NFaults::disarm();
+      mTally.check(stage.isSaved(), scene.name);
+      stage.check("without a fault");
+    }
+    for (int call = 0; call < NFaults::CallCount; ++call)
+      counts[call] = NFaults::calls(NFaults::ECall(call));
+    for (int call = 0; call < NFaults::CallCount; ++call) {
+      for (int n = 1; n <= counts[call]; ++n) visit(NFaults::ECall(call), n);
+    }
+  }
+
+  void failEveryCallOf(const SScene& scene, const QByteArray& content, const CSave& save) {
+    forEveryCall(scene, content, save, [&](NFaults::ECall call, int n) {
+      for (const int error : {EIO, ENOSPC, EINTR, EDQUOT}) {
+        for (const NFaults::EMode mode : {NFaults::Once, NFaults::FromThenOn, NFaults::Short}) {
+          // An interrupted call is made again, so it must not be interrupted for ever.
+          const bool isEndless = error == EINTR && mode != NFaults::Once;
+          const bool isNoWrite = mode == NFaults::Short && call != NFaults::Write;
+          if (isEndless || isNoWrite) continue;
+          CStage stage(scene, content, mTally, folder("stage"));
+          NFaults::arm(call, n, error, mode);
+          save(stage);
+          NFaults::disarm();
+          mTally.check(NFaults::hasStruck(), "the fault did not come to pass");
+          stage.check(QString("%1 %2, error %3, mode %4")
+                          .arg(NFaults::name(call))
+                          .arg(n)
+                          .arg(error)
+                          .arg(mode),
+                      call == NFaults::Unlink);
+          ++mFaults;
+        }
+      }
+    });
+  }
+
+  /// Runs a check in a process of its own, whose failures count here.
+  void apart(const char* name, const std::function<void()>& run) {
+    std::fflush(nullptr);
+    const pid_t child = ::fork();
+    if (child == 0) {
+      run();
+      std::fflush(nullptr);
+      ::_exit(mTally.hasFailures() ? EXIT_FAILURE : EXIT_SUCCESS);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    mTally.check(WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS, name);
+  }
+
+  const SOptions& mOptions;
+  CTally& mTally;
+  const CFolder mFolder;
+  int mFaults = 0;
+  int mKills = 0;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const SOptions options(argc, argv);
+  CTally tally("saves");
+  CSaves saves(options, tally);
+  saves.failEveryCall();
+  saves.killAtEveryCall();
+  saves.killAtRandom();
+  saves.fillTheDisk();
+  saves.lockTheFolder();
+  return tally.finish(saves.figures());
+}

@@ -9,6 +9,7 @@
 
 #include <QDomDocument>
 
+#include <new>
 #include <vector>
 
 using NXmlText::toQString;
@@ -82,6 +83,20 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
   }
 }
 
+/// Null, with a reason, for what cannot be read.
+std::unique_ptr<CDomData> parsed(const QByteArray& bytes, CXmlParser::EExtent extent,
+                                 QString& error) {
+  try {
+    auto data = std::make_unique<CDomData>();
+    if (CXmlParser(*data, extent).parse(bytes, error)) {
+      return data;
+    }
+  } catch (const std::bad_alloc&) {
+    error = CDomDoc::tr("There is not enough memory to read the document.");
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 CDomDoc::CDomDoc() = default;
@@ -90,21 +105,13 @@ CDomDoc::CDomDoc(CDomDoc&&) noexcept = default;
 CDomDoc& CDomDoc::operator=(CDomDoc&&) noexcept = default;
 
 bool CDomDoc::setContent(const QByteArray& bytes, QString& error) {
-  d = std::make_unique<CDomData>();
-  const bool done = CXmlParser(*d, CXmlParser::Whole).parse(bytes, error);
-  if (!done) {
-    clear();
-  }
-  return done;
+  d = parsed(bytes, CXmlParser::Whole, error);
+  return d != nullptr;
 }
 
 bool CDomDoc::setHead(const QByteArray& bytes, QString& error) {
-  d = std::make_unique<CDomData>();
-  const bool done = CXmlParser(*d, CXmlParser::HeadOnly).parse(bytes, error);
-  if (!done) {
-    clear();
-  }
-  return done;
+  d = parsed(bytes, CXmlParser::HeadOnly, error);
+  return d != nullptr;
 }
 
 CDomElement CDomDoc::createRoot(const QString& tag) {

@@ -87,16 +87,14 @@ CXmlParser::CXmlParser(CDomData& data, EExtent extent)
     : mData(data), mExtent(extent), mParser(nullptr, &XML_ParserFree) {}
 
 bool CXmlParser::parse(const QByteArray& bytes, QString& error) {
-  bool done = false;
-  try {
-    done = bytes.size() <= NXmlLimits::kMaxBytes ? decodeAndRun(bytes)
-                                                 : failWithoutLine(tr("The document is larger "
-                                                                      "than 512 MiB."));
-  } catch (const std::bad_alloc&) {
-    mOutOfMemory = true;
+  const bool done = bytes.size() <= NXmlLimits::kMaxBytes
+                        ? decodeAndRun(bytes)
+                        : failWithoutLine(tr("The document is larger than 512 MiB."));
+  if (mOutOfMemory) {
+    throw std::bad_alloc();
   }
-  error = mOutOfMemory ? tr("There is not enough memory to read the document.") : mError;
-  return done && !mOutOfMemory;
+  error = mError;
+  return done;
 }
 
 /// expat reads UTF-8 faster than UTF-16 and does not look whether surrogates pair, so UTF-16 is

@@ -20,7 +20,7 @@ class CXmlParser {
 
   CXmlParser(CDomData& data, EExtent extent);
 
-  /// On failure error is "Line N: reason." or a reason without a line.
+  /// On failure error is "Line N: reason." or a reason without a line. Throws std::bad_alloc.
   bool parse(const QByteArray& bytes, QString& error);
 
  private:

@@ -81,8 +81,7 @@ bool CSimpleParamReaderImpl::saveDefinitions() {
     mFile->setDefMetaData(mAuthor, mComment);
   }
   return keepUnread(mParamDefFileName, mParamDefFileUnread) &&
-         finishSave(mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion),
-                    mParamDefFileUnread);
+         postFailure(mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion));
 }
 
 bool CSimpleParamReaderImpl::saveValues() {
@@ -94,36 +93,32 @@ bool CSimpleParamReaderImpl::saveValues() {
     mFile->setMetaData(mAuthor, mComment);
   }
   return keepUnread(mParamFileName, mParamFileUnread) &&
-         finishSave(mFile->saveParamFile(mParamFileName, QString(), mParamFileVersion),
-                    mParamFileUnread);
+         postFailure(mFile->saveParamFile(mParamFileName, QString(), mParamFileVersion));
 }
 
 /// Nobody knows what a file holds that could not be read, so it is not lost when it is replaced.
 bool CSimpleParamReaderImpl::keepUnread(const QString& fileName, bool& unread) const {
-  if (!unread || !QFileInfo::exists(fileName)) {
-    return true;
-  }
-  QString backupName;
-  QString reason;
-  if (!CAtomicFile::keepAsBackup(fileName, backupName, reason)) {
-    CMessageBoardHelper::setCritical(
-        tr("File \"%1\" was not loaded and is not replaced: %2").arg(fileName, reason), mLogfile);
-    return false;
+  if (unread && QFileInfo::exists(fileName)) {
+    QString backupName;
+    QString reason;
+    if (!CAtomicFile::keepAsBackup(fileName, backupName, reason)) {
+      CMessageBoardHelper::setCritical(
+          tr("File \"%1\" was not loaded and is not replaced: %2").arg(fileName, reason), mLogfile);
+      return false;
+    }
+    CMessageBoardHelper::setWarning(
+        tr("File \"%1\" was not loaded and is replaced. The old file is kept as \"%2\".")
+            .arg(fileName, backupName),
+        mLogfile);
   }
   unread = false;
-  CMessageBoardHelper::setWarning(
-      tr("File \"%1\" was not loaded and is replaced. The old file is kept as \"%2\".")
-          .arg(fileName, backupName),
-      mLogfile);
   return true;
 }
 
-/// Posts why saving failed (the file has logged it): nothing else tells it after the reader is
-/// closed or deleted.
-bool CSimpleParamReaderImpl::finishSave(bool saved, bool& unread) const {
-  if (saved) {
-    unread = false;
-  } else {
+/// Nothing else tells why saving failed after the reader is closed or deleted; the file has logged
+/// it already.
+bool CSimpleParamReaderImpl::postFailure(bool saved) const {
+  if (!saved) {
     CMessageBoardHelper::setCritical(mFile->errorMsg());
   }
   return saved;

@@ -121,7 +121,7 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   bool saveDefinitions();
   bool saveValues();
   bool keepUnread(const QString& fileName, bool& unread) const;
-  bool finishSave(bool saved, bool& unread) const;
+  bool postFailure(bool saved) const;
 
   /// The definition; with full access a missing one is created. Null and a message otherwise.
   CParamDefItem* neededDefinition(const QString& name, NParamDef::EParamType type, unsigned int id,
@@ -154,7 +154,7 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   QString mComment;
   bool mParamDefFileLoaded = false;
   bool mParamFileLoaded = false;
-  // Until this reader has read or written it, a file of that name holds something unknown.
+  // Until this reader has read or kept it, a file of that name holds something unknown.
   bool mParamDefFileUnread = false;
   bool mParamFileUnread = false;
 };

@@ -21,7 +21,9 @@ bool asksForHelp(const QString& word) {
 
 CCommandTable::CCommandTable()
     : mCommands(detectCommands() + showCommands() + getCommands() + setCommands() +
-                hardwareIdCommands()) {}
+                hardwareIdCommands() + subDeviceCommands() + importCommands() + defaultsCommands() +
+                newCommands() + checkCommands() + diffCommands() + exportCommands() +
+                searchCommands() + mergeCommands()) {}
 
 EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
   const QString first = words.value(0);

@@ -20,6 +20,7 @@ bool CInvocation::parse(const QStringList& words, COutput& out) {
 
   QString problem = understood ? optionProblem() : mParser.errorText();
   if (problem.isEmpty()) problem = argumentProblem();
+  if (problem.isEmpty()) problem = missingOption();
   if (problem.isEmpty()) return true;
   wrongUsage(problem, out);
   return false;
@@ -36,6 +37,15 @@ QString CInvocation::argumentProblem() const {
   }
   if (given > expected.size() && !isOpen) {
     return Tool::tr("\"%1\" is one word too many.").arg(argument(expected.size()));
+  }
+  return {};
+}
+
+QString CInvocation::missingOption() const {
+  for (const SOption& option : mCommand.options) {
+    if (option.isRequired && !mParser.isSet(option.name)) {
+      return Tool::tr("--%1 %2 is missing.").arg(option.name, option.valueName);
+    }
   }
   return {};
 }

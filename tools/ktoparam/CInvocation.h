@@ -37,6 +37,7 @@ class CInvocation {
  private:
   QString argumentProblem() const;
   QString optionProblem();
+  QString missingOption() const;
 
   const SCommand& mCommand;
   QCommandLineParser mParser;

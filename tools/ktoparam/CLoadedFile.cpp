@@ -55,6 +55,15 @@ bool CLoadedFile::load(const QString& valueFile, const CInvocation& invocation) 
   return !named || loadDefinitions(invocation.value(CommonOptions::kDef));
 }
 
+void CLoadedFile::begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version) {
+  mFileName = fileName;
+  mInfo.kind = SFileInfo::Values;
+  mInfo.type = type;
+  mInfo.typeName = ICParameterFile::fileTypeToStr(type);
+  mInfo.version = version;
+  mFile->setFileType(type);
+}
+
 bool CLoadedFile::canSave() {
   if (mInfo.version != 0) return true;
   // Applications accept a file without a version, but would refuse it with version 0.0.
@@ -65,8 +74,12 @@ bool CLoadedFile::canSave() {
 }
 
 bool CLoadedFile::save() {
-  if (mFile->saveParamFile(mFileName, {}, mInfo.version)) return true;
-  reportFailure(mFileName);
+  return saveAs(mFileName, mInfo.version);
+}
+
+bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
+  if (mFile->saveParamFile(fileName, {}, version)) return true;
+  reportFailure(fileName);
   return false;
 }
 
@@ -93,6 +106,16 @@ QStringList CLoadedFile::hardwareIds(const CInvocation& invocation) {
   if (!invocation.isSet(CommonOptions::kHardwareId)) return mFile->hardwareIds();
   const QString hardwareId = invocation.value(CommonOptions::kHardwareId);
   return selectHardwareId(hardwareId) ? QStringList(hardwareId) : QStringList();
+}
+
+bool CLoadedFile::selectOneHardwareId(const CInvocation& invocation, QLatin1String option) {
+  if (invocation.isSet(option)) return selectHardwareId(invocation.value(option));
+  const QStringList known = mFile->hardwareIds();
+  if (known.size() == 1) return selectHardwareId(known.first());
+  message(known.isEmpty() ? Tool::tr("the file has no hardware id.")
+                          : Tool::tr("the file has several hardware ids; choose one with --%1: %2.")
+                                .arg(option, Suggestion::listed(known)));
+  return false;
 }
 
 bool CLoadedFile::checkSubDevice(const CInvocation& invocation, const QStringList& hardwareIds) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CommonOptions.h"
 #include "ICParameterFile.h"
 #include "SFileInfo.h"
 
@@ -22,11 +23,16 @@ class CLoadedFile {
   /// The value file, and the definitions when the command line names a file of them.
   bool load(const QString& valueFile, const CInvocation& invocation);
 
+  /// A value file that does not exist yet.
+  void begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version);
+
   /// Whether the value file could be saved with the version that it has. To be asked before any
   /// change is shown as made.
   bool canSave();
   /// Writes the value file back.
   bool save();
+  /// Writes the value file under another name or version.
+  bool saveAs(const QString& fileName, quint32 version);
 
   ICParameterFile& file() const { return *mFile; }
   /// About the value file, or else about the definition file.
@@ -39,6 +45,10 @@ class CLoadedFile {
   /// The hardware ids that a command works on: that of "--hardware-id", or all. Empty, which no
   /// file can be, when that one does not exist.
   QStringList hardwareIds(const CInvocation& invocation);
+  /// Makes the one hardware id active that the option names, or the file's only one. False, with a
+  /// message, when it is not clear which.
+  bool selectOneHardwareId(const CInvocation& invocation,
+                           QLatin1String option = CommonOptions::kHardwareId);
   /// False when none of the hardware ids has the sub-device of "--sub-device".
   bool checkSubDevice(const CInvocation& invocation, const QStringList& hardwareIds);
 

@@ -5,7 +5,6 @@
 #include "CTable.h"
 #include "Commands.h"
 #include "DisplayText.h"
-#include "Suggestion.h"
 #include "Tool.h"
 #include "ValueTexts.h"
 
@@ -32,17 +31,6 @@ QString readAssignments(const QStringList& words, QVector<SAssignment>& assignme
     assignments.append(assignment);
   }
   return {};
-}
-
-/// The one hardware id to work on; false, with a message, when it is not clear which.
-bool selectOneHardwareId(CLoadedFile& loaded, const CInvocation& invocation) {
-  const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.size() == 1) return loaded.selectHardwareId(hardwareIds.first());
-  if (!hardwareIds.isEmpty()) {
-    loaded.message(Tool::tr("the file has several hardware ids; choose one with --hardware-id: %1.")
-                       .arg(Suggestion::listed(hardwareIds)));
-  }
-  return false;
 }
 
 void printTable(const ICParameterFile& file, const QVector<SAssignment>& assignments,
@@ -84,7 +72,7 @@ EExitStatus set(const CInvocation& invocation, COutput& out) {
 
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation) || !loaded.canSave()) return ExitFile;
-  if (!selectOneHardwareId(loaded, invocation) ||
+  if (!loaded.selectOneHardwareId(invocation) ||
       !loaded.checkSubDevice(invocation, {loaded.file().hardwareId()})) {
     return ExitFindings;
   }

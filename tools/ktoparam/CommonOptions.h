@@ -21,6 +21,10 @@ inline SOption json() {
 inline SOption def(const QString& help) {
   return {kDef, QStringLiteral("DEF"), help, EWord::File};
 }
+inline SOption required(SOption option) {
+  option.isRequired = true;
+  return option;
+}
 inline SOption hardwareId(const QString& help) {
   return {kHardwareId, QStringLiteral("ID"), help};
 }

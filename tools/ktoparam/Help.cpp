@@ -71,7 +71,13 @@ void printParagraphs(const QString& text, COutput& out) {
 QString Help::syntax(const SCommand& command) {
   QStringList words(command.name);
   for (const SArgument& argument : command.arguments) words.append(argumentSyntax(argument));
-  if (!command.options.isEmpty()) words.append(QStringLiteral("[options]"));
+  bool hasMore = false;
+  for (const SOption& option : command.options) {
+    if (option.isRequired)
+      words.append(QStringLiteral("--%1 %2").arg(option.name, option.valueName));
+    hasMore = hasMore || !option.isRequired;
+  }
+  if (hasMore) words.append(QStringLiteral("[options]"));
   return words.join(QLatin1Char(' '));
 }
 

@@ -35,6 +35,7 @@ struct SOption {
   QString help;
   EWord word = EWord::Text;
   QString letter = {};  ///< for "-o" beside "--name"; may be empty
+  bool isRequired = false;
 };
 
 /// A command of the tool. Parsing and help are made from these records and from nothing else.

@@ -1,0 +1,129 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CParameterFileHelper.h"
+#include "CValueEdit.h"
+#include "Commands.h"
+#include "ParameterLookup.h"
+#include "Suggestion.h"
+#include "Tool.h"
+
+#include <QRegularExpression>
+
+#include <optional>
+
+namespace {
+
+/// Names, or patterns with "*" and "?". Without any, every name matches.
+class CNamePatterns {
+ public:
+  explicit CNamePatterns(const QStringList& patterns) : mTexts(patterns), mUsed(patterns.size()) {
+    for (const QString& text : patterns) {
+      // Names are no paths: a "*" stands for "/" too.
+      mPatterns.append(QRegularExpression(wildcard(text)));
+    }
+  }
+
+  bool matches(const QString& name) {
+    bool found = mPatterns.isEmpty();
+    for (int i = 0; i < mPatterns.size(); ++i) {
+      if (!mPatterns.at(i).match(name).hasMatch()) continue;
+      mUsed[i] = true;
+      found = true;
+    }
+    return found;
+  }
+
+  /// Those that matched nothing.
+  QStringList unused() const {
+    QStringList texts;
+    for (int i = 0; i < mTexts.size(); ++i) {
+      if (!mUsed.at(i)) texts.append(mTexts.at(i));
+    }
+    return texts;
+  }
+
+ private:
+  static QString wildcard(const QString& text) {
+    QString pattern = QRegularExpression::escape(text);
+    pattern.replace(QLatin1String("\\*"), QLatin1String(".*"));
+    pattern.replace(QLatin1String("\\?"), QLatin1String("."));
+    return QRegularExpression::anchoredPattern(pattern);
+  }
+
+  const QStringList mTexts;
+  QVector<QRegularExpression> mPatterns;
+  QVector<bool> mUsed;
+};
+
+/// Sets what matches to its default.
+SEditCounts setDefaults(ICParameterFile& file, std::optional<quint8> subDevice,
+                        CNamePatterns& patterns) {
+  SEditCounts counts;
+  for (const quint8 id : file.subDeviceIds()) {
+    if (subDevice && *subDevice != id) continue;
+    for (const QString& name : file.paramNames(id)) {
+      if (!patterns.matches(name)) continue;
+      const CParamDefItem definition = file.paramDef(name);
+      if (definition.name().isEmpty()) {
+        ++counts.unknown;
+      } else if (definition.defVal().isNull()) {
+        ++counts.kept;
+      } else if (CParameterFileHelper::compareValues(file.paramValue(name, id), definition.defVal(),
+                                                     definition)) {
+        ++counts.equal;
+      } else {
+        file.setParamValue(name, definition.defVal(), id) ? ++counts.defaulted : ++counts.failed;
+      }
+    }
+  }
+  return counts;
+}
+
+EExitStatus defaults(const CInvocation& invocation, COutput& out) {
+  CLoadedFile loaded(out);
+  if (!loaded.load(invocation.argument(0), invocation) || !loaded.canSave()) return ExitFile;
+  if (!loaded.selectOneHardwareId(invocation) ||
+      !loaded.checkSubDevice(invocation, {loaded.file().hardwareId()})) {
+    return ExitFindings;
+  }
+  CNamePatterns patterns(invocation.argumentsFrom(1));
+  CValueEdit edit(loaded, invocation, out);
+  const SEditCounts counts = setDefaults(loaded.file(), invocation.subDevice(), patterns);
+  const QStringList unused = patterns.unused();
+  for (const QString& pattern : unused) {
+    loaded.message(Tool::tr("no parameter matches \"%1\".%2")
+                       .arg(pattern, Suggestion::didYouMean(
+                                         pattern, ParameterLookup::allNames(loaded.file()))));
+  }
+  if (!unused.isEmpty()) return ExitFindings;
+  return counts.failed > 0 ? edit.refuse(counts) : edit.finish(counts);
+}
+
+}  // namespace
+
+QVector<SCommand> defaultsCommands() {
+  SCommand command;
+  command.name = QStringLiteral("defaults");
+  command.summary = Tool::tr("Set parameters to the defaults of their definitions.");
+  command.details = Tool::tr(
+      "Without a pattern all parameters of the hardware id are set. In a pattern \"*\" stands for "
+      "any characters and \"?\" for one; put it in quotes, or the shell looks for files. "
+      "Parameters that are not defined, or whose definition has no default, are left as they are "
+      "and "
+      "counted as unknown or kept. A pattern that no name matches is an error, and nothing is "
+      "changed then.");
+  command.arguments = {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
+                       {QStringLiteral("PATTERN"), Tool::tr("Names of parameters, or patterns."),
+                        EWord::Text, SArgument::AnyNumber}};
+  command.options = {
+      CommonOptions::required(CommonOptions::def(Tool::tr("The definition file."))),
+      CommonOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
+      CommonOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
+      CommonOptions::dryRun(), CommonOptions::json()};
+  command.examples = QStringList(
+      QStringLiteral("defaults TwoAxisDrive.xparam \"Velocity*\" --def TwoAxisDrive.xpdef "
+                     "--hardware-id KTO-2A-16 --dry-run"));
+  command.run = defaults;
+  return {command};
+}

@@ -1,0 +1,116 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CParameterFileMerge.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+/// An empty file is what git gives as the base of files that were added on both sides.
+bool loadBase(CLoadedFile& base, const QString& fileName, NktoGlobal::EParamFileType type) {
+  const QFileInfo place(fileName);
+  if (!place.isFile() || place.size() > 0) return base.loadValues(fileName);
+  base.begin(fileName, type, 0);
+  return true;
+}
+
+bool load(const CInvocation& invocation, CLoadedFile& base, CLoadedFile& ours,
+          CLoadedFile& theirs) {
+  return ours.load(invocation.argument(1), invocation) &&
+         loadBase(base, invocation.argument(0), ours.info().type) &&
+         theirs.loadValues(invocation.argument(2));
+}
+
+QJsonValue orNull(const QString& text) {
+  return text.isNull() ? QJsonValue() : QJsonValue(text);
+}
+
+QJsonObject toJson(const SMergeConflict& conflict) {
+  const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
+  return {
+      {QStringLiteral("subject"), SMergeConflict::subjectText(conflict.subject)},
+      {QStringLiteral("kind"), SMergeConflict::kindText(conflict.kind)},
+      {QStringLiteral("hardwareId"), conflict.hardwareId},
+      {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(conflict.subDevId) : QJsonValue()},
+      {QStringLiteral("group"), conflict.groupPath},
+      {QStringLiteral("name"), conflict.name},
+      {QStringLiteral("base"), orNull(conflict.base)},
+      {QStringLiteral("ours"), orNull(conflict.ours)},
+      {QStringLiteral("theirs"), orNull(conflict.theirs)},
+      {QStringLiteral("text"), conflict.text()}};
+}
+
+QString shownOrNothing(const QString& text) {
+  return text.isEmpty() ? QString() : DisplayText::shown(text);
+}
+
+void printTable(const CMergeConflicts& conflicts, COutput& out) {
+  CTable table(
+      {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
+  for (const SMergeConflict& conflict : conflicts) {
+    const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
+    table.addRow({shownOrNothing(conflict.hardwareId),
+                  hasSubDevice ? QString::number(conflict.subDevId) : QString(),
+                  shownOrNothing(conflict.name), DisplayText::escaped(conflict.text())});
+  }
+  if (!table.isEmpty()) table.print(out);
+}
+
+void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
+  if (!invocation.wantsJson()) return printTable(conflicts, out);
+  QJsonArray array;
+  for (const SMergeConflict& conflict : conflicts) array.append(toJson(conflict));
+  out.json({{QStringLiteral("file"), invocation.value(CommonOptions::kOutput)},
+            {QStringLiteral("conflicts"), array}});
+}
+
+EExitStatus merge(const CInvocation& invocation, COutput& out) {
+  CLoadedFile base(out);
+  CLoadedFile ours(out);
+  CLoadedFile theirs(out);
+  if (!load(invocation, base, ours, theirs) || !ours.canSave() || !theirs.canSave())
+    return ExitFile;
+
+  CParameterFileMerge merging(base.file(), ours.file(), theirs.file());
+  if (!merging.run()) {
+    ours.message(merging.errorMsg());
+    return ExitFile;
+  }
+  if (!ours.saveAs(invocation.value(CommonOptions::kOutput), merging.version())) return ExitFile;
+  report(invocation, merging.conflicts(), out);
+  return merging.conflicts().isEmpty() ? ExitDone : ExitFindings;
+}
+
+}  // namespace
+
+QVector<SCommand> mergeCommands() {
+  SCommand command;
+  command.name = QStringLiteral("merge");
+  command.summary = Tool::tr("Merge the changes of two files that come from one.");
+  command.details = Tool::tr(
+      "Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where both changed "
+      "the same thing differently, OUT has what stands in OURS, the conflict is listed, and the "
+      "exit status is 1. The date of the Head never conflicts. An empty BASE stands for files made "
+      "independently.\n"
+      "OUT may be one of the three files, as a merge driver of git needs it.");
+  command.arguments = {
+      {QStringLiteral("BASE"), Tool::tr("The value file that both come from."), EWord::File},
+      {QStringLiteral("OURS"), Tool::tr("One's own value file."), EWord::File},
+      {QStringLiteral("THEIRS"), Tool::tr("The other value file."), EWord::File}};
+  command.options = {
+      CommonOptions::required(CommonOptions::output(Tool::tr("Where the result goes to."))),
+      CommonOptions::def(
+          Tool::tr("The definition file: values that are the same number are no conflict then.")),
+      CommonOptions::json()};
+  command.examples =
+      QStringList(QStringLiteral("merge Base.xparam Ours.xparam Theirs.xparam -o Merged.xparam"));
+  command.run = merge;
+  return {command};
+}

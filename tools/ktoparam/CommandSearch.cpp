@@ -1,0 +1,116 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <optional>
+
+namespace {
+
+/// Names of choices, radio buttons and bits.
+QStringList choiceNames(const CParamDefItem& definition) {
+  QStringList names;
+  for (const NParamDef::SNamedI64Value& each : definition.enums()) names.append(each.name);
+  for (const NParamDef::SNamedI64Value& each : definition.radios()) names.append(each.name);
+  for (const NParamDef::SBitValue& each : definition.bitset()) names.append(each.name);
+  return names;
+}
+
+bool contains(const QString& text, const QString& word) {
+  return text.contains(word, Qt::CaseInsensitive);
+}
+
+/// A definition that has all words, each of them anywhere.
+struct SHit {
+  CParamDefItem definition;
+  QStringList choices;  ///< those with one of the words
+
+  static std::optional<SHit> of(const CParamDefItem& definition, const QStringList& words) {
+    SHit hit{definition, {}};
+    const QStringList names = choiceNames(definition);
+    for (const QString& word : words) {
+      const QStringList found = names.filter(word, Qt::CaseInsensitive);
+      if (found.isEmpty() && !contains(definition.name(), word) &&
+          !contains(definition.hint(), word)) {
+        return {};
+      }
+      hit.choices += found;
+    }
+    hit.choices.removeDuplicates();
+    return hit;
+  }
+};
+
+QString shownOrNothing(const QString& text) {
+  return text.isEmpty() ? QString() : DisplayText::shown(text);
+}
+
+void printTable(const QVector<SHit>& hits, COutput& out) {
+  CTable table({Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"), Tool::tr("CHOICES FOUND"),
+                Tool::tr("HINT")});
+  for (const SHit& hit : hits) {
+    QStringList choices;
+    for (const QString& name : hit.choices) choices.append(DisplayText::shown(name));
+    const CParamDefItem& definition = hit.definition;
+    table.addRow({definition.valid() ? QString::number(definition.id()) : QString(),
+                  DisplayText::shown(definition.name()), definition.typeStr(),
+                  choices.join(QLatin1String(", ")), shownOrNothing(definition.hint())});
+  }
+  if (!table.isEmpty()) table.print(out);
+}
+
+void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& out) {
+  QJsonArray array;
+  for (const SHit& hit : hits) {
+    const CParamDefItem& definition = hit.definition;
+    array.append(
+        QJsonObject{{QStringLiteral("id"),
+                     definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue()},
+                    {QStringLiteral("name"), definition.name()},
+                    {QStringLiteral("type"), definition.typeStr()},
+                    {QStringLiteral("hint"), definition.hint()},
+                    {QStringLiteral("choices"), QJsonArray::fromStringList(hit.choices)}});
+  }
+  out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("definitions"), array}});
+}
+
+EExitStatus search(const CInvocation& invocation, COutput& out) {
+  CLoadedFile loaded(out);
+  if (!loaded.loadDefinitions(invocation.argument(0))) return ExitFile;
+  const QStringList words = invocation.argumentsFrom(1);
+  QVector<SHit> hits;
+  for (const QString& name : loaded.file().defNames()) {
+    const std::optional<SHit> hit = SHit::of(loaded.file().paramDef(name), words);
+    if (hit) hits.append(*hit);
+  }
+  invocation.wantsJson() ? printJson(loaded, hits, out) : printTable(hits, out);
+  if (!hits.isEmpty()) return ExitDone;
+  loaded.message(words.size() == 1 ? Tool::tr("nothing has this word in its name, hint or choices.")
+                                   : Tool::tr("nothing has all these words in its name, hint and "
+                                              "choices."));
+  return ExitFindings;
+}
+
+}  // namespace
+
+QVector<SCommand> searchCommands() {
+  SCommand command;
+  command.name = QStringLiteral("search");
+  command.summary = Tool::tr("Find parameters by words in their names, hints and choices.");
+  command.details = Tool::tr(
+      "Lists the definitions that have all words, or parts of words; capitals make no difference. "
+      "The exit status is 1 when there are none.");
+  command.arguments = {
+      {QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
+      {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Text, SArgument::OneOrMore}};
+  command.options = {CommonOptions::json()};
+  command.examples = QStringList(QStringLiteral("search TwoAxisDrive.xpdef velocity limit"));
+  command.run = search;
+  return {command};
+}

@@ -1,0 +1,148 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CStr.h"
+#include "CTable.h"
+#include "CValueEdit.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <utility>
+
+namespace {
+
+// --- sub-device list
+
+QString typeText(const ICParameterFile& file, quint8 id) {
+  return ICParameterFile::subDeviceTypeToStr(file.subDevType(id));
+}
+
+QJsonArray subDevicesJson(const ICParameterFile& file) {
+  QJsonArray array;
+  for (const quint8 id : file.subDeviceIds()) {
+    array.append(QJsonObject{{QStringLiteral("id"), id},
+                             {QStringLiteral("type"), typeText(file, id)},
+                             {QStringLiteral("name"), file.subDevName(id)},
+                             {QStringLiteral("parameters"), file.paramNames(id).size()}});
+  }
+  return array;
+}
+
+void addRows(const ICParameterFile& file, CTable& table) {
+  for (const quint8 id : file.subDeviceIds()) {
+    const QString name = file.subDevName(id);
+    table.addRow({DisplayText::shown(file.hardwareId()), QString::number(id), typeText(file, id),
+                  name.isEmpty() ? QString() : DisplayText::shown(name),
+                  QString::number(file.paramNames(id).size())});
+  }
+}
+
+EExitStatus runList(const CInvocation& invocation, COutput& out) {
+  CLoadedFile loaded(out);
+  if (!loaded.loadValues(invocation.argument(0))) return ExitFile;
+  const QStringList hardwareIds = loaded.hardwareIds(invocation);
+  if (hardwareIds.isEmpty()) return ExitFindings;
+  CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("TYPE"), Tool::tr("NAME"),
+                Tool::tr("PARAMETERS")});
+  QJsonArray array;
+  for (const QString& hardwareId : hardwareIds) {
+    loaded.selectHardwareId(hardwareId);
+    addRows(loaded.file(), table);
+    array.append(QJsonObject{{QStringLiteral("id"), hardwareId},
+                             {QStringLiteral("subDevices"), subDevicesJson(loaded.file())}});
+  }
+  if (invocation.wantsJson()) {
+    out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
+  } else if (!table.isEmpty()) {
+    table.print(out);
+  }
+  return ExitDone;
+}
+
+// --- sub-device copy
+
+/// What a copy will do to the target.
+SEditCounts countsOf(const ICParameterFile& file, quint8 source, quint8 target) {
+  SEditCounts counts;
+  int inBoth = 0;
+  for (const QString& name : file.paramNames(source)) {
+    const CParamVal old = file.paramValue(name, target);
+    if (old.isNull()) {
+      ++counts.added;
+      continue;
+    }
+    ++inBoth;
+    old.asStr() == file.paramValue(name, source).asStr() ? ++counts.equal : ++counts.taken;
+  }
+  counts.removed = file.paramNames(target).size() - inBoth;
+  return counts;
+}
+
+EExitStatus runCopy(const CInvocation& invocation, COutput& out) {
+  quint8 source = 0;
+  quint8 target = 0;
+  for (const auto& [place, id] : {std::make_pair(1, &source), std::make_pair(2, &target)}) {
+    const QString text = invocation.argument(place);
+    if (CStr::strToU8(text, *id)) continue;
+    return invocation.wrongUsage(
+        Tool::tr("\"%1\" is no sub-device; these are numbers from 0 to 255.").arg(text), out);
+  }
+  CLoadedFile loaded(out);
+  if (!loaded.loadValues(invocation.argument(0)) || !loaded.canSave()) return ExitFile;
+  if (!loaded.selectOneHardwareId(invocation)) return ExitFindings;
+
+  ICParameterFile& file = loaded.file();
+  const SEditCounts counts = countsOf(file, source, target);
+  CValueEdit edit(loaded, invocation, out);
+  if (!file.copySubDevice(source, target)) {
+    loaded.message(file.errorMsg());
+    return ExitFindings;
+  }
+  return edit.finish(counts);
+}
+
+SArgument fileArgument() {
+  return {QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File};
+}
+
+SCommand listCommand() {
+  SCommand command;
+  command.name = QStringLiteral("sub-device list");
+  command.summary = Tool::tr("List the sub-devices of a file, such as the axes of a drive.");
+  command.arguments = {fileArgument()};
+  command.options = {CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
+                     CommonOptions::json()};
+  command.examples = QStringList(QStringLiteral("sub-device list TwoAxisDrive.xparam"));
+  command.run = runList;
+  return command;
+}
+
+SCommand copyCommand() {
+  SCommand command;
+  command.name = QStringLiteral("sub-device copy");
+  command.summary = Tool::tr("Copy all values of one sub-device to another.");
+  command.details = Tool::tr(
+      "The groups and parameters of TO become those of FROM; TO is created when it does not exist. "
+      "What only TO had is removed. TO keeps its type and name when it has them.");
+  command.arguments = {
+      fileArgument(),
+      {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::Number},
+      {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::Number}};
+  command.options = {
+      CommonOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
+      CommonOptions::dryRun(), CommonOptions::json()};
+  command.examples = QStringList(
+      QStringLiteral("sub-device copy TwoAxisDrive.xparam 2 3 --hardware-id KTO-2A-16 --dry-run"));
+  command.run = runCopy;
+  return command;
+}
+
+}  // namespace
+
+QVector<SCommand> subDeviceCommands() {
+  return {listCommand(), copyCommand()};
+}

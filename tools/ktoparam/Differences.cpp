@@ -1,0 +1,94 @@
+#include "Differences.h"
+
+#include "COutput.h"
+#include "CTable.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+QString kindName(SParamDifference::EKind kind) {
+  switch (kind) {
+    case SParamDifference::SubDeviceTypeChanged:
+      return Tool::tr("other type");
+    case SParamDifference::SubDeviceNameChanged:
+      return Tool::tr("other name");
+    case SParamDifference::HardwareIdAdded:
+      return Tool::tr("hardware id added");
+    case SParamDifference::HardwareIdRemoved:
+      return Tool::tr("hardware id removed");
+    case SParamDifference::SubDeviceAdded:
+      return Tool::tr("sub-device added");
+    case SParamDifference::SubDeviceRemoved:
+      return Tool::tr("sub-device removed");
+    case SParamDifference::ParameterAdded:
+      return Tool::tr("added");
+    case SParamDifference::ParameterRemoved:
+      return Tool::tr("removed");
+    case SParamDifference::ParameterMoved:
+      return Tool::tr("moved");
+    case SParamDifference::IdChanged:
+      return Tool::tr("other id");
+    case SParamDifference::ValueChanged:
+      break;
+  }
+  return Tool::tr("changed");
+}
+
+QString shownOrNothing(const QString& text) {
+  return text.isEmpty() ? QString() : DisplayText::shown(text);
+}
+
+QString valueCell(const QString& value) {
+  return value.isNull() ? QString() : DisplayText::shown(value);
+}
+
+/// A moved parameter has groups where others have values.
+QString groupCell(const QString& path) {
+  return path.isEmpty() ? QStringLiteral("/") : DisplayText::shown(path);
+}
+
+QStringList toCells(const SParamDifference& each) {
+  const bool isMoved = each.kind == SParamDifference::ParameterMoved;
+  const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
+  return {kindName(each.kind),
+          shownOrNothing(each.hardwareId),
+          hasSubDevice ? QString::number(each.subDevId) : QString(),
+          shownOrNothing(each.name),
+          isMoved ? groupCell(each.oldGroupPath) : valueCell(each.oldValue),
+          isMoved ? groupCell(each.newGroupPath) : valueCell(each.newValue)};
+}
+
+QJsonValue orNull(const QString& text) {
+  return text.isNull() ? QJsonValue() : QJsonValue(text);
+}
+
+QJsonObject toJson(const SParamDifference& each) {
+  const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
+  return {{QStringLiteral("kind"), SParamDifference::kindText(each.kind)},
+          {QStringLiteral("hardwareId"), each.hardwareId},
+          {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(each.subDevId) : QJsonValue()},
+          {QStringLiteral("oldGroup"), each.oldGroupPath},
+          {QStringLiteral("newGroup"), each.newGroupPath},
+          {QStringLiteral("name"), each.name},
+          {QStringLiteral("old"), orNull(each.oldValue)},
+          {QStringLiteral("new"), orNull(each.newValue)}};
+}
+
+}  // namespace
+
+void Differences::print(const CParamDifferences& differences, COutput& out) {
+  CTable table({Tool::tr("CHANGE"), Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"),
+                Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW")});
+  for (const SParamDifference& each : differences) table.addRow(toCells(each));
+  if (!table.isEmpty()) table.print(out);
+}
+
+QJsonArray Differences::toJson(const CParamDifferences& differences) {
+  QJsonArray array;
+  for (const SParamDifference& each : differences) array.append(::toJson(each));
+  return array;
+}

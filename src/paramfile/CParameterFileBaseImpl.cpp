@@ -33,11 +33,15 @@ CParameterFileBaseImpl::~CParameterFileBaseImpl() = default;
 
 void CParameterFileBaseImpl::installOwnErrorHandler() {
   mOwnErrorHandler = std::make_unique<CParameterFileErrorHandler>(mLogfile);
-  setErrorHandler(nullptr);
+  useErrorHandler(mOwnErrorHandler.get());
 }
 
 void CParameterFileBaseImpl::setErrorHandler(CParameterFileErrorHandler* handler) {
-  mErrorHandler = handler != nullptr ? handler : mOwnErrorHandler.get();
+  useErrorHandler(handler != nullptr ? handler : mOwnErrorHandler.get());
+}
+
+void CParameterFileBaseImpl::useErrorHandler(CParameterFileErrorHandler* handler) {
+  mErrorHandler = handler;
   mErrorHandler->setParameterFile(this);
 }
 

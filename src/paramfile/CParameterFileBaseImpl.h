@@ -144,6 +144,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   struct SLoadedValues;
 
   void installOwnErrorHandler();
+  void useErrorHandler(CParameterFileErrorHandler* handler);
   bool failedLoad(const CParamBaseFile& file, const QString& context);
   bool readValueFile(const QString& fileName, quint32 revision, const QString& context,
                      SLoadedValues& loaded, int asSubDevId);

@@ -301,7 +301,7 @@ void tst_CSettingsFile::missingTexts_data() {
   QTest::addColumn<QString>("value");
   QTest::addColumn<bool>("saved");
   for (int type = ICSettingsTreeNode::TypeUInt8; type <= ICSettingsTreeNode::TypeBoolean; ++type) {
-    const QString name = CSettingsFileImpl::mTypeTags.at(type);
+    const QString& name = CSettingsFileImpl::mTypeTags.at(type);
     const bool saved = type == ICSettingsTreeNode::TypeString;
     QTest::newRow(qPrintable(name + " empty")) << type << QString() << saved;
     QTest::newRow(qPrintable(name + " white space")) << type << " \t\r\n" << saved;

@@ -14,6 +14,8 @@
 
 namespace {
 
+const QLatin1String kMissing("missing");
+
 /// Findings about one file, with their lines.
 struct SChecked {
   QString fileName;
@@ -109,7 +111,8 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
 }
 
 EExitStatus checkDefinitions(const CInvocation& invocation, COutput& out) {
-  if (invocation.isSet(CommonOptions::kDef) || invocation.isSet(CommonOptions::kHardwareId)) {
+  if (invocation.isSet(CommonOptions::kDef) || invocation.isSet(CommonOptions::kHardwareId) ||
+      invocation.isSet(kMissing)) {
     return invocation.wrongUsage(
         Tool::tr("%1 is a definition file; --json is the only option for it.")
             .arg(invocation.argument(0)),
@@ -133,12 +136,14 @@ EExitStatus checkValues(const CInvocation& invocation, COutput& out) {
     return ExitFindings;
   }
   ICParameterFile& file = loaded.file();
-  return report(
-      {SChecked(invocation.value(CommonOptions::kDef),
-                CParameterFileChecker::checkDefinitions(file)),
-       SChecked(loaded.fileName(), CParameterFileChecker::checkValues(
-                                       file, invocation.value(CommonOptions::kHardwareId)))},
-      invocation, out);
+  const auto missing = invocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
+                                                  : CParameterFileChecker::SkipMissing;
+  return report({SChecked(invocation.value(CommonOptions::kDef),
+                          CParameterFileChecker::checkDefinitions(file)),
+                 SChecked(loaded.fileName(),
+                          CParameterFileChecker::checkValues(
+                              file, invocation.value(CommonOptions::kHardwareId), missing))},
+                invocation, out);
 }
 
 EExitStatus check(const CInvocation& invocation, COutput& out) {
@@ -166,12 +171,15 @@ QVector<SCommand> checkCommands() {
       "Lists all findings with file and line: values that are not of their type, beyond their "
       "limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad "
       "definitions. Without a value file, definitions alone are checked.\n"
-      "Parameters that are defined but missing are mentioned as infos. The exit status is 1 when "
-      "there are errors or warnings.");
+      "The exit status is 1 when there are errors or warnings.");
   command.arguments = {
       {QStringLiteral("FILE"), Tool::tr("A value file, or a definition file."), EWord::File}};
   command.options = {CommonOptions::def(Tool::tr("The definition file; needed for a value file.")),
                      CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
+                     {kMissing,
+                      {},
+                      Tool::tr("List what is defined but missing, too, for each hardware id; these "
+                               "are infos.")},
                      CommonOptions::json()};
   command.examples =
       QStringList{QStringLiteral("check TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),

@@ -1,0 +1,81 @@
+#include "DefinitionLines.h"
+
+#include "CParamDefItem.h"
+#include "CTextLines.h"
+#include "ValueTexts.h"
+
+namespace {
+
+template <class Number>
+QString numbers(const QList<Number>& list) {
+  QStringList texts;
+  for (const Number number : list) texts.append(QString::number(number));
+  return texts.join(QLatin1Char(' '));
+}
+
+/// The lines of one definition; each begins with its name.
+class CLines {
+ public:
+  CLines(const QString& name, CTextLines& lines) : mName(name), mLines(lines) {}
+
+  void add(const QString& property, const QString& value) {
+    mLines.add(mName + QLatin1Char(' ') + property, value);
+  }
+  void addUnlessEmpty(const char* property, const QString& value) {
+    if (!value.isEmpty()) add(QString::fromLatin1(property), value);
+  }
+  void addValue(const char* property, const CParamVal& value) {
+    if (!value.isNull()) add(QString::fromLatin1(property), value.asStr());
+  }
+  void addChoices(const QString& kind, const QList<NParamDef::SNamedI64Value>& choices) {
+    for (const NParamDef::SNamedI64Value& each : choices) {
+      add(QStringLiteral("%1 %2").arg(kind, QString::number(each.value)), each.name);
+    }
+  }
+
+ private:
+  const QString mName;
+  CTextLines& mLines;
+};
+
+void addCheck(const NParamDef::SCheckValues& states, CLines& lines) {
+  if (!states.isValid()) return;
+  lines.add(ValueTexts::kChecked, QString::number(states.checked));
+  lines.add(ValueTexts::kUnchecked, QString::number(states.unchecked));
+  if (states.hasUndefined) lines.add(ValueTexts::kUndefined, QString::number(states.undefined));
+}
+
+void addBits(const QList<NParamDef::SBitValue>& bits, CLines& lines) {
+  for (const NParamDef::SBitValue& bit : bits) {
+    const QString kind = bit.invert ? QStringLiteral("not bit %1") : QStringLiteral("bit %1");
+    lines.add(kind.arg(bit.pos), bit.name);
+  }
+}
+
+}  // namespace
+
+void DefinitionLines::add(const CParamDefItem& definition, CTextLines& out) {
+  CLines lines(definition.name(), out);
+  if (definition.valid()) lines.add(QStringLiteral("id"), QString::number(definition.id()));
+  lines.add(QStringLiteral("type"), definition.typeStr());
+  if (definition.unitId() != 0) {
+    lines.add(QStringLiteral("unit"), QString::number(definition.unitId()));
+  }
+  lines.addUnlessEmpty("hint", definition.hint());
+  lines.addValue("default", definition.defVal());
+  lines.addValue("minimum", definition.minVal());
+  lines.addValue("maximum", definition.maxVal());
+  lines.addUnlessEmpty("minimum parameters", numbers(definition.minIds()));
+  lines.addUnlessEmpty("maximum parameters", numbers(definition.maxIds()));
+  lines.addChoices(QStringLiteral("choice"), definition.enums());
+  if (definition.hasEnums() && definition.isEnumEditable()) {
+    lines.add(QStringLiteral("other values"), QStringLiteral("allowed"));
+  }
+  lines.addChoices(QStringLiteral("radio"), definition.radios());
+  addCheck(definition.checkVals(), lines);
+  addBits(definition.bitset(), lines);
+  if (definition.hasVisibleValues()) {
+    lines.add(QStringLiteral("visible when %1").arg(definition.visibleId()),
+              numbers(definition.visibleVals()));
+  }
+}

@@ -7,9 +7,9 @@
 
 namespace {
 
-// The default of a thread depends on the system and may be far less than a file's deepest nesting
-// takes.
-constexpr uint kStackSize = 8 * 1024 * 1024;
+// Ten times what the deepest nesting of a file takes; the default depends on the system and may be
+// less than that. The rest is for what the application does in its logfile and message board.
+constexpr uint kStackSize = 2 * 1024 * 1024;
 
 /// An exception that left a thread would end the process. They come from memory that runs out and
 /// from what the application installed: its logfile, its message board.

@@ -11,17 +11,30 @@
 
 namespace {
 
+bool asksForValues(const CInvocation& invocation) {
+  return invocation.isSet(CommonOptions::kDef) || invocation.isSet(CommonOptions::kHardwareId) ||
+         invocation.isSet(CommonOptions::kSubDevice) || invocation.isSet(QLatin1String("changed"));
+}
+
 EExitStatus show(const CInvocation& invocation, COutput& out) {
   const QString fileName = invocation.argument(0);
   const std::optional<SFileInfo> info = SFileInfo::read(fileName, out);
   if (!info) return ExitFile;
+  if (info->kind != SFileInfo::Values && asksForValues(invocation)) {
+    return invocation.wrongUsage(
+        Tool::tr("%1 is no value file; --json is the only option for others.").arg(fileName), out);
+  }
   switch (info->kind) {
     case SFileInfo::Definitions:
       return Show::definitions(invocation, out);
     case SFileInfo::Values:
       return Show::values(invocation, out);
+    case SFileInfo::Settings:
+      return Show::settings(invocation, out);
+    case SFileInfo::Compensation:
+      return Show::compensation(invocation, out);
     default:
-      out.message(fileName, info->refusal(Tool::tr("Definition and value files can be shown.")));
+      out.message(fileName, info->refusal({}));
       return ExitFile;
   }
 }
@@ -53,13 +66,13 @@ QVector<SCommand> showCommands() {
   command.summary = Tool::tr("Show what is in a file.");
   command.details = Tool::tr(
       "Definitions are shown as a table, values as a tree for each hardware id and sub-device. "
-      "With "
-      "--def, units and the names of choices and bits stand beside the values, and a \"*\" before "
-      "each value that is not the default.\n"
+      "With --def, units and the names of choices and bits stand beside the values, and a \"*\" "
+      "before each value that is not the default.\n"
+      "Settings are shown as a tree, compensation tables point by point, with a \"!\" before each "
+      "wrong one.\n"
       "A text stands between quotes, as in JSON, when it is empty, begins or ends with a blank, or "
       "holds line breaks or control characters.");
-  command.arguments = {
-      {QStringLiteral("FILE"), Tool::tr("A definition or value file."), EWord::File}};
+  command.arguments = {{QStringLiteral("FILE"), Tool::tr("A file of any kind."), EWord::File}};
   command.options = {CommonOptions::def(Tool::tr("The definition file of a value file.")),
                      CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
                      CommonOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),

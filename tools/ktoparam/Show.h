@@ -25,5 +25,7 @@ QJsonObject headJson(const QString& fileName, const SFileInfo& info, const SHead
 
 EExitStatus definitions(const CInvocation& invocation, COutput& out);
 EExitStatus values(const CInvocation& invocation, COutput& out);
+EExitStatus settings(const CInvocation& invocation, COutput& out);
+EExitStatus compensation(const CInvocation& invocation, COutput& out);
 
 }  // namespace Show

@@ -146,20 +146,9 @@ QJsonObject toJson(const ICParameterFile& file, const CParamDefItem& definition)
           {QStringLiteral("visibleWhen"), visibility(file, definition)}};
 }
 
-bool asksForValues(const CInvocation& invocation) {
-  return invocation.isSet(CommonOptions::kDef) || invocation.isSet(CommonOptions::kHardwareId) ||
-         invocation.isSet(CommonOptions::kSubDevice) || invocation.isSet(QLatin1String("changed"));
-}
-
 }  // namespace
 
 EExitStatus Show::definitions(const CInvocation& invocation, COutput& out) {
-  if (asksForValues(invocation)) {
-    return invocation.wrongUsage(
-        Tool::tr("%1 is a definition file; --json is the only option for it.")
-            .arg(invocation.argument(0)),
-        out);
-  }
   CLoadedFile loaded(out);
   if (!loaded.loadDefinitions(invocation.argument(0))) return ExitFile;
 

@@ -1,0 +1,110 @@
+#include "CSvgWriter.h"
+
+#include "DisplayText.h"
+
+namespace {
+
+const QLatin1String kNamespace("http://www.w3.org/2000/svg");
+constexpr double kPointsPerMm = 72 / 25.4;
+constexpr double kColumnWidth = 0.58;  // of the font size, in a wide typeface
+
+// The writer takes what XML cannot hold, and nobody could read the picture then.
+QString harmless(const QString& text) {
+  QString result = DisplayText::escaped(text);
+  for (QChar& each : result) {
+    if (each.unicode() >= 0xFFFE) each = QChar::ReplacementCharacter;
+  }
+  return result;
+}
+
+}  // namespace
+
+CSvgWriter::CSvgWriter(double widthMm, double heightMm, const QString& title) : mXml(&mBytes) {
+  mXml.setAutoFormatting(true);
+  mXml.setAutoFormattingIndent(1);
+  mXml.writeStartDocument();
+  mXml.writeStartElement(QStringLiteral("svg"));
+  mXml.writeDefaultNamespace(kNamespace);
+  const QString width = number(widthMm * kPointsPerMm);
+  const QString height = number(heightMm * kPointsPerMm);
+  attributes({{"width", number(widthMm) + QLatin1String("mm")},
+              {"height", number(heightMm) + QLatin1String("mm")},
+              {"viewBox", QStringLiteral("0 0 %1 %2").arg(width, height)},
+              {"font-family", QStringLiteral("Helvetica, Arial, Liberation Sans, DejaVu Sans, "
+                                             "sans-serif")}});
+  mXml.writeTextElement(QStringLiteral("title"), harmless(title));
+}
+
+void CSvgWriter::attributes(CAttributes attributes) {
+  for (const auto& [name, value] : attributes) {
+    mXml.writeAttribute(QLatin1String(name), harmless(value));
+  }
+}
+
+void CSvgWriter::beginGroup(const char* id, CAttributes group) {
+  mXml.writeStartElement(QStringLiteral("g"));
+  attributes({{"id", QLatin1String(id)}});
+  attributes(group);
+}
+
+void CSvgWriter::rect(double x, double y, double width, double height, CAttributes more) {
+  mXml.writeEmptyElement(QStringLiteral("rect"));
+  attributes(
+      {{"x", number(x)}, {"y", number(y)}, {"width", number(width)}, {"height", number(height)}});
+  attributes(more);
+}
+
+void CSvgWriter::line(double x1, double y1, double x2, double y2, CAttributes more) {
+  mXml.writeEmptyElement(QStringLiteral("line"));
+  attributes({{"x1", number(x1)}, {"y1", number(y1)}, {"x2", number(x2)}, {"y2", number(y2)}});
+  attributes(more);
+}
+
+void CSvgWriter::circle(double x, double y, double radius) {
+  mXml.writeEmptyElement(QStringLiteral("circle"));
+  attributes({{"cx", number(x)}, {"cy", number(y)}, {"r", number(radius)}});
+}
+
+void CSvgWriter::path(const QString& commands, CAttributes more) {
+  mXml.writeEmptyElement(QStringLiteral("path"));
+  attributes({{"d", commands}});
+  attributes(more);
+}
+
+void CSvgWriter::hatch(const char* id, double size, const QString& colour) {
+  mXml.writeStartElement(QStringLiteral("defs"));
+  mXml.writeStartElement(QStringLiteral("pattern"));
+  attributes({{"id", QLatin1String(id)},
+              {"width", number(size)},
+              {"height", number(size)},
+              {"patternUnits", QStringLiteral("userSpaceOnUse")}});
+  line(0, size, size, 0, {{"stroke", colour}, {"stroke-width", number(0.8)}});
+  mXml.writeEndElement();
+  mXml.writeEndElement();
+}
+
+void CSvgWriter::text(double x, double y, const char* anchor, const QString& text,
+                      CAttributes more) {
+  mXml.writeStartElement(QStringLiteral("text"));
+  attributes({{"x", number(x)}, {"y", number(y)}, {"text-anchor", QLatin1String(anchor)}});
+  attributes(more);
+  mXml.writeCharacters(harmless(text));
+  mXml.writeEndElement();
+}
+
+QByteArray CSvgWriter::finish() {
+  mXml.writeEndElement();
+  mXml.writeEndDocument();
+  return mBytes;
+}
+
+QString CSvgWriter::number(double value) {
+  QString text = QString::number(value, 'f', 2);
+  while (text.endsWith(QLatin1Char('0'))) text.chop(1);
+  if (text.endsWith(QLatin1Char('.'))) text.chop(1);
+  return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
+
+double CSvgWriter::textWidth(const QString& text, double fontSize) {
+  return DisplayText::width(text) * fontSize * kColumnWidth;
+}

@@ -1,0 +1,112 @@
+#include "CTableFindings.h"
+
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QSet>
+
+#include <cmath>
+
+namespace {
+
+QString shown(const CParamVal& value) {
+  return DisplayText::shown(value.asStr());
+}
+
+void addNumberProblem(const QString& what, const CParamVal& value, QStringList& problems) {
+  double number = 0;
+  if (!value.value(number)) {
+    problems.append(
+        Tool::tr("%1 %2 cannot be read as a number and counts as 0").arg(what, shown(value)));
+  } else if (!std::isfinite(number)) {
+    problems.append(Tool::tr("%1 %2 is not finite").arg(what, shown(value)));
+  }
+}
+
+void addMissing(const SPointParts& parts, ICCompensationFile::EDataPointFormat format,
+                QStringList& problems) {
+  if (!parts.position) problems.append(Tool::tr("without a position, which counts as 0"));
+  const bool isOld = format == ICCompensationFile::OldFormat;
+  if (isOld ? parts.error : parts.adjustment) return;
+  const bool hasOther = isOld ? parts.adjustment : parts.error;
+  problems.append(hasOther ? Tool::tr("its adjustment is not in the format of the first point and "
+                                      "counts as 0")
+                           : Tool::tr("without an adjustment, which counts as 0"));
+}
+
+QSet<int> badIndices(const ICCompensationFile& table) {
+  QList<int> bad;
+  table.checkAllPoints(&bad);
+  return QSet<int>(bad.begin(), bad.end());
+}
+
+}  // namespace
+
+CTableFindings::CTableFindings(const ICCompensationFile& table, const QVector<SPointParts>& parts)
+    : mTable(table), mHeader(table.header()) {
+  checkRange();
+  const QSet<int> bad = badIndices(table);
+  for (int i = 0; i < table.count(); ++i) {
+    QStringList found = problems(i, parts.value(i));
+    if (found.isEmpty() && bad.contains(i)) {
+      found.append(Tool::tr("not in the range, which is none"));
+    }
+    if (!found.isEmpty()) mPoints.insert(i, found);
+    if (mHighest < 0 ? !std::isnan(position(i)) : position(i) > position(mHighest)) mHighest = i;
+  }
+}
+
+QString CTableFindings::ofPoint(int index) const {
+  return mPoints.value(index).join(QLatin1String("; "));
+}
+
+void CTableFindings::checkRange() {
+  addNumberProblem(Tool::tr("the minimum"), mHeader.minimum(), mRange);
+  addNumberProblem(Tool::tr("the maximum"), mHeader.maximum(), mRange);
+  mHasNumbers = mRange.isEmpty();
+  if (mHasNumbers && !mTable.checkHeader()) {
+    mRange.append(Tool::tr("the minimum %1 is not below the maximum %2")
+                      .arg(shown(mHeader.minimum()), shown(mHeader.maximum())));
+  }
+}
+
+QStringList CTableFindings::problems(int index, const SPointParts& parts) const {
+  const CCompensationPoint point = mTable.point(index);
+  QStringList found;
+  addMissing(parts, mTable.detectedDataPointFormat(), found);
+  addNumberProblem(Tool::tr("the position"), point.position(), found);
+  addNumberProblem(Tool::tr("the adjustment"), point.adjustment(), found);
+  if (mHasNumbers) found += rangeProblems(index);
+  const QString order = orderProblem(index);
+  if (!order.isEmpty()) found.append(order);
+  if (index >= ICCompensationFile::kMaxPoints) {
+    found.append(Tool::tr("beyond the first %1 points").arg(ICCompensationFile::kMaxPoints));
+  }
+  return found;
+}
+
+QStringList CTableFindings::rangeProblems(int index) const {
+  const double here = position(index);
+  QStringList found;
+  if (here < mHeader.minimum().asF64()) {
+    found.append(Tool::tr("below the minimum %1").arg(shown(mHeader.minimum())));
+  }
+  if (here > mHeader.maximum().asF64()) {
+    found.append(Tool::tr("above the maximum %1").arg(shown(mHeader.maximum())));
+  }
+  return found;
+}
+
+// Where the point lies among those before it.
+QString CTableFindings::orderProblem(int index) const {
+  const double here = position(index);
+  if (mHighest >= 0 && here <= position(mHighest)) {
+    return Tool::tr("not above the position %1 of point %2")
+        .arg(shown(mTable.point(mHighest).position()), QString::number(mHighest + 1));
+  }
+  if (index > 0 && here == mHeader.minimum().asF64()) {
+    return Tool::tr("at the minimum %1, where only the first point may be")
+        .arg(shown(mHeader.minimum()));
+  }
+  return {};
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ICCompensationFile.h"
+#include "SPointParts.h"
+
+#include <QMap>
+#include <QStringList>
+
+/// What is wrong with a compensation table, in words: all that the library's check of the whole
+/// table finds, and beyond that texts that are no numbers and points that lack something.
+class CTableFindings {
+ public:
+  /// The parts of the points stand in the order of the table.
+  CTableFindings(const ICCompensationFile& table, const QVector<SPointParts>& parts);
+
+  bool isEmpty() const { return mRange.isEmpty() && mPoints.isEmpty(); }
+  const QStringList& ofRange() const { return mRange; }
+  /// By the point's index.
+  const QMap<int, QStringList>& ofPoints() const { return mPoints; }
+  bool isBad(int index) const { return mPoints.contains(index); }
+  QString ofPoint(int index) const;  ///< in one text; empty for a good point
+
+ private:
+  void checkRange();
+  QStringList problems(int index, const SPointParts& parts) const;
+  QStringList rangeProblems(int index) const;
+  QString orderProblem(int index) const;
+  double position(int index) const { return mTable.point(index).position().asF64(); }
+
+  const ICCompensationFile& mTable;
+  const CCompensationHeader mHeader;
+  bool mHasNumbers = false;  // the range is made of finite numbers
+  int mHighest = -1;         // the point with the highest position among those checked
+  QStringList mRange;
+  QMap<int, QStringList> mPoints;
+};

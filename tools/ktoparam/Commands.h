@@ -9,6 +9,7 @@ QVector<SCommand> getCommands();
 QVector<SCommand> setCommands();
 QVector<SCommand> hardwareIdCommands();
 QVector<SCommand> compensationCommands();
+QVector<SCommand> compensationCommands();
 QVector<SCommand> defaultsCommands();
 QVector<SCommand> importCommands();
 QVector<SCommand> newCommands();

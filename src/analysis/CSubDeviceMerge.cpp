@@ -1,5 +1,6 @@
 #include "CSubDeviceMerge.h"
 
+#include "CExactNumber.h"
 #include "CParameterFileHelper.h"
 #include "ICParameterFile.h"
 #include "ThreeWay.h"
@@ -130,8 +131,7 @@ CParamVal CSubDeviceMerge::settleValue(int key) {
     case NThreeWay::Theirs:
       return theirs;
     case NThreeWay::Conflict: {
-      const CParamDefItem definition = mDefinitions.paramDef(mOurs.data(key).name());
-      if (!CParameterFileHelper::compareValues(ours, theirs, definition)) {
+      if (!isEqualAsDefined(key, ours, theirs)) {
         SMergeConflict& conflict = addConflict(key, SMergeConflict::Value);
         conflict.base = base.asStr();
         conflict.ours = ours.asStr();
@@ -142,6 +142,13 @@ CParamVal CSubDeviceMerge::settleValue(int key) {
     default:
       return ours;
   }
+}
+
+/// What is no number is compared as text, or it would be equal to 0.
+bool CSubDeviceMerge::isEqualAsDefined(int key, const CParamVal& a, const CParamVal& b) const {
+  const CParamDefItem definition = mDefinitions.paramDef(mOurs.data(key).name());
+  return CExactNumber::of(a, definition.type()) && CExactNumber::of(b, definition.type()) &&
+         CParameterFileHelper::compareValues(a, b, definition);
 }
 
 quint32 CSubDeviceMerge::settleId(int key) {

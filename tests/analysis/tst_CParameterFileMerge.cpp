@@ -296,15 +296,14 @@ void tst_CParameterFileMerge::mergesWhatIsShared() {
 }
 
 void tst_CParameterFileMerge::comparesAsDefined() {
-  const auto base = fromText("[A:1] X=1 Y=0x1");
-  const auto ours = fromText("[A:1] X=0x10 Y=0x1");
-  ours->addDef("X", NParamDef::PARAM_TYPE_U8, 1);
-  ours->addDef("Y", NParamDef::PARAM_TYPE_U8, 2);
-  const auto theirs = fromText("[A:1] X=16 Y=1");
+  const auto base = fromText("[A:1] X=1 Y=0x1 Z=1");
+  const auto ours = fromText("[A:1] X=0x10 Y=0x1 Z=x");
+  for (const char* name : {"X", "Y", "Z"}) ours->addDef(name, NParamDef::PARAM_TYPE_U8, 0);
+  const auto theirs = fromText("[A:1] X=16 Y=1 Z=0");
   CParameterFileMerge merge(*base, *ours, *theirs);
   QVERIFY(merge.run());
-  QCOMPARE(texts(merge.conflicts()), QStringList());
-  QCOMPARE(toText(*ours), QString("[A:1] X=0x10 Y=1"));
+  QCOMPARE(texts(merge.conflicts()), QStringList("both-changed value A:1 /Z 1>x|0"));
+  QCOMPARE(toText(*ours), QString("[A:1] X=0x10 Y=1 Z=x"));
 }
 
 void tst_CParameterFileMerge::marksAndSelects() {

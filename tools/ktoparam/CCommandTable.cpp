@@ -23,7 +23,8 @@ CCommandTable::CCommandTable()
     : mCommands(detectCommands() + showCommands() + getCommands() + setCommands() +
                 hardwareIdCommands() + subDeviceCommands() + importCommands() + defaultsCommands() +
                 newCommands() + checkCommands() + diffCommands() + exportCommands() +
-                searchCommands() + mergeCommands() + textCommands() + compensationCommands()) {}
+                searchCommands() + mergeCommands() + textCommands() + motorsCommands() +
+                compensationCommands()) {}
 
 EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
   const QString first = words.value(0);

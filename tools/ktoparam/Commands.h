@@ -18,6 +18,5 @@ QVector<SCommand> diffCommands();
 QVector<SCommand> exportCommands();
 QVector<SCommand> mergeCommands();
 QVector<SCommand> motorsCommands();
-QVector<SCommand> motorCommands();
 QVector<SCommand> searchCommands();
 QVector<SCommand> textCommands();

@@ -1,0 +1,80 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QMap>
+
+namespace {
+
+/// Where a motor's parameters stand.
+struct SMotor {
+  QString file;
+  QString comment;
+};
+
+/// The motors of one file. A name that another file has, too, is reported: the last file counts.
+bool addMotors(const QString& fileName, COutput& out, QMap<QString, SMotor>& motors) {
+  CLoadedFile loaded(out);
+  if (!loaded.loadValues(fileName)) return false;
+  if (loaded.info().type != NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS) {
+    out.message(fileName, loaded.info().refusal(
+                              Tool::tr("A file of motors is needed (LumoMotorParameters).")));
+    return false;
+  }
+  const QStringList names = loaded.file().hardwareIds();
+  for (const QString& name : names) {
+    if (motors.contains(name)) {
+      out.message(fileName, Tool::tr("motor \"%1\" stands in %2, too; this file counts.")
+                                .arg(name, motors.value(name).file));
+    }
+    motors.insert(name, {fileName, loaded.file().comment()});
+  }
+  return true;
+}
+
+EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
+  EExitStatus status = ExitDone;
+  QMap<QString, SMotor> motors;
+  const QStringList files = invocation.argumentsFrom(0);
+  for (const QString& fileName : files) {
+    if (!addMotors(fileName, out, motors)) status = ExitFile;
+  }
+  QJsonArray list;
+  CTable table({Tool::tr("MOTOR"), Tool::tr("FILE"), Tool::tr("COMMENT")});
+  for (auto it = motors.cbegin(); it != motors.cend(); ++it) {
+    list.append(QJsonObject{{QStringLiteral("name"), it.key()},
+                            {QStringLiteral("file"), it->file},
+                            {QStringLiteral("comment"), it->comment}});
+    table.addRow({DisplayText::shown(it.key()), DisplayText::shown(it->file),
+                  it->comment.isEmpty() ? QString() : DisplayText::shown(it->comment)});
+  }
+  if (invocation.wantsJson()) {
+    out.json({{QStringLiteral("motors"), list}});
+  } else if (!table.isEmpty()) {
+    table.print(out);
+  }
+  return status;
+}
+
+}  // namespace
+
+QVector<SCommand> motorsCommands() {
+  SCommand command;
+  command.name = QStringLiteral("motors");
+  command.summary = Tool::tr("List the motors that files hold.");
+  command.details = Tool::tr(
+      "The hardware ids of a file of motors are the names of the motors. When several "
+      "files hold a motor of one name, the last one counts.");
+  command.arguments = {
+      {QStringLiteral("FILE"), Tool::tr("Files of motors."), EWord::File, SArgument::OneOrMore}};
+  command.options = {CommonOptions::json()};
+  command.examples = QStringList(QStringLiteral("motors Motors.xparam"));
+  command.run = showMotors;
+  return {command};
+}

@@ -6,6 +6,6 @@ class CTextLines;
 namespace DefinitionLines {
 
 /// Everything that a definition says, each on a line.
-void add(const CParamDefItem& definition, CTextLines& lines);
+void add(const CParamDefItem& definition, CTextLines& out);
 
 }  // namespace DefinitionLines

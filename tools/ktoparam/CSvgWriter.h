@@ -25,8 +25,7 @@ class CSvgWriter {
   /// A square tile of lines from corner to corner, to fill areas with "url(#id)".
   void hatch(const char* id, double size, const QString& colour);
   /// The anchor is "start", "middle" or "end".
-  void text(double x, double y, const char* anchor, const QString& text,
-            CAttributes more = {});
+  void text(double x, double y, const char* anchor, const QString& text, CAttributes more = {});
 
   QByteArray finish();
 
@@ -36,7 +35,7 @@ class CSvgWriter {
   static double textWidth(const QString& text, double fontSize);
 
  private:
-  void attributes(CAttributes attributes);
+  void write(CAttributes attributes);
 
   QByteArray mBytes;
   QXmlStreamWriter mXml;

@@ -16,7 +16,7 @@ constexpr double kFont = 11;
 constexpr double kTitleFont = 17;
 constexpr double kPageLeft = 36;
 constexpr double kPageRight = 806;
-constexpr double kBadRadius = 4.5;
+constexpr double kMaxBadRadius = 4.5;
 constexpr int kMaxNumbered = 40;  // bad points with their number beside them
 
 // Colours that stay apart in grey; shapes and dashes tell the same.
@@ -28,6 +28,8 @@ const QString kBad = QStringLiteral("#c2181b");
 const QString kHatch = QStringLiteral("#c8c8c8");
 const QString kRangeDashes = QStringLiteral("9 3 2 3");
 const QString kBadDashes = QStringLiteral("3 3");
+const QString kLineWidth = QStringLiteral("1.2");
+const QString kBadWidth = QStringLiteral("1.8");
 const QString kHatchFill = QStringLiteral("url(#hatch)");
 
 std::optional<double> drawable(const CParamVal& value) {
@@ -268,7 +270,7 @@ void CCompensationPlot::writeRange(CSvgWriter& svg) const {
   };
   svg.beginGroup("range", {{"stroke", kInk},
                            {"fill", kInk},
-                           {"stroke-width", QStringLiteral("1.3")},
+                           {"stroke-width", kLineWidth},
                            {"stroke-dasharray", kRangeDashes},
                            {"font-size", CSvgWriter::number(kFont)}});
   if (mMinimum) {
@@ -308,12 +310,11 @@ void CCompensationPlot::writeCourse(CSvgWriter& svg) const {
   const QString good = coursePath(false);
   const QString bad = coursePath(true);
   if (!bad.isEmpty()) {
-    svg.path(bad, {{"stroke", kBad},
-                   {"stroke-width", QStringLiteral("0.9")},
-                   {"stroke-dasharray", kBadDashes}});
+    svg.path(bad,
+             {{"stroke", kBad}, {"stroke-width", kLineWidth}, {"stroke-dasharray", kBadDashes}});
   }
   if (!good.isEmpty()) {
-    svg.path(good, {{"stroke", kCourse}, {"stroke-width", QStringLiteral("1.2")}});
+    svg.path(good, {{"stroke", kCourse}, {"stroke-width", kLineWidth}});
   }
   svg.endGroup();
 }
@@ -328,12 +329,13 @@ void CCompensationPlot::writeGoodPoints(CSvgWriter& svg) const {
 }
 
 void CCompensationPlot::writeBadPoints(CSvgWriter& svg) const {
-  svg.beginGroup("bad-points", {{"stroke", kBad},
-                                {"stroke-width", QStringLiteral("1.8")},
-                                {"stroke-linecap", QStringLiteral("round")}});
+  const double radius = qBound(2.5, spacing() * 1.5, kMaxBadRadius);
+  svg.beginGroup(
+      "bad-points",
+      {{"stroke", kBad}, {"stroke-width", kBadWidth}, {"stroke-linecap", QStringLiteral("round")}});
   for (const SPoint& point : mPoints) {
     if (!point.isBad) continue;
-    svg.path(cross(mFrame.x(point.position), mFrame.y(point.adjustment), kBadRadius));
+    svg.path(cross(mFrame.x(point.position), mFrame.y(point.adjustment), radius));
   }
   svg.endGroup();
 }
@@ -373,36 +375,33 @@ void CCompensationPlot::writeBadNumber(CSvgWriter& svg, const QPointF& place, in
 }
 
 void CCompensationPlot::writeLegend(CSvgWriter& svg) const {
-  constexpr double kSymbol = 30;
+  constexpr double kSample = 30;
   const double y = 556;
   double x = mFrame.left();
+  const auto sampleLine = [&](const QString& colour, const QString& dashes) {
+    svg.line(x, y, x + kSample, y,
+             {{"stroke", colour}, {"stroke-dasharray", dashes}, {"stroke-width", kLineWidth}});
+  };
   const auto label = [&](const QString& text) {
-    svg.text(x + kSymbol + 6, y + 4, "start", text);
-    x += kSymbol + 6 + CSvgWriter::textWidth(text, kFont) + 14;
+    svg.text(x + kSample + 6, y + 4, "start", text);
+    x += kSample + 6 + CSvgWriter::textWidth(text, kFont) + 14;
   };
   svg.beginGroup("legend", {{"font-size", CSvgWriter::number(kFont)}, {"fill", kInk}});
-  svg.line(x, y, x + kSymbol, y, {{"stroke", kCourse}, {"stroke-width", QStringLiteral("1.2")}});
-  svg.rect(x + kSymbol / 2 - 2.5, y - 2.5, 5, 5,
-           {{"rx", QStringLiteral("2.5")}, {"fill", kCourse}});
+  sampleLine(kCourse, QStringLiteral("none"));
+  svg.circle(x + kSample / 2, y, 2.6, {{"fill", kCourse}});
   label(Tool::tr("points and linear course"));
   if (const int bad = badCount()) {
-    svg.line(x, y, x + kSymbol, y,
-             {{"stroke", kBad},
-              {"stroke-dasharray", kBadDashes},
-              {"stroke-width", QStringLiteral("0.9")}});
-    svg.path(cross(x + kSymbol / 2, y, kBadRadius),
-             {{"stroke", kBad}, {"stroke-width", QStringLiteral("1.8")}});
+    sampleLine(kBad, kBadDashes);
+    svg.path(cross(x + kSample / 2, y, kMaxBadRadius),
+             {{"stroke", kBad}, {"stroke-width", kBadWidth}});
     label(Tool::tr("wrong points: %1").arg(bad));
   }
   if (mMinimum || mMaximum) {
-    svg.line(x, y, x + kSymbol, y,
-             {{"stroke", kInk},
-              {"stroke-dasharray", kRangeDashes},
-              {"stroke-width", QStringLiteral("1.3")}});
+    sampleLine(kInk, kRangeDashes);
     label(Tool::tr("range"));
   }
   if (mTable.checkHeader() && (mMinimum || mMaximum)) {
-    svg.rect(x, y - 6, kSymbol, 12, {{"fill", kHatchFill}, {"stroke", kHatch}});
+    svg.rect(x, y - 6, kSample, 12, {{"fill", kHatchFill}, {"stroke", kHatch}});
     label(Tool::tr("outside the range"));
   }
   svg.endGroup();

@@ -27,67 +27,67 @@ CSvgWriter::CSvgWriter(double widthMm, double heightMm, const QString& title) : 
   mXml.writeDefaultNamespace(kNamespace);
   const QString width = number(widthMm * kPointsPerMm);
   const QString height = number(heightMm * kPointsPerMm);
-  attributes({{"width", number(widthMm) + QLatin1String("mm")},
-              {"height", number(heightMm) + QLatin1String("mm")},
-              {"viewBox", QStringLiteral("0 0 %1 %2").arg(width, height)},
-              {"font-family", QStringLiteral("Helvetica, Arial, Liberation Sans, DejaVu Sans, "
-                                             "sans-serif")}});
+  write({{"width", number(widthMm) + QLatin1String("mm")},
+         {"height", number(heightMm) + QLatin1String("mm")},
+         {"viewBox", QStringLiteral("0 0 %1 %2").arg(width, height)},
+         {"font-family", QStringLiteral("Helvetica, Arial, Liberation Sans, DejaVu Sans, "
+                                        "sans-serif")}});
   mXml.writeTextElement(QStringLiteral("title"), harmless(title));
 }
 
-void CSvgWriter::attributes(CAttributes attributes) {
+void CSvgWriter::write(CAttributes attributes) {
   for (const auto& [name, value] : attributes) {
     mXml.writeAttribute(QLatin1String(name), harmless(value));
   }
 }
 
-void CSvgWriter::beginGroup(const char* id, CAttributes group) {
+void CSvgWriter::beginGroup(const char* id, CAttributes attributes) {
   mXml.writeStartElement(QStringLiteral("g"));
-  attributes({{"id", QLatin1String(id)}});
-  attributes(group);
+  write({{"id", QLatin1String(id)}});
+  write(attributes);
 }
 
-void CSvgWriter::rect(double x, double y, double width, double height, CAttributes more) {
+void CSvgWriter::rect(double x, double y, double width, double height, CAttributes attributes) {
   mXml.writeEmptyElement(QStringLiteral("rect"));
-  attributes(
-      {{"x", number(x)}, {"y", number(y)}, {"width", number(width)}, {"height", number(height)}});
-  attributes(more);
+  write({{"x", number(x)}, {"y", number(y)}, {"width", number(width)}, {"height", number(height)}});
+  write(attributes);
 }
 
-void CSvgWriter::line(double x1, double y1, double x2, double y2, CAttributes more) {
+void CSvgWriter::line(double x1, double y1, double x2, double y2, CAttributes attributes) {
   mXml.writeEmptyElement(QStringLiteral("line"));
-  attributes({{"x1", number(x1)}, {"y1", number(y1)}, {"x2", number(x2)}, {"y2", number(y2)}});
-  attributes(more);
+  write({{"x1", number(x1)}, {"y1", number(y1)}, {"x2", number(x2)}, {"y2", number(y2)}});
+  write(attributes);
 }
 
-void CSvgWriter::circle(double x, double y, double radius) {
+void CSvgWriter::circle(double x, double y, double radius, CAttributes attributes) {
   mXml.writeEmptyElement(QStringLiteral("circle"));
-  attributes({{"cx", number(x)}, {"cy", number(y)}, {"r", number(radius)}});
+  write({{"cx", number(x)}, {"cy", number(y)}, {"r", number(radius)}});
+  write(attributes);
 }
 
-void CSvgWriter::path(const QString& commands, CAttributes more) {
+void CSvgWriter::path(const QString& commands, CAttributes attributes) {
   mXml.writeEmptyElement(QStringLiteral("path"));
-  attributes({{"d", commands}});
-  attributes(more);
+  write({{"d", commands}});
+  write(attributes);
 }
 
 void CSvgWriter::hatch(const char* id, double size, const QString& colour) {
   mXml.writeStartElement(QStringLiteral("defs"));
   mXml.writeStartElement(QStringLiteral("pattern"));
-  attributes({{"id", QLatin1String(id)},
-              {"width", number(size)},
-              {"height", number(size)},
-              {"patternUnits", QStringLiteral("userSpaceOnUse")}});
+  write({{"id", QLatin1String(id)},
+         {"width", number(size)},
+         {"height", number(size)},
+         {"patternUnits", QStringLiteral("userSpaceOnUse")}});
   line(0, size, size, 0, {{"stroke", colour}, {"stroke-width", number(0.8)}});
   mXml.writeEndElement();
   mXml.writeEndElement();
 }
 
 void CSvgWriter::text(double x, double y, const char* anchor, const QString& text,
-                      CAttributes more) {
+                      CAttributes attributes) {
   mXml.writeStartElement(QStringLiteral("text"));
-  attributes({{"x", number(x)}, {"y", number(y)}, {"text-anchor", QLatin1String(anchor)}});
-  attributes(more);
+  write({{"x", number(x)}, {"y", number(y)}, {"text-anchor", QLatin1String(anchor)}});
+  write(attributes);
   mXml.writeCharacters(harmless(text));
   mXml.writeEndElement();
 }

@@ -20,7 +20,7 @@ class CSvgWriter {
   void endGroup() { mXml.writeEndElement(); }
   void rect(double x, double y, double width, double height, CAttributes more = {});
   void line(double x1, double y1, double x2, double y2, CAttributes more = {});
-  void circle(double x, double y, double radius);
+  void circle(double x, double y, double radius, CAttributes attributes = {});
   void path(const QString& commands, CAttributes more = {});
   /// A square tile of lines from corner to corner, to fill areas with "url(#id)".
   void hatch(const char* id, double size, const QString& colour);

@@ -16,16 +16,17 @@ class CSvgWriter {
   /// A page of that size in millimetres; the title is for programs that list or read out pictures.
   CSvgWriter(double widthMm, double heightMm, const QString& title);
 
-  void beginGroup(const char* id, CAttributes group);
+  void beginGroup(const char* id, CAttributes attributes);
   void endGroup() { mXml.writeEndElement(); }
-  void rect(double x, double y, double width, double height, CAttributes more = {});
-  void line(double x1, double y1, double x2, double y2, CAttributes more = {});
+  void rect(double x, double y, double width, double height, CAttributes attributes = {});
+  void line(double x1, double y1, double x2, double y2, CAttributes attributes = {});
   void circle(double x, double y, double radius, CAttributes attributes = {});
-  void path(const QString& commands, CAttributes more = {});
+  void path(const QString& commands, CAttributes attributes = {});
   /// A square tile of lines from corner to corner, to fill areas with "url(#id)".
   void hatch(const char* id, double size, const QString& colour);
   /// The anchor is "start", "middle" or "end".
-  void text(double x, double y, const char* anchor, const QString& text, CAttributes more = {});
+  void text(double x, double y, const char* anchor, const QString& text,
+            CAttributes attributes = {});
 
   QByteArray finish();
 

@@ -169,6 +169,10 @@ void CDomData::setText(quint32 element, const QString& text) {
 SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
                             quint32 attributeName) {
   const quint32 begin = textEnd();
+  if (mText.size() + 3 * static_cast<size_t>(text.size()) > NXmlLimits::kMaxText) {
+    mIsTextFull = true;
+    return {begin, 0};
+  }
   const int bad = NXmlText::appendUtf8(text, mText);
   if (bad >= 0) {
     setInvalid({element, kind, attributeName, {}}, NXmlText::readable(text.mid(bad, 1)));

@@ -19,6 +19,7 @@ constexpr int kMaxAttributes = 256;
 constexpr size_t kMaxNodes = 1U << 23U;  ///< of a document, attributes included
 constexpr size_t kMaxNames = 1U << 18U;  ///< different names of elements and attributes
 constexpr qint64 kMaxBytes = CAtomicFile::kMaxBytes;
+constexpr size_t kMaxText = 3 * kMaxBytes;  ///< in UTF-8; a file that may be read holds no more
 }  // namespace NXmlLimits
 
 /// Index of "no node" and "no attribute".
@@ -82,7 +83,7 @@ class CDomData {
   /// Beyond the limits of a document.
   bool isFull() const {
     return mNodes.size() + mAttributes.size() > NXmlLimits::kMaxNodes ||
-           mNames.size() > NXmlLimits::kMaxNames;
+           mNames.size() > NXmlLimits::kMaxNames || mIsTextFull;
   }
   /// Makes room for that many nodes, but not for more than a document may have.
   void reserveNodes(int count);
@@ -128,6 +129,7 @@ class CDomData {
   std::vector<SDomAttribute> mAttributes;
   quint32 mLastAttributeOwner = kNone;  ///< element whose attribute was added last
   std::string mText;
+  bool mIsTextFull = false;
   std::vector<std::string_view> mNames;  // into the store, whose elements stay where they are
   std::deque<std::string> mNameStore;
   std::map<std::string_view, quint32> mNameIndex;  // no hash: names can be made to collide

@@ -21,6 +21,9 @@ std::vector<quint32> pathTo(const CDomData& data, quint32 element) {
   std::vector<quint32> path;
   for (quint32 next = 0; path.empty() || path.back() != element;) {
     if (next == kNone) {
+      if (path.empty()) {  // it was replaced since
+        return path;
+      }
       next = data.node(path.back()).next;
       path.pop_back();
       continue;
@@ -143,7 +146,7 @@ QByteArray CDomDoc::toByteArray(const QString& encoding, QString& error) const {
   }
   if (d->isFull()) {
     error =
-        tr("The document has too many nodes or different names, so the file could not be read "
+        tr("The document has too many nodes, names or characters, so the file could not be read "
            "again.");
     return QByteArray();
   }

@@ -19,7 +19,7 @@ class CBuffer {
     return mBytes.data() + mSize;
   }
   void advance(size_t count) { mSize += static_cast<int>(count); }
-  qint64 size() const { return mSize; }
+  bool isTooLarge() const { return mSize > NXmlLimits::kMaxBytes; }
   QByteArray take() {
     mBytes.truncate(mSize);
     return std::move(mBytes);
@@ -35,8 +35,9 @@ class CUtf8Sink : public CBuffer {
  public:
   using CBuffer::CBuffer;
   void put(std::string_view utf8) {
-    std::memcpy(room(utf8.size()), utf8.data(), utf8.size());
-    advance(utf8.size());
+    const size_t size = std::min<size_t>(utf8.size(), NXmlLimits::kMaxBytes + 1);
+    std::memcpy(room(size), utf8.data(), size);
+    advance(size);
   }
 };
 
@@ -45,10 +46,20 @@ class CUtf16Sink : public CBuffer {
  public:
   explicit CUtf16Sink(size_t size) : CBuffer(2 * size + 2) { put("\xEF\xBB\xBF"); }
 
+  /// In pieces, so that what is much too large is found out before it takes room.
   void put(std::string_view utf8) {
-    char* out = room(2 * utf8.size());  // no character takes more than twice its UTF-8
+    constexpr size_t kPiece = 1U << 16U;
+    for (size_t i = 0; i < utf8.size() && !isTooLarge();) {
+      i = putPiece(utf8, i, std::min(utf8.size(), i + kPiece));
+    }
+  }
+
+ private:
+  /// Writes the characters that begin before the end; returns where the next one does.
+  size_t putPiece(std::string_view utf8, size_t i, size_t end) {
+    char* out = room(2 * (end - i) + 4);  // no character takes more than twice its UTF-8
     const char* begin = out;
-    for (size_t i = 0; i < utf8.size();) {
+    while (i < end) {
       const auto lead = static_cast<uchar>(utf8[i++]);
       if (lead < 0x80) {
         out = putUnit(lead, out);
@@ -66,9 +77,9 @@ class CUtf16Sink : public CBuffer {
       out = putUnit(static_cast<char16_t>(c), out);
     }
     advance(static_cast<size_t>(out - begin));
+    return i;
   }
 
- private:
   static char* putUnit(char16_t unit, char* out) {
     out[0] = static_cast<char>(unit & 0xFF);
     out[1] = static_cast<char>(unit >> 8);
@@ -167,9 +178,7 @@ void CXmlWriter::writeTree(Sink& sink) {
       }
       next = node.next;
     }
-    mError = open.size() > NXmlLimits::kMaxDepth   ? TooDeep
-             : sink.size() > NXmlLimits::kMaxBytes ? TooLarge
-                                                   : NoError;
+    mError = open.size() > NXmlLimits::kMaxDepth ? TooDeep : sink.isTooLarge() ? TooLarge : NoError;
   }
 }
 

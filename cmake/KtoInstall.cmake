@@ -1,5 +1,8 @@
 # What `cmake --install` lays down: libraries, public headers, the tool and the CMake package.
+# There are three components, each a Debian package: library, development and tool. What says
+# nothing else is for development, and in the tool's folder for the tool.
 include(CMakePackageConfigHelpers)
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 
 # Installs public headers of one of the two libraries under include/<component>.
 function(kto_install_headers component)
@@ -16,8 +19,9 @@ endfunction()
 # The libraries find each other, as the tool finds them, wherever the installation is moved to.
 function(kto_install_binaries)
   set_target_properties(ktoFramework ktoParameter PROPERTIES INSTALL_RPATH "$ORIGIN")
-  install(TARGETS ktoFramework ktoParameter EXPORT ktoParameterTargets)
-  install(TARGETS ktoparam)
+  install(TARGETS ktoFramework ktoParameter EXPORT ktoParameterTargets
+          LIBRARY COMPONENT library NAMELINK_COMPONENT development)
+  install(TARGETS ktoparam COMPONENT tool)
 endfunction()
 
 function(kto_install_cmake_package)

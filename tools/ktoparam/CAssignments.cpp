@@ -55,7 +55,7 @@ bool CAssignments::refuseUnknown(const SAssignment& assignment) {
   if (mKnownNames.isEmpty()) mKnownNames = ParameterLookup::allNames(mFile);
   const bool isHelped = mUnknown++ < Suggestion::kMaxHelped;
   const QString suggestion =
-      isHelped ? Suggestion::didYouMean(assignment.name, mKnownNames) : QString();
+      isHelped ? ParameterLookup::didYouMean(assignment.name, mKnownNames) : QString();
   return refuse(assignment, Tool::tr("there is no such parameter.%1").arg(suggestion));
 }
 

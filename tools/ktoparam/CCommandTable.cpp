@@ -92,15 +92,19 @@ EExitStatus CCommandTable::unknown(const QStringList& words, COutput& out) const
     out.message(Tool::tr("A command is missing. See \"ktoparam help\"."));
     return ExitUsage;
   }
-  const QVector<SCommand> relatives = family(words.first());
-  if (relatives.isEmpty()) {
-    out.message(Tool::tr("\"%1\" is no command.%2 See \"ktoparam help\".")
-                    .arg(words.first(), Suggestion::didYouMean(words.first(), firstWords())));
-    return ExitUsage;
-  }
+  const QString first = words.first();
   QStringList actions;
-  for (const SCommand& command : relatives) actions.append(wordsOf(command).last());
-  out.message(words.first(), Tool::tr("One of these must follow: %1. See \"ktoparam help %2\".")
-                                 .arg(actions.join(QLatin1String(", ")), words.first()));
+  for (const SCommand& command : family(first)) actions.append(wordsOf(command).last());
+  if (!actions.isEmpty()) {
+    out.message(first, Tool::tr("One of these must follow: %1.%2 See \"ktoparam help %3\".")
+                           .arg(actions.join(QLatin1String(", ")),
+                                Suggestion::didYouMean(words.value(1), actions), first));
+  } else if (first.startsWith(QLatin1Char('-'))) {
+    out.message(Tool::tr("A command must stand before \"%1\". See \"ktoparam help\".").arg(first));
+  } else {
+    out.message(Tool::tr("\"%1\" is no command.%2 See \"ktoparam help\".")
+                    .arg(first, Suggestion::didYouMean(
+                                    first, firstWords() + QStringList(QStringLiteral("help")))));
+  }
   return ExitUsage;
 }

@@ -2,6 +2,7 @@
 
 #include "COutput.h"
 #include "CStr.h"
+#include "OptionProblem.h"
 #include "Tool.h"
 
 CInvocation::CInvocation(const SCommand& command) : mCommand(command) {
@@ -18,9 +19,11 @@ bool CInvocation::parse(const QStringList& words, COutput& out) {
   const bool understood = mParser.parse(QStringList(mCommand.name) + words);
   if (understood && wantsHelp()) return true;
 
-  QString problem = understood ? optionProblem() : mParser.errorText();
+  QString problem = understood ? optionProblem() : OptionProblem::of(mCommand, words);
+  if (!understood && problem.isEmpty()) problem = mParser.errorText();
   if (problem.isEmpty()) problem = argumentProblem();
   if (problem.isEmpty()) problem = missingOption();
+  if (problem.isEmpty()) problem = emptyFileName();
   if (problem.isEmpty()) return true;
   wrongUsage(problem, out);
   return false;
@@ -46,6 +49,20 @@ QString CInvocation::missingOption() const {
     if (option.isRequired && !mParser.isSet(option.name)) {
       return Tool::tr("--%1 %2 is missing.").arg(option.name, option.valueName);
     }
+  }
+  return {};
+}
+
+QString CInvocation::emptyFileName() const {
+  const QString text = Tool::tr("%1 is empty; it must be the name of a file.");
+  for (const SOption& option : mCommand.options) {
+    const bool isEmpty = mParser.isSet(option.name) && mParser.value(option.name).isEmpty();
+    if (isEmpty && option.word == EWord::File) return text.arg(QLatin1String("--") + option.name);
+  }
+  const QStringList given = mParser.positionalArguments();
+  for (int i = 0; i < given.size(); ++i) {
+    const SArgument& argument = mCommand.arguments.at(qMin(i, mCommand.arguments.size() - 1));
+    if (given.at(i).isEmpty() && argument.word == EWord::File) return text.arg(argument.name);
   }
   return {};
 }

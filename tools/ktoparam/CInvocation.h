@@ -38,6 +38,7 @@ class CInvocation {
   QString argumentProblem() const;
   QString optionProblem();
   QString missingOption() const;
+  QString emptyFileName() const;
 
   const SCommand& mCommand;
   QCommandLineParser mParser;

@@ -2,6 +2,7 @@
 
 #include "CInvocation.h"
 #include "COutput.h"
+#include "FileHints.h"
 #include "LibraryMessage.h"
 #include "Suggestion.h"
 #include "Tool.h"
@@ -80,6 +81,7 @@ bool CLoadedFile::save() {
 bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
   if (mFile->saveParamFile(fileName, {}, version)) return true;
   reportFailure(fileName);
+  FileHints::tellWhyUnsaved(fileName, mOut);
   return false;
 }
 

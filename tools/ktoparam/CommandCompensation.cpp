@@ -6,11 +6,11 @@
 #include "CTableFindings.h"
 #include "Commands.h"
 #include "CompensationTexts.h"
+#include "FileHints.h"
 #include "LibraryMessage.h"
 #include "OpenedFile.h"
 #include "Tool.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -24,16 +24,6 @@ const QLatin1String kTo("to");
 const QLatin1String kUnit("unit");
 const QLatin1String kAdjustmentUnit("adjustment-unit");
 const QLatin1String kTitle("title");
-
-// A result must not take the place of a file that holds something else by a slip of the keyboard.
-bool mayReplace(const QString& fileName, SFileInfo::EKind kind, COutput& out) {
-  if (!QFileInfo(fileName).isFile()) return true;
-  const std::optional<SFileInfo> info = SFileInfo::read(fileName, out);
-  if (!info) return false;
-  if (info->kind == SFileInfo::Unknown || info->kind == kind) return true;
-  out.message(fileName, info->refusal(Tool::tr("It is not replaced.")));
-  return false;
-}
 
 // --- check
 
@@ -114,10 +104,11 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
   if (table.count() > 0 && found != wanted) {
     const bool isInPlace = !invocation.isSet(CommonOptions::kOutput);
     written = isInPlace ? fileName : invocation.value(CommonOptions::kOutput);
-    if (!mayReplace(written, SFileInfo::Compensation, out)) return ExitFindings;
+    if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFindings;
     table.setDataPointSaveFormat(wanted);
     if (table.save(written, opened.version) != ICCompensationFile::Ok) {
       out.message(written, LibraryMessage::withoutFileName(table.errorMsg(), written));
+      FileHints::tellWhyUnsaved(written, out);
       return ExitFile;
     }
   }
@@ -141,12 +132,9 @@ EExitStatus convert(const CInvocation& invocation, COutput& out) {
 EExitStatus plot(const CInvocation& invocation, COutput& out) {
   const QString fileName = invocation.argument(0);
   const QString picture = invocation.value(CommonOptions::kOutput);
-  if (picture.isEmpty()) {
-    return invocation.wrongUsage(Tool::tr("-o OUT must name the picture."), out);
-  }
   const SOpenedFile<ICCompensationFile> opened = OpenedFile::compensation(fileName, out);
   if (!opened.file) return ExitFile;
-  if (!mayReplace(picture, SFileInfo::Unknown, out)) return ExitFindings;
+  if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFindings;
 
   const CTableFindings findings(*opened.file, SPointParts::read(fileName));
   const QString unit = invocation.value(kUnit);
@@ -157,6 +145,7 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   QString error;
   if (!CAtomicFile::write(picture, image.toSvg(), {}, error)) {
     out.message(picture, error);
+    FileHints::tellWhyUnsaved(picture, out);
     return ExitFile;
   }
   if (invocation.wantsJson()) {
@@ -229,7 +218,7 @@ SCommand plotCommand() {
       "range. Units are printed with the axes; no value is converted.");
   command.arguments = {fileArgument()};
   command.options = {
-      CommonOptions::output(Tool::tr("The picture to write; must be given.")),
+      CommonOptions::required(CommonOptions::output(Tool::tr("The picture to write."))),
       {kUnit, QStringLiteral("UNIT"), Tool::tr("The unit of the positions in the file.")},
       {kAdjustmentUnit, QStringLiteral("UNIT"),
        Tool::tr("The unit of the adjustments in the file; that of --unit unless given.")},

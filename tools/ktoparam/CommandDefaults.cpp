@@ -93,7 +93,7 @@ EExitStatus defaults(const CInvocation& invocation, COutput& out) {
   const QStringList unused = patterns.unused();
   for (const QString& pattern : unused) {
     loaded.message(Tool::tr("no parameter matches \"%1\".%2")
-                       .arg(pattern, Suggestion::didYouMean(
+                       .arg(pattern, ParameterLookup::didYouMean(
                                          pattern, ParameterLookup::allNames(loaded.file()))));
   }
   if (!unused.isEmpty()) return ExitFindings;

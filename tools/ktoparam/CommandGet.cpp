@@ -72,7 +72,7 @@ class CGathering {
     const auto elsewhere = mElsewhere.constFind(name);
     if (elsewhere == mElsewhere.constEnd()) {
       mLoaded.message(Tool::tr("there is no parameter \"%1\".%2")
-                          .arg(name, Suggestion::didYouMean(name, known)));
+                          .arg(name, ParameterLookup::didYouMean(name, known)));
       return;
     }
     QList<quint8> ids = elsewhere->values();

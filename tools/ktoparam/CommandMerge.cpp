@@ -75,15 +75,17 @@ EExitStatus merge(const CInvocation& invocation, COutput& out) {
   CLoadedFile base(out);
   CLoadedFile ours(out);
   CLoadedFile theirs(out);
+  const QString output = invocation.value(CommonOptions::kOutput);
   if (!load(invocation, base, ours, theirs) || !ours.canSave() || !theirs.canSave())
     return ExitFile;
+  if (!SFileInfo::mayReplace(output, SFileInfo::Values, out)) return ExitFindings;
 
   CParameterFileMerge merging(base.file(), ours.file(), theirs.file());
   if (!merging.run()) {
     ours.message(merging.errorMsg());
     return ExitFile;
   }
-  if (!ours.saveAs(invocation.value(CommonOptions::kOutput), merging.version())) return ExitFile;
+  if (!ours.saveAs(output, merging.version())) return ExitFile;
   report(invocation, merging.conflicts(), out);
   return merging.conflicts().isEmpty() ? ExitDone : ExitFindings;
 }

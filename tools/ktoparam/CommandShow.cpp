@@ -34,7 +34,7 @@ EExitStatus show(const CInvocation& invocation, COutput& out) {
     case SFileInfo::Compensation:
       return Show::compensation(invocation, out);
     default:
-      out.message(fileName, info->refusal({}));
+      out.message(fileName, info->refusal(SFileInfo::anyKind()));
       return ExitFile;
   }
 }

@@ -124,7 +124,7 @@ EExitStatus text(const CInvocation& invocation, COutput& out) {
     case SFileInfo::Compensation:
       return compensation(fileName, out);
     default:
-      out.message(fileName, info->refusal({}));
+      out.message(fileName, info->refusal(SFileInfo::anyKind()));
       return ExitFile;
   }
 }

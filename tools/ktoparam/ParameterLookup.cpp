@@ -18,6 +18,12 @@ QStringList ParameterLookup::allNames(const ICParameterFile& file) {
   return names;
 }
 
+QString ParameterLookup::didYouMean(const QString& name, const QStringList& known) {
+  const QString suggestion = Suggestion::didYouMean(name, known);
+  const QString bare = name.section(QLatin1Char('/'), -1);
+  return suggestion.isEmpty() && bare != name ? Suggestion::didYouMean(bare, known) : suggestion;
+}
+
 QString ParameterLookup::listed(const QList<quint8>& subDevices) {
   QStringList texts;
   for (const quint8 id : subDevices) texts.append(QString::number(id));

@@ -15,6 +15,9 @@ QList<quint8> subDevicesWith(const ICParameterFile& file, const QString& name);
 /// The names in all sub-devices, without doubles.
 QStringList allNames(const ICParameterFile& file);
 
+/// " Did you mean "…"?" for a name that does not exist, also when groups stand before it.
+QString didYouMean(const QString& name, const QStringList& known);
+
 /// "2, 3"
 QString listed(const QList<quint8>& subDevices);
 

@@ -3,6 +3,7 @@
 #include "COutput.h"
 #include "CParameterFileHelper.h"
 #include "CStr.h"
+#include "FileHints.h"
 #include "Tool.h"
 
 #include <QFile>
@@ -43,6 +44,7 @@ SFileInfo::EKind kindOf(NktoGlobal::EParamFileType type) {
 
 SFileInfo infoOf(const QByteArray& head) {
   SFileInfo info;
+  info.isEmpty = head.isEmpty();
   if (beginsDefinitions(head)) {
     info.kind = SFileInfo::Definitions;
     info.typeName = kDefinitionRoot;
@@ -59,9 +61,9 @@ SFileInfo infoOf(const QByteArray& head) {
 }  // namespace
 
 std::optional<SFileInfo> SFileInfo::read(const QString& fileName, COutput& out) {
-  const QFileInfo place(fileName);
-  if (place.exists() && !place.isFile()) {
-    out.message(fileName, Tool::tr("this is no regular file."));
+  const QString problem = FileHints::unreadable(fileName);
+  if (!problem.isEmpty()) {
+    out.message(fileName, problem);
     return {};
   }
   QFile file(fileName);
@@ -77,6 +79,15 @@ std::optional<SFileInfo> SFileInfo::read(const QString& fileName, COutput& out) 
   return infoOf(head);
 }
 
+bool SFileInfo::mayReplace(const QString& fileName, EKind kind, COutput& out) {
+  if (!QFileInfo(fileName).isFile()) return true;
+  const std::optional<SFileInfo> info = read(fileName, out);
+  if (!info) return false;
+  if (info->kind == Unknown || info->kind == kind) return true;
+  out.message(fileName, info->refusal(Tool::tr("It is not replaced.")));
+  return false;
+}
+
 QString SFileInfo::refusal(const QString& wanted) const {
   switch (kind) {
     case Definitions:
@@ -88,10 +99,17 @@ QString SFileInfo::refusal(const QString& wanted) const {
     case Compensation:
       return Tool::tr("this is a compensation file. %1").arg(wanted);
     default:
-      return Tool::tr(
-          "the type of this file is not known: its root element must be that of a "
-          "parameter file and stand at the beginning of one of the first three lines.");
+      break;
   }
+  if (isEmpty) return Tool::tr("the file is empty. %1").arg(wanted);
+  return Tool::tr(
+             "the type of this file is not known: its root element must be that of a parameter "
+             "file and stand at the beginning of one of the first three lines. %1")
+      .arg(wanted);
+}
+
+QString SFileInfo::anyKind() {
+  return Tool::tr("A file of definitions, values, settings or compensation is needed here.");
 }
 
 QString SFileInfo::versionText() const {

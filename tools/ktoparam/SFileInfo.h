@@ -17,10 +17,17 @@ struct SFileInfo {
   QString typeName;     ///< the name of the root element; empty for an unknown kind
   quint32 version = 0;  ///< as CStr::stringToRevision() packs it; 0 when there is none
   QString comment;
+  bool isEmpty = false;  ///< the file has no content
 
   /// Nothing, with a message, when the file cannot be read.
   static std::optional<SFileInfo> read(const QString& fileName, COutput& out);
 
+  /// False, with a message, for a file of another kind: a result must not take its place by a slip
+  /// of the keyboard.
+  static bool mayReplace(const QString& fileName, EKind kind, COutput& out);
+
+  /// What a command wants that takes files of all kinds.
+  static QString anyKind();
   /// Why a command does not take this file, which ends with what is wanted instead.
   QString refusal(const QString& wanted) const;
   /// "1.0"; empty when there is none.

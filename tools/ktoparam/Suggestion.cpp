@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int kListedNames = 12;
+constexpr int kMinBeginning = 3;
 
 int toleratedErrors(const QString& text) {
   return qMin(text.size() / 3, 4);
@@ -38,6 +39,16 @@ int typingErrors(const QString& a, const QString& b, int limit) {
   return last.at(b.size());
 }
 
+QString onlyBeginning(const QString& text, const QStringList& candidates) {
+  QString found;
+  for (const QString& candidate : candidates) {
+    if (!candidate.startsWith(text, Qt::CaseInsensitive)) continue;
+    if (!found.isNull()) return {};
+    found = candidate;
+  }
+  return found;
+}
+
 }  // namespace
 
 QString Suggestion::closest(const QString& text, const QStringList& candidates) {
@@ -51,7 +62,7 @@ QString Suggestion::closest(const QString& text, const QStringList& candidates) 
     best = candidate;
     if (errors == 0) break;
   }
-  return best;
+  return best.isNull() && text.size() >= kMinBeginning ? onlyBeginning(text, candidates) : best;
 }
 
 QString Suggestion::didYouMean(const QString& text, const QStringList& candidates) {

@@ -9,8 +9,8 @@ namespace Suggestion {
 /// For how many unknown names a command looks for what was meant.
 inline constexpr int kMaxHelped = 10;
 
-/// The candidate with the fewest typing errors, case apart; null when none is near. Takes time in
-/// proportion to the number of candidates.
+/// The candidate with the fewest typing errors, case apart, or else the only one that begins with
+/// the text; null when there is none. Takes time in proportion to the number of candidates.
 QString closest(const QString& text, const QStringList& candidates);
 
 /// " Did you mean "…"?" for the closest candidate; empty when there is none.

@@ -66,8 +66,16 @@ QString rangeOf(NParamDef::EParamType type) {
   return Tool::tr("%1 to %2").arg(smallest, QString::number(largest));
 }
 
+QString realProblem(const QString& text) {
+  QString withPoint = text;
+  withPoint.replace(QLatin1Char(','), QLatin1Char('.'));
+  double number = 0;
+  if (!CParamVal(withPoint).value(number)) return Tool::tr("\"%1\" is no number.").arg(text);
+  return Tool::tr("\"%1\" is no number; decimals stand behind a point: %2.").arg(text, withPoint);
+}
+
 QString typeProblem(NParamDef::EParamType type, const QString& text) {
-  if (type == NParamDef::PARAM_TYPE_F64) return Tool::tr("\"%1\" is no number.").arg(text);
+  if (type == NParamDef::PARAM_TYPE_F64) return realProblem(text);
   return Tool::tr("\"%1\" is no number of the type %2 (%3).")
       .arg(text, CParamDefItem::typeToString(type), rangeOf(type));
 }

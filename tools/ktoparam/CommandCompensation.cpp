@@ -104,7 +104,7 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
   if (table.count() > 0 && found != wanted) {
     const bool isInPlace = !invocation.isSet(CommonOptions::kOutput);
     written = isInPlace ? fileName : invocation.value(CommonOptions::kOutput);
-    if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFindings;
+    if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFile;
     table.setDataPointSaveFormat(wanted);
     if (table.save(written, opened.version) != ICCompensationFile::Ok) {
       out.message(written, LibraryMessage::withoutFileName(table.errorMsg(), written));
@@ -134,7 +134,7 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   const QString picture = invocation.value(CommonOptions::kOutput);
   const SOpenedFile<ICCompensationFile> opened = OpenedFile::compensation(fileName, out);
   if (!opened.file) return ExitFile;
-  if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFindings;
+  if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFile;
 
   const CTableFindings findings(*opened.file, SPointParts::read(fileName));
   const QString unit = invocation.value(kUnit);

@@ -78,7 +78,7 @@ EExitStatus merge(const CInvocation& invocation, COutput& out) {
   const QString output = invocation.value(CommonOptions::kOutput);
   if (!load(invocation, base, ours, theirs) || !ours.canSave() || !theirs.canSave())
     return ExitFile;
-  if (!SFileInfo::mayReplace(output, SFileInfo::Values, out)) return ExitFindings;
+  if (!SFileInfo::mayReplace(output, SFileInfo::Values, out)) return ExitFile;
 
   CParameterFileMerge merging(base.file(), ours.file(), theirs.file());
   if (!merging.run()) {

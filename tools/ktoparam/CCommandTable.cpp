@@ -1,5 +1,6 @@
 #include "CCommandTable.h"
 
+#include "CCompletion.h"
 #include "CInvocation.h"
 #include "COutput.h"
 #include "Commands.h"
@@ -33,6 +34,7 @@ EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
     out.line(QStringLiteral("ktoparam %1").arg(QCoreApplication::applicationVersion()));
     return ExitDone;
   }
+  if (first == QLatin1String("complete")) return complete(words, out);
   if (const SCommand* command = find(words)) {
     return runCommand(*command, words.mid(wordsOf(*command).size()), out);
   }
@@ -61,6 +63,14 @@ QStringList CCommandTable::firstWords() const {
   for (const SCommand& command : mCommands) found.append(wordsOf(command).first());
   found.removeDuplicates();
   return found;
+}
+
+EExitStatus CCommandTable::complete(const QStringList& words, COutput& out) const {
+  const CCompletion completion(mCommands,
+                               CShellLine(words.value(1), words.value(2), words.value(3)));
+  out.line(completion.wantsFile() ? QStringLiteral("files") : QStringLiteral("words"));
+  for (const QString& replacement : completion.replacements(out)) out.line(replacement);
+  return ExitDone;
 }
 
 EExitStatus CCommandTable::help(const QStringList& words, COutput& out) const {

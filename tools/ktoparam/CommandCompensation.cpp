@@ -197,10 +197,10 @@ SCommand convertCommand() {
       "are. "
       "A file whose points are in that format already is left alone.");
   command.arguments = {fileArgument()};
-  command.options = {
-      {kTo, QStringLiteral("FORMAT"), Tool::tr("\"current\", unless given, or \"old\".")},
-      CommonOptions::output(Tool::tr("Write here, and leave FILE as it is.")),
-      CommonOptions::json()};
+  command.options = {CommonOptions::choice(kTo, {QStringLiteral("current"), QStringLiteral("old")},
+                                           Tool::tr("\"current\", unless given, or \"old\".")),
+                     CommonOptions::output(Tool::tr("Write here, and leave FILE as it is.")),
+                     CommonOptions::json()};
   command.examples =
       QStringList{QStringLiteral("compensation convert SpindleCompensationOld.xcomp"),
                   QStringLiteral("compensation convert SpindleCompensation.xcomp --to old -o "

@@ -115,7 +115,7 @@ QVector<SCommand> defaultsCommands() {
       "changed then.");
   command.arguments = {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
                        {QStringLiteral("PATTERN"), Tool::tr("Names of parameters, or patterns."),
-                        EWord::Text, SArgument::AnyNumber}};
+                        EWord::Parameter, SArgument::AnyNumber}};
   command.options = {
       CommonOptions::required(CommonOptions::def(Tool::tr("The definition file."))),
       CommonOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),

@@ -146,8 +146,9 @@ QVector<SCommand> exportCommands() {
       "\\ becomes \\\\.");
   command.arguments = {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File}};
   command.options = {
-      CommonOptions::required(
-          {kFormat, QStringLiteral("FORMAT"), Tool::tr("One of csv, tsv and json.")}),
+      CommonOptions::required(CommonOptions::choice(
+          kFormat, {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("json")},
+          Tool::tr("One of csv, tsv and json."))),
       CommonOptions::def(
           Tool::tr("A definition file: adds units, the names of choices and bits, and defaults.")),
       CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),

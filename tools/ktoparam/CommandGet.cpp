@@ -141,7 +141,7 @@ QVector<SCommand> getCommands() {
       "one. "
       "The exit status is 1 when a name is found nowhere; the others are still printed.");
   command.arguments = {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
-                       {QStringLiteral("NAME"), Tool::tr("Names of parameters."), EWord::Text,
+                       {QStringLiteral("NAME"), Tool::tr("Names of parameters."), EWord::Parameter,
                         SArgument::OneOrMore}};
   command.options = {
       CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),

@@ -139,8 +139,12 @@ SArgument fileArgument() {
   return {QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File};
 }
 
-SArgument idArgument(const QString& name, const QString& help) {
-  return {name, help};
+SArgument idArgument(const QString& help) {
+  return {QStringLiteral("ID"), help, EWord::HardwareId};
+}
+
+SArgument newIdArgument(const QString& help) {
+  return {QStringLiteral("NEW-ID"), help};
 }
 
 SCommand editCommand(const QString& name, const QString& summary) {
@@ -166,9 +170,8 @@ SCommand listCommand() {
 SCommand cloneCommand() {
   SCommand command = editCommand(QStringLiteral("hardware-id clone"),
                                  Tool::tr("Copy a hardware id with all its values to a new one."));
-  command.arguments = {fileArgument(),
-                       idArgument(QStringLiteral("ID"), Tool::tr("The hardware id to copy.")),
-                       idArgument(QStringLiteral("NEW-ID"), Tool::tr("The new hardware id."))};
+  command.arguments = {fileArgument(), idArgument(Tool::tr("The hardware id to copy.")),
+                       newIdArgument(Tool::tr("The new hardware id."))};
   command.examples =
       QStringList(QStringLiteral("hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-64"));
   command.run = runClone;
@@ -178,9 +181,8 @@ SCommand cloneCommand() {
 SCommand renameCommand() {
   SCommand command = editCommand(QStringLiteral("hardware-id rename"),
                                  Tool::tr("Give a hardware id another name."));
-  command.arguments = {
-      fileArgument(), idArgument(QStringLiteral("ID"), Tool::tr("The hardware id as it is.")),
-      idArgument(QStringLiteral("NEW-ID"), Tool::tr("The hardware id as it shall be."))};
+  command.arguments = {fileArgument(), idArgument(Tool::tr("The hardware id as it is.")),
+                       newIdArgument(Tool::tr("The hardware id as it shall be."))};
   command.examples =
       QStringList(QStringLiteral("hardware-id rename TwoAxisDrive.xparam KTO-2A-16 KTO-2A-16B"));
   command.run = runRename;
@@ -190,9 +192,8 @@ SCommand renameCommand() {
 SCommand removeCommand() {
   SCommand command = editCommand(QStringLiteral("hardware-id remove"),
                                  Tool::tr("Remove a hardware id with all its values."));
-  command.arguments = {
-      fileArgument(),
-      idArgument(QStringLiteral("ID"), Tool::tr("The hardware id to remove; not the last one."))};
+  command.arguments = {fileArgument(),
+                       idArgument(Tool::tr("The hardware id to remove; not the last one."))};
   command.examples =
       QStringList(QStringLiteral("hardware-id remove TwoAxisDrive.xparam KTO-2A-16"));
   command.run = runRemove;

@@ -92,7 +92,7 @@ QVector<SCommand> importCommands() {
   command.options = {
       CommonOptions::required(CommonOptions::def(Tool::tr("The definition file of DEST."))),
       {kSourceHardwareId, QStringLiteral("ID"),
-       Tool::tr("The hardware id in SOURCE; needed when it has several.")},
+       Tool::tr("The hardware id in SOURCE; needed when it has several."), EWord::HardwareId},
       CommonOptions::hardwareId(Tool::tr("The hardware id in DEST; needed when it has several.")),
       {kKeepMissing,
        {},

@@ -106,9 +106,9 @@ QVector<SCommand> searchCommands() {
   command.details = Tool::tr(
       "Lists the definitions that have all words, or parts of words; capitals make no difference. "
       "The exit status is 1 when there are none.");
-  command.arguments = {
-      {QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
-      {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Text, SArgument::OneOrMore}};
+  command.arguments = {{QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
+                       {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Parameter,
+                        SArgument::OneOrMore}};
   command.options = {CommonOptions::json()};
   command.examples = QStringList(QStringLiteral("search TwoAxisDrive.xpdef velocity limit"));
   command.run = search;

@@ -110,7 +110,7 @@ QVector<SCommand> setCommands() {
   command.arguments = {
       {QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
       {QStringLiteral("NAME=VALUE"), Tool::tr("Names of parameters and their new values."),
-       EWord::Text, SArgument::OneOrMore}};
+       EWord::Assignment, SArgument::OneOrMore}};
   command.options = {
       CommonOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
       CommonOptions::subDevice(

@@ -130,8 +130,8 @@ SCommand copyCommand() {
       "What only TO had is removed. TO keeps its type and name when it has them.");
   command.arguments = {
       fileArgument(),
-      {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::Number},
-      {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::Number}};
+      {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
+      {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::SubDevice}};
   command.options = {
       CommonOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
       CommonOptions::dryRun(), CommonOptions::json()};

@@ -26,10 +26,15 @@ inline SOption required(SOption option) {
   return option;
 }
 inline SOption hardwareId(const QString& help) {
-  return {kHardwareId, QStringLiteral("ID"), help};
+  return {kHardwareId, QStringLiteral("ID"), help, EWord::HardwareId};
 }
 inline SOption subDevice(const QString& help) {
-  return {kSubDevice, QStringLiteral("N"), help, EWord::Number};
+  return {kSubDevice, QStringLiteral("N"), help, EWord::SubDevice};
+}
+inline SOption choice(QLatin1String name, const QStringList& choices, const QString& help) {
+  SOption option{name, QStringLiteral("FORMAT"), help};
+  option.choices = choices;
+  return option;
 }
 inline SOption dryRun() {
   return {kDryRun, {}, Tool::tr("Show what would be done, and leave the file as it is.")};

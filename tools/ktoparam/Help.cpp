@@ -23,13 +23,6 @@ QString argumentSyntax(const SArgument& argument) {
   }
 }
 
-QString optionSyntax(const SOption& option) {
-  const QString letter =
-      option.letter.isEmpty() ? QString() : QStringLiteral("-%1, ").arg(option.letter);
-  const QString dashed = letter + QStringLiteral("--") + option.name;
-  return option.valueName.isEmpty() ? dashed : dashed + QLatin1Char(' ') + option.valueName;
-}
-
 // Breaks at blanks; the first line begins behind `left`, the others under it.
 void printWrapped(const QString& left, const QString& text, COutput& out) {
   const QString indent(DisplayText::width(left), QLatin1Char(' '));
@@ -67,6 +60,13 @@ void printParagraphs(const QString& text, COutput& out) {
 }
 
 }  // namespace
+
+QString Help::optionSyntax(const SOption& option) {
+  const QString letter =
+      option.letter.isEmpty() ? QString() : QStringLiteral("-%1, ").arg(option.letter);
+  const QString dashed = letter + QStringLiteral("--") + option.name;
+  return option.valueName.isEmpty() ? dashed : dashed + QLatin1Char(' ') + option.valueName;
+}
 
 QString Help::syntax(const SCommand& command) {
   QStringList words(command.name);

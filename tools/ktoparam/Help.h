@@ -7,6 +7,8 @@ class COutput;
 /// The help texts, made from the records of the commands.
 namespace Help {
 
+/// "-o, --output OUT"
+QString optionSyntax(const SOption& option);
 /// "show FILE [options]"
 QString syntax(const SCommand& command);
 

@@ -15,8 +15,8 @@ enum EExitStatus {
   ExitFile = 3,      ///< a file could not be read or written
 };
 
-/// What a word on the command line stands for; files are what a shell completes.
-enum class EWord { Text, File, Number };
+/// What a word on the command line stands for, from which follows how it can be completed.
+enum class EWord { Text, File, HardwareId, SubDevice, Parameter, Assignment };
 
 /// A word that a command expects, by its place. Only the last one may be there more than once.
 struct SArgument {
@@ -36,6 +36,7 @@ struct SOption {
   EWord word = EWord::Text;
   QString letter = {};  ///< for "-o" beside "--name"; may be empty
   bool isRequired = false;
+  QStringList choices = {};  ///< all values that make sense, where they are few
 };
 
 /// A command of the tool. Parsing and help are made from these records and from nothing else.

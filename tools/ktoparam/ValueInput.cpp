@@ -119,13 +119,11 @@ bool isChoice(const CParamDefItem& definition, const CParamVal& value) {
 }
 
 QString typeOrChoiceProblem(const CParamDefItem& definition, const QString& text) {
-  QStringList names;
   QStringList choices;
   for (const SNamedI64Value& each : choicesOf(definition)) {
-    names.append(each.name);
     choices.append(QStringLiteral("%1 (%2)").arg(QString::number(each.value), each.name));
   }
-  const QString suggestion = Suggestion::didYouMean(text, names);
+  const QString suggestion = Suggestion::didYouMean(text, ValueInput::choiceNames(definition));
   if (allowsOtherValues(definition)) return typeProblem(definition.type(), text) + suggestion;
   return Tool::tr("\"%1\" is none of the choices.%2 They are: %3.")
       .arg(text, suggestion, Suggestion::listed(choices));
@@ -156,6 +154,12 @@ QString limitText(const ValueInput::SLimit& limit) {
 
 bool ValueInput::isNumber(NParamDef::EParamType type) {
   return type != NParamDef::PARAM_TYPE_UNDEF && type != NParamDef::PARAM_TYPE_STR;
+}
+
+QStringList ValueInput::choiceNames(const CParamDefItem& definition) {
+  QStringList names;
+  for (const SNamedI64Value& each : choicesOf(definition)) names.append(each.name);
+  return names;
 }
 
 QString ValueInput::valueOf(const CParamDefItem& definition, const QString& text,

@@ -10,6 +10,9 @@ namespace ValueInput {
 /// else it says why the text cannot be the value: it is not of the type, or is not a choice.
 QString valueOf(const CParamDefItem& definition, const QString& text, CParamVal& value);
 
+/// The names that may stand for values: those of choices, radio buttons and check box states.
+QStringList choiceNames(const CParamDefItem& definition);
+
 /// A limit of a value and where it comes from.
 struct SLimit {
   CParamVal value;

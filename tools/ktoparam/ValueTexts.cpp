@@ -23,8 +23,8 @@ QString checkName(const NParamDef::SCheckValues& states, qint64 number) {
 // All bits of the number, negative ones included.
 bool bitsOf(const CParamVal& value, quint64& bits) {
   unsigned long long number = 0;
-  long long signedNumber = 0;
   if (!value.value(number)) {
+    long long signedNumber = 0;
     if (!value.value(signedNumber)) return false;
     number = static_cast<unsigned long long>(signedNumber);
   }

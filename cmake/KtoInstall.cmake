@@ -3,6 +3,8 @@
 # nothing else is for development, and in the tool's folder for the tool.
 include(CMakePackageConfigHelpers)
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
+# The languages of messages.
+set(kto_translations_dir ${CMAKE_INSTALL_DATADIR}/ktoParameter/translations)
 
 # Installs public headers of one of the two libraries under include/<component>.
 function(kto_install_headers component)
@@ -29,7 +31,8 @@ function(kto_install_cmake_package)
   install(EXPORT ktoParameterTargets NAMESPACE kto:: DESTINATION ${package_dir})
   configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/ktoParameterConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/ktoParameterConfig.cmake INSTALL_DESTINATION ${package_dir})
+    ${PROJECT_BINARY_DIR}/ktoParameterConfig.cmake INSTALL_DESTINATION ${package_dir}
+    PATH_VARS kto_translations_dir)
   write_basic_package_version_file(
     ${PROJECT_BINARY_DIR}/ktoParameterConfigVersion.cmake COMPATIBILITY SameMajorVersion)
   install(FILES ${PROJECT_BINARY_DIR}/ktoParameterConfig.cmake

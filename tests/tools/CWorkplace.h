@@ -19,7 +19,8 @@ struct SRun {
 /// A folder of its own with copies of the example files and of those in "files".
 class CWorkplace {
  public:
-  CWorkplace() {
+  /// The tool runs in the locale, which need not be installed on the machine.
+  explicit CWorkplace(const char* locale = "C") : mLocale(QString::fromLatin1(locale)) {
     for (const char* folder : {KTO_EXAMPLE_DATA, KTO_TOOL_TESTS "/files"}) {
       const QDir source(QString::fromLocal8Bit(folder));
       for (const QString& name : source.entryList(QDir::Files)) {
@@ -34,7 +35,11 @@ class CWorkplace {
     QProcess process;
     process.setWorkingDirectory(mFolder.path());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    environment.insert(QStringLiteral("LC_ALL"), mLocale);
+    environment.remove(QStringLiteral("LANGUAGE"));
+#ifdef KTO_LOCALES
+    environment.insert(QStringLiteral("LOCPATH"), QStringLiteral(KTO_LOCALES));
+#endif
     process.setProcessEnvironment(environment);
     if (!resultFile.isEmpty()) process.setStandardOutputFile(resultFile);
     process.start(QStringLiteral(KTO_TOOL), words);
@@ -58,5 +63,6 @@ class CWorkplace {
   }
 
  private:
+  const QString mLocale;
   QTemporaryDir mFolder;
 };

@@ -77,7 +77,7 @@ QString Help::syntax(const SCommand& command) {
       words.append(QStringLiteral("--%1 %2").arg(option.name, option.valueName));
     hasMore = hasMore || !option.isRequired;
   }
-  if (hasMore) words.append(QStringLiteral("[options]"));
+  if (hasMore) words.append(Tool::tr("[options]"));
   return words.join(QLatin1Char(' '));
 }
 

@@ -1,0 +1,51 @@
+# Fails when a translation lacks a text of the sources, has one too many, is unfinished, or has
+# other placeholders than its source. Needs LUPDATE, SOURCE_DIR and WORK_DIR.
+function(complain text)
+  message(SEND_ERROR "${text}")
+endfunction()
+
+# `name`_<language>.ts, brought up to date with the folders, must be what it was.
+function(check_texts ts)
+  cmake_path(GET ts FILENAME name)
+  file(COPY ${ts} DESTINATION ${WORK_DIR}/translations)
+  execute_process(COMMAND ${LUPDATE} -silent -locations none -no-obsolete ${ARGN}
+                          -ts ${WORK_DIR}/translations/${name} COMMAND_ERROR_IS_FATAL ANY)
+  file(READ ${ts} committed)
+  file(READ ${WORK_DIR}/translations/${name} updated)
+  if(NOT committed STREQUAL updated)
+    complain("${name} is not that of the sources; see CONTRIBUTING.md, `translate`")
+  endif()
+  check_messages(${name} "${updated}")
+endfunction()
+
+function(check_messages name texts)
+  # A semicolon would end an element of the list, and a bracket keeps two together.
+  string(REGEX REPLACE "[][;]" "," texts "${texts}")
+  string(REGEX MATCHALL "<source>[^<]*</source>[^<]*<translation[^<]*</translation>" messages "${texts}")
+  foreach(message IN LISTS messages)
+    string(REGEX MATCH "<source>(.*)</source>.*(<translation.*)</translation>" pair "${message}")
+    set(source "${CMAKE_MATCH_1}")
+    set(translation "${CMAKE_MATCH_2}")
+    foreach(side source translation)
+      string(REGEX MATCHALL "%[0-9]" ${side}_places "${${side}}")
+      list(REMOVE_DUPLICATES ${side}_places)
+      list(SORT ${side}_places)
+    endforeach()
+    if(translation MATCHES "unfinished|<translation>$" OR
+       NOT source_places STREQUAL translation_places)
+      complain("${name}: ${source} -> ${translation}")
+    endif()
+  endforeach()
+  list(LENGTH messages count)
+  message(STATUS "${name}: ${count} texts")
+endfunction()
+
+file(REMOVE_RECURSE ${WORK_DIR})
+file(GLOB library_texts ${SOURCE_DIR}/translations/ktoParameter_*.ts)
+file(GLOB tool_texts ${SOURCE_DIR}/translations/ktoparam_*.ts)
+foreach(ts ${library_texts})
+  check_texts(${ts} ${SOURCE_DIR}/framework ${SOURCE_DIR}/src ${SOURCE_DIR}/include)
+endforeach()
+foreach(ts ${tool_texts})
+  check_texts(${ts} ${SOURCE_DIR}/tools/ktoparam)
+endforeach()

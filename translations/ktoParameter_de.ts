@@ -1,0 +1,947 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>CAtomicFile</name>
+    <message>
+        <source>this is not a regular file.</source>
+        <translation>dies ist keine reguläre Datei.</translation>
+    </message>
+    <message>
+        <source>the file cannot be opened: %1.</source>
+        <translation>die Datei kann nicht geöffnet werden: %1.</translation>
+    </message>
+    <message>
+        <source>the file is larger than 512 MiB.</source>
+        <translation>die Datei ist größer als 512 MiB.</translation>
+    </message>
+    <message>
+        <source>there is not enough memory to read the file.</source>
+        <translation>der Speicher reicht nicht aus, um die Datei zu lesen.</translation>
+    </message>
+    <message>
+        <source>the file cannot be read: %1.</source>
+        <translation>die Datei kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>this is not a regular file and is not replaced.</source>
+        <translation>dies ist keine reguläre Datei; sie wird nicht ersetzt.</translation>
+    </message>
+    <message>
+        <source>the file cannot be written: %1.</source>
+        <translation>die Datei kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>its permissions cannot be set</source>
+        <translation>ihre Zugriffsrechte können nicht gesetzt werden</translation>
+    </message>
+    <message>
+        <source>the file cannot be written, the old one is kept: %1.</source>
+        <translation>die Datei kann nicht geschrieben werden, die alte bleibt erhalten: %1.</translation>
+    </message>
+    <message>
+        <source>the file cannot be replaced, the old one is kept: %1.</source>
+        <translation>die Datei kann nicht ersetzt werden, die alte bleibt erhalten: %1.</translation>
+    </message>
+    <message>
+        <source>the file is written, but its folder could not be brought to the disk: %1.</source>
+        <translation>die Datei ist geschrieben, aber ihr Ordner konnte nicht auf die Platte gesichert werden: %1.</translation>
+    </message>
+    <message>
+        <source>this is not a regular file and is not kept as a backup.</source>
+        <translation>dies ist keine reguläre Datei; sie wird nicht als Sicherung aufgehoben.</translation>
+    </message>
+    <message>
+        <source>the file cannot be kept as &quot;%1&quot;: %2.</source>
+        <translation>die Datei kann nicht als &quot;%1&quot; aufgehoben werden: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>CCompensationFileImpl</name>
+    <message>
+        <source>Old compensation data point format found.</source>
+        <translation>Kompensationspunkte im alten Format gefunden.</translation>
+    </message>
+    <message>
+        <source>Parse error, %1 not found.</source>
+        <translation>Fehler beim Lesen, %1 nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>The element &quot;%1&quot; could not be written.</source>
+        <translation>Das Element &quot;%1&quot; konnte nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>CDomDoc</name>
+    <message>
+        <source>There is not enough memory to read the document.</source>
+        <translation>Der Speicher reicht nicht aus, um das Dokument zu lesen.</translation>
+    </message>
+    <message>
+        <source>The encoding &quot;%1&quot; is not supported for writing.</source>
+        <translation>Die Zeichenkodierung &quot;%1&quot; wird beim Schreiben nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>There is no document to write.</source>
+        <translation>Es gibt kein Dokument, das geschrieben werden könnte.</translation>
+    </message>
+    <message>
+        <source>The document has too many nodes, names or characters, so the file could not be read again.</source>
+        <translation>Das Dokument hat zu viele Knoten, Namen oder Zeichen; die Datei könnte nicht wieder gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The elements are nested deeper than %1, so the file could not be read again.</source>
+        <translation>Die Elemente sind tiefer als %1 verschachtelt; die Datei könnte nicht wieder gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The document is larger than 512 MiB, so the file could not be read again.</source>
+        <translation>Das Dokument ist größer als 512 MiB; die Datei könnte nicht wieder gelesen werden.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of an XML element.</source>
+        <translation>&quot;%1&quot; kann nicht der Name eines XML-Elements sein.</translation>
+    </message>
+    <message>
+        <source>%1: attribute &quot;%2&quot; holds the character %3, which XML cannot hold.</source>
+        <translation>%1: Das Attribut &quot;%2&quot; enthält das Zeichen %3, das in XML nicht stehen kann.</translation>
+    </message>
+    <message>
+        <source>%1: the text of &lt;%2&gt; holds the character %3, which XML cannot hold.</source>
+        <translation>%1: Der Text von &lt;%2&gt; enthält das Zeichen %3, das in XML nicht stehen kann.</translation>
+    </message>
+    <message>
+        <source>an unsigned 8-bit number (0 to 255)</source>
+        <translation>eine 8-Bit-Zahl ohne Vorzeichen (0 bis 255)</translation>
+    </message>
+    <message>
+        <source>an unsigned 32-bit number</source>
+        <translation>eine 32-Bit-Zahl ohne Vorzeichen</translation>
+    </message>
+    <message>
+        <source>a signed 32-bit number</source>
+        <translation>eine 32-Bit-Zahl mit Vorzeichen</translation>
+    </message>
+    <message>
+        <source>a signed 64-bit number</source>
+        <translation>eine 64-Bit-Zahl mit Vorzeichen</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; of &lt;%2&gt; is &quot;%3&quot;, not %4.</source>
+        <translation>Das Attribut &quot;%1&quot; von &lt;%2&gt; ist &quot;%3&quot; und nicht %4.</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; of &lt;%2&gt; is missing.</source>
+        <translation>Das Attribut &quot;%1&quot; von &lt;%2&gt; fehlt.</translation>
+    </message>
+    <message>
+        <source>&quot;true&quot; or &quot;false&quot;</source>
+        <translation>&quot;true&quot; oder &quot;false&quot;</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; in &lt;%2&gt; is missing.</source>
+        <translation>&lt;%1&gt; fehlt in &lt;%2&gt;.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is &quot;%2&quot;, not %3.</source>
+        <translation>&lt;%1&gt; ist &quot;%2&quot; und nicht %3.</translation>
+    </message>
+</context>
+<context>
+    <name>CParamBaseFile</name>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
+    <name>CParamDefFile</name>
+    <message>
+        <source>Parameter (Id=%1) -&gt; </source>
+        <translation>Parameter (Id=%1) -&gt; </translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot; parse error: </source>
+        <translation>Datei &quot;%1&quot;: Fehler beim Lesen: </translation>
+    </message>
+    <message>
+        <source>There is no data section !</source>
+        <translation>Der Datenabschnitt fehlt!</translation>
+    </message>
+    <message>
+        <source>Parameter (Id=%1) -&gt; Type &quot;%2&quot; is not valid.</source>
+        <translation>Parameter (Id=%1) -&gt; Der Typ &quot;%2&quot; ist ungültig.</translation>
+    </message>
+    <message>
+        <source>Parameter (Id=%1, Tag &lt;%2&gt;) -&gt; &quot;%3&quot; is not a valid u32 value.</source>
+        <translation>Parameter (Id=%1, Element &lt;%2&gt;) -&gt; &quot;%3&quot; ist kein gültiger u32-Wert.</translation>
+    </message>
+    <message>
+        <source>Parameter (Id=%1) -&gt; Section=&lt;%2&gt;, </source>
+        <translation>Parameter (Id=%1) -&gt; Abschnitt=&lt;%2&gt;, </translation>
+    </message>
+    <message>
+        <source>Tag &lt;%1&gt; Attribute &quot;%2&quot; -&gt; %3 exceeds the valid bit position range (0...%4).</source>
+        <translation>Element &lt;%1&gt;, Attribut &quot;%2&quot; -&gt; %3 liegt außerhalb der gültigen Bitpositionen (0...%4).</translation>
+    </message>
+    <message>
+        <source>Threre is alredy a Parameter with name &quot;%1&quot;.</source>
+        <translation>Es gibt bereits einen Parameter mit dem Namen &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Threre is alredy a Parameter with name = &quot;%1&quot;.</source>
+        <translation>Es gibt bereits einen Parameter mit dem Namen &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Parameter (Id=%1, Section=&lt;%2&gt;) -&gt; </source>
+        <translation>Parameter (Id=%1, Abschnitt=&lt;%2&gt;) -&gt; </translation>
+    </message>
+    <message>
+        <source>Two definitions bear the name &quot;%1&quot;.</source>
+        <translation>Zwei Definitionen tragen den Namen &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>The definitions &quot;%1&quot; and &quot;%2&quot; bear the same id %3.</source>
+        <translation>Die Definitionen &quot;%1&quot; und &quot;%2&quot; tragen dieselbe ID %3.</translation>
+    </message>
+    <message>
+        <source>Parameter &apos;%1&apos; -&gt; Minimum exceeds Maximum.</source>
+        <translation>Parameter &apos;%1&apos; -&gt; Das Minimum ist größer als das Maximum.</translation>
+    </message>
+    <message>
+        <source>Parameter (Id=%1) -&gt; The name &quot;%2&quot; is reserved.</source>
+        <translation>Parameter (Id=%1) -&gt; Der Name &quot;%2&quot; ist reserviert.</translation>
+    </message>
+</context>
+<context>
+    <name>CParamLineIndex</name>
+    <message>
+        <source>The file is neither a definition file nor a value file.</source>
+        <translation>Die Datei ist weder eine Definitionsdatei noch eine Wertedatei.</translation>
+    </message>
+</context>
+<context>
+    <name>CParamValueFile</name>
+    <message>
+        <source>Parameter definition file &quot;%1&quot; loaded successfully.</source>
+        <translation>Die Parameter-Definitionsdatei &quot;%1&quot; wurde geladen.</translation>
+    </message>
+    <message>
+        <source>Parameter file &quot;%1&quot; loaded successfully. There are parameters for %2 hardware id(s).</source>
+        <translation>Die Parameterdatei &quot;%1&quot; wurde geladen. Sie enthält Parameter für %2 Hardware-ID(s).</translation>
+    </message>
+    <message>
+        <source>Parameter file &quot;%1&quot; loaded successfully. There are parameters for %2 subdevice(s).</source>
+        <translation>Die Parameterdatei &quot;%1&quot; wurde geladen. Sie enthält Parameter für %2 Subdevice(s).</translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot; parse error: </source>
+        <translation>Datei &quot;%1&quot;: Fehler beim Lesen: </translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot; load error: </source>
+        <translation>Datei &quot;%1&quot;: Fehler beim Laden: </translation>
+    </message>
+    <message>
+        <source>The hardware ids &quot;%1&quot; and &quot;%2&quot; differ in nothing but blanks around them.</source>
+        <translation>Die Hardware-IDs &quot;%1&quot; und &quot;%2&quot; unterscheiden sich nur durch Leerzeichen am Anfang oder Ende.</translation>
+    </message>
+    <message>
+        <source>There is no data section !</source>
+        <translation>Der Datenabschnitt fehlt!</translation>
+    </message>
+    <message>
+        <source>There are multiple data sections with hardware id %1!</source>
+        <translation>Es gibt mehrere Datenabschnitte mit der Hardware-ID %1!</translation>
+    </message>
+    <message>
+        <source>There are multiple subdevices with subid %1!</source>
+        <translation>Es gibt mehrere Subdevices mit der ID %1!</translation>
+    </message>
+    <message>
+        <source>Parametes successfully read from sub device %1.</source>
+        <translation>Parameter von Subdevice %1 erfolgreich gelesen.</translation>
+    </message>
+    <message>
+        <source>The parameter file does not contain sub devices.</source>
+        <translation>Die Parameterdatei enthält keine Subdevices.</translation>
+    </message>
+    <message>
+        <source>Parametes successfully read from first sub device as subDevId %1.</source>
+        <translation>Parameter des ersten Subdevice erfolgreich als Subdevice %1 gelesen.</translation>
+    </message>
+    <message>
+        <source>A parameter with this name alrady exists !</source>
+        <translation>Es gibt bereits einen Parameter mit diesem Namen!</translation>
+    </message>
+    <message>
+        <source>Parameter (name=%1) -&gt; </source>
+        <translation>Parameter (Name=%1) -&gt; </translation>
+    </message>
+    <message>
+        <source>Line %1: attribute &quot;%2&quot; of &lt;%3&gt; is %4, which stands for no id.</source>
+        <translation>Zeile %1: Das Attribut &quot;%2&quot; von &lt;%3&gt; ist %4, was für keine ID steht.</translation>
+    </message>
+    <message>
+        <source>Line %1: the name &quot;%2&quot; is reserved.</source>
+        <translation>Zeile %1: Der Name &quot;%2&quot; ist reserviert.</translation>
+    </message>
+</context>
+<context>
+    <name>CParamValueText</name>
+    <message>
+        <source>checked</source>
+        <translation>gesetzt</translation>
+    </message>
+    <message>
+        <source>unchecked</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>undefined</source>
+        <translation>unbestimmt</translation>
+    </message>
+</context>
+<context>
+    <name>CParameterFileChecker</name>
+    <message>
+        <source>The minimum %1 is above the maximum %2.</source>
+        <translation>Das Minimum %1 ist größer als das Maximum %2.</translation>
+    </message>
+    <message>
+        <source>Two states of the check box have the same value.</source>
+        <translation>Zwei Zustände des Kontrollkästchens haben denselben Wert.</translation>
+    </message>
+    <message>
+        <source>The id %1 is that of &quot;%2&quot; already.</source>
+        <translation>Die ID %1 gehört bereits zu &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The limit &quot;%1&quot; is no number of the type %2 that others can be compared with.</source>
+        <translation>Die Grenze &quot;%1&quot; ist keine Zahl vom Typ %2, mit der andere verglichen werden können.</translation>
+    </message>
+    <message>
+        <source>The limit parameter %1 is not defined.</source>
+        <translation>Der Grenzparameter %1 ist nicht definiert.</translation>
+    </message>
+    <message>
+        <source>The limit parameter &quot;%1&quot; is no number.</source>
+        <translation>Der Grenzparameter &quot;%1&quot; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The parameter %1, on which the visibility depends, is not defined.</source>
+        <translation>Der Parameter %1, von dem die Sichtbarkeit abhängt, ist nicht definiert.</translation>
+    </message>
+    <message>
+        <source>The unit %1 is not defined.</source>
+        <translation>Die Einheit %1 ist nicht definiert.</translation>
+    </message>
+    <message>
+        <source>Default: %1</source>
+        <translation>Vorgabewert: %1</translation>
+    </message>
+    <message>
+        <source>Another choice has the value %1 of &quot;%2&quot;, too.</source>
+        <translation>Ein weiterer Auswahlwert hat den Wert %1 von &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>Another choice than %1 has the name &quot;%2&quot;, too.</source>
+        <translation>Ein weiterer Auswahlwert als %1 hat den Namen &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The choice %1 is no number of the type %2.</source>
+        <translation>Der Auswahlwert %1 ist keine Zahl vom Typ %2.</translation>
+    </message>
+    <message>
+        <source>The bit %1 has another name than &quot;%2&quot;, too.</source>
+        <translation>Das Bit %1 hat noch einen anderen Namen als &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The type %1 has no bit %2.</source>
+        <translation>Der Typ %1 hat kein Bit %2.</translation>
+    </message>
+    <message>
+        <source>The parameter is not defined.</source>
+        <translation>Der Parameter ist nicht definiert.</translation>
+    </message>
+    <message>
+        <source>The parameter is not defined; the definition of its id %1 has the name &quot;%2&quot;.</source>
+        <translation>Der Parameter ist nicht definiert; die Definition seiner ID %1 hat den Namen &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The parameter has the id %1, its definition has %2.</source>
+        <translation>Der Parameter hat die ID %1, seine Definition %2.</translation>
+    </message>
+    <message>
+        <source>The parameter is defined, but no sub-device has it.</source>
+        <translation>Der Parameter ist definiert, aber kein Subdevice hat ihn.</translation>
+    </message>
+    <message>
+        <source>%1 is not one of the choices.</source>
+        <translation>%1 ist keiner der Auswahlwerte.</translation>
+    </message>
+    <message>
+        <source>%1 is not one of the radio buttons.</source>
+        <translation>%1 ist keines der Optionsfelder.</translation>
+    </message>
+    <message>
+        <source>%1 is not one of the check box&apos;s states.</source>
+        <translation>%1 ist keiner der Zustände des Kontrollkästchens.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number of the type %2.</source>
+        <translation>&quot;%1&quot; ist keine Zahl vom Typ %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be compared with the limits.</source>
+        <translation>%1 kann nicht mit den Grenzen verglichen werden.</translation>
+    </message>
+    <message>
+        <source>%1 is below the minimum %2.</source>
+        <translation>%1 ist kleiner als das Minimum %2.</translation>
+    </message>
+    <message>
+        <source>%1 is above the maximum %2.</source>
+        <translation>%1 ist größer als das Maximum %2.</translation>
+    </message>
+    <message>
+        <source>%1 is below %2, the value of &quot;%3&quot;.</source>
+        <translation>%1 ist kleiner als %2, der Wert von &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>%1 is above %2, the value of &quot;%3&quot;.</source>
+        <translation>%1 ist größer als %2, der Wert von &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>Bits are set that have no name: %1.</source>
+        <translation>Es sind Bits gesetzt, die keinen Namen haben: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>CParameterFileErrorHandler</name>
+    <message>
+        <source>Hardware id &apos;%1&apos; is wrong. Expected was &apos;%2&apos;.</source>
+        <translation>Die Hardware-ID &apos;%1&apos; ist falsch. Erwartet wurde &apos;%2&apos;.</translation>
+    </message>
+    <message>
+        <source>There is no matching hardware id for &apos;%1&apos;.</source>
+        <translation>Es gibt keine passende Hardware-ID für &apos;%1&apos;.</translation>
+    </message>
+</context>
+<context>
+    <name>CParameterFileImpl</name>
+    <message>
+        <source>The name &quot;%1&quot; is reserved.</source>
+        <translation>Der Name &quot;%1&quot; ist reserviert.</translation>
+    </message>
+    <message>
+        <source>Loading parameter definition file failed</source>
+        <translation>Das Laden der Parameter-Definitionsdatei ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Saving parameter definition file failed</source>
+        <translation>Das Speichern der Parameter-Definitionsdatei ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Loading parameter value file failed</source>
+        <translation>Das Laden der Parameter-Wertedatei ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Saving parameter value file failed</source>
+        <translation>Das Speichern der Parameter-Wertedatei ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Saving parameters for hardware ID &quot;%1&quot; failed because there are no parameters.</source>
+        <translation>Die Parameter der Hardware-ID &quot;%1&quot; wurden nicht gespeichert, weil es keine gibt.</translation>
+    </message>
+    <message>
+        <source>importParamFile() Loading parameter value file failed</source>
+        <translation>importParamFile(): Das Laden der Parameter-Wertedatei ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; does not exist. Select failed.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es nicht. Auswahl fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; already exists. Add failed.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es bereits. Hinzufügen fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Cannot remove the active hardware id &quot;%1&quot;.</source>
+        <translation>Die aktive Hardware-ID &quot;%1&quot; kann nicht entfernt werden.</translation>
+    </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; does not exist. Remove failed.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es nicht. Entfernen fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; does not exist. Rename failed.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es nicht. Umbenennen fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; already exists. Rename failed.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es bereits. Umbenennen fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Source hardware id &quot;%1&quot; does not exist. Clone failed.</source>
+        <translation>Die Quell-Hardware-ID &quot;%1&quot; gibt es nicht. Kopieren fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; already exists. Clone failed.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es bereits. Kopieren fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Other instance is not from type CParameterFileBaseImpl. Clone failed.</source>
+        <translation>Das andere Objekt ist nicht vom Typ CParameterFileBaseImpl. Kopieren fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Other instance does not contain hardware id &quot;%1&quot;. Clone failed.</source>
+        <translation>Das andere Objekt enthält die Hardware-ID &quot;%1&quot; nicht. Kopieren fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Other instance is not from type CParameterFileBaseImpl. Import failed.</source>
+        <translation>Das andere Objekt ist nicht vom Typ CParameterFileBaseImpl. Import fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Other instance does not contain source hardware id &quot;%1&quot;. Import failed.</source>
+        <translation>Das andere Objekt enthält die Quell-Hardware-ID &quot;%1&quot; nicht. Import fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>The parameter file does not contain any hardware ID.</source>
+        <translation>Die Parameterdatei enthält keine Hardware-ID.</translation>
+    </message>
+    <message>
+        <source>Destination hardware id &quot;%1&quot; does not exist. Import failed.</source>
+        <translation>Die Ziel-Hardware-ID &quot;%1&quot; gibt es nicht. Import fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Sub device %1 does not exist. Copying it to sub device %2 failed.</source>
+        <translation>Das Subdevice %1 gibt es nicht. Es konnte nicht in das Subdevice %2 kopiert werden.</translation>
+    </message>
+    <message>
+        <source>Sub device %1 cannot be copied to itself.</source>
+        <translation>Das Subdevice %1 kann nicht in sich selbst kopiert werden.</translation>
+    </message>
+    <message>
+        <source>addGroup(&quot;%1&quot;) failed because the given parent is NULL!</source>
+        <translation>addGroup(&quot;%1&quot;) ist fehlgeschlagen, weil die übergeordnete Gruppe NULL ist!</translation>
+    </message>
+    <message>
+        <source>SubDevice %1 : Adding group &quot;%2&quot; to parent &quot;%3&quot; failed because there is alrady a parameter with the same name!</source>
+        <translation>Subdevice %1: Die Gruppe &quot;%2&quot; kann nicht zu &quot;%3&quot; hinzugefügt werden, weil es dort bereits einen Parameter mit diesem Namen gibt!</translation>
+    </message>
+    <message>
+        <source>A group needs a name.</source>
+        <translation>Eine Gruppe braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>SubDevice %1 : Adding group &quot;%2&quot; failed because groups can be nested %3 deep at most!</source>
+        <translation>Subdevice %1: Die Gruppe &quot;%2&quot; kann nicht hinzugefügt werden, weil Gruppen höchstens %3 tief verschachtelt werden können!</translation>
+    </message>
+    <message>
+        <source>Adding &quot;%1&quot; failed because the given parent is no group of the active hardware id!</source>
+        <translation>&quot;%1&quot; kann nicht hinzugefügt werden, weil der übergeordnete Knoten keine Gruppe der aktiven Hardware-ID ist!</translation>
+    </message>
+    <message>
+        <source>addParameter(&quot;%1&quot;) failed because the given parent is NULL!</source>
+        <translation>addParameter(&quot;%1&quot;) ist fehlgeschlagen, weil die übergeordnete Gruppe NULL ist!</translation>
+    </message>
+    <message>
+        <source>SubDevice %1 : Adding parameter &quot;%2&quot; failed because the parameter definition is missing!</source>
+        <translation>Subdevice %1: Der Parameter &quot;%2&quot; kann nicht hinzugefügt werden, weil seine Definition fehlt!</translation>
+    </message>
+    <message>
+        <source>SubDevice %1 : Adding parameter &quot;%2&quot; failed because there is alrady a parameter with the same name!</source>
+        <translation>Subdevice %1: Der Parameter &quot;%2&quot; kann nicht hinzugefügt werden, weil es bereits einen Parameter mit diesem Namen gibt!</translation>
+    </message>
+    <message>
+        <source>Deleting a node failed because it does not belong to the active hardware id!</source>
+        <translation>Ein Knoten kann nicht gelöscht werden, weil er nicht zur aktiven Hardware-ID gehört!</translation>
+    </message>
+    <message>
+        <source>SubDevice %1 : Node &quot;%2&quot; is the root node and cannot be deleted!</source>
+        <translation>Subdevice %1: Der Knoten &quot;%2&quot; ist die Wurzel und kann nicht gelöscht werden!</translation>
+    </message>
+    <message>
+        <source>There is no parameter defined with name &quot;%1&quot;.</source>
+        <translation>Es ist kein Parameter mit dem Namen &quot;%1&quot; definiert.</translation>
+    </message>
+    <message>
+        <source>Parameter file idByName() failed</source>
+        <translation>Parameterdatei: idByName() ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>There is no parameter defined with id %1.</source>
+        <translation>Es ist kein Parameter mit der ID %1 definiert.</translation>
+    </message>
+    <message>
+        <source>Parameter file nameById() failed</source>
+        <translation>Parameterdatei: nameById() ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>There is no parameter defined with name %1.</source>
+        <translation>Es ist kein Parameter mit dem Namen %1 definiert.</translation>
+    </message>
+    <message>
+        <source>Parameter file paramDefPtr() failed</source>
+        <translation>Parameterdatei: paramDefPtr() ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>setParamValue() failed because there is no parameter list for hardware id &quot;%1&quot; and sub device %2</source>
+        <translation>setParamValue() ist fehlgeschlagen, weil es keine Parameterliste für die Hardware-ID &quot;%1&quot; und das Subdevice %2 gibt</translation>
+    </message>
+    <message>
+        <source>setParamValue() failed because there is no parameter value for sub device %1 and name &quot;%2&quot;</source>
+        <translation>setParamValue() ist fehlgeschlagen, weil es im Subdevice %1 keinen Wert mit dem Namen &quot;%2&quot; gibt</translation>
+    </message>
+    <message>
+        <source>Parameter file addDef() failed</source>
+        <translation>Parameterdatei: addDef() ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>A parameter definition needs a name.</source>
+        <translation>Eine Parameterdefinition braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>There is already a parameter defined with name &quot;%1&quot;.</source>
+        <translation>Es ist bereits ein Parameter mit dem Namen &quot;%1&quot; definiert.</translation>
+    </message>
+    <message>
+        <source>Parameter &quot;%1&quot; cannot have the id %2, which belongs to parameter &quot;%3&quot;.</source>
+        <translation>Der Parameter &quot;%1&quot; kann die ID %2 nicht bekommen; sie gehört zum Parameter &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>Definition is missing.</source>
+        <translation>Die Definition fehlt.</translation>
+    </message>
+    <message>
+        <source>Definition of parameter &quot;%1&quot; not found. Import failed.</source>
+        <translation>Die Definition des Parameters &quot;%1&quot; wurde nicht gefunden. Import fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Default value is used.</source>
+        <translation>Der Vorgabewert wird verwendet.</translation>
+    </message>
+    <message>
+        <source>The parameter is not defined and is skipped.</source>
+        <translation>Der Parameter ist nicht definiert und wird übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 of sub device %2:</source>
+        <translation>%1 von Subdevice %2:</translation>
+    </message>
+</context>
+<context>
+    <name>CParameterFileMerge</name>
+    <message>
+        <source>Only files of this library can be merged.</source>
+        <translation>Nur Dateien dieser Bibliothek können zusammengeführt werden.</translation>
+    </message>
+    <message>
+        <source>Files of different types cannot be merged.</source>
+        <translation>Dateien verschiedener Typen können nicht zusammengeführt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>CParameterFileModel</name>
+    <message>
+        <source>Only a sub-device or a group can hold groups and parameters.</source>
+        <translation>Nur ein Subdevice oder eine Gruppe kann Gruppen und Parameter enthalten.</translation>
+    </message>
+    <message>
+        <source>There are no such groups or parameters.</source>
+        <translation>Solche Gruppen oder Parameter gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Sub-device %1</source>
+        <translation>Subdevice %1</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>Hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>There is no such value.</source>
+        <translation>Diesen Wert gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The parameter is not defined.</source>
+        <translation>Der Parameter ist nicht definiert.</translation>
+    </message>
+</context>
+<context>
+    <name>CSettingsFileImpl</name>
+    <message>
+        <source>File &quot;%1&quot; parse error: </source>
+        <translation>Datei &quot;%1&quot;: Fehler beim Lesen: </translation>
+    </message>
+    <message>
+        <source>Bytearray parse error: </source>
+        <translation>Bytefolge: Fehler beim Lesen: </translation>
+    </message>
+    <message>
+        <source>Error while parsing TAG &lt;%1&gt; in line %2 : Unknown or missing attribute &quot;%3&quot;.</source>
+        <translation>Fehler beim Lesen des Elements &lt;%1&gt; in Zeile %2: Unbekanntes oder fehlendes Attribut &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>Error while parsing TAG &lt;%1&gt; in line %2 : Missing value Text.</source>
+        <translation>Fehler beim Lesen des Elements &lt;%1&gt; in Zeile %2: Der Text des Wertes fehlt.</translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot;: %2</source>
+        <translation>Datei &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>There are no settings to save.</source>
+        <translation>Es gibt keine Einstellungen zu speichern.</translation>
+    </message>
+    <message>
+        <source>The value &lt;%1&gt; of type %2 has no text, so it could not be loaded again.</source>
+        <translation>Der Wert &lt;%1&gt; vom Typ %2 hat keinen Text und könnte nicht wieder geladen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>CSimpleParamReaderImpl</name>
+    <message>
+        <source>Saving changed parameter definition file &quot;%1&quot;.</source>
+        <translation>Die geänderte Parameter-Definitionsdatei &quot;%1&quot; wird gespeichert.</translation>
+    </message>
+    <message>
+        <source>Saving changed parameter file &quot;%1&quot;.</source>
+        <translation>Die geänderte Parameterdatei &quot;%1&quot; wird gespeichert.</translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot; was not loaded and is not replaced: %2</source>
+        <translation>Die Datei &quot;%1&quot; wurde nicht geladen und wird nicht ersetzt: %2</translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot; was not loaded and is replaced. The old file is kept as &quot;%2&quot;.</source>
+        <translation>Die Datei &quot;%1&quot; wurde nicht geladen und wird ersetzt. Die alte Datei bleibt als &quot;%2&quot; erhalten.</translation>
+    </message>
+    <message>
+        <source>Error : Parameter &quot;%1&quot; does nor exist on subdevice %2.
+</source>
+        <translation>Fehler: Den Parameter &quot;%1&quot; gibt es im Subdevice %2 nicht.
+</translation>
+    </message>
+    <message>
+        <source>Error while reading parameter &quot;%1&quot; on subdevice %2 : Value &quot;%3&quot; is not an f64 value. Default Value %4 is taken.</source>
+        <translation>Fehler beim Lesen des Parameters &quot;%1&quot; im Subdevice %2: Der Wert &quot;%3&quot; ist kein f64-Wert. Der Vorgabewert %4 wird verwendet.</translation>
+    </message>
+    <message>
+        <source>Error : Parameter &quot;%1&quot; does not exist on subdevice %2.
+</source>
+        <translation>Fehler: Den Parameter &quot;%1&quot; gibt es im Subdevice %2 nicht.
+</translation>
+    </message>
+    <message>
+        <source>Error while reading parameter &quot;%1&quot; on subdevice %2 : Value &quot;%3&quot; is not an f64 value.
+</source>
+        <translation>Fehler beim Lesen des Parameters &quot;%1&quot; im Subdevice %2: Der Wert &quot;%3&quot; ist kein f64-Wert.
+</translation>
+    </message>
+    <message>
+        <source>Error : Cannot change the value of parameter &quot;%1&quot; on sub device %2 because the file is write protected !
+</source>
+        <translation>Fehler: Der Wert des Parameters &quot;%1&quot; im Subdevice %2 kann nicht geändert werden, weil die Datei schreibgeschützt ist!
+</translation>
+    </message>
+    <message>
+        <source>Error : Cannot delete Group &quot;%1&quot; on sub device %2 because the file is write protected !
+</source>
+        <translation>Fehler: Die Gruppe &quot;%1&quot; im Subdevice %2 kann nicht gelöscht werden, weil die Datei schreibgeschützt ist!
+</translation>
+    </message>
+    <message>
+        <source>Warning : Cannot delete Group &quot;%1&quot; on sub device %2 because the group does not exist !
+</source>
+        <translation>Warnung: Die Gruppe &quot;%1&quot; im Subdevice %2 kann nicht gelöscht werden, weil es sie nicht gibt!
+</translation>
+    </message>
+    <message>
+        <source>Error : Cannot delete parameter &quot;%1/%2&quot; on sub device %3 because the file is write protected !
+</source>
+        <translation>Fehler: Der Parameter &quot;%1/%2&quot; im Subdevice %3 kann nicht gelöscht werden, weil die Datei schreibgeschützt ist!
+</translation>
+    </message>
+    <message>
+        <source>Warning : Cannot delete parameter &quot;%1/%2&quot; on sub device %3 because the group does not exist !
+</source>
+        <translation>Warnung: Der Parameter &quot;%1/%2&quot; im Subdevice %3 kann nicht gelöscht werden, weil es die Gruppe nicht gibt!
+</translation>
+    </message>
+    <message>
+        <source>Warning : Cannot delete parameter &quot;%1/%2&quot; on sub device %3 because the parameter does not exist !
+</source>
+        <translation>Warnung: Der Parameter &quot;%1/%2&quot; im Subdevice %3 kann nicht gelöscht werden, weil es ihn nicht gibt!
+</translation>
+    </message>
+    <message>
+        <source>Error while reading parameter &quot;%1&quot; on subdevice %2 : Value &quot;%3&quot; is not an %4 value. Default Value %5 is taken.</source>
+        <translation>Fehler beim Lesen des Parameters &quot;%1&quot; im Subdevice %2: Der Wert &quot;%3&quot; ist kein %4-Wert. Der Vorgabewert %5 wird verwendet.</translation>
+    </message>
+    <message>
+        <source>Error while reading parameter &quot;%1&quot; on subdevice %2 : Value &quot;%3&quot; is not an %4 value.</source>
+        <translation>Fehler beim Lesen des Parameters &quot;%1&quot; im Subdevice %2: Der Wert &quot;%3&quot; ist kein %4-Wert.</translation>
+    </message>
+</context>
+<context>
+    <name>CXmlAbstractLumoFile</name>
+    <message>
+        <source>File &quot;%1&quot;: %2</source>
+        <translation>Datei &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>Line %1: the root element is &lt;%2&gt;, expected is &lt;%3&gt;.</source>
+        <translation>Zeile %1: Das Wurzelelement ist &lt;%2&gt;, erwartet wird &lt;%3&gt;.</translation>
+    </message>
+    <message>
+        <source>Line %1: version &quot;%2&quot; does not go with the expected version &quot;%3&quot;.</source>
+        <translation>Zeile %1: Die Version &quot;%2&quot; passt nicht zur erwarteten Version &quot;%3&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>CXmlParser</name>
+    <message>
+        <source>the document has too many nodes or different names</source>
+        <translation>das Dokument hat zu viele Knoten oder verschiedene Namen</translation>
+    </message>
+    <message>
+        <source>The document is larger than 512 MiB.</source>
+        <translation>Das Dokument ist größer als 512 MiB.</translation>
+    </message>
+    <message>
+        <source>The document is in UTF-16 but has an odd number of bytes.</source>
+        <translation>Das Dokument ist in UTF-16, hat aber eine ungerade Zahl von Bytes.</translation>
+    </message>
+    <message>
+        <source>half of a surrogate pair stands alone</source>
+        <translation>ein halbes Ersatzzeichenpaar steht allein</translation>
+    </message>
+    <message>
+        <source>there is no root element</source>
+        <translation>das Wurzelelement fehlt</translation>
+    </message>
+    <message>
+        <source>the document ends before the tag &lt;%1&gt; of line %2 is closed</source>
+        <translation>das Dokument endet, bevor das Element &lt;%1&gt; aus Zeile %2 geschlossen ist</translation>
+    </message>
+    <message>
+        <source>the document ends within a tag, text or comment</source>
+        <translation>das Dokument endet innerhalb eines Tags, Textes oder Kommentars</translation>
+    </message>
+    <message>
+        <source>a character or mark-up stands here that XML does not allow</source>
+        <translation>hier steht ein Zeichen oder eine Auszeichnung, die XML nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>the closing tag does not match the open tag &lt;%1&gt; of line %2</source>
+        <translation>das schließende Tag passt nicht zum offenen Element &lt;%1&gt; aus Zeile %2</translation>
+    </message>
+    <message>
+        <source>an attribute stands twice in one tag</source>
+        <translation>ein Attribut steht zweimal in einem Tag</translation>
+    </message>
+    <message>
+        <source>something follows the end of the root element</source>
+        <translation>hinter dem Ende des Wurzelelements steht noch etwas</translation>
+    </message>
+    <message>
+        <source>an entity is used that is not declared</source>
+        <translation>eine Entität wird verwendet, die nicht deklariert ist</translation>
+    </message>
+    <message>
+        <source>a character reference names a character that XML does not allow</source>
+        <translation>ein Zeichenverweis nennt ein Zeichen, das XML nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>the encoding that the document declares is not supported</source>
+        <translation>die Zeichenkodierung, die das Dokument angibt, wird nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>the document is not in the encoding that it declares</source>
+        <translation>das Dokument hat nicht die Zeichenkodierung, die es angibt</translation>
+    </message>
+    <message>
+        <source>an XML declaration stands elsewhere than at the very start</source>
+        <translation>eine XML-Deklaration steht nicht ganz am Anfang</translation>
+    </message>
+    <message>
+        <source>the XML declaration is not well-formed</source>
+        <translation>die XML-Deklaration ist nicht wohlgeformt</translation>
+    </message>
+    <message>
+        <source>a document type declaration with declarations of its own is not allowed</source>
+        <translation>eine Dokumenttyp-Deklaration mit eigenen Deklarationen ist nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>there is more than one document type declaration</source>
+        <translation>es gibt mehr als eine Dokumenttyp-Deklaration</translation>
+    </message>
+    <message>
+        <source>the elements are nested deeper than %1</source>
+        <translation>die Elemente sind tiefer als %1 verschachtelt</translation>
+    </message>
+    <message>
+        <source>a tag has more than %1 attributes</source>
+        <translation>ein Tag hat mehr als %1 Attribute</translation>
+    </message>
+    <message>
+        <source>Line %1: %2.</source>
+        <translation>Zeile %1: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>SMergeConflict</name>
+    <message>
+        <source>Added as &quot;%1&quot; in ours, and as &quot;%2&quot; in theirs.</source>
+        <translation>Auf der eigenen Seite als &quot;%1&quot; hinzugefügt, auf der fremden als &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>Removed in ours, changed in theirs.</source>
+        <translation>Auf der eigenen Seite entfernt, auf der fremden geändert.</translation>
+    </message>
+    <message>
+        <source>Changed in ours, removed in theirs.</source>
+        <translation>Auf der eigenen Seite geändert, auf der fremden entfernt.</translation>
+    </message>
+    <message>
+        <source>Changed from &quot;%1&quot; to &quot;%2&quot; in ours, and to &quot;%3&quot; in theirs.</source>
+        <translation>Von &quot;%1&quot; auf der eigenen Seite zu &quot;%2&quot; geändert, auf der fremden zu &quot;%3&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>SParamFinding</name>
+    <message>
+        <source>error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>info</source>
+        <translation>Info</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1180 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>QIODevice</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>Zu viele offene Dateien</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Datei oder Verzeichnis nicht gefunden</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>Auf dem Gerät ist kein Speicherplatz mehr verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>ktoparam</name>
+    <message>
+        <source>there is no such parameter.%1</source>
+        <translation>diesen Parameter gibt es nicht.%1</translation>
+    </message>
+    <message>
+        <source>not in sub-device %1, but in %2.</source>
+        <translation>nicht im Subdevice %1, aber in %2.</translation>
+    </message>
+    <message>
+        <source>in the sub-devices %1; choose one with --sub-device.</source>
+        <translation>in den Subdevices %1; wählen Sie eines mit --sub-device.</translation>
+    </message>
+    <message>
+        <source>not defined in the definition file; without --def its value is set unchecked.</source>
+        <translation>nicht in der Definitionsdatei definiert; ohne --def wird der Wert ungeprüft gesetzt.</translation>
+    </message>
+    <message>
+        <source>A command is missing. See &quot;ktoparam help&quot;.</source>
+        <translation>Es fehlt ein Befehl. Siehe &quot;ktoparam help&quot;.</translation>
+    </message>
+    <message>
+        <source>One of these must follow: %1.%2 See &quot;ktoparam help %3&quot;.</source>
+        <translation>Einer von diesen muss folgen: %1.%2 Siehe &quot;ktoparam help %3&quot;.</translation>
+    </message>
+    <message>
+        <source>A command must stand before &quot;%1&quot;. See &quot;ktoparam help&quot;.</source>
+        <translation>Vor &quot;%1&quot; muss ein Befehl stehen. Siehe &quot;ktoparam help&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no command.%2 See &quot;ktoparam help&quot;.</source>
+        <translation>&quot;%1&quot; ist kein Befehl.%2 Siehe &quot;ktoparam help&quot;.</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>Compensation table</source>
+        <translation>Kompensationstabelle</translation>
+    </message>
+    <message>
+        <source>Range %1 to %2</source>
+        <translation>Bereich %1 bis %2</translation>
+    </message>
+    <message>
+        <source>points: %1 (old format)</source>
+        <translation>Punkte: %1 (altes Format)</translation>
+    </message>
+    <message>
+        <source>points: %1</source>
+        <translation>Punkte: %1</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Adjustment</source>
+        <translation>Korrektur</translation>
+    </message>
+    <message>
+        <source>min %1</source>
+        <translation>min. %1</translation>
+    </message>
+    <message>
+        <source>max %1</source>
+        <translation>max. %1</translation>
+    </message>
+    <message>
+        <source>points and linear course</source>
+        <translation>Punkte und linearer Verlauf</translation>
+    </message>
+    <message>
+        <source>wrong points: %1</source>
+        <translation>falsche Punkte: %1</translation>
+    </message>
+    <message>
+        <source>range</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>outside the range</source>
+        <translation>außerhalb des Bereichs</translation>
+    </message>
+    <message>
+        <source>the range is too large to be shown</source>
+        <translation>der Bereich ist zu groß, um dargestellt zu werden</translation>
+    </message>
+    <message>
+        <source>the table has no points</source>
+        <translation>die Tabelle hat keine Punkte</translation>
+    </message>
+    <message>
+        <source>points not shown, which are no finite numbers or too large: %1</source>
+        <translation>nicht dargestellte Punkte, die keine endlichen Zahlen oder zu groß sind: %1</translation>
+    </message>
+    <message>
+        <source>%1 is missing.</source>
+        <translation>%1 fehlt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is one word too many.</source>
+        <translation>&quot;%1&quot; ist ein Wort zu viel.</translation>
+    </message>
+    <message>
+        <source>--%1 %2 is missing.</source>
+        <translation>--%1 %2 fehlt.</translation>
+    </message>
+    <message>
+        <source>%1 is empty; it must be the name of a file.</source>
+        <translation>%1 ist leer; hier muss der Name einer Datei stehen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sub-device; these are numbers from 0 to 255.</source>
+        <translation>&quot;%1&quot; ist kein Subdevice; diese sind Zahlen von 0 bis 255.</translation>
+    </message>
+    <message>
+        <source>%1 See &quot;ktoparam help %2&quot;.</source>
+        <translation>%1 Siehe &quot;ktoparam help %2&quot;.</translation>
+    </message>
+    <message>
+        <source>A definition file (root element LumoParamDefinition) is needed here.</source>
+        <translation>Hier wird eine Definitionsdatei gebraucht (Wurzelelement LumoParamDefinition).</translation>
+    </message>
+    <message>
+        <source>A value file is needed here.</source>
+        <translation>Hier wird eine Wertedatei gebraucht.</translation>
+    </message>
+    <message>
+        <source>the file has no version that a save could keep. Give its root element the version that the applications expect, for example version=&quot;1.0&quot;.</source>
+        <translation>die Datei hat keine Version, die beim Speichern erhalten bleiben könnte. Geben Sie ihrem Wurzelelement die Version, die die Anwendungen erwarten, zum Beispiel version=&quot;1.0&quot;.</translation>
+    </message>
+    <message>
+        <source>there is no hardware id &quot;%1&quot;.%2 The file has: %3.</source>
+        <translation>die Hardware-ID &quot;%1&quot; gibt es nicht.%2 Die Datei hat: %3.</translation>
+    </message>
+    <message>
+        <source>the file has no hardware id.</source>
+        <translation>die Datei hat keine Hardware-ID.</translation>
+    </message>
+    <message>
+        <source>the file has several hardware ids; choose one with --%1: %2.</source>
+        <translation>die Datei hat mehrere Hardware-IDs; wählen Sie eine mit --%1: %2.</translation>
+    </message>
+    <message>
+        <source>there is no sub-device %1; there are: %2.</source>
+        <translation>das Subdevice %1 gibt es nicht; es gibt: %2.</translation>
+    </message>
+    <message>
+        <source>sub-device %1</source>
+        <translation>Subdevice %1</translation>
+    </message>
+    <message>
+        <source>errors %1, warnings %2, infos %3</source>
+        <translation>Fehler %1, Warnungen %2, Infos %3</translation>
+    </message>
+    <message>
+        <source>%1 is a definition file; --json is the only option for it.</source>
+        <translation>%1 ist eine Definitionsdatei; dafür gibt es nur die Option --json.</translation>
+    </message>
+    <message>
+        <source>Values are checked against definitions; name their file with --def DEF.</source>
+        <translation>Werte werden gegen Definitionen geprüft; nennen Sie deren Datei mit --def DEF.</translation>
+    </message>
+    <message>
+        <source>A value or definition file is needed here.</source>
+        <translation>Hier wird eine Werte- oder Definitionsdatei gebraucht.</translation>
+    </message>
+    <message>
+        <source>Find what is wrong with values and definitions.</source>
+        <translation>Findet, was an Werten und Definitionen falsch ist.</translation>
+    </message>
+    <message>
+        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad definitions. Without a value file, definitions alone are checked.
+The exit status is 1 when there are errors or warnings.</source>
+        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft.
+Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
+    </message>
+    <message>
+        <source>A value file, or a definition file.</source>
+        <translation>Eine Wertedatei oder eine Definitionsdatei.</translation>
+    </message>
+    <message>
+        <source>The definition file; needed for a value file.</source>
+        <translation>Die Definitionsdatei; nötig für eine Wertedatei.</translation>
+    </message>
+    <message>
+        <source>Only this hardware id.</source>
+        <translation>Nur diese Hardware-ID.</translation>
+    </message>
+    <message>
+        <source>List what is defined but missing, too, for each hardware id; these are infos.</source>
+        <translation>Zeigt für jede Hardware-ID auch, was definiert ist, aber fehlt; dies sind Infos.</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NR</translation>
+    </message>
+    <message>
+        <source>POSITION</source>
+        <translation>POSITION</translation>
+    </message>
+    <message>
+        <source>ADJUSTMENT</source>
+        <translation>KORREKTUR</translation>
+    </message>
+    <message>
+        <source>PROBLEM</source>
+        <translation>PROBLEM</translation>
+    </message>
+    <message>
+        <source>Nothing is wrong.</source>
+        <translation>Es ist nichts falsch.</translation>
+    </message>
+    <message>
+        <source>The table has no points to convert; nothing was written.</source>
+        <translation>Die Tabelle hat keine Punkte zum Umwandeln; nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>The points are in the %1 format already; nothing was written.</source>
+        <translation>Die Punkte sind schon im Format %1; nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>Points converted to the %1 format: %2</source>
+        <translation>In das Format %1 umgewandelte Punkte: %2</translation>
+    </message>
+    <message>
+        <source>there are adjustments in both formats, and only those in the format of the first point are read; converting would lose the others.</source>
+        <translation>es gibt Korrekturen in beiden Formaten, und nur die im Format des ersten Punktes werden gelesen; beim Umwandeln gingen die anderen verloren.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no format of points; these are &quot;%2&quot; and &quot;%3&quot;.</source>
+        <translation>&quot;%1&quot; ist kein Format für Punkte; es gibt &quot;%2&quot; und &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>Points not shown: %1</source>
+        <translation>Nicht dargestellte Punkte: %1</translation>
+    </message>
+    <message>
+        <source>A compensation file.</source>
+        <translation>Eine Kompensationsdatei.</translation>
+    </message>
+    <message>
+        <source>Tell what is wrong with a table, point by point.</source>
+        <translation>Sagt Punkt für Punkt, was an einer Tabelle falsch ist.</translation>
+    </message>
+    <message>
+        <source>The range must not be empty, and the positions must lie in it and grow; only the first %1 points are ever valid. After a point that lies too far, all that do not lie beyond it are wrong too. Texts that are no numbers and points that lack something are also told. The exit status is 1 when there is anything.</source>
+        <translation>Der Bereich darf nicht leer sein, und die Positionen müssen in ihm liegen und wachsen; nur die ersten %1 Punkte sind überhaupt gültig. Nach einem Punkt, der zu weit liegt, sind auch alle falsch, die nicht noch weiter liegen. Texte, die keine Zahlen sind, und Punkte, denen etwas fehlt, werden ebenfalls genannt. Der Exit-Status ist 1, wenn es etwas gibt.</translation>
+    </message>
+    <message>
+        <source>Write the points of a table in the current format, or in the old one.</source>
+        <translation>Schreibt die Punkte einer Tabelle im aktuellen oder im alten Format.</translation>
+    </message>
+    <message>
+        <source>The formats differ in the name of an element only; the texts of all values stay as they are. A file whose points are in that format already is left alone.</source>
+        <translation>Die Formate unterscheiden sich nur im Namen eines Elements; die Texte aller Werte bleiben, wie sie sind. Eine Datei, deren Punkte schon in diesem Format sind, bleibt unberührt.</translation>
+    </message>
+    <message>
+        <source>&quot;current&quot;, unless given, or &quot;old&quot;.</source>
+        <translation>&quot;current&quot;, wenn nichts angegeben ist, oder &quot;old&quot;.</translation>
+    </message>
+    <message>
+        <source>Write here, and leave FILE as it is.</source>
+        <translation>Schreibt hierhin und lässt FILE, wie es ist.</translation>
+    </message>
+    <message>
+        <source>Draw a table as an SVG picture that fills a page when printed.</source>
+        <translation>Zeichnet eine Tabelle als SVG-Bild, das gedruckt eine Seite füllt.</translation>
+    </message>
+    <message>
+        <source>Shows the points, the linear course between them, wrong points with their numbers, and the range. Units are printed with the axes; no value is converted.</source>
+        <translation>Zeigt die Punkte, den linearen Verlauf dazwischen, falsche Punkte mit ihren Nummern und den Bereich. Einheiten stehen an den Achsen; kein Wert wird umgerechnet.</translation>
+    </message>
+    <message>
+        <source>The picture to write.</source>
+        <translation>Das Bild, das geschrieben wird.</translation>
+    </message>
+    <message>
+        <source>The unit of the positions in the file.</source>
+        <translation>Die Einheit der Positionen in der Datei.</translation>
+    </message>
+    <message>
+        <source>The unit of the adjustments in the file; that of --unit unless given.</source>
+        <translation>Die Einheit der Korrekturen in der Datei; wenn nicht angegeben, die von --unit.</translation>
+    </message>
+    <message>
+        <source>The title, instead of the comment in the file.</source>
+        <translation>Der Titel anstelle des Kommentars in der Datei.</translation>
+    </message>
+    <message>
+        <source>no parameter matches &quot;%1&quot;.%2</source>
+        <translation>kein Parameter passt zu &quot;%1&quot;.%2</translation>
+    </message>
+    <message>
+        <source>Set parameters to the defaults of their definitions.</source>
+        <translation>Setzt Parameter auf die Vorgabewerte ihrer Definitionen.</translation>
+    </message>
+    <message>
+        <source>Without a pattern all parameters of the hardware id are set. In a pattern &quot;*&quot; stands for any characters and &quot;?&quot; for one; put it in quotes, or the shell looks for files. Parameters that are not defined, or whose definition has no default, are left as they are and counted as unknown or kept. A pattern that no name matches is an error, and nothing is changed then.</source>
+        <translation>Ohne Muster werden alle Parameter der Hardware-ID gesetzt. In einem Muster steht &quot;*&quot; für beliebige Zeichen und &quot;?&quot; für eines; setzen Sie es in Anführungszeichen, sonst sucht die Shell nach Dateien. Parameter, die nicht definiert sind oder deren Definition keinen Vorgabewert hat, bleiben, wie sie sind, und werden als unbekannt oder behalten gezählt. Ein Muster, zu dem kein Name passt, ist ein Fehler; dann wird nichts geändert.</translation>
+    </message>
+    <message>
+        <source>A value file.</source>
+        <translation>Eine Wertedatei.</translation>
+    </message>
+    <message>
+        <source>Names of parameters, or patterns.</source>
+        <translation>Namen von Parametern oder Muster.</translation>
+    </message>
+    <message>
+        <source>The definition file.</source>
+        <translation>Die Definitionsdatei.</translation>
+    </message>
+    <message>
+        <source>The hardware id; needed when the file has several.</source>
+        <translation>Die Hardware-ID; nötig, wenn die Datei mehrere hat.</translation>
+    </message>
+    <message>
+        <source>Only this sub-device, 0 to 255.</source>
+        <translation>Nur dieses Subdevice, 0 bis 255.</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>DATEI</translation>
+    </message>
+    <message>
+        <source>TYPE</source>
+        <translation>TYP</translation>
+    </message>
+    <message>
+        <source>VERSION</source>
+        <translation>VERSION</translation>
+    </message>
+    <message>
+        <source>COMMENT</source>
+        <translation>KOMMENTAR</translation>
+    </message>
+    <message>
+        <source>Tell the type, the version and the comment of files.</source>
+        <translation>Nennt Typ, Version und Kommentar von Dateien.</translation>
+    </message>
+    <message>
+        <source>The type is the name of the root element, which must stand at the beginning of one of the first three lines. The exit status is 1 when a type is not known.</source>
+        <translation>Der Typ ist der Name des Wurzelelements, das am Anfang einer der ersten drei Zeilen stehen muss. Der Exit-Status ist 1, wenn ein Typ unbekannt ist.</translation>
+    </message>
+    <message>
+        <source>Any files.</source>
+        <translation>Beliebige Dateien.</translation>
+    </message>
+    <message>
+        <source>Show how the values of two files differ.</source>
+        <translation>Zeigt, worin sich die Werte zweier Dateien unterscheiden.</translation>
+    </message>
+    <message>
+        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment are no differences.
+The exit status is 1 when there are differences.</source>
+        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
+Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no format; there are csv, tsv and json.</source>
+        <translation>&quot;%1&quot; ist kein Format; es gibt csv, tsv und json.</translation>
+    </message>
+    <message>
+        <source>Print all values for a spreadsheet or a program.</source>
+        <translation>Gibt alle Werte für eine Tabellenkalkulation oder ein Programm aus.</translation>
+    </message>
+    <message>
+        <source>One line for each value, behind a line of headings, in UTF-8; or one JSON object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks become \t, \n and \r, and \ becomes \\.</source>
+        <translation>Eine Zeile für jeden Wert hinter einer Zeile mit Überschriften, in UTF-8; oder ein JSON-Objekt. CSV setzt Felder nach RFC 4180 in Anführungszeichen; in TSV werden Tabulatoren und Zeilenumbrüche zu \t, \n und \r, und \ wird zu \\.</translation>
+    </message>
+    <message>
+        <source>One of csv, tsv and json.</source>
+        <translation>Eines von csv, tsv und json.</translation>
+    </message>
+    <message>
+        <source>A definition file: adds units, the names of choices and bits, and defaults.</source>
+        <translation>Eine Definitionsdatei: ergänzt Einheiten, die Namen von Auswahlwerten und Bits sowie Vorgabewerte.</translation>
+    </message>
+    <message>
+        <source>there is no parameter &quot;%1&quot;.%2</source>
+        <translation>den Parameter &quot;%1&quot; gibt es nicht.%2</translation>
+    </message>
+    <message>
+        <source>there is no parameter &quot;%1&quot; in sub-device %2; it is in %3.</source>
+        <translation>den Parameter &quot;%1&quot; gibt es im Subdevice %2 nicht; er ist in %3.</translation>
+    </message>
+    <message>
+        <source>HARDWARE ID</source>
+        <translation>HARDWARE-ID</translation>
+    </message>
+    <message>
+        <source>SUB-DEVICE</source>
+        <translation>SUBDEVICE</translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation>NAME</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>WERT</translation>
+    </message>
+    <message>
+        <source>UNIT</source>
+        <translation>EINHEIT</translation>
+    </message>
+    <message>
+        <source>MEANING</source>
+        <translation>BEDEUTUNG</translation>
+    </message>
+    <message>
+        <source>Print the values of parameters by their names.</source>
+        <translation>Gibt die Werte von Parametern nach ihren Namen aus.</translation>
+    </message>
+    <message>
+        <source>All hardware ids and sub-devices that have a parameter are listed, unless options choose one. The exit status is 1 when a name is found nowhere; the others are still printed.</source>
+        <translation>Alle Hardware-IDs und Subdevices, die einen Parameter haben, werden gezeigt, wenn keine Option eines auswählt. Der Exit-Status ist 1, wenn ein Name nirgends gefunden wird; die anderen werden trotzdem ausgegeben.</translation>
+    </message>
+    <message>
+        <source>Names of parameters.</source>
+        <translation>Namen von Parametern.</translation>
+    </message>
+    <message>
+        <source>A definition file: adds units, names of choices and bits, and a &quot;*&quot; before what is not the default.</source>
+        <translation>Eine Definitionsdatei: ergänzt Einheiten, Namen von Auswahlwerten und Bits sowie ein &quot;*&quot; vor allem, was nicht der Vorgabewert ist.</translation>
+    </message>
+    <message>
+        <source>SUB-DEVICES</source>
+        <translation>SUBDEVICES</translation>
+    </message>
+    <message>
+        <source>PARAMETERS</source>
+        <translation>PARAMETER</translation>
+    </message>
+    <message>
+        <source>a hardware id must not be empty.</source>
+        <translation>eine Hardware-ID darf nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>there is a hardware id &quot;%1&quot; already; remove it first.</source>
+        <translation>die Hardware-ID &quot;%1&quot; gibt es schon; entfernen Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is the last hardware id, and a file must have one; delete the file instead.</source>
+        <translation>&quot;%1&quot; ist die letzte Hardware-ID, und eine Datei muss eine haben; löschen Sie stattdessen die Datei.</translation>
+    </message>
+    <message>
+        <source>Prints the hardware ids that the file has then.</source>
+        <translation>Gibt die Hardware-IDs aus, die die Datei danach hat.</translation>
+    </message>
+    <message>
+        <source>List the hardware ids of a file.</source>
+        <translation>Zeigt die Hardware-IDs einer Datei.</translation>
+    </message>
+    <message>
+        <source>Copy a hardware id with all its values to a new one.</source>
+        <translation>Kopiert eine Hardware-ID mit allen Werten in eine neue.</translation>
+    </message>
+    <message>
+        <source>The hardware id to copy.</source>
+        <translation>Die Hardware-ID, die kopiert wird.</translation>
+    </message>
+    <message>
+        <source>The new hardware id.</source>
+        <translation>Die neue Hardware-ID.</translation>
+    </message>
+    <message>
+        <source>Give a hardware id another name.</source>
+        <translation>Gibt einer Hardware-ID einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>The hardware id as it is.</source>
+        <translation>Die Hardware-ID, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The hardware id as it shall be.</source>
+        <translation>Die Hardware-ID, wie sie heißen soll.</translation>
+    </message>
+    <message>
+        <source>Remove a hardware id with all its values.</source>
+        <translation>Entfernt eine Hardware-ID mit allen Werten.</translation>
+    </message>
+    <message>
+        <source>The hardware id to remove; not the last one.</source>
+        <translation>Die Hardware-ID, die entfernt wird; nicht die letzte.</translation>
+    </message>
+    <message>
+        <source>this is a file of type %1; values for a file of type %2 are needed here.</source>
+        <translation>dies ist eine Datei vom Typ %1; hier werden Werte für eine Datei vom Typ %2 gebraucht.</translation>
+    </message>
+    <message>
+        <source>parameter &quot;%1&quot; of sub-device %2 is neither in the source nor defined, so there is no value for it. --keep-missing leaves such parameters as they are.</source>
+        <translation>der Parameter &quot;%1&quot; des Subdevice %2 ist weder in der Quelle noch definiert, also gibt es keinen Wert für ihn. --keep-missing lässt solche Parameter, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Take over the values of another file, or of another hardware id.</source>
+        <translation>Übernimmt die Werte einer anderen Datei oder einer anderen Hardware-ID.</translation>
+    </message>
+    <message>
+        <source>Every parameter of DEST gets the value that SOURCE has for the same sub-device and name, or else the default of its definition. Parameters that only SOURCE has are added when they are defined, and skipped (&quot;unknown&quot;) when they are not. All is done, or nothing.
+DEST and SOURCE may be one file with two hardware ids.
+Prints how many parameters were taken, were equal already, got the default, were kept, added, and so on.</source>
+        <translation>Jeder Parameter von DEST bekommt den Wert, den SOURCE für dasselbe Subdevice und denselben Namen hat, sonst den Vorgabewert seiner Definition. Parameter, die nur SOURCE hat, werden hinzugefügt, wenn sie definiert sind, und übersprungen (&quot;unbekannt&quot;), wenn nicht. Es geschieht alles oder nichts.
+DEST und SOURCE dürfen eine Datei mit zwei Hardware-IDs sein.
+Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgabewert bekamen, behalten oder hinzugefügt wurden und so weiter.</translation>
+    </message>
+    <message>
+        <source>The value file to change.</source>
+        <translation>Die Wertedatei, die geändert wird.</translation>
+    </message>
+    <message>
+        <source>The value file to take values from.</source>
+        <translation>Die Wertedatei, aus der die Werte kommen.</translation>
+    </message>
+    <message>
+        <source>The definition file of DEST.</source>
+        <translation>Die Definitionsdatei von DEST.</translation>
+    </message>
+    <message>
+        <source>The hardware id in SOURCE; needed when it has several.</source>
+        <translation>Die Hardware-ID in SOURCE; nötig, wenn es mehrere hat.</translation>
+    </message>
+    <message>
+        <source>The hardware id in DEST; needed when it has several.</source>
+        <translation>Die Hardware-ID in DEST; nötig, wenn es mehrere hat.</translation>
+    </message>
+    <message>
+        <source>Leave what SOURCE lacks as it is, instead of setting it to its default.</source>
+        <translation>Lässt, was in SOURCE fehlt, wie es ist, statt es auf den Vorgabewert zu setzen.</translation>
+    </message>
+    <message>
+        <source>CONFLICT</source>
+        <translation>KONFLIKT</translation>
+    </message>
+    <message>
+        <source>Merge the changes of two files that come from one.</source>
+        <translation>Führt die Änderungen zweier Dateien zusammen, die aus einer entstanden sind.</translation>
+    </message>
+    <message>
+        <source>Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where both changed the same thing differently, OUT has what stands in OURS, the conflict is listed, and the exit status is 1. The date of the Head never conflicts. An empty BASE stands for files made independently.
+OUT may be one of the three files, as a merge driver of git needs it.</source>
+        <translation>Übernimmt Parameter für Parameter in OURS, was THEIRS seit BASE geändert hat. Wo beide dasselbe verschieden geändert haben, steht in OUT, was in OURS steht; der Konflikt wird genannt, und der Exit-Status ist 1. Das Datum im Head ist nie ein Konflikt. Ein leeres BASE steht für unabhängig entstandene Dateien.
+OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</translation>
+    </message>
+    <message>
+        <source>The value file that both come from.</source>
+        <translation>Die Wertedatei, aus der beide entstanden sind.</translation>
+    </message>
+    <message>
+        <source>One&apos;s own value file.</source>
+        <translation>Die eigene Wertedatei.</translation>
+    </message>
+    <message>
+        <source>The other value file.</source>
+        <translation>Die andere Wertedatei.</translation>
+    </message>
+    <message>
+        <source>Where the result goes to.</source>
+        <translation>Wohin das Ergebnis geschrieben wird.</translation>
+    </message>
+    <message>
+        <source>The definition file: values that are the same number are no conflict then.</source>
+        <translation>Die Definitionsdatei: Werte, die dieselbe Zahl sind, sind dann kein Konflikt.</translation>
+    </message>
+    <message>
+        <source>A file of motors is needed (LumoMotorParameters).</source>
+        <translation>Es wird eine Datei mit Motoren gebraucht (LumoMotorParameters).</translation>
+    </message>
+    <message>
+        <source>motor &quot;%1&quot; stands in %2, too; this file counts.</source>
+        <translation>der Motor &quot;%1&quot; steht auch in %2; diese Datei gilt.</translation>
+    </message>
+    <message>
+        <source>MOTOR</source>
+        <translation>MOTOR</translation>
+    </message>
+    <message>
+        <source>List the motors that files hold.</source>
+        <translation>Zeigt die Motoren, die in Dateien stehen.</translation>
+    </message>
+    <message>
+        <source>The hardware ids of a file of motors are the names of the motors. When several files hold a motor of one name, the last one counts.</source>
+        <translation>Die Hardware-IDs einer Motorendatei sind die Namen der Motoren. Wenn mehrere Dateien einen Motor desselben Namens enthalten, gilt die letzte.</translation>
+    </message>
+    <message>
+        <source>Files of motors.</source>
+        <translation>Dateien mit Motoren.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of value files.%2 There are: %3.</source>
+        <translation>&quot;%1&quot; ist kein Typ einer Wertedatei.%2 Es gibt: %3.</translation>
+    </message>
+    <message>
+        <source>A hardware id must not be empty.</source>
+        <translation>Eine Hardware-ID darf nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>the file exists already and is not replaced.</source>
+        <translation>die Datei gibt es schon; sie wird nicht ersetzt.</translation>
+    </message>
+    <message>
+        <source>Make a value file with every defined parameter at its default.</source>
+        <translation>Legt eine Wertedatei mit allen definierten Parametern und ihren Vorgabewerten an.</translation>
+    </message>
+    <message>
+        <source>The parameters are those of the definition file, by id. A file that exists is never replaced. The file gets version 1.0.</source>
+        <translation>Die Parameter sind die der Definitionsdatei, nach ID geordnet. Eine vorhandene Datei wird nie ersetzt. Die Datei bekommt die Version 1.0.</translation>
+    </message>
+    <message>
+        <source>The value file to make.</source>
+        <translation>Die Wertedatei, die angelegt wird.</translation>
+    </message>
+    <message>
+        <source>The hardware id.</source>
+        <translation>Die Hardware-ID.</translation>
+    </message>
+    <message>
+        <source>The sub-device, 0 to 255; 0 unless given.</source>
+        <translation>Das Subdevice, 0 bis 255; 0, wenn nicht angegeben.</translation>
+    </message>
+    <message>
+        <source>The group to put the parameters into, such as Motion/Limits.</source>
+        <translation>Die Gruppe, in die die Parameter kommen, zum Beispiel Motion/Limits.</translation>
+    </message>
+    <message>
+        <source>The root element; LumoParameters unless given.</source>
+        <translation>Das Wurzelelement; LumoParameters, wenn nicht angegeben.</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>CHOICES FOUND</source>
+        <translation>GEFUNDENE AUSWAHLWERTE</translation>
+    </message>
+    <message>
+        <source>HINT</source>
+        <translation>HINWEIS</translation>
+    </message>
+    <message>
+        <source>nothing has this word in its name, hint or choices.</source>
+        <translation>nichts hat dieses Wort im Namen, im Hinweis oder in den Auswahlwerten.</translation>
+    </message>
+    <message>
+        <source>nothing has all these words in its name, hint and choices.</source>
+        <translation>nichts hat alle diese Wörter im Namen, im Hinweis und in den Auswahlwerten.</translation>
+    </message>
+    <message>
+        <source>Find parameters by words in their names, hints and choices.</source>
+        <translation>Findet Parameter nach Wörtern in Namen, Hinweisen und Auswahlwerten.</translation>
+    </message>
+    <message>
+        <source>Lists the definitions that have all words, or parts of words; capitals make no difference. The exit status is 1 when there are none.</source>
+        <translation>Zeigt die Definitionen, die alle Wörter oder Wortteile enthalten; Groß- und Kleinschreibung ist gleich. Der Exit-Status ist 1, wenn es keine gibt.</translation>
+    </message>
+    <message>
+        <source>A definition file.</source>
+        <translation>Eine Definitionsdatei.</translation>
+    </message>
+    <message>
+        <source>What to look for.</source>
+        <translation>Wonach gesucht wird.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not of the form NAME=VALUE.</source>
+        <translation>&quot;%1&quot; hat nicht die Form NAME=WERT.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is set twice.</source>
+        <translation>&quot;%1&quot; wird zweimal gesetzt.</translation>
+    </message>
+    <message>
+        <source>OLD</source>
+        <translation>ALT</translation>
+    </message>
+    <message>
+        <source>NEW</source>
+        <translation>NEU</translation>
+    </message>
+    <message>
+        <source>(unchanged)</source>
+        <translation>(unverändert)</translation>
+    </message>
+    <message>
+        <source>Change values of parameters that a file has.</source>
+        <translation>Ändert Werte von Parametern, die eine Datei hat.</translation>
+    </message>
+    <message>
+        <source>All assignments are checked first; then all are made and the file is saved, or none. With --def a value must be of its type and within the definition&apos;s limits and those of its limit parameters in the same sub-device, or be one of its choices; the name of a choice, radio button or check box state (checked, unchecked, undefined) may be given in place of its value. Without --def a value is taken as it is typed.
+Values of other parameters that are limited by a changed one are not looked at.</source>
+        <translation>Zuerst werden alle Zuweisungen geprüft; dann werden alle ausgeführt und die Datei gespeichert, oder keine. Mit --def muss ein Wert von seinem Typ sein und in den Grenzen der Definition und ihrer Grenzparameter im selben Subdevice liegen oder einer ihrer Auswahlwerte sein; statt des Wertes kann der Name eines Auswahlwertes, eines Optionsfeldes oder eines Zustands des Kontrollkästchens (checked, unchecked, undefined) stehen. Ohne --def wird ein Wert genommen, wie er getippt ist.
+Werte anderer Parameter, die ein geänderter begrenzt, werden nicht betrachtet.</translation>
+    </message>
+    <message>
+        <source>Names of parameters and their new values.</source>
+        <translation>Namen von Parametern und ihre neuen Werte.</translation>
+    </message>
+    <message>
+        <source>The sub-device, 0 to 255; needed when several have a parameter of the name.</source>
+        <translation>Das Subdevice, 0 bis 255; nötig, wenn mehrere einen Parameter dieses Namens haben.</translation>
+    </message>
+    <message>
+        <source>The definition file to check the values against.</source>
+        <translation>Die Definitionsdatei, gegen die die Werte geprüft werden.</translation>
+    </message>
+    <message>
+        <source>%1 is no value file; --json is the only option for others.</source>
+        <translation>%1 ist keine Wertedatei; für andere gibt es nur die Option --json.</translation>
+    </message>
+    <message>
+        <source>Show what is in a file.</source>
+        <translation>Zeigt, was in einer Datei steht.</translation>
+    </message>
+    <message>
+        <source>Definitions are shown as a table, values as a tree for each hardware id and sub-device. With --def, units and the names of choices and bits stand beside the values, and a &quot;*&quot; before each value that is not the default.
+Settings are shown as a tree, compensation tables point by point, with a &quot;!&quot; before each wrong one.
+A text stands between quotes, as in JSON, when it is empty, begins or ends with a blank, or holds line breaks or control characters.</source>
+        <translation>Definitionen erscheinen als Tabelle, Werte als Baum für jede Hardware-ID und jedes Subdevice. Mit --def stehen Einheiten und die Namen von Auswahlwerten und Bits neben den Werten, und ein &quot;*&quot; vor jedem Wert, der nicht der Vorgabewert ist.
+Einstellungen erscheinen als Baum, Kompensationstabellen Punkt für Punkt, mit einem &quot;!&quot; vor jedem falschen.
+Ein Text steht wie in JSON in Anführungszeichen, wenn er leer ist, mit einem Leerzeichen anfängt oder endet oder Zeilenumbrüche oder Steuerzeichen enthält.</translation>
+    </message>
+    <message>
+        <source>A file of any kind.</source>
+        <translation>Eine Datei beliebiger Art.</translation>
+    </message>
+    <message>
+        <source>The definition file of a value file.</source>
+        <translation>Die Definitionsdatei einer Wertedatei.</translation>
+    </message>
+    <message>
+        <source>Only values that are not the default; needs --def.</source>
+        <translation>Nur Werte, die nicht der Vorgabewert sind; braucht --def.</translation>
+    </message>
+    <message>
+        <source>List the sub-devices of a file, such as the axes of a drive.</source>
+        <translation>Zeigt die Subdevices einer Datei, etwa die Achsen eines Antriebs.</translation>
+    </message>
+    <message>
+        <source>Copy all values of one sub-device to another.</source>
+        <translation>Kopiert alle Werte eines Subdevice in ein anderes.</translation>
+    </message>
+    <message>
+        <source>The groups and parameters of TO become those of FROM; TO is created when it does not exist. What only TO had is removed. TO keeps its type and name when it has them.</source>
+        <translation>Die Gruppen und Parameter von TO werden die von FROM; TO wird angelegt, wenn es nicht existiert. Was nur TO hatte, wird entfernt. TO behält seinen Typ und Namen, wenn es sie hat.</translation>
+    </message>
+    <message>
+        <source>The sub-device to copy, 0 to 255.</source>
+        <translation>Das Subdevice, das kopiert wird, 0 bis 255.</translation>
+    </message>
+    <message>
+        <source>The sub-device to overwrite.</source>
+        <translation>Das Subdevice, das überschrieben wird.</translation>
+    </message>
+    <message>
+        <source>Print a file as lines that can be compared.</source>
+        <translation>Gibt eine Datei in Zeilen aus, die sich vergleichen lassen.</translation>
+    </message>
+    <message>
+        <source>Each value has a line of its own with all that tells where it belongs, so that any tool that compares lines shows what changed. The date, which each save renews, is left out.
+git uses it with: git config diff.ktoparam.textconv &quot;ktoparam text&quot;, and in .gitattributes: *.xparam diff=ktoparam</source>
+        <translation>Jeder Wert hat eine eigene Zeile mit allem, was sagt, wohin er gehört, so dass jedes Programm, das Zeilen vergleicht, zeigt, was sich geändert hat. Das Datum, das jedes Speichern erneuert, fehlt.
+git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; und in .gitattributes: *.xparam diff=ktoparam</translation>
+    </message>
+    <message>
+        <source>Print one JSON object; values are texts in it, never numbers.</source>
+        <translation>Gibt ein JSON-Objekt aus; Werte sind darin Texte und nie Zahlen.</translation>
+    </message>
+    <message>
+        <source>Show what would be done, and leave the file as it is.</source>
+        <translation>Zeigt, was getan würde, und lässt die Datei, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Dry run: nothing was saved.</source>
+        <translation>Probelauf: nichts wurde gespeichert.</translation>
+    </message>
+    <message>
+        <source>Points: %1</source>
+        <translation>Punkte: %1</translation>
+    </message>
+    <message>
+        <source>Points: %1, in the old format</source>
+        <translation>Punkte: %1, im alten Format</translation>
+    </message>
+    <message>
+        <source>Points: none</source>
+        <translation>Punkte: keine</translation>
+    </message>
+    <message>
+        <source>Range: %1 to %2</source>
+        <translation>Bereich: %1 bis %2</translation>
+    </message>
+    <message>
+        <source>; wrong: %1</source>
+        <translation>; falsch: %1</translation>
+    </message>
+    <message>
+        <source>the results could not be written: %1</source>
+        <translation>die Ergebnisse konnten nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>%1 %2 cannot be read as a number and counts as 0</source>
+        <translation>%1 %2 kann nicht als Zahl gelesen werden und zählt als 0</translation>
+    </message>
+    <message>
+        <source>%1 %2 is not finite</source>
+        <translation>%1 %2 ist nicht endlich</translation>
+    </message>
+    <message>
+        <source>without a position, which counts as 0</source>
+        <translation>ohne Position, die als 0 zählt</translation>
+    </message>
+    <message>
+        <source>its adjustment is not in the format of the first point and counts as 0</source>
+        <translation>die Korrektur ist nicht im Format des ersten Punktes und zählt als 0</translation>
+    </message>
+    <message>
+        <source>without an adjustment, which counts as 0</source>
+        <translation>ohne Korrektur, die als 0 zählt</translation>
+    </message>
+    <message>
+        <source>not in the range, which is none</source>
+        <translation>nicht im Bereich, denn es gibt keinen</translation>
+    </message>
+    <message>
+        <source>the minimum</source>
+        <translation>das Minimum</translation>
+    </message>
+    <message>
+        <source>the maximum</source>
+        <translation>das Maximum</translation>
+    </message>
+    <message>
+        <source>the minimum %1 is not below the maximum %2</source>
+        <translation>das Minimum %1 ist nicht kleiner als das Maximum %2</translation>
+    </message>
+    <message>
+        <source>the position</source>
+        <translation>die Position</translation>
+    </message>
+    <message>
+        <source>the adjustment</source>
+        <translation>die Korrektur</translation>
+    </message>
+    <message>
+        <source>beyond the first %1 points</source>
+        <translation>hinter den ersten %1 Punkten</translation>
+    </message>
+    <message>
+        <source>below the minimum %1</source>
+        <translation>kleiner als das Minimum %1</translation>
+    </message>
+    <message>
+        <source>above the maximum %1</source>
+        <translation>größer als das Maximum %1</translation>
+    </message>
+    <message>
+        <source>not above the position %1 of point %2</source>
+        <translation>nicht größer als die Position %1 von Punkt %2</translation>
+    </message>
+    <message>
+        <source>at the minimum %1, where only the first point may be</source>
+        <translation>auf dem Minimum %1, wo nur der erste Punkt sein darf</translation>
+    </message>
+    <message>
+        <source>taken %1, equal %2, defaulted %3, kept %4, added %5, removed %6, unknown %7, failed %8</source>
+        <translation>übernommen %1, gleich %2, Vorgabe %3, behalten %4, hinzugefügt %5, entfernt %6, unbekannt %7, fehlgeschlagen %8</translation>
+    </message>
+    <message>
+        <source>other type</source>
+        <translation>anderer Typ</translation>
+    </message>
+    <message>
+        <source>other name</source>
+        <translation>anderer Name</translation>
+    </message>
+    <message>
+        <source>hardware id added</source>
+        <translation>Hardware-ID hinzugefügt</translation>
+    </message>
+    <message>
+        <source>hardware id removed</source>
+        <translation>Hardware-ID entfernt</translation>
+    </message>
+    <message>
+        <source>sub-device added</source>
+        <translation>Subdevice hinzugefügt</translation>
+    </message>
+    <message>
+        <source>sub-device removed</source>
+        <translation>Subdevice entfernt</translation>
+    </message>
+    <message>
+        <source>added</source>
+        <translation>hinzugefügt</translation>
+    </message>
+    <message>
+        <source>removed</source>
+        <translation>entfernt</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>other id</source>
+        <translation>andere ID</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>CHANGE</source>
+        <translation>ÄNDERUNG</translation>
+    </message>
+    <message>
+        <source>there is no folder &quot;%1&quot;.</source>
+        <translation>den Ordner &quot;%1&quot; gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>there is no such file.</source>
+        <translation>diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>there is no such file. Did you mean &quot;%1&quot;?</source>
+        <translation>diese Datei gibt es nicht. Meinten Sie &quot;%1&quot;?</translation>
+    </message>
+    <message>
+        <source>this is a folder; name a file.</source>
+        <translation>dies ist ein Ordner; nennen Sie eine Datei.</translation>
+    </message>
+    <message>
+        <source>this is no regular file.</source>
+        <translation>dies ist keine reguläre Datei.</translation>
+    </message>
+    <message>
+        <source>this is a link to a file that does not exist.</source>
+        <translation>dies ist ein Verweis auf eine Datei, die es nicht gibt.</translation>
+    </message>
+    <message>
+        <source>files are not read from the standard input; name a file.</source>
+        <translation>Dateien werden nicht von der Standardeingabe gelesen; nennen Sie eine Datei.</translation>
+    </message>
+    <message>
+        <source>there is no folder &quot;%1&quot;; make it first.</source>
+        <translation>den Ordner &quot;%1&quot; gibt es nicht; legen Sie ihn zuerst an.</translation>
+    </message>
+    <message>
+        <source>a save puts a new file in the place of the old one; you need permission to write to the folder &quot;%1&quot;.</source>
+        <translation>beim Speichern tritt eine neue Datei an die Stelle der alten; Sie brauchen das Recht, in den Ordner &quot;%1&quot; zu schreiben.</translation>
+    </message>
+    <message>
+        <source>ktoparam shows and edits the parameter files of servo drives.</source>
+        <translation>ktoparam zeigt und bearbeitet die Parameterdateien von Servoantrieben.</translation>
+    </message>
+    <message>
+        <source>Usage: ktoparam COMMAND [options] FILE…</source>
+        <translation>Aufruf: ktoparam COMMAND [Optionen] FILE…</translation>
+    </message>
+    <message>
+        <source>Tell more about a command.</source>
+        <translation>Sagt mehr über einen Befehl.</translation>
+    </message>
+    <message>
+        <source>Print the version of this program.</source>
+        <translation>Gibt die Version dieses Programms aus.</translation>
+    </message>
+    <message>
+        <source>Commands:</source>
+        <translation>Befehle:</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>erledigt</translation>
+    </message>
+    <message>
+        <source>findings, differences, or something that was refused</source>
+        <translation>Befunde, Unterschiede oder etwas, das abgelehnt wurde</translation>
+    </message>
+    <message>
+        <source>wrong usage</source>
+        <translation>falscher Aufruf</translation>
+    </message>
+    <message>
+        <source>a file could not be read or written</source>
+        <translation>eine Datei konnte nicht gelesen oder geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>Exit-Status:</translation>
+    </message>
+    <message>
+        <source>Arguments:</source>
+        <translation>Argumente:</translation>
+    </message>
+    <message>
+        <source>Print this help.</source>
+        <translation>Gibt diese Hilfe aus.</translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>Example:</source>
+        <translation>Beispiel:</translation>
+    </message>
+    <message>
+        <source>File &quot;%1&quot;</source>
+        <translation>Datei &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>A settings file is needed here.</source>
+        <translation>Hier wird eine Einstellungsdatei gebraucht.</translation>
+    </message>
+    <message>
+        <source>A compensation file is needed here.</source>
+        <translation>Hier wird eine Kompensationsdatei gebraucht.</translation>
+    </message>
+    <message>
+        <source>There is no option &quot;%1&quot;.</source>
+        <translation>Die Option &quot;%1&quot; gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>There is no option &quot;%1&quot;. Did you mean &quot;--%2&quot;?</source>
+        <translation>Die Option &quot;%1&quot; gibt es nicht. Meinten Sie &quot;--%2&quot;?</translation>
+    </message>
+    <message>
+        <source>--%1 takes no value.</source>
+        <translation>--%1 hat keinen Wert.</translation>
+    </message>
+    <message>
+        <source>%1 is missing after %2.</source>
+        <translation>%1 fehlt hinter %2.</translation>
+    </message>
+    <message>
+        <source>the file cannot be opened: %1.</source>
+        <translation>die Datei kann nicht geöffnet werden: %1.</translation>
+    </message>
+    <message>
+        <source>the file cannot be read: %1.</source>
+        <translation>die Datei kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>It is not replaced.</source>
+        <translation>Sie wird nicht ersetzt.</translation>
+    </message>
+    <message>
+        <source>this is a definition file. %1</source>
+        <translation>dies ist eine Definitionsdatei. %1</translation>
+    </message>
+    <message>
+        <source>this is a value file (%1). %2</source>
+        <translation>dies ist eine Wertedatei (%1). %2</translation>
+    </message>
+    <message>
+        <source>this is a settings file. %1</source>
+        <translation>dies ist eine Einstellungsdatei. %1</translation>
+    </message>
+    <message>
+        <source>this is a compensation file. %1</source>
+        <translation>dies ist eine Kompensationsdatei. %1</translation>
+    </message>
+    <message>
+        <source>the file is empty. %1</source>
+        <translation>die Datei ist leer. %1</translation>
+    </message>
+    <message>
+        <source>the type of this file is not known: its root element must be that of a parameter file and stand at the beginning of one of the first three lines. %1</source>
+        <translation>der Typ dieser Datei ist unbekannt: ihr Wurzelelement muss das einer Parameterdatei sein und am Anfang einer der ersten drei Zeilen stehen. %1</translation>
+    </message>
+    <message>
+        <source>A file of definitions, values, settings or compensation is needed here.</source>
+        <translation>Hier wird eine Definitions-, Werte-, Einstellungs- oder Kompensationsdatei gebraucht.</translation>
+    </message>
+    <message>
+        <source>not bit %1</source>
+        <translation>nicht Bit %1</translation>
+    </message>
+    <message>
+        <source>bit %1</source>
+        <translation>Bit %1</translation>
+    </message>
+    <message>
+        <source>DEFAULT</source>
+        <translation>VORGABE</translation>
+    </message>
+    <message>
+        <source>MIN</source>
+        <translation>MIN</translation>
+    </message>
+    <message>
+        <source>MAX</source>
+        <translation>MAX</translation>
+    </message>
+    <message>
+        <source>CHOICES</source>
+        <translation>AUSWAHLWERTE</translation>
+    </message>
+    <message>
+        <source>Hardware id %1, sub-device %2 (%3)</source>
+        <translation>Hardware-ID %1, Subdevice %2 (%3)</translation>
+    </message>
+    <message>
+        <source>--changed needs --def, which tells the defaults.</source>
+        <translation>--changed braucht --def, das die Vorgabewerte nennt.</translation>
+    </message>
+    <message>
+        <source> Did you mean &quot;%1&quot;?</source>
+        <translation> Meinten Sie &quot;%1&quot;?</translation>
+    </message>
+    <message>
+        <source>%1, … (%2 in all)</source>
+        <translation>%1, … (insgesamt %2)</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number.</source>
+        <translation>&quot;%1&quot; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number; decimals stand behind a point: %2.</source>
+        <translation>&quot;%1&quot; ist keine Zahl; Nachkommastellen stehen hinter einem Punkt: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number of the type %2 (%3).</source>
+        <translation>&quot;%1&quot; ist keine Zahl vom Typ %2 (%3).</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is none of the choices.%2 They are: %3.</source>
+        <translation>&quot;%1&quot; ist keiner der Auswahlwerte.%2 Es gibt: %3.</translation>
+    </message>
+    <message>
+        <source>%1 is below the minimum %2.</source>
+        <translation>%1 ist kleiner als das Minimum %2.</translation>
+    </message>
+    <message>
+        <source>%1 is above the maximum %2.</source>
+        <translation>%1 ist größer als das Maximum %2.</translation>
+    </message>
+    <message>
+        <source>[options]</source>
+        <translation>[Optionen]</translation>
+    </message>
+</context>
+</TS>

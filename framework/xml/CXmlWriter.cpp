@@ -35,9 +35,11 @@ class CUtf8Sink : public CBuffer {
  public:
   using CBuffer::CBuffer;
   void put(std::string_view utf8) {
-    const size_t size = std::min<size_t>(utf8.size(), NXmlLimits::kMaxBytes + 1);
-    std::memcpy(room(size), utf8.data(), size);
-    advance(size);
+    if (!isTooLarge()) {
+      const size_t size = std::min<size_t>(utf8.size(), NXmlLimits::kMaxBytes + 1);
+      std::memcpy(room(size), utf8.data(), size);
+      advance(size);
+    }
   }
 };
 

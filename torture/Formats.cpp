@@ -31,8 +31,11 @@ class CParameterFormat : public CFormat {
   QString content() override { return NParamFileText::content(*mFile); }
   QString state() override { return NParamFileText::all(*mFile); }
   void edit(unsigned choice) override {
-    mFile->setMetaData("author", mFile->comment());
-    mFile->setDefMetaData("author", mFile->defComment());
+    if (mValues) {
+      mFile->setMetaData("author", mFile->comment());
+    } else {
+      mFile->setDefMetaData("author", mFile->defComment());
+    }
     const QStringList definitions = mFile->defNames();
     if (!definitions.isEmpty()) {
       CParamDefItem* item = mFile->paramDefPtr(
@@ -127,12 +130,13 @@ class CCompensationFormat : public CFormat {
   const std::unique_ptr<ICCompensationFile> mFile{ICCompensationFile::create(nullptr)};
 };
 
-/// A content without what no file keeps: which definitions refer to which (a load finds it out),
-/// and what a definition says of choices or values that it does not have.
+/// A content without what no file keeps (which definitions refer to which, and what a definition
+/// says of choices or values that it does not have) and without what a save makes of an empty Head.
 QString kept(QString content) {
   static const QRegularExpression references("; used by [0-9|]*");
   static const QRegularExpression visibility(";[0-9]+;$", QRegularExpression::MultilineOption);
-  return content.remove(references).replace(visibility, ";;").replace(";edit;;", ";fixed;;");
+  content.remove(references).replace(visibility, ";;").replace(";edit;;", ";fixed;;");
+  return content.remove("RX5").remove("automatic generated");
 }
 
 QString firstDifference(const QString& before, const QString& after) {

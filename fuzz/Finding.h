@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size);
+
+/// A broken promise ends the process, which is what fuzzers look for.
+namespace NFuzz {
+
+inline void require(bool isKept, const QString& promise) {
+  if (!isKept) {
+    std::fprintf(stderr, "BROKEN: %s\n", qPrintable(promise));
+    std::abort();
+  }
+}
+
+/// An empty text says that nothing is wrong.
+inline void require(const QString& finding) {
+  require(finding.isEmpty(), finding);
+}
+
+}  // namespace NFuzz

@@ -36,9 +36,9 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
     ${PROJECT_BINARY_DIR}/debian/triggers ${PROJECT_BINARY_DIR}/debian/shlibs)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
 "parameter files of servo drives - library
- Reads, edits and writes the definition, value, settings and compensation
- files of servo drives: XML in which values survive exactly, and which a
- save replaces as a whole or not at all.")
+Reads, edits and writes the definition, value, settings and compensation
+files of servo drives: XML in which values survive exactly, and which a
+save replaces as a whole or not at all.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libktoparameter-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -46,16 +46,16 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${library_package} (= ${same_version}), qtbase5-dev (>= 5.15)")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "parameter files of servo drives - development files
- The headers of libktoParameter, its CMake package and pkg-config file, and
- the XML schemas of the files.")
+The headers of libktoParameter, its CMake package and pkg-config file, and
+the XML schemas of the files.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME ktoparam)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "${library_package} (>= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_TOOL_DESCRIPTION
 "parameter files of servo drives - command line tool
- ktoparam shows, checks, compares, edits and merges the parameter files of
- servo drives, also for scripts and for git.")
+ktoparam shows, checks, compares, edits and merges the parameter files of
+servo drives, also for scripts and for git.")
 
 include(CPack)
 

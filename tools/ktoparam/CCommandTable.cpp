@@ -102,7 +102,7 @@ EExitStatus CCommandTable::unknown(const QStringList& words, COutput& out) const
     out.message(Tool::tr("A command is missing. See \"ktoparam help\"."));
     return ExitUsage;
   }
-  const QString first = words.first();
+  const QString& first = words.first();
   QStringList actions;
   for (const SCommand& command : family(first)) actions.append(wordsOf(command).last());
   if (!actions.isEmpty()) {

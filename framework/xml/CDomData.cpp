@@ -127,9 +127,9 @@ void CDomData::appendAttribute(quint32 element, quint32 name, const SDomText& va
 }
 
 SDomText CDomData::addText(std::string_view utf8) {
-  const SDomText text{textEnd(), static_cast<quint32>(utf8.size())};
+  const SDomText added{textEnd(), static_cast<quint32>(utf8.size())};
   mText.append(utf8);
-  return text;
+  return added;
 }
 
 quint32 CDomData::createElement(quint32 parent, const QString& tag) {
@@ -148,12 +148,12 @@ quint32 CDomData::createElement(quint32 parent, QLatin1String tag) {
 
 void CDomData::setAttribute(quint32 element, QLatin1String attributeName, const QString& value) {
   const quint32 nameIndex = internName(view(attributeName));
-  const SDomText text = addUtf16(value, element, SDomInvalidText::Attribute, nameIndex);
+  const SDomText added = addUtf16(value, element, SDomInvalidText::Attribute, nameIndex);
   const quint32 known = findAttribute(element, attributeName);
   if (known == kNone) {
-    appendAttribute(element, nameIndex, text);
+    appendAttribute(element, nameIndex, added);
   } else {
-    mAttributes[known].value = text;
+    mAttributes[known].value = added;
   }
 }
 

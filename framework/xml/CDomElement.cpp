@@ -70,14 +70,14 @@ bool CDomElement::hasOnlyText() const {
 }
 
 QString CDomElement::lastText() const {
-  QString text = QLatin1String("");
+  QString last = QLatin1String("");
   for (quint32 i = isNull() ? kNone : mData->node(mNode).firstChild; i != kNone;
        i = mData->node(i).next) {
     if (mData->node(i).kind == SDomNode::Text || mData->node(i).kind == SDomNode::CData) {
-      text = toQString(mData->text(mData->node(i).text));
+      last = toQString(mData->text(mData->node(i).text));
     }
   }
-  return text;
+  return last;
 }
 
 CDomElement CDomElement::firstChildElement() const {

@@ -21,8 +21,8 @@ std::optional<CExactNumber> read(const CParamVal& value) {
 }  // namespace
 
 CExactNumber::CExactNumber(qint64 number) : mIsNegative(number < 0) {
-  const auto bits = static_cast<quint64>(number);
-  mMagnitude = mIsNegative ? 0 - bits : bits;
+  const auto magnitude = static_cast<quint64>(number);
+  mMagnitude = mIsNegative ? 0 - magnitude : magnitude;
 }
 
 CExactNumber::CExactNumber(double number) {

@@ -57,7 +57,7 @@ const V* find(const std::map<K, V>* map, const K& key) {
 /// Of all hardware ids, since they share the types and names.
 std::set<quint8> subDeviceIds(const CParameterFileBaseImpl& file) {
   std::set<quint8> ids;
-  for (const auto& [hardwareId, trees] : file.trees()) {
+  for (const auto& [hardwareId, trees] : file.allTrees()) {
     for (const auto& entry : trees) {
       ids.insert(entry.first);
     }
@@ -76,9 +76,9 @@ void CHardwareIdMerge::run() {
     mergeType(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
     mergeName(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
   }
-  mergeMap(&mBase.trees(), mOurs.trees(), mTheirs.trees());
-  if (hasActiveId && !mOurs.containsHardwareId(mOurs.hardwareId()) && !mOurs.trees().empty()) {
-    mOurs.selectHardwareId(mOurs.trees().begin()->first);
+  mergeMap(&mBase.allTrees(), mOurs.allTrees(), mTheirs.allTrees());
+  if (hasActiveId && !mOurs.containsHardwareId(mOurs.hardwareId()) && !mOurs.allTrees().empty()) {
+    mOurs.selectHardwareId(mOurs.allTrees().begin()->first);
   }
 }
 
@@ -155,9 +155,9 @@ void CHardwareIdMerge::enter(quint8 subDevId) {
 
 /// One without sub-devices could not be read again.
 void CHardwareIdMerge::leave(const QString& hardwareId) {
-  const auto trees = mOurs.trees().find(hardwareId);
-  if (trees != mOurs.trees().end() && trees->second.empty()) {
-    mOurs.trees().erase(trees);
+  const auto trees = mOurs.allTrees().find(hardwareId);
+  if (trees != mOurs.allTrees().end() && trees->second.empty()) {
+    mOurs.allTrees().erase(trees);
   }
 }
 

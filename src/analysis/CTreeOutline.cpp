@@ -47,8 +47,8 @@ const CTreeOutline::SNode& CTreeOutline::at(int key) const {
 
 void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys& keys) {
   QHash<QString, int> places;
-  QVector<int> children;
-  children.reserve(group.childCount());
+  QVector<int> childKeys;
+  childKeys.reserve(group.childCount());
   for (int i = 0; i < group.childCount(); ++i) {
     const CParamTreeNodeImpl* child = group.childNode(i);
     const QString name = child->name();
@@ -58,12 +58,12 @@ void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys&
       mNodes.resize(static_cast<size_t>(key) + 1);
     }
     mNodes[static_cast<size_t>(key)] = {child, groupKey, i, {}};
-    children.append(key);
+    childKeys.append(key);
     if (child->isGroup()) {
       add(*child, key, keys);
     }
   }
-  mNodes[static_cast<size_t>(groupKey)].children = children;
+  mNodes[static_cast<size_t>(groupKey)].children = childKeys;
 }
 
 CParamVal CTreeOutline::value(int key) const {

@@ -128,20 +128,20 @@ void CValueRules::compareWithParameters(const CParamVal& value, const CExactNumb
                                         QVector<SViolation>& found) const {
   for (const SLimitParameter& parameter : mMinimumParameters) {
     const CParamVal text = valueByName(parameter.name);
-    const std::optional<CExactNumber> limit = CExactNumber::of(text, parameter.type);
-    if (limit && number < *limit) {
+    const std::optional<CExactNumber> bound = CExactNumber::of(text, parameter.type);
+    if (bound && number < *bound) {
       found.append({BelowLimitParameter, tr("%1 is below %2, the value of \"%3\".")
                                              .arg(shownNumber(value, number),
-                                                  shownNumber(text, *limit), parameter.name)});
+                                                  shownNumber(text, *bound), parameter.name)});
     }
   }
   for (const SLimitParameter& parameter : mMaximumParameters) {
     const CParamVal text = valueByName(parameter.name);
-    const std::optional<CExactNumber> limit = CExactNumber::of(text, parameter.type);
-    if (limit && *limit < number) {
+    const std::optional<CExactNumber> bound = CExactNumber::of(text, parameter.type);
+    if (bound && *bound < number) {
       found.append({AboveLimitParameter, tr("%1 is above %2, the value of \"%3\".")
                                              .arg(shownNumber(value, number),
-                                                  shownNumber(text, *limit), parameter.name)});
+                                                  shownNumber(text, *bound), parameter.name)});
     }
   }
 }

@@ -356,9 +356,9 @@ void CParamDefItem::addVisibleValues(const QList<qint64>& values) {
 
 bool CParamDefItem::setVisible(const QString& text) {
   const QStringList pieces = text.split(QLatin1Char('#'), Qt::SkipEmptyParts);
-  unsigned int id = 0;
-  if (pieces.size() < 2 || !CStr::strToU32(pieces.first(), id, 0)) return false;
-  setVisibleId(id);
+  unsigned int parameterId = 0;
+  if (pieces.size() < 2 || !CStr::strToU32(pieces.first(), parameterId, 0)) return false;
+  setVisibleId(parameterId);
   for (int i = 1; i < pieces.size(); ++i) {
     qint64 value = 0;
     if (!CStr::strToI64(pieces.at(i), value, kDecimalBase)) return false;

@@ -82,10 +82,10 @@ QStringList CSubDeviceTree::names() const {
 CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNodeData data) {
   Q_ASSERT(owns(parent) && parent->isGroup());
   data.setSubDevId(mSubDevId);
-  auto* const node = new CParamTreeNodeImpl(data);
-  parent->addChild(node);
-  if (node->isGroup()) index(node, CParamVal());
-  return node;
+  auto* const added = new CParamTreeNodeImpl(data);
+  parent->addChild(added);
+  if (added->isGroup()) index(added, CParamVal());
+  return added;
 }
 
 void CSubDeviceTree::index(CParamTreeNodeImpl* node, const CParamVal& value) {
@@ -144,12 +144,12 @@ void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNode
                                 const CSubDeviceTree& other) {
   QMultiHash<QString, CParamTreeNodeImpl*> groups = childGroups(*target);
   for (int i = 0; i < source.childCount(); ++i) {
-    const CParamTreeNodeImpl& node = *source.childNode(i);
-    if (node.isParam()) {
-      mergeParameter(target, node.dataRef(), other.value(node.name()));
+    const CParamTreeNodeImpl& each = *source.childNode(i);
+    if (each.isParam()) {
+      mergeParameter(target, each.dataRef(), other.value(each.name()));
     } else {
-      CParamTreeNodeImpl* const group = groups.take(node.name());
-      mergeGroup(group ? group : append(target, node.dataRef()), node, other);
+      CParamTreeNodeImpl* const known = groups.take(each.name());
+      mergeGroup(known ? known : append(target, each.dataRef()), each, other);
     }
   }
 }

@@ -22,7 +22,7 @@ class CTreeNode {
   virtual CTreeNode<T>* clone() const {
     auto copy = std::make_unique<CTreeNode<T>>();
     copy->setData(dataRef());
-    for (const CTreeNode<T>* child : mChildren) copy->addChild(child->clone());
+    for (const CTreeNode<T>* each : mChildren) copy->addChild(each->clone());
     return copy.release();
   }
 

@@ -56,14 +56,14 @@ void CDefinitionStore::unite(const QHash<QString, CParamDefItem>& definitions,
 }
 
 void CDefinitionStore::updateReferenceIdList(const QHash<QString, CParamDefItem>& definitions) {
-  QVector<const CParamDefItem*> sorted;
+  QVector<const CParamDefItem*> referring;
   for (const CParamDefItem& definition : definitions) {
     if (definition.id() != 0 && definition.hasVisibleValues()) {
-      sorted.append(&definition);
+      referring.append(&definition);
     }
   }
-  CParamDefFile::sortByIdAndName(sorted);
-  for (const CParamDefItem* definition : sorted) {
+  CParamDefFile::sortByIdAndName(referring);
+  for (const CParamDefItem* definition : referring) {
     mReferences[definition->visibleId()].add(definition->id());
     mReferences[definition->unitId()].add(definition->id());
   }

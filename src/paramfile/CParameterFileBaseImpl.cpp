@@ -22,9 +22,9 @@ CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& oth
       mSubDevNames(other.mSubDevNames),
       mDefinitions(other.mDefinitions) {
   installOwnErrorHandler();
-  for (const auto& [hardwareId, subDevices] : other.mTrees) {
+  for (const auto& [id, subDevices] : other.mTrees) {
     for (const auto& [subDevId, tree] : subDevices) {
-      mTrees[hardwareId].emplace(subDevId, tree.clone());
+      mTrees[id].emplace(subDevId, tree.clone());
     }
   }
 }

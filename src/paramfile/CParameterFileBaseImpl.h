@@ -124,8 +124,8 @@ class CParameterFileBaseImpl : public ICParameterFile {
 
   // What stands on this object, such as the merge of files, gets at all values, and can add some
   // without definitions. Who edits them marks the hardware id with setHwIdChanged().
-  const CHardwareIdTrees& trees() const { return mTrees; }
-  CHardwareIdTrees& trees() { return mTrees; }
+  const CHardwareIdTrees& allTrees() const { return mTrees; }
+  CHardwareIdTrees& allTrees() { return mTrees; }
   /// An empty name would be written as such.
   void removeSubDevName(quint8 subDevId) { mSubDevNames.remove(subDevId); }
 

@@ -107,8 +107,8 @@ void CParameterFileBaseImpl::takeOver(SLoadedValues&& loaded, quint32 revision) 
 }
 
 void CParameterFileBaseImpl::appendParameterRootNodes(CHardwareIdTrees&& trees) {
-  for (auto& [hardwareId, subDevices] : trees) {
-    CSubDeviceTrees& present = mTrees[hardwareId];
+  for (auto& [id, subDevices] : trees) {
+    CSubDeviceTrees& present = mTrees[id];
     for (auto& [subDevId, tree] : subDevices) {
       const auto known = present.find(subDevId);
       if (known == present.end()) {

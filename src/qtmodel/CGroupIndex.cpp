@@ -34,8 +34,8 @@ SGroup* CGroupIndex::group(ICParamTreeNode* node, SGroup* parent, int row) {
 }
 
 SGroup* CGroupIndex::group(ICParamTreeNode* node) {
-  const auto known = mGroups.find(node);
-  if (known != mGroups.end()) return known->second.get();
+  const auto entry = mGroups.find(node);
+  if (entry != mGroups.end()) return entry->second.get();
   ICParamTreeNode* parentNode = node->parentPtr();
   SGroup* parent = parentNode ? group(parentNode) : mRoot.get();
   const int row = parent ? rowOf(*parent, node) : -1;
@@ -59,9 +59,9 @@ void CGroupIndex::makeRows(SGroup& group) const {
 /// order or in reverse. Where they do not, the rows are made again in time.
 int CGroupIndex::rowOf(SGroup& group, const ICParamTreeNode* child) const {
   if (group.rows.isEmpty() || group.steps > group.count) makeRows(group);
-  const int known = group.rows.value(child, -1);
-  int last = std::min(known, group.count - 1);
-  for (int first = std::max(0, known - group.removed); first <= last; ++first, --last) {
+  const int place = group.rows.value(child, -1);
+  int last = std::min(place, group.count - 1);
+  for (int first = std::max(0, place - group.removed); first <= last; ++first, --last) {
     if (this->child(group, first) == child) return first;
     if (this->child(group, last) == child) return last;
     ++group.steps;
@@ -76,13 +76,13 @@ void CGroupIndex::append(SGroup& group) {
 
 void CGroupIndex::remove(SGroup& group, int first, int count) {
   std::vector<SGroup*> kept;
-  for (SGroup* child : group.groups) {
-    if (child->row >= first && child->row < first + count) {
-      forget(child);
+  for (SGroup* each : group.groups) {
+    if (each->row >= first && each->row < first + count) {
+      forget(each);
       continue;
     }
-    if (child->row >= first + count) child->row -= count;
-    kept.push_back(child);
+    if (each->row >= first + count) each->row -= count;
+    kept.push_back(each);
   }
   group.groups = std::move(kept);
   group.count -= count;
@@ -90,7 +90,7 @@ void CGroupIndex::remove(SGroup& group, int first, int count) {
 }
 
 void CGroupIndex::forget(SGroup* group) {
-  for (SGroup* child : group->groups) forget(child);
+  for (SGroup* each : group->groups) forget(each);
   mGroups.erase(group->node);
 }
 

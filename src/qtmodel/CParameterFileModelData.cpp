@@ -72,13 +72,13 @@ QString toolTip(const ICParamTreeNode& node, const QString& hint) {
 }  // namespace
 
 QVariant CParameterFileModel::data(const QModelIndex& index, int role) const {
-  const ICParamTreeNode* node = this->node(index);
-  if (!node) return {};
-  if (!propertyOf(role).isEmpty()) return propertyValue(*node, role);
-  if (role == IsGroupRole) return node->isGroup();
-  if (role == SubDeviceRole) return static_cast<int>(node->subDevId());
-  if (role == Qt::DisplayRole && index.column() == NameColumn) return nameOf(*d->file, *node);
-  return node->isParam() ? parameterData(*node, index.column(), role) : QVariant();
+  const ICParamTreeNode* item = node(index);
+  if (!item) return {};
+  if (!propertyOf(role).isEmpty()) return propertyValue(*item, role);
+  if (role == IsGroupRole) return item->isGroup();
+  if (role == SubDeviceRole) return static_cast<int>(item->subDevId());
+  if (role == Qt::DisplayRole && index.column() == NameColumn) return nameOf(*d->file, *item);
+  return item->isParam() ? parameterData(*item, index.column(), role) : QVariant();
 }
 
 QVariant CParameterFileModel::parameterData(const ICParamTreeNode& node, int column,
@@ -150,12 +150,12 @@ QVariant CParameterFileModel::headerData(int section, Qt::Orientation orientatio
 }
 
 Qt::ItemFlags CParameterFileModel::flags(const QModelIndex& index) const {
-  const ICParamTreeNode* node = this->node(index);
-  if (!node) return Qt::NoItemFlags;
+  const ICParamTreeNode* item = node(index);
+  if (!item) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-  if (!node->isParam()) return flags;
+  if (!item->isParam()) return flags;
   flags |= Qt::ItemNeverHasChildren;
-  const CParamDefItem definition = d->definitionOf(*node);
+  const CParamDefItem definition = d->definitionOf(*item);
   if (index.column() != ValueColumn || definition.name().isEmpty()) return flags;
   flags |= Qt::ItemIsEditable;
   if (hasCheckBox(definition)) {
@@ -166,16 +166,16 @@ Qt::ItemFlags CParameterFileModel::flags(const QModelIndex& index) const {
 }
 
 bool CParameterFileModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-  ICParamTreeNode* node = this->node(index);
-  if (!node) return false;
+  ICParamTreeNode* item = node(index);
+  if (!item) return false;
   const QString property = propertyOf(role);
   if (!property.isEmpty()) {
-    node->setProperty(property, value);
+    item->setProperty(property, value);
     rowChanged(index);
     return true;
   }
-  if (!node->isParam() || index.column() != ValueColumn) return false;
-  const CParamDefItem definition = d->definitionOf(*node);
+  if (!item->isParam() || index.column() != ValueColumn) return false;
+  const CParamDefItem definition = d->definitionOf(*item);
   if (role == Qt::EditRole) return setText(index, definition, value.toString());
   if (role == RawValueRole) return setValue(index, value.toString());
   if (role != Qt::CheckStateRole || !hasCheckBox(definition)) return false;
@@ -193,14 +193,14 @@ bool CParameterFileModel::setText(const QModelIndex& index, const CParamDefItem&
 }
 
 bool CParameterFileModel::setValue(const QModelIndex& index, const CParamVal& value) {
-  const ICParamTreeNode& node = *this->node(index);
-  const QString problem = d->problem(node, value);
+  const ICParamTreeNode& item = *node(index);
+  const QString problem = d->problem(item, value);
   if (!problem.isEmpty()) return refuse(index, problem);
-  if (!d->file->setAndMarkParamValue(node.name(), value, node.subDevId())) {
+  if (!d->file->setAndMarkParamValue(item.name(), value, item.subDevId())) {
     return refuse(index, tr("There is no such value."));
   }
   rowChanged(index);
-  refreshUnitsOf(node.name());
+  refreshUnitsOf(item.name());
   return true;
 }
 

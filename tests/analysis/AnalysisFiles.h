@@ -17,7 +17,7 @@ inline CFilePtr makeFile(const QString& hardwareId = QStringLiteral("A")) {
 }
 
 inline CHardwareIdTrees& treesOf(ICParameterFile& file) {
-  return dynamic_cast<CParameterFileBaseImpl&>(file).trees();
+  return dynamic_cast<CParameterFileBaseImpl&>(file).allTrees();
 }
 
 inline CFilePtr fromTokens(const QStringList& tokens) {

@@ -79,11 +79,11 @@ EExitStatus CCommandTable::help(const QStringList& words, COutput& out) const {
     return ExitDone;
   }
   const SCommand* command = find(words);
-  const QVector<SCommand> commands = command ? QVector<SCommand>{*command} : family(words.first());
-  if (commands.isEmpty()) return unknown(words, out);
-  for (int i = 0; i < commands.size(); ++i) {
+  const QVector<SCommand> found = command ? QVector<SCommand>{*command} : family(words.first());
+  if (found.isEmpty()) return unknown(words, out);
+  for (int i = 0; i < found.size(); ++i) {
     if (i > 0) out.line({});
-    Help::printCommand(commands.at(i), out);
+    Help::printCommand(found.at(i), out);
   }
   return ExitDone;
 }

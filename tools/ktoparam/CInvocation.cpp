@@ -61,8 +61,8 @@ QString CInvocation::emptyFileName() const {
   }
   const QStringList given = mParser.positionalArguments();
   for (int i = 0; i < given.size(); ++i) {
-    const SArgument& argument = mCommand.arguments.at(qMin(i, mCommand.arguments.size() - 1));
-    if (given.at(i).isEmpty() && argument.word == EWord::File) return text.arg(argument.name);
+    const SArgument& expected = mCommand.arguments.at(qMin(i, mCommand.arguments.size() - 1));
+    if (given.at(i).isEmpty() && expected.word == EWord::File) return text.arg(expected.name);
   }
   return {};
 }

@@ -39,13 +39,13 @@ bool CLoadedFile::loadValues(const QString& fileName) {
 }
 
 bool CLoadedFile::loadDefinitions(const QString& fileName) {
-  SFileInfo info;
-  if (!checkKind(fileName, SFileInfo::Definitions, info)) return false;
+  SFileInfo found;
+  if (!checkKind(fileName, SFileInfo::Definitions, found)) return false;
   if (mFileName.isEmpty()) {
-    mInfo = info;
+    mInfo = found;
     mFileName = fileName;
   }
-  mHasDefinitions = mFile->loadParamDefFile(fileName, info.version);
+  mHasDefinitions = mFile->loadParamDefFile(fileName, found.version);
   if (!mHasDefinitions) reportFailure(fileName);
   return mHasDefinitions;
 }

@@ -99,10 +99,10 @@ QByteArray CSvgWriter::finish() {
 }
 
 QString CSvgWriter::number(double value) {
-  QString text = QString::number(value, 'f', 2);
-  while (text.endsWith(QLatin1Char('0'))) text.chop(1);
-  if (text.endsWith(QLatin1Char('.'))) text.chop(1);
-  return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+  QString digits = QString::number(value, 'f', 2);
+  while (digits.endsWith(QLatin1Char('0'))) digits.chop(1);
+  if (digits.endsWith(QLatin1Char('.'))) digits.chop(1);
+  return digits == QLatin1String("-0") ? QStringLiteral("0") : digits;
 }
 
 double CSvgWriter::textWidth(const QString& text, double fontSize) {

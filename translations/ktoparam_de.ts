@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>QCommandLineParser</name>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Die Option &apos;%1&apos; gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Unknown options: %1.</source>
+        <translation>Diese Optionen gibt es nicht: %1.</translation>
+    </message>
+    <message>
+        <source>Missing value after &apos;%1&apos;.</source>
+        <translation>Hinter &apos;%1&apos; fehlt ein Wert.</translation>
+    </message>
+    <message>
+        <source>Unexpected value after &apos;%1&apos;.</source>
+        <translation>Hinter &apos;%1&apos; darf kein Wert stehen.</translation>
+    </message>
+</context>
+<context>
     <name>QIODevice</name>
     <message>
         <source>Permission denied</source>

@@ -40,7 +40,7 @@ CTreeOutline::CTreeOutline(const CSubDeviceTree* tree, CNodeKeys& keys) : mTree(
 }
 
 const CTreeOutline::SNode& CTreeOutline::at(int key) const {
-  static const SNode none{};
+  static const SNode none;
   const auto index = static_cast<size_t>(key);
   return index < mNodes.size() ? mNodes[index] : none;
 }

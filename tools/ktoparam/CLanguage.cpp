@@ -7,6 +7,10 @@ namespace {
 
 // What the tool shows of Qt's own texts, to be translated with the tool's.
 [[maybe_unused]] constexpr const char* kQtTexts[] = {
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unknown option '%1'."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unknown options: %1."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Missing value after '%1'."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unexpected value after '%1'."),
     QT_TRANSLATE_NOOP("QIODevice", "Permission denied"),
     QT_TRANSLATE_NOOP("QIODevice", "Too many open files"),
     QT_TRANSLATE_NOOP("QIODevice", "No such file or directory"),

@@ -1,7 +1,7 @@
 #include "CStr.h"
 
-#include <QByteArray>
 #include <QStringView>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <charconv>
@@ -27,9 +27,14 @@ QStringView trimmed(QStringView text) {
   return text;
 }
 
-// A number text without blanks, in bytes. Whatever is not Latin-1 becomes "?", no number has that.
+// A number text without blanks, in bytes. Whatever is not ASCII becomes "?", no number has that.
 struct SNumberText {
-  explicit SNumberText(const QString& text) : bytes(trimmed(text).toLatin1()), rest(view(bytes)) {}
+  explicit SNumberText(const QString& text) {
+    for (const QChar c : trimmed(text)) {
+      bytes.append(c.unicode() < 0x80 ? static_cast<char>(c.unicode()) : '?');
+    }
+    rest = {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+  }
 
   // Takes one leading sign off; true for "-".
   bool takeMinus() {
@@ -45,11 +50,7 @@ struct SNumberText {
     return true;
   }
 
-  static std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-  }
-
-  const QByteArray bytes;
+  QVarLengthArray<char, 64> bytes;
   std::string_view rest;
 };
 

@@ -3,6 +3,7 @@
 #include "XmlText.h"
 
 #include <algorithm>
+#include <functional>
 
 using NXmlText::toQString;
 
@@ -10,6 +11,19 @@ namespace {
 
 std::string_view view(QLatin1String text) {
   return {text.data(), static_cast<size_t>(text.size())};
+}
+
+/// Longer texts hardly ever stand twice in a file.
+constexpr quint32 kSharedLength = 16;
+
+/// Where a name stands among those met last; chosen so that the tags of the formats are apart.
+size_t slotOf(std::string_view name) {
+  if (name.empty()) {
+    return 0;
+  }
+  const auto inner = static_cast<uchar>(name[name.size() / 3]);
+  const auto last = static_cast<uchar>(name.back());
+  return (name.size() * 19 + inner * 12U + last) % kRecentNames;
 }
 
 bool isText(const SDomNode& node) {
@@ -38,11 +52,33 @@ quint32 CDomData::elementFrom(quint32 nodeIndex) const {
 }
 
 quint32 CDomData::elementFrom(quint32 nodeIndex, QLatin1String tag) const {
-  nodeIndex = elementFrom(nodeIndex);
-  while (nodeIndex != kNone && !hasName(nodeIndex, tag)) {
-    nodeIndex = elementFrom(mNodes[nodeIndex].next);
+  const quint32 wanted = findName(view(tag));
+  if (wanted == kNone) {
+    return kNone;
+  }
+  while (nodeIndex != kNone && (mNodes[nodeIndex].kind != SDomNode::Element ||
+                                mNodes[nodeIndex].element.name != wanted)) {
+    nodeIndex = mNodes[nodeIndex].next;
   }
   return nodeIndex;
+}
+
+quint32 CDomData::onlyText(quint32 nodeIndex) const {
+  const quint32 first = mNodes[nodeIndex].firstChild;
+  return first != kNone && mNodes[first].next == kNone && isText(mNodes[first]) ? first : kNone;
+}
+
+QString CDomData::sharedTextOf(quint32 nodeIndex) {
+  const quint32 only = onlyText(nodeIndex);
+  if (only == kNone || mNodes[only].text.length > kSharedLength) {
+    return textOf(nodeIndex);
+  }
+  const SDomText piece = mNodes[only].text;
+  SRecentText& recent = mRecentTexts[std::hash<std::string_view>()(text(piece)) % kRecentTexts];
+  if (recent.text.isNull() || text(recent.piece) != text(piece)) {
+    recent = {piece, toQString(text(piece))};
+  }
+  return recent.text;
 }
 
 QString CDomData::textOf(quint32 nodeIndex) const {
@@ -50,7 +86,7 @@ QString CDomData::textOf(quint32 nodeIndex) const {
   if (first == kNone) {
     return QLatin1String("");
   }
-  if (mNodes[first].next == kNone && isText(mNodes[first])) {
+  if (onlyText(nodeIndex) != kNone) {
     return toQString(text(mNodes[first].text));
   }
   // Depth first without recursion: the nodes still to visit are a stack of next siblings.
@@ -72,18 +108,30 @@ QString CDomData::textOf(quint32 nodeIndex) const {
   return toQString(all);
 }
 
-void CDomData::reserveNodes(int count) {
-  mNodes.reserve(std::min(static_cast<size_t>(count), NXmlLimits::kMaxNodes + 1));
+void CDomData::reserveFor(std::string_view document) {
+  // Every node but a text begins with this character, and there are hardly more texts than tags.
+  const auto nodes = static_cast<size_t>(std::count(document.begin(), document.end(), '<'));
+  mNodes.reserve(std::min(nodes, NXmlLimits::kMaxNodes + 1));
+  mText.reserve(document.size());
+}
+
+quint32 CDomData::findName(std::string_view name) const {
+  const quint32 recent = mRecentNames[slotOf(name)];
+  if (recent < mNames.size() && mNames[recent] == name) {
+    return recent;
+  }
+  const auto known = mNameIndex.find(name);
+  return known == mNameIndex.end() ? kNone : known->second;
 }
 
 quint32 CDomData::internName(std::string_view name) {
-  const auto known = mNameIndex.find(name);
-  if (known != mNameIndex.end()) {
-    return known->second;
+  quint32 index = findName(name);
+  if (index == kNone) {
+    index = static_cast<quint32>(mNames.size());
+    mNames.push_back(mNameStore.emplace_back(name));
+    mNameIndex.emplace(mNames.back(), index);
   }
-  const auto index = static_cast<quint32>(mNames.size());
-  mNames.push_back(mNameStore.emplace_back(name));
-  mNameIndex.emplace(mNames.back(), index);
+  mRecentNames[slotOf(name)] = index;
   return index;
 }
 
@@ -108,9 +156,8 @@ quint32 CDomData::appendNode(quint32 parent, SDomNode::EKind kind, quint32 line)
   return index;
 }
 
-void CDomData::appendText(quint32 parent, SDomNode::EKind kind, const SDomText& text,
-                          quint32 line) {
-  mNodes[appendNode(parent, kind, line)].text = text;
+void CDomData::appendText(quint32 parent, SDomNode::EKind kind, const SDomText& text) {
+  mNodes[appendNode(parent, kind)].text = text;
 }
 
 void CDomData::appendAttribute(quint32 element, quint32 name, const SDomText& value) {
@@ -134,7 +181,7 @@ SDomText CDomData::addText(std::string_view utf8) {
 
 quint32 CDomData::createElement(quint32 parent, const QString& tag) {
   const std::string utf8 = tag.toStdString();
-  const bool known = mNameIndex.count(utf8) > 0;
+  const bool known = findName(utf8) != kNone;
   const quint32 index = appendElement(parent, internName(utf8), 0);
   if (!known && !NXmlText::isName(tag)) {
     setInvalid({index, SDomInvalidText::Tag, kNone, {}}, NXmlText::readable(tag));
@@ -162,7 +209,7 @@ void CDomData::setText(quint32 element, const QString& text) {
   mNodes[element].lastChild = kNone;
   if (!text.isEmpty()) {
     const SDomText added = addUtf16(text, element, SDomInvalidText::Text, kNone);
-    appendText(element, SDomNode::Text, added, 0);
+    appendText(element, SDomNode::Text, added);
   }
 }
 

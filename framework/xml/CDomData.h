@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <array>
 #include <deque>
 #include <map>
 #include <string>
@@ -25,6 +26,10 @@ constexpr size_t kMaxText = 3 * kMaxBytes;  ///< in UTF-8; a file that may be re
 /// Index of "no node" and "no attribute".
 constexpr quint32 kNone = 0xFFFFFFFF;
 
+/// Number of names that are found without a search, and of short texts that may be shared.
+constexpr size_t kRecentNames = 64;
+constexpr size_t kRecentTexts = 256;
+
 /// A piece of the text arena.
 struct SDomText {
   quint32 begin = 0;
@@ -43,7 +48,7 @@ struct SDomNode {
   enum EKind : quint8 { Element, Text, CData, Other };
 
   EKind kind;
-  quint32 line;  ///< on which it begins, 0 when it was not read
+  quint32 line;  ///< on which an element begins, 0 when it was not read
   union {
     struct {
       quint32 name;
@@ -56,6 +61,12 @@ struct SDomNode {
   quint32 next = kNone;
 
   SDomNode(EKind nodeKind, quint32 nodeLine) : kind(nodeKind), line(nodeLine), text() {}
+};
+
+/// A piece of the text arena, and the QString that was made of it.
+struct SRecentText {
+  SDomText piece;
+  QString text;
 };
 
 /// A text that XML cannot hold, found while the document was built.
@@ -85,8 +96,8 @@ class CDomData {
     return mNodes.size() + mAttributes.size() > NXmlLimits::kMaxNodes ||
            mNames.size() > NXmlLimits::kMaxNames || mIsTextFull;
   }
-  /// Makes room for that many nodes, but not for more than a document may have.
-  void reserveNodes(int count);
+  /// Makes room for what a document of that text may hold, so that nothing is moved as it grows.
+  void reserveFor(std::string_view document);
   size_t textSize() const { return mText.size(); }
   const SDomInvalidText& invalidText() const { return mInvalid; }
 
@@ -99,12 +110,14 @@ class CDomData {
   quint32 elementFrom(quint32 nodeIndex, QLatin1String tag) const;
   /// Text of all descendants that are text.
   QString textOf(quint32 nodeIndex) const;
+  /// The same; short texts that come again and again, such as "0x0", share their memory.
+  QString sharedTextOf(quint32 nodeIndex);
 
   quint32 internName(std::string_view name);
   /// Appends a node to a parent (kNone for the root).
   quint32 appendElement(quint32 parent, quint32 name, quint32 line);
-  quint32 appendNode(quint32 parent, SDomNode::EKind kind, quint32 line);
-  void appendText(quint32 parent, SDomNode::EKind kind, const SDomText& text, quint32 line);
+  quint32 appendNode(quint32 parent, SDomNode::EKind kind, quint32 line = 0);
+  void appendText(quint32 parent, SDomNode::EKind kind, const SDomText& text);
   void appendAttribute(quint32 element, quint32 name, const SDomText& value);
 
   /// Adds bytes that are known to be UTF-8 to the text arena.
@@ -121,6 +134,9 @@ class CDomData {
   void setText(quint32 element, const QString& text);
 
  private:
+  /// The node that is all the content of another and is text; or kNone.
+  quint32 onlyText(quint32 nodeIndex) const;
+  quint32 findName(std::string_view name) const;  ///< kNone for a name not met
   SDomText addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
                     quint32 attributeName);
   void setInvalid(SDomInvalidText place, const QString& what);
@@ -133,5 +149,8 @@ class CDomData {
   std::vector<std::string_view> mNames;  // into the store, whose elements stay where they are
   std::deque<std::string> mNameStore;
   std::map<std::string_view, quint32> mNameIndex;  // no hash: names can be made to collide
+  /// The names met last, by a number made of their size and ends: most tags are found here.
+  std::array<quint32, kRecentNames> mRecentNames{};
   SDomInvalidText mInvalid;
+  std::array<SRecentText, kRecentTexts> mRecentTexts;  ///< short ones asked for, by their hash
 };

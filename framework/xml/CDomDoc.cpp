@@ -63,8 +63,8 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
     if (step.parent != kNone && !step.node.nextSibling().isNull()) {
       todo.push_back({step.node.nextSibling(), step.parent});
     }
-    const auto line = static_cast<quint32>(std::max(step.node.lineNumber(), 0));
     if (step.node.isElement()) {
+      const auto line = static_cast<quint32>(std::max(step.node.lineNumber(), 0));
       const QDomElement element = step.node.toElement();
       const quint32 copy =
           data.appendElement(step.parent, data.internName(element.tagName().toStdString()), line);
@@ -79,9 +79,9 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
       }
     } else if (step.node.isText() || step.node.isCDATASection()) {
       const auto kind = step.node.isCDATASection() ? SDomNode::CData : SDomNode::Text;
-      data.appendText(step.parent, kind, data.addText(step.node.nodeValue().toStdString()), line);
+      data.appendText(step.parent, kind, data.addText(step.node.nodeValue().toStdString()));
     } else {
-      data.appendNode(step.parent, SDomNode::Other, line);
+      data.appendNode(step.parent, SDomNode::Other);
     }
   }
 }

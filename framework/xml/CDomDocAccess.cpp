@@ -4,6 +4,10 @@
 #include "CStr.h"
 #include "NLumoXmlTags.h"
 
+#include <charconv>
+#include <string_view>
+#include <system_error>
+
 namespace {
 
 using EResult = CDomDoc::EResult;
@@ -47,9 +51,24 @@ EResult invalidAttribute(QLatin1String name, const CDomElement& element, const Q
   return CDomDoc::Invalid;
 }
 
+/// Reads plain decimal digits, as almost every number is written, without making a QString of them.
+template <class T>
+bool readDigits(std::string_view text, T& value) {
+  T number = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || stop != text.data() + text.size()) {
+    return false;
+  }
+  value = number;
+  return true;
+}
+
 template <class T>
 EResult numberAttribute(QLatin1String name, const CDomElement& element, T& value, QString& error,
                         int base) {
+  if ((base == 0 || base == 10) && readDigits(element.attributeUtf8(name), value)) {
+    return CDomDoc::Ok;
+  }
   QString text;
   const EResult result = CDomDoc::existingAttribute(name, element, text, error);
   if (CDomDoc::fail(result)) {

@@ -56,8 +56,13 @@ QString CDomElement::attribute(QLatin1String name) const {
   return index == kNone ? QString() : toQString(mData->text(mData->attribute(index).value));
 }
 
+std::string_view CDomElement::attributeUtf8(QLatin1String name) const {
+  const quint32 index = isNull() ? kNone : mData->findAttribute(mNode, name);
+  return index == kNone ? std::string_view() : mData->text(mData->attribute(index).value);
+}
+
 QString CDomElement::text() const {
-  return isNull() ? QString() : mData->textOf(mNode);
+  return isNull() ? QString() : mData->sharedTextOf(mNode);
 }
 
 bool CDomElement::hasOnlyText() const {
@@ -78,6 +83,15 @@ QString CDomElement::lastText() const {
     }
   }
   return last;
+}
+
+int CDomElement::childElementCount() const {
+  int count = 0;
+  for (quint32 i = isNull() ? kNone : mData->node(mNode).firstChild; i != kNone;
+       i = mData->node(i).next) {
+    count += mData->node(i).kind == SDomNode::Element ? 1 : 0;
+  }
+  return count;
 }
 
 CDomElement CDomElement::firstChildElement() const {
@@ -110,7 +124,7 @@ CDomElement CDomElement::appendElement(QLatin1String tag) {
 
 void CDomElement::appendComment() {
   if (!isNull()) {
-    mData->appendNode(mNode, SDomNode::Other, 0);
+    mData->appendNode(mNode, SDomNode::Other);
   }
 }
 

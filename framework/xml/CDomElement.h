@@ -5,6 +5,8 @@
 #include <QLatin1String>
 #include <QString>
 
+#include <string_view>
+
 class CDomData;
 class QDomElement;
 
@@ -23,6 +25,9 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   bool hasAttribute(QLatin1String name) const;
   /// Null only when the attribute is missing.
   QString attribute(QLatin1String name) const;
+  /// The attribute as the document keeps it, in UTF-8; empty when it is missing. Valid until the
+  /// document is changed.
+  std::string_view attributeUtf8(QLatin1String name) const;
 
   /// Text of all descendants; empty, never null, for an element without text.
   QString text() const;
@@ -31,6 +36,7 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   /// Text of the last child that is a text node; empty when there is none.
   QString lastText() const;
 
+  int childElementCount() const;
   CDomElement firstChildElement() const;
   CDomElement firstChildElement(QLatin1String tag) const;
   CDomElement nextSiblingElement() const;

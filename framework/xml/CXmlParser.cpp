@@ -118,8 +118,7 @@ bool CXmlParser::decodeAndRun(const QByteArray& bytes) {
 
 bool CXmlParser::run(const QByteArray& bytes, const char* encoding) {
   mInput = bytes;
-  // Every node but a text begins with this character, and there are hardly more texts than tags.
-  mData.reserveNodes(mInput.count('<'));
+  mData.reserveFor({mInput.constData(), static_cast<size_t>(mInput.size())});
   start(encoding);
   // One call with all bytes: a long token is then scanned once, however long it is.
   if (XML_Parse(mParser.get(), mInput.constData(), mInput.size(), 1) == XML_STATUS_OK) {
@@ -297,7 +296,7 @@ void CXmlParser::startCData() {
 }
 
 void CXmlParser::endCData() {
-  mData.appendText(mOpen.back(), SDomNode::CData, mText, static_cast<quint32>(line()));
+  mData.appendText(mOpen.back(), SDomNode::CData, mText);
   mText = SDomText();
   mTextIsBlank = true;
 }
@@ -308,14 +307,14 @@ void CXmlParser::otherNode() {
     mPrologEnd = XML_GetCurrentByteIndex(mParser.get()) + XML_GetCurrentByteCount(mParser.get());
     return;
   }
-  mData.appendNode(mOpen.back(), SDomNode::Other, static_cast<quint32>(line()));
+  mData.appendNode(mOpen.back(), SDomNode::Other);
 }
 
 /// Ends the character data that another node follows or that its element's end follows: blank
 /// text there is layout.
 void CXmlParser::closeText() {
   if (!mTextIsBlank) {
-    mData.appendText(mOpen.back(), SDomNode::Text, mText, static_cast<quint32>(line()));
+    mData.appendText(mOpen.back(), SDomNode::Text, mText);
   } else if (mText.length > 0) {
     mData.dropLastText(mText);
   }

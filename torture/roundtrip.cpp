@@ -56,8 +56,9 @@ QStringList definitionsViaQt(const QDomElement& root) {
        !param.isNull(); param = param.nextSiblingElement("Param")) {
     file.readParamDefinitionFromDom(param);
   }
-  for (const CParamDefItem& item : file.paramDefinitions())
-    texts += NParamFileText::definition(item);
+  for (const auto& [name, definition] : file.paramDefinitions()) {
+    texts += NParamFileText::definition(definition);
+  }
   texts.sort();
   return texts;
 }

@@ -35,6 +35,9 @@ bool CParamDefFile::readDefinitions() {
   if (data.isNull()) {
     return failAt(domDocument().documentElement(), tr("There is no data section !"));
   }
+  const int count = data.childElementCount();
+  mDefinitions.reserve(static_cast<size_t>(count));
+  mNameById.reserve(count);
   for (CDomElement param = data.firstChildElement(TAG_PARAM); !param.isNull();
        param = param.nextSiblingElement(TAG_PARAM)) {
     if (!readParamDefinitionFromDom(param)) {
@@ -46,7 +49,13 @@ bool CParamDefFile::readDefinitions() {
 }
 
 bool CParamDefFile::readParamDefinitionFromDom(const CDomElement& param) {
-  CParamDefItem definition;
+  quint32 id = 0;
+  QString name;
+  NParamDef::EParamType type = NParamDef::PARAM_TYPE_UNDEF;
+  if (!readKey(param, id, name, type)) {
+    return false;
+  }
+  CParamDefItem definition(name, type, id);
   if (!readPlainParts(param, definition) || !readChoices(param, definition) ||
       !readCheck(param, definition) || !readBits(param, definition)) {
     return false;
@@ -63,10 +72,8 @@ bool CParamDefFile::readParamDefinitionFromDom(const QDomElement& param) {
   return readParamDefinitionFromDom(CDomDoc::fromDom(param).documentElement());
 }
 
-bool CParamDefFile::readPlainParts(const CDomElement& param, CParamDefItem& definition) {
-  quint32 id = 0;
-  QString name;
-  NParamDef::EParamType type = NParamDef::PARAM_TYPE_UNDEF;
+bool CParamDefFile::readKey(const CDomElement& param, quint32& id, QString& name,
+                            NParamDef::EParamType& type) {
   if (CDomDoc::fail(CDomDoc::existingAttributeAsU32(ATTR_ID, param, id, mErrorMsg)) ||
       !existingParamSubElemetStr(param, TAG_NAME, id, name) ||
       !readParameterTypeFromDom(param, id, type)) {
@@ -76,7 +83,10 @@ bool CParamDefFile::readPlainParts(const CDomElement& param, CParamDefItem& defi
     mErrorMsg = reservedNameMessage(id, name);
     return false;
   }
-  definition = CParamDefItem(name, type, id);
+  return true;
+}
+
+bool CParamDefFile::readPlainParts(const CDomElement& param, CParamDefItem& definition) {
   if (!readUnit(param, definition)) {
     return false;
   }
@@ -226,7 +236,7 @@ bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& d
 
 bool CParamDefFile::checkUnique(const CParamDefItem& definition) {
   const bool idIsTaken = isRealId(definition.id()) && mNameById.contains(definition.id());
-  if (idIsTaken || mDefinitions.contains(definition.name())) {
+  if (idIsTaken || mDefinitions.count(definition.name()) > 0) {
     mErrorMsg =
         tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(definition.id()));
     return false;
@@ -235,11 +245,11 @@ bool CParamDefFile::checkUnique(const CParamDefItem& definition) {
 }
 
 bool CParamDefFile::enterDefinition(const CParamDefItem& definition) {
-  if (mDefinitions.contains(definition.name())) {
+  if (mDefinitions.count(definition.name()) > 0) {
     mErrorMsg = tr("Threre is alredy a Parameter with name = \"%1\".").arg(definition.name());
     return false;
   }
-  mDefinitions.insert(definition.name(), definition);
+  mDefinitions.emplace(definition.name(), definition);
   mNameById.insert(definition.id(), definition.name());
   return true;
 }

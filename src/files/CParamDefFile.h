@@ -1,10 +1,13 @@
 #pragma once
 
+#include "CNameMap.h"
 #include "CParamBaseFile.h"
 #include "CParamDefItem.h"
 
 #include <QHash>
 #include <QVector>
+
+using CParamDefinitions = CNameMap<CParamDefItem>;
 
 /// Reads and writes parameter definition files.
 class CParamDefFile : public CParamBaseFile {
@@ -20,8 +23,7 @@ class CParamDefFile : public CParamBaseFile {
   bool open(const QString& fileName, const QString& version);
   /// Writes the definitions by id and then by name. Fails, writing nothing, when two of them bear
   /// one name or one id.
-  bool save(const QString& fileName, const QHash<QString, CParamDefItem>& definitions,
-            const QString& version);
+  bool save(const QString& fileName, const CParamDefinitions& definitions, const QString& version);
 
   bool save(const QString& fileName, QVector<const CParamDefItem*> definitions,
             const QString& version);
@@ -31,8 +33,8 @@ class CParamDefFile : public CParamBaseFile {
   static bool isRealId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
 
   /// What the last open() read.
-  QHash<QString, CParamDefItem> paramDefinitions() const { return mDefinitions; }
-  QHash<quint32, QString> nameByIdHash() const { return mNameById; }
+  const CParamDefinitions& paramDefinitions() const { return mDefinitions; }
+  const QHash<quint32, QString>& nameByIdHash() const { return mNameById; }
 
   /// Reads one "Param" into the definitions.
   bool readParamDefinitionFromDom(const CDomElement& param);
@@ -60,6 +62,7 @@ class CParamDefFile : public CParamBaseFile {
 
  private:
   bool readDefinitions();
+  bool readKey(const CDomElement& param, quint32& id, QString& name, NParamDef::EParamType& type);
   bool readPlainParts(const CDomElement& param, CParamDefItem& definition);
   bool readUnit(const CDomElement& param, CParamDefItem& definition);
   bool readChoices(const CDomElement& param, CParamDefItem& definition);
@@ -75,6 +78,6 @@ class CParamDefFile : public CParamBaseFile {
   static QString reservedNameMessage(quint32 id, const QString& name);
   static void appendChoicesToDom(CDomElement param, const CParamDefItem& definition);
 
-  QHash<QString, CParamDefItem> mDefinitions;
+  CParamDefinitions mDefinitions;
   QHash<quint32, QString> mNameById;
 };

@@ -10,11 +10,11 @@
 
 using namespace NLumoXmlTags;
 
-bool CParamDefFile::save(const QString& fileName, const QHash<QString, CParamDefItem>& definitions,
+bool CParamDefFile::save(const QString& fileName, const CParamDefinitions& definitions,
                          const QString& version) {
   QVector<const CParamDefItem*> sorted;
-  sorted.reserve(definitions.size());
-  for (const CParamDefItem& definition : definitions) {
+  sorted.reserve(static_cast<int>(definitions.size()));
+  for (const auto& [name, definition] : definitions) {
     sorted.append(&definition);
   }
   return save(fileName, sorted, version);

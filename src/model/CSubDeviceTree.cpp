@@ -60,7 +60,22 @@ CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
 
 CSubDeviceTree::SParam* CSubDeviceTree::find(const QString& name) {
   const auto it = mParams.find(name);
-  return it == mParams.end() ? nullptr : &*it;
+  return it == mParams.end() ? nullptr : &it->second;
+}
+
+const CSubDeviceTree::SParam* CSubDeviceTree::find(const QString& name) const {
+  const auto it = mParams.find(name);
+  return it == mParams.end() ? nullptr : &it->second;
+}
+
+CParamVal CSubDeviceTree::value(const QString& name) const {
+  const SParam* const param = find(name);
+  return param ? param->value : CParamVal();
+}
+
+CParamTreeNodeImpl* CSubDeviceTree::node(const QString& name) const {
+  const SParam* const param = find(name);
+  return param ? param->node : nullptr;
 }
 
 bool CSubDeviceTree::setValue(const QString& name, const CParamVal& value) {
@@ -90,7 +105,7 @@ CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNod
 
 void CSubDeviceTree::index(CParamTreeNodeImpl* node, const CParamVal& value) {
   if (node->isParam()) {
-    mParams.insert(node->name(), {value, node});
+    mParams[node->name()] = {value, node};
   } else if (const CGroupKey key{parentOf(node), node->name()}; !mGroups.contains(key)) {
     mGroups.insert(key, node);
   }
@@ -98,7 +113,7 @@ void CSubDeviceTree::index(CParamTreeNodeImpl* node, const CParamVal& value) {
 
 void CSubDeviceTree::removeFromIndex(CParamTreeNodeImpl* node) {
   if (node->isParam()) {
-    mParams.remove(node->name());
+    mParams.erase(node->name());
   } else if (const CGroupKey key{parentOf(node), node->name()}; mGroups.value(key) == node) {
     mGroups.remove(key);
   }
@@ -156,11 +171,11 @@ void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNode
 
 void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamNodeData& source,
                                     const CParamVal& value) {
-  const auto it = mParams.find(source.name());
-  if (it == mParams.end()) {
+  SParam* const known = find(source.name());
+  if (!known) {
     index(append(target, source), value);
     return;
   }
-  it->value = value;
-  if (source.id() != 0) it->node->dataPtr()->setId(source.id());
+  known->value = value;
+  if (source.id() != 0) known->node->dataPtr()->setId(source.id());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CNameMap.h"
 #include "CParamTreeNodeImpl.h"
 #include "CParamVal.h"
 
@@ -26,8 +27,8 @@ class CSubDeviceTree {
 
   quint8 subDevId() const { return mSubDevId; }
   CParamTreeNodeImpl* root() const { return mRoot.get(); }
-  int count() const { return mParams.size(); }  ///< of parameters
-  void reserve(int count) { mParams.reserve(count); }
+  int count() const { return static_cast<int>(mParams.size()); }  ///< of parameters
+  void reserve(int count) { mParams.reserve(static_cast<size_t>(count)); }
 
   /// A parameter: its value, which may be changed, and its node.
   struct SParam {
@@ -36,10 +37,11 @@ class CSubDeviceTree {
   };
   /// Null for an unknown parameter; valid until the next edit of the tree.
   SParam* find(const QString& name);
-  bool contains(const QString& name) const { return mParams.contains(name); }
-  CParamVal value(const QString& name) const { return mParams.value(name).value; }
+  const SParam* find(const QString& name) const;
+  bool contains(const QString& name) const { return mParams.count(name) > 0; }
+  CParamVal value(const QString& name) const;
   bool setValue(const QString& name, const CParamVal& value);  ///< false for an unknown parameter
-  CParamTreeNodeImpl* node(const QString& name) const { return mParams.value(name).node; }
+  CParamTreeNodeImpl* node(const QString& name) const;
   QStringList names() const;  ///< in tree order
   /// The first group of that name among the children of a group; null when there is none.
   CParamTreeNodeImpl* group(const CParamTreeNodeImpl* parent, const QString& name) const {
@@ -74,6 +76,6 @@ class CSubDeviceTree {
 
   quint8 mSubDevId;
   std::unique_ptr<CParamTreeNodeImpl> mRoot;
-  QHash<QString, SParam> mParams;
+  CNameMap<SParam> mParams;
   QHash<CGroupKey, CParamTreeNodeImpl*> mGroups;
 };

@@ -3,6 +3,7 @@
 #include <QList>
 
 #include <memory>
+#include <optional>
 
 /// A tree node that owns its payload and its children; deleting it deletes the whole subtree.
 /// Bad indices and unknown nodes are answered with false or null and change nothing.
@@ -27,7 +28,7 @@ class CTreeNode {
   }
 
   virtual T data() const { return dataRef(); }
-  virtual T* dataPtr() const { return mData.get(); }  ///< null without a payload
+  virtual T* dataPtr() const { return mData ? &*mData : nullptr; }  ///< null without a payload
   virtual const T& dataRef() const { return mData ? *mData : empty(); }
   virtual CTreeNode<T>* parent() const { return mParent; }
   virtual QList<CTreeNode<T>*> children() const { return mChildren; }
@@ -38,15 +39,9 @@ class CTreeNode {
   /// list this node.
   virtual int row() const { return mParent ? mParent->indexOf(this) : 0; }
 
-  virtual bool isValid() const { return mData != nullptr; }
+  virtual bool isValid() const { return mData.has_value(); }
 
-  virtual void setData(const T& data) {
-    if (mData) {
-      *mData = data;
-    } else {
-      mData = std::make_unique<T>(data);
-    }
-  }
+  virtual void setData(const T& data) { mData = data; }
 
   /// Sets the pointer only; the parents' lists stay as they are.
   virtual void setParent(CTreeNode<T>* parent) { mParent = parent; }
@@ -111,7 +106,7 @@ class CTreeNode {
     return emptyValue;
   }
 
-  std::unique_ptr<T> mData;
+  mutable std::optional<T> mData;  // a constant node hands it out for writing, too
   CTreeNode<T>* mParent = nullptr;
   QList<CTreeNode<T>*> mChildren;
 };

@@ -1,7 +1,5 @@
 #include "CDefinitionStore.h"
 
-#include "CParamDefFile.h"
-
 CDefinitionStore::CDefinitionStore(const CDefinitionStore& other)
     : mNameById(other.mNameById), mReferences(other.mReferences), mMetaData(other.mMetaData) {
   mByName.reserve(other.mByName.size());
@@ -44,20 +42,20 @@ CParamDefItem* CDefinitionStore::add(const CParamDefItem& definition) {
   return store(definition.name(), definition);
 }
 
-void CDefinitionStore::unite(const QHash<QString, CParamDefItem>& definitions,
+void CDefinitionStore::unite(const CParamDefinitions& definitions,
                              const QHash<quint32, QString>& nameById) {
-  mByName.reserve(mByName.size() + static_cast<size_t>(definitions.size()));
-  for (auto it = definitions.cbegin(); it != definitions.cend(); ++it) {
-    store(it.key(), it.value());
+  mByName.reserve(mByName.size() + definitions.size());
+  for (const auto& [name, definition] : definitions) {
+    store(name, definition);
   }
   for (auto it = nameById.cbegin(); it != nameById.cend(); ++it) {
     mNameById.insert(it.key(), it.value());
   }
 }
 
-void CDefinitionStore::updateReferenceIdList(const QHash<QString, CParamDefItem>& definitions) {
+void CDefinitionStore::updateReferenceIdList(const CParamDefinitions& definitions) {
   QVector<const CParamDefItem*> referring;
-  for (const CParamDefItem& definition : definitions) {
+  for (const auto& [name, definition] : definitions) {
     if (definition.id() != 0 && definition.hasVisibleValues()) {
       referring.append(&definition);
     }
@@ -70,8 +68,7 @@ void CDefinitionStore::updateReferenceIdList(const QHash<QString, CParamDefItem>
 }
 
 CParamDefItem* CDefinitionStore::store(const QString& name, const CParamDefItem& definition) {
-  CParamDefItem& stored = mByName[name];
-  stored = definition;
+  CParamDefItem& stored = mByName.insert_or_assign(name, definition).first->second;
   stored.setChangedFlag(&mChanged);
   return &stored;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CParamDefFile.h"
 #include "CParamDefItem.h"
 #include "CUniqueList.h"
 #include "CXMLMetaData.h"
@@ -8,8 +9,6 @@
 #include <QMap>
 #include <QString>
 #include <QVector>
-
-#include <unordered_map>
 
 /// The definitions of a parameter file by name and id, and which of them refer to which.
 ///
@@ -36,10 +35,9 @@ class CDefinitionStore {
   /// Adds a definition whose name is not known, and marks the store changed.
   CParamDefItem* add(const CParamDefItem& definition);
   /// Takes over what a file holds; names and ids that are known become the file's.
-  void unite(const QHash<QString, CParamDefItem>& definitions,
-             const QHash<quint32, QString>& nameById);
+  void unite(const CParamDefinitions& definitions, const QHash<quint32, QString>& nameById);
   /// Enters the references of definitions by visibility and unit, by ascending id.
-  void updateReferenceIdList(const QHash<QString, CParamDefItem>& definitions);
+  void updateReferenceIdList(const CParamDefinitions& definitions);
   QList<quint32> referencedBy(quint32 id) const { return mReferences.value(id).list(); }
   bool isReferenced(quint32 id) const { return mReferences.contains(id); }
 
@@ -51,8 +49,7 @@ class CDefinitionStore {
  private:
   CParamDefItem* store(const QString& name, const CParamDefItem& definition);
 
-  // Not a QHash: its copies share until they are written to, and then the pointers move away.
-  std::unordered_map<QString, CParamDefItem> mByName;
+  CParamDefinitions mByName;  // never shared, so the pointers stay
   QHash<quint32, QString> mNameById;
   QMap<quint32, CUniqueList<quint32>> mReferences;
   CXMLMetaData mMetaData;

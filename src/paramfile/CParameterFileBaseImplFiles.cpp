@@ -34,7 +34,7 @@ bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 r
   if (!file.open(fileName, CStr::revisionToString(revision))) {
     return failedLoad(file, tr("Loading parameter definition file failed"));
   }
-  const QHash<QString, CParamDefItem> definitions = file.paramDefinitions();
+  const CParamDefinitions& definitions = file.paramDefinitions();
   mDefinitions.updateReferenceIdList(definitions);
   mDefinitions.unite(definitions, file.nameByIdHash());
   mDefinitions.setMetaData(file.headMetaData());

@@ -108,16 +108,15 @@ class tst_CParamDefFile : public QObject {
          param = param.nextSiblingElement("Param")) {
       QVERIFY2(throughQt.readParamDefinitionFromDom(param), qPrintable(throughQt.errorMsg()));
       const QString name = param.firstChildElement("Name").text();
-      CParamDefFile::appendParamDefinitionToDom(copies, throughQt.paramDefinitions()[name]);
+      CParamDefFile::appendParamDefinitionToDom(copies, throughQt.paramDefinitions().at(name));
       QVERIFY(thereAndBack.readParamDefinitionFromDom(copies.lastChildElement()));
     }
-    const auto definitions = direct.paramDefinitions();
+    const CParamDefinitions& definitions = direct.paramDefinitions();
     QCOMPARE(throughQt.paramDefinitions().size(), definitions.size());
-    for (const CParamDefItem& definition : definitions) {
+    for (const auto& [name, definition] : definitions) {
       const QString text = NParamFileText::definition(definition);
-      const QString name = definition.name();
-      QCOMPARE(NParamFileText::definition(throughQt.paramDefinitions()[name]), text);
-      QCOMPARE(NParamFileText::definition(thereAndBack.paramDefinitions()[name]), text);
+      QCOMPARE(NParamFileText::definition(throughQt.paramDefinitions().at(name)), text);
+      QCOMPARE(NParamFileText::definition(thereAndBack.paramDefinitions().at(name)), text);
     }
   }
 

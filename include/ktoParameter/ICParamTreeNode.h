@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CParamVal.h"
 #include "ktoParameter_export.h"
 
 #include <QString>
@@ -9,7 +10,7 @@
 ///
 /// The nodes belong to the parameter file that hands them out; they are valid until they are
 /// deleted there and are never deleted through this interface. Nodes are added and deleted through
-/// the file. The value of a parameter is asked from the file, by its name.
+/// the file, which also sets the values.
 class KTOPARAMETER_EXPORT ICParamTreeNode {
  public:
   virtual ~ICParamTreeNode();
@@ -19,6 +20,7 @@ class KTOPARAMETER_EXPORT ICParamTreeNode {
   virtual QString name() const = 0;
   virtual unsigned int id() const = 0;         ///< 0xFFFFFFFF for a group, 0 for "no id"
   virtual unsigned char subDevId() const = 0;  ///< 0xFF when not set
+  virtual CParamVal value() const = 0;         ///< of a parameter; null for a group
 
   virtual ICParamTreeNode* rootPtr() = 0;          ///< the node itself when it has no parent
   virtual ICParamTreeNode* parentPtr() const = 0;  ///< null for a root

@@ -5,23 +5,24 @@ CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
 
 CParamFindings CDefinitionChecker::run() {
   for (const QString& name : mIndex.names()) {
-    check(mIndex.find(name));
+    check(*mIndex.ruled(name));
   }
   return mFindings;
 }
 
-void CDefinitionChecker::check(const CParamDefItem& definition) {
+void CDefinitionChecker::check(const CDefinitionIndex::SRuled& ruled) {
+  const CParamDefItem& definition = ruled.definition;
+  const CValueRules& rules = ruled.rules;
   checkId(definition);
   checkLimit(definition, definition.minVal());
   checkLimit(definition, definition.maxVal());
-  const CValueRules& rules = mIndex.rulesOf(definition);
   if (rules.minimum() && rules.maximum() && *rules.maximum() < *rules.minimum()) {
     add(SParamFinding::MinimumAboveMaximum, definition, definition.minVal().asStr(),
         tr("The minimum %1 is above the maximum %2.")
             .arg(definition.minVal().asStr(), definition.maxVal().asStr()));
   }
   checkReferences(definition);
-  checkDefault(definition);
+  checkDefault(ruled);
   checkChoices(definition, definition.enums());
   checkChoices(definition, definition.radios());
   checkBits(definition);
@@ -80,15 +81,15 @@ void CDefinitionChecker::checkReferences(const CParamDefItem& definition) {
   }
 }
 
-void CDefinitionChecker::checkDefault(const CParamDefItem& definition) {
-  const CParamVal value = definition.defVal();
+void CDefinitionChecker::checkDefault(const CDefinitionIndex::SRuled& ruled) {
+  const CParamVal value = ruled.definition.defVal();
   if (value.isEmpty()) {
     return;
   }
   const auto defaultOf = [this](const QString& name) { return mIndex.find(name).defVal(); };
-  for (const auto& violation : mIndex.rulesOf(definition).violations(value, defaultOf)) {
+  for (const auto& violation : ruled.rules.violations(value, defaultOf)) {
     add(static_cast<SParamFinding::ECode>(SParamFinding::DefaultNotOfType + violation.kind),
-        definition, value.asStr(), tr("Default: %1").arg(violation.text));
+        ruled.definition, value.asStr(), tr("Default: %1").arg(violation.text));
   }
 }
 

@@ -31,11 +31,15 @@ QString CDefinitionIndex::nameOf(quint32 id) const {
   return known != mNameById.end() ? *known : mFile.nameById(id);
 }
 
-const CValueRules& CDefinitionIndex::rulesOf(const CParamDefItem& definition) {
-  const auto known = mRules.find(definition.name());
-  if (known != mRules.end()) {
-    return known->second;
+const CDefinitionIndex::SRuled* CDefinitionIndex::ruled(const QString& name) {
+  const auto known = mRuled.find(name);
+  if (known != mRuled.end()) {
+    return &known->second;
+  }
+  const CParamDefItem definition = find(name);
+  if (definition.name().isEmpty()) {
+    return nullptr;
   }
   const auto byId = [this](quint32 id) { return find(id); };
-  return mRules.emplace(definition.name(), CValueRules(definition, byId)).first->second;
+  return &mRuled.emplace(name, SRuled{definition, CValueRules(definition, byId)}).first->second;
 }

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "CNameMap.h"
 #include "CValueRules.h"
 
 #include <QHash>
 #include <QStringList>
-
-#include <unordered_map>
 
 class ICParameterFile;
 
@@ -19,7 +18,12 @@ class CDefinitionIndex {
   CParamDefItem find(quint32 id) const;                ///< likewise; no definition has "no id"
   /// The first name of an id that is one.
   QString nameOf(quint32 id) const;
-  const CValueRules& rulesOf(const CParamDefItem& definition);
+  /// A definition with its rules, which are made when they are first asked for.
+  struct SRuled {
+    CParamDefItem definition;
+    CValueRules rules;
+  };
+  const SRuled* ruled(const QString& name);  ///< null for an unknown name
 
   static bool isId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
 
@@ -27,5 +31,5 @@ class CDefinitionIndex {
   const ICParameterFile& mFile;
   const QStringList mNames;
   QHash<quint32, QString> mNameById;
-  std::unordered_map<QString, CValueRules> mRules;
+  CNameMap<SRuled> mRuled;
 };

@@ -5,6 +5,8 @@
 #include "CHardwareIdSelection.h"
 #include "SParamEntry.h"
 
+#include <QSet>
+
 namespace {
 
 /// Checks the active hardware ids of a file, one after another.
@@ -20,29 +22,27 @@ class CValueChecker {
     if (!mFile.selectHardwareId(hardwareId)) {
       return;
     }
-    QSet<QString> present;
     for (const quint8 subDevId : mFile.subDeviceIds()) {
-      checkSubDevice(subDevId, present);
+      checkSubDevice(subDevId);
     }
     if (reportMissing) {
-      listMissing(present);
+      listMissing();
     }
   }
 
  private:
-  void checkSubDevice(quint8 subDevId, QSet<QString>& present) {
+  void checkSubDevice(quint8 subDevId) {
     const auto valueOf = [this, subDevId](const QString& name) {
       return mFile.paramValue(name, subDevId);
     };
     for (const SParamEntry& entry : SParamEntry::read(mFile, subDevId)) {
-      present.insert(entry.name);
-      const CParamDefItem definition = mIndex.find(entry.name);
-      if (definition.name().isEmpty()) {
+      const CDefinitionIndex::SRuled* ruled = mIndex.ruled(entry.name);
+      if (ruled == nullptr) {
         addUndefined(subDevId, entry);
         continue;
       }
-      compareIds(subDevId, entry, definition.id());
-      for (const auto& violation : mIndex.rulesOf(definition).violations(entry.value, valueOf)) {
+      compareIds(subDevId, entry, ruled->definition.id());
+      for (const auto& violation : ruled->rules.violations(entry.value, valueOf)) {
         add(static_cast<SParamFinding::ECode>(SParamFinding::ValueNotOfType + violation.kind),
             subDevId, entry, violation.text);
       }
@@ -69,7 +69,11 @@ class CValueChecker {
     }
   }
 
-  void listMissing(const QSet<QString>& present) {
+  void listMissing() {
+    QSet<QString> present;
+    for (const quint8 subDevId : mFile.subDeviceIds()) {
+      for (const QString& name : mFile.paramNames(subDevId)) present.insert(name);
+    }
     for (const QString& name : mIndex.names()) {
       if (!present.contains(name)) {
         SParamEntry entry;

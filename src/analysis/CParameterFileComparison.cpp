@@ -2,9 +2,9 @@
 
 #include "CHardwareIdSelection.h"
 #include "CParameterFileHelper.h"
+#include "Counterparts.h"
 #include "SParamEntry.h"
 
-#include <QHash>
 #include <QMap>
 #include <QSet>
 
@@ -24,15 +24,6 @@ CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId) {
     }
   }
   return entries;
-}
-
-QHash<QString, int> positionsByName(const CEntries& entries) {
-  QHash<QString, int> positions;
-  positions.reserve(entries.size());
-  for (int i = 0; i < entries.size(); ++i) {
-    positions.insert(entries.at(i).name, i);
-  }
-  return positions;
 }
 
 class CComparison {
@@ -96,25 +87,27 @@ class CComparison {
   }
 
   void compareEntries(const CEntries& oldOnes, const CEntries& newOnes) {
-    const QHash<QString, int> oldPositions = positionsByName(oldOnes);
-    const QHash<QString, int> newPositions = positionsByName(newOnes);
-    addRemovedFrom(0, oldOnes, newPositions);
-    for (const SParamEntry& entry : newOnes) {
-      const int position = oldPositions.value(entry.name, -1);
+    const auto nameOf = [](const SParamEntry& entry) { return entry.name; };
+    const QVector<int> oldPositions = counterparts(newOnes, oldOnes, nameOf);
+    QVector<bool> isKept(oldOnes.size());
+    for (const int position : oldPositions) {
+      if (position >= 0) isKept[position] = true;
+    }
+    addRemovedFrom(0, oldOnes, isKept);
+    for (int i = 0; i < newOnes.size(); ++i) {
+      const int position = oldPositions.at(i);
       if (position < 0) {
-        addParameter(SParamDifference::ParameterAdded, nullptr, &entry);
+        addParameter(SParamDifference::ParameterAdded, nullptr, &newOnes.at(i));
         continue;
       }
-      compareParameters(oldOnes.at(position), entry);
-      addRemovedFrom(position + 1, oldOnes, newPositions);
+      compareParameters(oldOnes.at(position), newOnes.at(i));
+      addRemovedFrom(position + 1, oldOnes, isKept);
     }
   }
 
   /// What was removed directly behind a place in the old file.
-  void addRemovedFrom(int position, const CEntries& oldOnes,
-                      const QHash<QString, int>& newPositions) {
-    for (; position < oldOnes.size() && !newPositions.contains(oldOnes.at(position).name);
-         ++position) {
+  void addRemovedFrom(int position, const CEntries& oldOnes, const QVector<bool>& isKept) {
+    for (; position < oldOnes.size() && !isKept.at(position); ++position) {
       addParameter(SParamDifference::ParameterRemoved, &oldOnes.at(position), nullptr);
     }
   }
@@ -128,11 +121,18 @@ class CComparison {
       difference.oldValue = QString::number(oldOne.id);
       difference.newValue = QString::number(newOne.id);
     }
-    const CParamDefItem definition =
-        mDefinitions != nullptr ? mDefinitions->paramDef(newOne.name) : CParamDefItem();
-    if (!CParameterFileHelper::compareValues(oldOne.value, newOne.value, definition)) {
+    if (!haveEqualValues(oldOne, newOne)) {
       addParameter(SParamDifference::ValueChanged, &oldOne, &newOne);
     }
+  }
+
+  bool haveEqualValues(const SParamEntry& oldOne, const SParamEntry& newOne) const {
+    if (oldOne.value == newOne.value) {
+      return true;
+    }
+    return mDefinitions != nullptr &&
+           CParameterFileHelper::compareValues(oldOne.value, newOne.value,
+                                               mDefinitions->paramDef(newOne.name));
   }
 
   SParamDifference& addParameter(SParamDifference::EKind kind, const SParamEntry* oldOne,

@@ -106,12 +106,9 @@ class CParamValueFile : public CParamBaseFile {
   bool idsStayApart(const CHardwareIdTrees& trees);
   void appendSubDeviceToDom(CDomElement data, const CSubDeviceTree& tree,
                             const CSubDeviceTypes& types, const CSubDeviceNames& names);
-  void appendGroupsAndParamsToDom(CDomElement element, const CSubDeviceTree& tree,
-                                  const CParamTreeNodeImpl& group);
-  void appendGroupToDom(CDomElement element, const CSubDeviceTree& tree,
-                        const CParamTreeNodeImpl& group);
-  void appendParameterToDom(CDomElement element, const CSubDeviceTree& tree,
-                            const CParamNodeData& parameter);
+  void appendGroupsAndParamsToDom(CDomElement element, const CParamTreeNodeImpl& group);
+  void appendGroupToDom(CDomElement element, const CParamTreeNodeImpl& group);
+  void appendParameterToDom(CDomElement element, const CParamTreeNodeImpl& parameter);
 
   QString mRootTag;
 };

@@ -237,34 +237,33 @@ void CParamValueFile::appendSubDeviceToDom(CDomElement data, const CSubDeviceTre
   if (names.contains(id)) {
     element.appendElement(TAG_NAME).setText(names.value(id));
   }
-  appendGroupsAndParamsToDom(element, tree, *tree.root());
+  appendGroupsAndParamsToDom(element, *tree.root());
 }
 
-void CParamValueFile::appendGroupsAndParamsToDom(CDomElement element, const CSubDeviceTree& tree,
+void CParamValueFile::appendGroupsAndParamsToDom(CDomElement element,
                                                  const CParamTreeNodeImpl& group) {
   for (int i = 0; i < group.childCount(); ++i) {
-    const auto* child = static_cast<const CParamTreeNodeImpl*>(group.child(i));
-    if (child->isParam()) {
-      appendParameterToDom(element, tree, child->dataRef());
-    } else if (child->isGroup()) {
-      appendGroupToDom(element, tree, *child);
+    const CParamTreeNodeImpl& child = *group.childNode(i);
+    if (child.isParam()) {
+      appendParameterToDom(element, child);
+    } else if (child.isGroup()) {
+      appendGroupToDom(element, child);
     }
   }
 }
 
-void CParamValueFile::appendGroupToDom(CDomElement element, const CSubDeviceTree& tree,
-                                       const CParamTreeNodeImpl& group) {
+void CParamValueFile::appendGroupToDom(CDomElement element, const CParamTreeNodeImpl& group) {
   CDomElement groupElement = element.appendElement(TAG_GROUP);
   groupElement.appendElement(TAG_NAME).setText(group.name());
-  appendGroupsAndParamsToDom(groupElement, tree, group);
+  appendGroupsAndParamsToDom(groupElement, group);
 }
 
-void CParamValueFile::appendParameterToDom(CDomElement element, const CSubDeviceTree& tree,
-                                           const CParamNodeData& parameter) {
+void CParamValueFile::appendParameterToDom(CDomElement element,
+                                           const CParamTreeNodeImpl& parameter) {
   CDomElement param = element.appendElement(TAG_PARAM);
   if (parameter.id() != 0) {
     param.setAttribute(ATTR_ID, QString::number(parameter.id()));
   }
   param.appendElement(TAG_NAME).setText(parameter.name());
-  param.appendElement(TAG_VALUE).setText(tree.value(parameter.name()).asStr());
+  param.appendElement(TAG_VALUE).setText(parameter.value().asStr());
 }

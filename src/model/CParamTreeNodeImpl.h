@@ -22,10 +22,13 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
   QString name() const override { return dataRef().name(); }
   unsigned int id() const override { return dataRef().id(); }
   unsigned char subDevId() const override { return dataRef().subDevId(); }
+  CParamVal value() const override { return mValue; }
   void setProperty(QString key, QVariant value) override { dataPtr()->setProperty(key, value); }
   QVariant property(QString key) const override { return dataRef().property(key); }
   bool removeProperty(const QString& key) override { return dataPtr()->removeProperty(key); }
   void removeAllProperties() override { dataPtr()->removeAllProperties(); }
+
+  void setValue(const CParamVal& value) { mValue = value; }
 
   /// The same child as childPtr(), as what it is.
   CParamTreeNodeImpl* childNode(int index) const {
@@ -37,4 +40,7 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
   void setSubDevId(unsigned char subDevId);
   /// A deep copy without a parent, owned by the caller.
   CParamTreeNodeImpl* cloneMe() const;
+
+ private:
+  CParamVal mValue;
 };

@@ -53,59 +53,55 @@ CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
   copy.mRoot.reset(mRoot->cloneMe());
   copy.mRoot->setSubDevId(subDevId);
   copy.reserve(count());
-  forEachNode(copy.root(),
-              [this, &copy](CParamTreeNodeImpl* node) { copy.index(node, value(node->name())); });
+  forEachNode(copy.root(), [&copy](CParamTreeNodeImpl* node) { copy.index(node); });
   return copy;
 }
 
-CSubDeviceTree::SParam* CSubDeviceTree::find(const QString& name) {
+CParamTreeNodeImpl* CSubDeviceTree::node(const QString& name) const {
   const auto it = mParams.find(name);
-  return it == mParams.end() ? nullptr : &it->second;
-}
-
-const CSubDeviceTree::SParam* CSubDeviceTree::find(const QString& name) const {
-  const auto it = mParams.find(name);
-  return it == mParams.end() ? nullptr : &it->second;
+  return it == mParams.end() ? nullptr : it.value();
 }
 
 CParamVal CSubDeviceTree::value(const QString& name) const {
-  const SParam* const param = find(name);
-  return param ? param->value : CParamVal();
-}
-
-CParamTreeNodeImpl* CSubDeviceTree::node(const QString& name) const {
-  const SParam* const param = find(name);
-  return param ? param->node : nullptr;
+  const CParamTreeNodeImpl* const param = node(name);
+  return param ? param->value() : CParamVal();
 }
 
 bool CSubDeviceTree::setValue(const QString& name, const CParamVal& value) {
-  SParam* const param = find(name);
+  CParamTreeNodeImpl* const param = node(name);
   if (!param) return false;
-  param->value = value;
+  param->setValue(value);
   return true;
+}
+
+QVector<CParamTreeNodeImpl*> CSubDeviceTree::params() const {
+  QVector<CParamTreeNodeImpl*> params;
+  params.reserve(count());
+  forEachNode(root(), [&params](CParamTreeNodeImpl* node) {
+    if (node->isParam()) params.append(node);
+  });
+  return params;
 }
 
 QStringList CSubDeviceTree::names() const {
   QStringList names;
   names.reserve(count());
-  forEachNode(root(), [&names](CParamTreeNodeImpl* node) {
-    if (node->isParam()) names.append(node->name());
-  });
+  for (const CParamTreeNodeImpl* param : params()) names.append(param->name());
   return names;
 }
 
 CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNodeData data) {
   Q_ASSERT(owns(parent) && parent->isGroup());
   data.setSubDevId(mSubDevId);
-  auto* const added = new CParamTreeNodeImpl(data);
-  parent->addChild(added);
-  if (added->isGroup()) index(added, CParamVal());
-  return added;
+  auto* const node = new CParamTreeNodeImpl(data);
+  parent->addChild(node);
+  if (node->isGroup()) index(node);
+  return node;
 }
 
-void CSubDeviceTree::index(CParamTreeNodeImpl* node, const CParamVal& value) {
+void CSubDeviceTree::index(CParamTreeNodeImpl* node) {
   if (node->isParam()) {
-    mParams[node->name()] = {value, node};
+    mParams[node->name()] = node;
   } else if (const CGroupKey key{parentOf(node), node->name()}; !mGroups.contains(key)) {
     mGroups.insert(key, node);
   }
@@ -113,7 +109,7 @@ void CSubDeviceTree::index(CParamTreeNodeImpl* node, const CParamVal& value) {
 
 void CSubDeviceTree::removeFromIndex(CParamTreeNodeImpl* node) {
   if (node->isParam()) {
-    mParams.erase(node->name());
+    mParams.remove(node->name());
   } else if (const CGroupKey key{parentOf(node), node->name()}; mGroups.value(key) == node) {
     mGroups.remove(key);
   }
@@ -127,10 +123,11 @@ CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, con
                                                  quint32 id, const CParamVal& value) {
   const CParamNodeData data(mSubDevId, name, id);
   if (!data.isParam()) return nullptr;
-  SParam& param = mParams[name];  // made when missing, so the name is looked up once
-  if (param.node) return nullptr;
-  param = {value, append(parent, data)};
-  return param.node;
+  CParamTreeNodeImpl*& param = mParams[name];  // made when missing, so the name is looked up once
+  if (param) return nullptr;
+  param = append(parent, data);
+  param->setValue(value);
+  return param;
 }
 
 bool CSubDeviceTree::deleteNode(CParamTreeNodeImpl* node) {
@@ -139,7 +136,7 @@ bool CSubDeviceTree::deleteNode(CParamTreeNodeImpl* node) {
   CParamTreeNodeImpl* const parent = parentOf(node);
   if (node->isGroup() && !group(parent, node->name())) {
     CParamTreeNodeImpl* const next = nextGroup(*parent, node->row(), node->name());
-    if (next) index(next, CParamVal());
+    if (next) index(next);
   }
   return parent->removeChild(node);
 }
@@ -152,30 +149,29 @@ bool CSubDeviceTree::owns(const CParamTreeNodeImpl* node) const {
 
 void CSubDeviceTree::merge(CSubDeviceTree&& other) {
   const CSubDeviceTree source(std::move(other));
-  mergeGroup(root(), *source.root(), source);
+  mergeGroup(root(), *source.root());
 }
 
-void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source,
-                                const CSubDeviceTree& other) {
+void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
   QMultiHash<QString, CParamTreeNodeImpl*> groups = childGroups(*target);
   for (int i = 0; i < source.childCount(); ++i) {
-    const CParamTreeNodeImpl& each = *source.childNode(i);
-    if (each.isParam()) {
-      mergeParameter(target, each.dataRef(), other.value(each.name()));
+    const CParamTreeNodeImpl& node = *source.childNode(i);
+    if (node.isParam()) {
+      mergeParameter(target, node);
     } else {
-      CParamTreeNodeImpl* const known = groups.take(each.name());
-      mergeGroup(known ? known : append(target, each.dataRef()), each, other);
+      CParamTreeNodeImpl* const group = groups.take(node.name());
+      mergeGroup(group ? group : append(target, node.dataRef()), node);
     }
   }
 }
 
-void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamNodeData& source,
-                                    const CParamVal& value) {
-  SParam* const known = find(source.name());
-  if (!known) {
-    index(append(target, source), value);
-    return;
+void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
+  CParamTreeNodeImpl* param = node(source.name());
+  if (!param) {
+    param = append(target, source.dataRef());
+    index(param);
+  } else if (source.id() != 0) {
+    param->dataPtr()->setId(source.id());
   }
-  known->value = value;
-  if (source.id() != 0) known->node->dataPtr()->setId(source.id());
+  param->setValue(source.value());
 }

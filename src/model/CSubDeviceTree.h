@@ -2,16 +2,17 @@
 
 #include "CNameMap.h"
 #include "CParamTreeNodeImpl.h"
-#include "CParamVal.h"
 
 #include <QHash>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
-/// The parameters of one sub-device: their tree, and an index from name to value and node that
-/// every operation keeps in step. So a value lives in one place, and a parameter is found at the
-/// same cost among a hundred and among a hundred thousand. Nodes stay where they are until deleted.
+/// The parameters of one sub-device: their tree, whose nodes hold the values, and an index from
+/// name to node that every operation keeps in step. So a value lives in one place, and a parameter
+/// is found at the same cost among a hundred and among a hundred thousand. Nodes stay where they
+/// are until deleted.
 class CSubDeviceTree {
  public:
   static const QString mRootGroupName;
@@ -28,20 +29,15 @@ class CSubDeviceTree {
   quint8 subDevId() const { return mSubDevId; }
   CParamTreeNodeImpl* root() const { return mRoot.get(); }
   int count() const { return static_cast<int>(mParams.size()); }  ///< of parameters
-  void reserve(int count) { mParams.reserve(static_cast<size_t>(count)); }
+  void reserve(int count) { mParams.reserve(count); }
 
-  /// A parameter: its value, which may be changed, and its node.
-  struct SParam {
-    CParamVal value;
-    CParamTreeNodeImpl* node = nullptr;
-  };
-  /// Null for an unknown parameter; valid until the next edit of the tree.
-  SParam* find(const QString& name);
-  const SParam* find(const QString& name) const;
   bool contains(const QString& name) const { return mParams.count(name) > 0; }
+  /// Null for an unknown parameter.
+  CParamTreeNodeImpl* node(const QString& name) const;
   CParamVal value(const QString& name) const;
   bool setValue(const QString& name, const CParamVal& value);  ///< false for an unknown parameter
-  CParamTreeNodeImpl* node(const QString& name) const;
+  /// The parameters, in tree order.
+  QVector<CParamTreeNodeImpl*> params() const;
   QStringList names() const;  ///< in tree order
   /// The first group of that name among the children of a group; null when there is none.
   CParamTreeNodeImpl* group(const CParamTreeNodeImpl* parent, const QString& name) const {
@@ -67,15 +63,13 @@ class CSubDeviceTree {
   using CGroupKey = QPair<const CParamTreeNodeImpl*, QString>;
 
   CParamTreeNodeImpl* append(CParamTreeNodeImpl* parent, CParamNodeData data);
-  void index(CParamTreeNodeImpl* node, const CParamVal& value);
+  void index(CParamTreeNodeImpl* node);
   void removeFromIndex(CParamTreeNodeImpl* node);
-  void mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source,
-                  const CSubDeviceTree& other);
-  void mergeParameter(CParamTreeNodeImpl* target, const CParamNodeData& source,
-                      const CParamVal& value);
+  void mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source);
+  void mergeParameter(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source);
 
   quint8 mSubDevId;
   std::unique_ptr<CParamTreeNodeImpl> mRoot;
-  CNameMap<SParam> mParams;
+  QHash<QString, CParamTreeNodeImpl*> mParams;
   QHash<CGroupKey, CParamTreeNodeImpl*> mGroups;
 };

@@ -1,9 +1,12 @@
 #include "CParamImport.h"
 
 #include "CParameterFileHelper.h"
+#include "Counterparts.h"
 #include "ICLogfile.h"
 
 namespace {
+
+using CParams = QVector<CParamTreeNodeImpl*>;
 
 /// The group in which a node lies, as names from the root on.
 QStringList groupPath(const CParamTreeNodeImpl& node) {
@@ -14,9 +17,13 @@ QStringList groupPath(const CParamTreeNodeImpl& node) {
   return path;
 }
 
-const CSubDeviceTree* findTree(const CSubDeviceTrees& trees, quint8 subDevId) {
+CParams paramsOf(const CSubDeviceTrees& trees, quint8 subDevId) {
   const auto tree = trees.find(subDevId);
-  return tree == trees.end() ? nullptr : &tree->second;
+  return tree == trees.end() ? CParams() : tree->second.params();
+}
+
+QString nameOf(const CParamTreeNodeImpl* param) {
+  return param->name();
 }
 
 }  // namespace
@@ -24,97 +31,102 @@ const CSubDeviceTree* findTree(const CSubDeviceTrees& trees, quint8 subDevId) {
 bool CParamImport::plan(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
                         NParamDef::EImportMissing missing, QString& error) {
   mDestination = &destination;
-  for (auto& [subDevId, tree] : destination) {
-    if (!planTree(tree, findTree(source, subDevId), missing, error)) {
+  for (const auto& [subDevId, tree] : destination) {
+    if (!planTree(paramsOf(source, subDevId), tree.params(), missing, error)) {
       return false;
     }
   }
   for (const auto& [subDevId, tree] : source) {
-    planAdditions(tree, findTree(destination, subDevId));
-  }
-  return true;
-}
-
-bool CParamImport::planTree(CSubDeviceTree& tree, const CSubDeviceTree* source,
-                            NParamDef::EImportMissing missing, QString& error) {
-  for (const QString& name : tree.names()) {
-    if (source != nullptr && source->contains(name)) {
-      planValue(tree, name, source->value(name)) ? ++mResult.taken : ++mResult.equal;
-    } else if (missing == NParamDef::ImportKeep) {
-      ++mResult.kept;
-    } else if (!planDefault(tree, name, error)) {
-      return false;
+    if (destination.count(subDevId) == 0) {
+      planAdditions(tree.params());
     }
   }
   return true;
 }
 
-bool CParamImport::planDefault(CSubDeviceTree& tree, const QString& name, QString& error) {
-  const CParamDefItem* definition = mDefinitions.find(name);
+bool CParamImport::planTree(CParams source, const CParams& destination,
+                            NParamDef::EImportMissing missing, QString& error) {
+  const QVector<int> positions = counterparts(destination, source, &nameOf);
+  for (int i = 0; i < destination.size(); ++i) {
+    if (positions.at(i) >= 0) {
+      CParamTreeNodeImpl*& from = source[positions.at(i)];
+      planValue(destination.at(i), from->value()) ? ++mResult.taken : ++mResult.equal;
+      from = nullptr;
+    } else if (missing == NParamDef::ImportKeep) {
+      ++mResult.kept;
+    } else if (!planDefault(destination.at(i), error)) {
+      return false;
+    }
+  }
+  source.removeAll(nullptr);
+  planAdditions(source);
+  return true;
+}
+
+bool CParamImport::planDefault(CParamTreeNodeImpl* param, QString& error) {
+  const CParamDefItem* definition = mDefinitions.find(param->name());
   if (definition == nullptr) {
-    log(ICLogfile::kLevelErrors, tree.subDevId(), name, tr("Definition is missing."));
-    error = tr("Definition of parameter \"%1\" not found. Import failed.").arg(name);
+    log(ICLogfile::kLevelErrors, *param, tr("Definition is missing."));
+    error = tr("Definition of parameter \"%1\" not found. Import failed.").arg(param->name());
     return false;
   }
-  log(ICLogfile::kLevelDetail, tree.subDevId(), name, tr("Default value is used."));
-  planValue(tree, name, definition->defVal());
+  log(ICLogfile::kLevelDetail, *param, tr("Default value is used."));
+  planValue(param, definition->defVal());
   ++mResult.defaulted;
   return true;
 }
 
-void CParamImport::planAdditions(const CSubDeviceTree& source, const CSubDeviceTree* tree) {
-  for (const QString& name : source.names()) {
-    if (tree != nullptr && tree->contains(name)) {
-      continue;
-    }
-    if (mDefinitions.find(name) == nullptr) {
-      log(ICLogfile::kLevelDetail, source.subDevId(), name,
-          tr("The parameter is not defined and is skipped."));
+void CParamImport::planAdditions(const CParams& source) {
+  for (const CParamTreeNodeImpl* param : source) {
+    if (mDefinitions.find(param->name()) == nullptr) {
+      log(ICLogfile::kLevelDetail, *param, tr("The parameter is not defined and is skipped."));
       ++mResult.unknown;
     } else {
-      mAdditions.push_back({&source, name});
+      mAdditions.push_back(param);
       ++mResult.added;
     }
   }
 }
 
-bool CParamImport::planValue(CSubDeviceTree& tree, const QString& name, const CParamVal& value) {
-  const CParamDefItem* definition = mDefinitions.find(name);
-  if (CParameterFileHelper::compareValues(tree.value(name), value,
+bool CParamImport::planValue(CParamTreeNodeImpl* param, const CParamVal& value) {
+  if (param->value() == value) {
+    return false;
+  }
+  const CParamDefItem* definition = mDefinitions.find(param->name());
+  if (CParameterFileHelper::compareValues(param->value(), value,
                                           definition != nullptr ? *definition : CParamDefItem())) {
     return false;
   }
-  mNewValues.push_back({&tree, name, value});
+  mNewValues.push_back({param, value});
   return true;
 }
 
 bool CParamImport::apply() {
   for (const SNewValue& newValue : mNewValues) {
-    newValue.tree->setValue(newValue.name, newValue.value);
+    newValue.param->setValue(newValue.value);
   }
-  for (const SAddition& addition : mAdditions) {
-    add(addition);
+  for (const CParamTreeNodeImpl* addition : mAdditions) {
+    add(*addition);
   }
   return !mNewValues.empty() || !mAdditions.empty();
 }
 
-void CParamImport::add(const SAddition& addition) {
-  const quint8 subDevId = addition.source->subDevId();
+void CParamImport::add(const CParamTreeNodeImpl& param) {
+  const quint8 subDevId = param.subDevId();
   CSubDeviceTree& tree = mDestination->try_emplace(subDevId, subDevId).first->second;
   CParamTreeNodeImpl* group = tree.root();
-  for (const QString& name : groupPath(*addition.source->node(addition.name))) {
+  for (const QString& name : groupPath(param)) {
     CParamTreeNodeImpl* existing = tree.group(group, name);
     group = existing != nullptr ? existing : tree.addGroup(group, name);
   }
-  const CParamDefItem* definition = mDefinitions.find(addition.name);
-  tree.addParameter(group, addition.name, definition->valid() ? definition->id() : 0,
-                    addition.source->value(addition.name));
+  const CParamDefItem* definition = mDefinitions.find(param.name());
+  tree.addParameter(group, param.name(), definition->valid() ? definition->id() : 0, param.value());
 }
 
-void CParamImport::log(quint32 level, quint8 subDevId, const QString& name,
-                       const QString& text) const {
+void CParamImport::log(quint32 level, const CParamTreeNodeImpl& param, const QString& text) const {
   if (mLogfile != nullptr && mLogfile->isLevelEnabled(level)) {
-    mLogfile->write(level, tr("%1 of sub device %2:").arg(name, QString::number(subDevId)) +
-                               QLatin1Char(' ') + text);
+    mLogfile->write(
+        level, tr("%1 of sub device %2:").arg(param.name(), QString::number(param.subDevId())) +
+                   QLatin1Char(' ') + text);
   }
 }

@@ -27,28 +27,25 @@ class CParamImport {
 
  private:
   struct SNewValue {
-    CSubDeviceTree* tree;
-    QString name;
+    CParamTreeNodeImpl* param;
     CParamVal value;
   };
-  struct SAddition {
-    const CSubDeviceTree* source;
-    QString name;
-  };
 
-  bool planTree(CSubDeviceTree& tree, const CSubDeviceTree* source,
-                NParamDef::EImportMissing missing, QString& error);
-  bool planDefault(CSubDeviceTree& tree, const QString& name, QString& error);
-  void planAdditions(const CSubDeviceTree& source, const CSubDeviceTree* tree);
+  using CParams = QVector<CParamTreeNodeImpl*>;
+
+  bool planTree(CParams source, const CParams& destination, NParamDef::EImportMissing missing,
+                QString& error);
+  bool planDefault(CParamTreeNodeImpl* param, QString& error);
+  void planAdditions(const CParams& source);
   /// Plans a value that differs; false when it does not.
-  bool planValue(CSubDeviceTree& tree, const QString& name, const CParamVal& value);
-  void add(const SAddition& addition);
-  void log(quint32 level, quint8 subDevId, const QString& name, const QString& text) const;
+  bool planValue(CParamTreeNodeImpl* param, const CParamVal& value);
+  void add(const CParamTreeNodeImpl& param);
+  void log(quint32 level, const CParamTreeNodeImpl& param, const QString& text) const;
 
   const CDefinitionStore& mDefinitions;
   ICLogfile* mLogfile;
   CSubDeviceTrees* mDestination = nullptr;
   std::vector<SNewValue> mNewValues;
-  std::vector<SAddition> mAdditions;
+  std::vector<const CParamTreeNodeImpl*> mAdditions;  ///< of the source
   NParamDef::SImportResult mResult;
 };

@@ -88,15 +88,15 @@ bool CParameterFileBaseImpl::setParamValue(quint32 id, const CParamVal& value, q
 bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CParamVal& value,
                                                   quint8 subDevId) {
   CSubDeviceTree* tree = activeTree(subDevId);
-  CSubDeviceTree::SParam* parameter = tree != nullptr ? tree->find(name) : nullptr;
+  CParamTreeNodeImpl* parameter = tree != nullptr ? tree->node(name) : nullptr;
   if (parameter == nullptr) {
     return false;
   }
-  if (CParameterFileHelper::compareValues(parameter->value, value, paramDef(name))) {
+  if (CParameterFileHelper::compareValues(parameter->value(), value, paramDef(name))) {
     return true;
   }
-  parameter->value = value;
-  parameter->node->setProperty(NParamDef::PROPERTY_CHANGED, true);
+  parameter->setValue(value);
+  parameter->setProperty(NParamDef::PROPERTY_CHANGED, true);
   setHwIdChanged(mHardwareId);
   return true;
 }

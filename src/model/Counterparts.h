@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+#include <algorithm>
+
+/// For each element of a list the position of the element of the same name in another, or -1. The
+/// names of a list must differ. Two files of one device begin and end alike, so that only what lies
+/// between needs a hash, and lists that agree need none.
+template <typename CList, typename F>
+QVector<int> counterparts(const CList& of, const CList& in, const F& nameOf) {
+  const int shorter = std::min(of.size(), in.size());
+  int front = 0;
+  while (front < shorter && nameOf(of.at(front)) == nameOf(in.at(front))) ++front;
+  int back = 0;
+  while (back < shorter - front &&
+         nameOf(of.at(of.size() - 1 - back)) == nameOf(in.at(in.size() - 1 - back))) {
+    ++back;
+  }
+
+  QHash<QString, int> between;
+  between.reserve(in.size() - back - front);
+  for (int i = front; i < in.size() - back; ++i) between.insert(nameOf(in.at(i)), i);
+
+  QVector<int> positions(of.size());
+  for (int i = 0; i < of.size(); ++i) {
+    const bool isFront = i < front;
+    const bool isBack = i >= of.size() - back;
+    positions[i] = isFront  ? i
+                   : isBack ? i + in.size() - of.size()
+                            : between.value(nameOf(of.at(i)), -1);
+  }
+  return positions;
+}

@@ -5,14 +5,12 @@ CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
 
 CParamFindings CDefinitionChecker::run() {
   for (const QString& name : mIndex.names()) {
-    check(*mIndex.ruled(name));
+    check(mIndex.find(name), mIndex.ruled(name)->rules);
   }
   return mFindings;
 }
 
-void CDefinitionChecker::check(const CDefinitionIndex::SRuled& ruled) {
-  const CParamDefItem& definition = ruled.definition;
-  const CValueRules& rules = ruled.rules;
+void CDefinitionChecker::check(const CParamDefItem& definition, const CValueRules& rules) {
   checkId(definition);
   checkLimit(definition, definition.minVal());
   checkLimit(definition, definition.maxVal());
@@ -22,7 +20,7 @@ void CDefinitionChecker::check(const CDefinitionIndex::SRuled& ruled) {
             .arg(definition.minVal().asStr(), definition.maxVal().asStr()));
   }
   checkReferences(definition);
-  checkDefault(ruled);
+  checkDefault(definition, rules);
   checkChoices(definition, definition.enums());
   checkChoices(definition, definition.radios());
   checkBits(definition);
@@ -81,15 +79,15 @@ void CDefinitionChecker::checkReferences(const CParamDefItem& definition) {
   }
 }
 
-void CDefinitionChecker::checkDefault(const CDefinitionIndex::SRuled& ruled) {
-  const CParamVal value = ruled.definition.defVal();
+void CDefinitionChecker::checkDefault(const CParamDefItem& definition, const CValueRules& rules) {
+  const CParamVal value = definition.defVal();
   if (value.isEmpty()) {
     return;
   }
   const auto defaultOf = [this](const QString& name) { return mIndex.find(name).defVal(); };
-  for (const auto& violation : ruled.rules.violations(value, defaultOf)) {
+  for (const auto& violation : rules.violations(value, defaultOf)) {
     add(static_cast<SParamFinding::ECode>(SParamFinding::DefaultNotOfType + violation.kind),
-        ruled.definition, value.asStr(), tr("Default: %1").arg(violation.text));
+        definition, value.asStr(), tr("Default: %1").arg(violation.text));
   }
 }
 

@@ -17,12 +17,12 @@ class CDefinitionChecker {
  private:
   using CNamedValues = QList<NParamDef::SNamedI64Value>;
 
-  void check(const CDefinitionIndex::SRuled& ruled);
+  void check(const CParamDefItem& definition, const CValueRules& rules);
   void checkId(const CParamDefItem& definition);
   void checkLimit(const CParamDefItem& definition, const CParamVal& limit);
   void checkLimitIds(const CParamDefItem& definition, const QList<quint32>& ids);
   void checkReferences(const CParamDefItem& definition);
-  void checkDefault(const CDefinitionIndex::SRuled& ruled);
+  void checkDefault(const CParamDefItem& definition, const CValueRules& rules);
   void checkChoices(const CParamDefItem& definition, const CNamedValues& choices);
   void checkBits(const CParamDefItem& definition);
   void add(SParamFinding::ECode code, const CParamDefItem& definition, const QString& value,

@@ -5,6 +5,7 @@
 CDefinitionIndex::CDefinitionIndex(const ICParameterFile& file)
     : mFile(file), mNames(file.defNames()) {
   mNameById.reserve(mNames.size());
+  mPositions.reserve(mNames.size());
   for (const QString& name : mNames) {
     const quint32 id = file.paramDef(name).id();
     if (isId(id) && !mNameById.contains(id)) {
@@ -32,14 +33,21 @@ QString CDefinitionIndex::nameOf(quint32 id) const {
 }
 
 const CDefinitionIndex::SRuled* CDefinitionIndex::ruled(const QString& name) {
-  const auto known = mRuled.find(name);
-  if (known != mRuled.end()) {
-    return &known->second;
+  if (mNext >= mRuled.size() || mRuled[mNext].name != name) {
+    const auto known = mPositions.constFind(name);
+    mNext = known != mPositions.cend() ? *known : addRuled(name);
   }
+  return mNext < mRuled.size() ? &mRuled[mNext++] : nullptr;
+}
+
+// The position of the new one, behind all for an unknown name.
+size_t CDefinitionIndex::addRuled(const QString& name) {
+  const size_t position = mRuled.size();
   const CParamDefItem definition = find(name);
-  if (definition.name().isEmpty()) {
-    return nullptr;
+  if (!definition.name().isEmpty()) {
+    const auto byId = [this](quint32 id) { return find(id); };
+    mRuled.push_back({name, definition.id(), CValueRules(definition, byId)});
+    mPositions.insert(name, position);
   }
-  const auto byId = [this](quint32 id) { return find(id); };
-  return &mRuled.emplace(name, SRuled{definition, CValueRules(definition, byId)}).first->second;
+  return position;
 }

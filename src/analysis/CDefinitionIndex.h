@@ -1,10 +1,11 @@
 #pragma once
 
-#include "CNameMap.h"
 #include "CValueRules.h"
 
 #include <QHash>
 #include <QStringList>
+
+#include <deque>
 
 class ICParameterFile;
 
@@ -20,7 +21,8 @@ class CDefinitionIndex {
   QString nameOf(quint32 id) const;
   /// A definition with its rules, which are made when they are first asked for.
   struct SRuled {
-    CParamDefItem definition;
+    QString name;
+    quint32 id;
     CValueRules rules;
   };
   const SRuled* ruled(const QString& name);  ///< null for an unknown name
@@ -28,8 +30,12 @@ class CDefinitionIndex {
   static bool isId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
 
  private:
+  size_t addRuled(const QString& name);
+
   const ICParameterFile& mFile;
   const QStringList mNames;
   QHash<quint32, QString> mNameById;
-  CNameMap<SRuled> mRuled;
+  std::deque<SRuled> mRuled;  // in the order in which they were asked for
+  QHash<QString, size_t> mPositions;
+  size_t mNext = 0;  // behind the last one asked for: sub-devices hold the same in the same order
 };

@@ -41,7 +41,7 @@ class CValueChecker {
         addUndefined(subDevId, entry);
         continue;
       }
-      compareIds(subDevId, entry, ruled->definition.id());
+      compareIds(subDevId, entry, ruled->id);
       for (const auto& violation : ruled->rules.violations(entry.value, valueOf)) {
         add(static_cast<SParamFinding::ECode>(SParamFinding::ValueNotOfType + violation.kind),
             subDevId, entry, violation.text);

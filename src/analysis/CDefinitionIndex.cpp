@@ -2,14 +2,17 @@
 
 #include "ICParameterFile.h"
 
+#include <algorithm>
+
 CDefinitionIndex::CDefinitionIndex(const ICParameterFile& file)
     : mFile(file), mNames(file.defNames()) {
-  mNameById.reserve(mNames.size());
-  mPositions.reserve(mNames.size());
+  const auto count = static_cast<size_t>(mNames.size());
+  mNameById.reserve(count);
+  mPositions.reserve(count);
   for (const QString& name : mNames) {
     const quint32 id = file.paramDef(name).id();
-    if (isId(id) && !mNameById.contains(id)) {
-      mNameById.insert(id, name);
+    if (isId(id) && (mNameById.empty() || mNameById.back().first != id)) {
+      mNameById.emplace_back(id, name);
     }
   }
 }
@@ -28,14 +31,17 @@ QString CDefinitionIndex::nameOf(quint32 id) const {
   if (!isId(id)) {
     return {};
   }
-  const auto known = mNameById.find(id);
-  return known != mNameById.end() ? *known : mFile.nameById(id);
+  const auto known =
+      std::lower_bound(mNameById.begin(), mNameById.end(), id,
+                       [](const auto& entry, quint32 key) { return entry.first < key; });
+  const bool isKnown = known != mNameById.end() && known->first == id;
+  return isKnown ? known->second : mFile.nameById(id);
 }
 
 const CDefinitionIndex::SRuled* CDefinitionIndex::ruled(const QString& name) {
   if (mNext >= mRuled.size() || mRuled[mNext].name != name) {
-    const auto known = mPositions.constFind(name);
-    mNext = known != mPositions.cend() ? *known : addRuled(name);
+    const auto known = mPositions.find(name);
+    mNext = known != mPositions.end() ? known->second : addRuled(name);
   }
   return mNext < mRuled.size() ? &mRuled[mNext++] : nullptr;
 }
@@ -47,7 +53,7 @@ size_t CDefinitionIndex::addRuled(const QString& name) {
   if (!definition.name().isEmpty()) {
     const auto byId = [this](quint32 id) { return find(id); };
     mRuled.push_back({name, definition.id(), CValueRules(definition, byId)});
-    mPositions.insert(name, position);
+    mPositions.emplace(name, position);
   }
   return position;
 }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "CNameMap.h"
 #include "CValueRules.h"
 
-#include <QHash>
 #include <QStringList>
 
 #include <deque>
+#include <utility>
+#include <vector>
 
 class ICParameterFile;
 
@@ -34,8 +36,8 @@ class CDefinitionIndex {
 
   const ICParameterFile& mFile;
   const QStringList mNames;
-  QHash<quint32, QString> mNameById;
-  std::deque<SRuled> mRuled;  // in the order in which they were asked for
-  QHash<QString, size_t> mPositions;
+  std::vector<std::pair<quint32, QString>> mNameById;  // ascending, the first name of each id
+  std::deque<SRuled> mRuled;                           // in the order in which they were asked for
+  CNameMap<size_t> mPositions;
   size_t mNext = 0;  // behind the last one asked for: sub-devices hold the same in the same order
 };

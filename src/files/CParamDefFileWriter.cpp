@@ -7,6 +7,8 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 using namespace NLumoXmlTags;
 
@@ -34,11 +36,19 @@ bool CParamDefFile::save(const QString& fileName, QVector<const CParamDefItem*> 
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
 
+// The ids are copied out of the definitions, which lie all over the memory.
 void CParamDefFile::sortByIdAndName(QVector<const CParamDefItem*>& definitions) {
-  std::sort(definitions.begin(), definitions.end(),
-            [](const CParamDefItem* a, const CParamDefItem* b) {
-              return a->id() != b->id() ? a->id() < b->id() : a->name() < b->name();
-            });
+  using CEntry = std::pair<quint32, const CParamDefItem*>;
+  std::vector<CEntry> entries;
+  entries.reserve(static_cast<size_t>(definitions.size()));
+  for (const CParamDefItem* definition : definitions) {
+    entries.emplace_back(definition->id(), definition);
+  }
+  std::sort(entries.begin(), entries.end(), [](const CEntry& a, const CEntry& b) {
+    return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
+  });
+  std::transform(entries.begin(), entries.end(), definitions.begin(),
+                 [](const CEntry& entry) { return entry.second; });
 }
 
 bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) {
@@ -46,7 +56,9 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
   names.reserve(sorted.size());
   const CParamDefItem* previous = nullptr;
   for (const CParamDefItem* definition : sorted) {
-    if (names.contains(definition->name())) {
+    const int known = names.size();
+    names.insert(definition->name());
+    if (names.size() == known) {
       mErrorMsg = tr("Two definitions bear the name \"%1\".").arg(definition->name());
     } else if (previous != nullptr && isRealId(definition->id()) &&
                previous->id() == definition->id()) {
@@ -57,7 +69,6 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
     } else if (!limitsFit(*definition)) {
       mErrorMsg = limitsMessage(*definition);
     } else {
-      names.insert(definition->name());
       previous = definition;
       continue;
     }

@@ -83,6 +83,17 @@ QByteArray definitionFile(int definitions) {
   return utf16(text + QLatin1String(" </Data>\n</LumoParamDefinition>\n"));
 }
 
+QByteArray shortDefinitionFile(int definitions) {
+  QString text = kHead.arg(QLatin1String("LumoParamDefinition")) + QLatin1String(" <Data>\n");
+  for (int i = 1; i <= definitions; ++i) {
+    text += QStringLiteral(
+                "  <Param id=\"%1\">\n   <Name>ControllerSetting%1</Name>\n   <Type>%2</Type>\n"
+                "   <DefVal>%1</DefVal>\n  </Param>\n")
+                .arg(QString::number(i), QLatin1String(i % 3 == 1 ? "f64" : "u64"));
+  }
+  return utf16(text + QLatin1String(" </Data>\n</LumoParamDefinition>\n"));
+}
+
 QByteArray motorFile(int motors, int parameters) {
   QString text = kHead.arg(QLatin1String("LumoMotorParameters"));
   for (int m = 0; m < motors; ++m) {

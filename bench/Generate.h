@@ -11,6 +11,8 @@ QByteArray valueFile(int parameters, int hardwareIds = 1);
 /// A definition file; every fourth definition has an enumeration, every eighth a rule of
 /// visibility.
 QByteArray definitionFile(int definitions);
+/// Definitions of the fewest parts: a million of them are within the limits of a document.
+QByteArray shortDefinitionFile(int definitions);
 /// The file of a motor database.
 QByteArray motorFile(int motors, int parameters);
 

@@ -3,6 +3,8 @@
 #include "CCompensationPoint.h"
 #include "CParamDefFile.h"
 #include "CParamValueFile.h"
+#include "CParameterFileChecker.h"
+#include "CParameterFileComparison.h"
 #include "CParameterFileHelper.h"
 #include "Generate.h"
 #include "ICCompensationFile.h"
@@ -12,6 +14,8 @@
 #include <QFile>
 
 #include <benchmark/benchmark.h>
+
+#include <malloc.h>
 
 #include <functional>
 #include <map>
@@ -54,19 +58,44 @@ const SFile& definitionFile(int size) {
   return file;
 }
 
+const SFile& shortDefinitionFile(int size) {
+  static std::map<int, SFile> files;
+  SFile& file = files[size];
+  if (file.name.isEmpty()) {
+    file.name = NGenerate::asFile(NGenerate::shortDefinitionFile(size), "xpdef");
+  }
+  return file;
+}
+
 CFilePtr loaded(int size) {
   CFilePtr file = makeFile();
-  file->loadParamDefFile(definitionFile(size / 4).name, 0x10000);
+  file->loadParamDefFile(shortDefinitionFile(size / 4).name, 0x10000);
   file->loadParamFile(valueFile(size).name, QString(), 0x10000);
   return file;
 }
 
-void add(const char* name, const std::vector<int>& sizes,
+// Cold: each run begins as in a fresh process, with the memory given back to the system and
+// nothing of the data in the processor's caches, which hold all of a small file else.
+bool sIsCold = false;
+
+void begin(benchmark::State& state) {
+  if (!sIsCold) return;
+  state.PauseTiming();
+  static std::vector<char> memory(128U << 20U);
+  for (size_t i = 0; i < memory.size(); i += 64) ++memory[i];
+  benchmark::DoNotOptimize(memory.data());
+  malloc_trim(0);
+  state.ResumeTiming();
+}
+
+void add(const std::string& name, const std::vector<int>& sizes,
          const std::function<void(benchmark::State&, int size)>& run) {
   for (const int size : sizes) {
-    benchmark::RegisterBenchmark((std::string(name) + '/' + std::to_string(size)).c_str(),
-                                 [run, size](benchmark::State& state) { run(state, size); })
-        ->Unit(benchmark::kMillisecond);
+    auto* benchmark =
+        benchmark::RegisterBenchmark((name + '/' + std::to_string(size)).c_str(),
+                                     [run, size](benchmark::State& state) { run(state, size); });
+    benchmark->Unit(benchmark::kMillisecond);
+    if (sIsCold) benchmark->Iterations(3);
   }
 }
 
@@ -85,6 +114,7 @@ auto saving(Save save) {
   return [save](benchmark::State& state, int size) {
     const CHardwareIdTrees trees = NPeers::loadWithPugixml(valueFile(size).bytes);
     for (auto _ : state) {
+      begin(state);
       benchmark::DoNotOptimize(save(trees));
     }
   };
@@ -99,6 +129,7 @@ void addFiles(const std::vector<int>& sizes) {
   add("load/here", sizes, [](benchmark::State& state, int size) {
     const QString name = valueFile(size).name;
     for (auto _ : state) {
+      begin(state);
       CHardwareIdTrees trees;
       CSubDeviceTypes types;
       CSubDeviceNames names;
@@ -107,32 +138,11 @@ void addFiles(const std::vector<int>& sizes) {
       if (file.load(name, "1.0", trees, types, names, hardwareId) != 0) qFatal("load");
     }
   });
-  add("load/QDomDocument", sizes, loading(&NPeers::loadWithQtDom));
-  add("load/QXmlStreamReader", sizes, loading(&NPeers::loadWithQtStream));
-  add("load/pugixml", sizes, loading(&NPeers::loadWithPugixml));
-  add("load/libxml2", sizes, loading(&NPeers::loadWithLibxml2));
   add("save/here", sizes, saving(&saveHere));
-  add("save/QDomDocument", sizes, saving(&NPeers::saveWithQtDom));
-  add("save/QXmlStreamWriter", sizes, saving(&NPeers::saveWithQtStream));
-  add("load definitions/here", sizes, [](benchmark::State& state, int size) {
-    const QString name = definitionFile(size).name;
-    for (auto _ : state) {
-      CParamDefFile file(nullptr, nullptr);
-      if (!file.open(name, "1.0")) qFatal("load definitions");
-    }
-  });
-  add("load definitions/QDomDocument", sizes, [](benchmark::State& state, int size) {
-    const QByteArray bytes = definitionFile(size).bytes;
-    for (auto _ : state) benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(bytes));
-  });
-  add("save definitions/here", sizes, [](benchmark::State& state, int size) {
-    const CFilePtr file = makeFile();
-    file->loadParamDefFile(definitionFile(size).name, 0x10000);
-    for (auto _ : state) file->saveParamDefFile(kSaved, 0x10000);
-  });
   add("load and save/here", sizes, [](benchmark::State& state, int size) {
     const QString name = valueFile(size).name;
     for (auto _ : state) {
+      begin(state);
       const CFilePtr file = makeFile();
       file->loadParamFile(name, QString(), 0x10000);
       file->saveParamFile(kSaved, QString(), 0x10000);
@@ -140,10 +150,47 @@ void addFiles(const std::vector<int>& sizes) {
   });
 }
 
+void addPeers(const std::vector<int>& sizes) {
+  add("load/QDomDocument", sizes, loading(&NPeers::loadWithQtDom));
+  add("load/QXmlStreamReader", sizes, loading(&NPeers::loadWithQtStream));
+  add("load/pugixml", sizes, loading(&NPeers::loadWithPugixml));
+  add("load/libxml2", sizes, loading(&NPeers::loadWithLibxml2));
+  add("save/QDomDocument", sizes, saving(&NPeers::saveWithQtDom));
+  add("save/QXmlStreamWriter", sizes, saving(&NPeers::saveWithQtStream));
+}
+
+void addDefinitions(const std::string& kind, const std::vector<int>& sizes,
+                    const std::function<const SFile&(int size)>& definitions) {
+  add("load " + kind + "/here", sizes, [=](benchmark::State& state, int size) {
+    const QString name = definitions(size).name;
+    for (auto _ : state) {
+      begin(state);
+      CParamDefFile file(nullptr, nullptr);
+      if (!file.open(name, "1.0")) qFatal("load definitions");
+    }
+  });
+  add("save " + kind + "/here", sizes, [=](benchmark::State& state, int size) {
+    const CFilePtr file = makeFile();
+    file->loadParamDefFile(definitions(size).name, 0x10000);
+    for (auto _ : state) {
+      begin(state);
+      file->saveParamDefFile(kSaved, 0x10000);
+    }
+  });
+}
+
+void addDefinitionPeer(const std::vector<int>& sizes) {
+  add("load definitions/QDomDocument", sizes, [](benchmark::State& state, int size) {
+    const QByteArray bytes = definitionFile(size).bytes;
+    for (auto _ : state) benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(bytes));
+  });
+}
+
 void addOperations(const std::vector<int>& sizes) {
   add("clone hardware id/here", sizes, [](benchmark::State& state, int size) {
     const CFilePtr file = loaded(size);
     for (auto _ : state) {
+      begin(state);
       file->cloneHardwareId("HW0000", "copy");
       state.PauseTiming();
       file->selectHardwareId("HW0000");
@@ -154,7 +201,40 @@ void addOperations(const std::vector<int>& sizes) {
   add("import/here", sizes, [](benchmark::State& state, int size) {
     const CFilePtr source = loaded(size);
     const CFilePtr file = loaded(size);
-    for (auto _ : state) file->importParamFile(source.get(), QString(), QString());
+    for (auto _ : state) {
+      begin(state);
+      file->importParamFile(source.get(), QString(), QString());
+    }
+  });
+  add("check/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr file = loaded(size);
+    for (auto _ : state) {
+      begin(state);
+      benchmark::DoNotOptimize(
+          CParameterFileChecker::checkValues(*file, {}, CParameterFileChecker::SkipMissing));
+    }
+  });
+  add("diff/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr oldFile = loaded(size);
+    const CFilePtr newFile = loaded(size);
+    const QStringList names = newFile->paramNames(0);
+    for (int i = 0; i < names.size(); i += 10) newFile->setParamValue(names.at(i), "7", 0);
+    for (auto _ : state) {
+      begin(state);
+      benchmark::DoNotOptimize(
+          CParameterFileComparison::compare(*oldFile, *newFile, newFile.get()));
+    }
+  });
+}
+
+void addAccess(const std::vector<int>& sizes) {
+  add("look-up by id/here", sizes, [](benchmark::State& state, int size) {
+    const CFilePtr file = loaded(size);
+    quint32 id = 0;
+    for (auto _ : state) {
+      benchmark::DoNotOptimize(file->nameById(id + 1));
+      id = (id + 7919) % (static_cast<quint32>(size) / 4);
+    }
   });
   add("look-up by name/here", sizes, [](benchmark::State& state, int size) {
     const CFilePtr file = loaded(size);
@@ -205,15 +285,30 @@ void addMany() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const auto isGiven = [&](const char* option) {
+    return argc > 1 && qstrcmp(argv[1], option) == 0;
+  };
   // 1,000,000 parameters take gigabytes in Qt's DOM; --large adds them.
-  const bool large = argc > 1 && qstrcmp(argv[1], "--large") == 0;
-  std::vector<int> sizes{1000, 10000, 100000};
-  if (large) sizes.push_back(1000000);
+  sIsCold = isGiven("--cold");
+  const bool isLarge = isGiven("--large");
+  std::vector<int> sizes{10000, 100000};
+  if (!sIsCold) sizes.insert(sizes.begin(), 1000);
+  // A million of the usual definitions would be above the 512 MiB of a file.
+  const std::vector<int> definitionSizes = sizes;
+  if (sIsCold || isLarge) sizes.push_back(1000000);
   addFiles(sizes);
+  addDefinitions("definitions", definitionSizes, &definitionFile);
+  addDefinitions("short definitions", sizes, &shortDefinitionFile);
   addOperations(sizes);
-  addMany();
-  int count = argc - (large ? 1 : 0);
-  benchmark::Initialize(&count, argv + (large ? 1 : 0));
+  if (!sIsCold) {
+    addPeers(sizes);
+    addDefinitionPeer(definitionSizes);
+    addAccess(sizes);
+    addMany();
+  }
+  const int options = sIsCold || isLarge ? 1 : 0;
+  int count = argc - options;
+  benchmark::Initialize(&count, argv + options);
   benchmark::RunSpecifiedBenchmarks();
   QFile::remove(kSaved);
   return 0;

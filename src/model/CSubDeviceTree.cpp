@@ -93,10 +93,10 @@ QStringList CSubDeviceTree::names() const {
 CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNodeData data) {
   Q_ASSERT(owns(parent) && parent->isGroup());
   data.setSubDevId(mSubDevId);
-  auto* const node = new CParamTreeNodeImpl(data);
-  parent->addChild(node);
-  if (node->isGroup()) index(node);
-  return node;
+  auto* const added = new CParamTreeNodeImpl(data);
+  parent->addChild(added);
+  if (added->isGroup()) index(added);
+  return added;
 }
 
 void CSubDeviceTree::index(CParamTreeNodeImpl* node) {
@@ -155,12 +155,12 @@ void CSubDeviceTree::merge(CSubDeviceTree&& other) {
 void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
   QMultiHash<QString, CParamTreeNodeImpl*> groups = childGroups(*target);
   for (int i = 0; i < source.childCount(); ++i) {
-    const CParamTreeNodeImpl& node = *source.childNode(i);
-    if (node.isParam()) {
-      mergeParameter(target, node);
+    const CParamTreeNodeImpl& each = *source.childNode(i);
+    if (each.isParam()) {
+      mergeParameter(target, each);
     } else {
-      CParamTreeNodeImpl* const group = groups.take(node.name());
-      mergeGroup(group ? group : append(target, node.dataRef()), node);
+      CParamTreeNodeImpl* const known = groups.take(each.name());
+      mergeGroup(known ? known : append(target, each.dataRef()), each);
     }
   }
 }

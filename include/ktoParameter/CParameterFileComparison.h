@@ -27,4 +27,12 @@ class KTOPARAMETER_EXPORT CParameterFileComparison {
   static CParamDifferences compareHardwareIds(ICParameterFile& oldFile, const QString& oldId,
                                               ICParameterFile& newFile, const QString& newId,
                                               const ICParameterFile* definitions = nullptr);
+
+  /// The parameters of one sub-device of each file, such as two axes of one drive; the new one
+  /// stands in the differences. Types and names of sub-devices are their own and not compared. One
+  /// that does not exist holds nothing.
+  static CParamDifferences compareSubDevices(ICParameterFile& oldFile, const QString& oldId,
+                                             quint8 oldSubDevId, ICParameterFile& newFile,
+                                             const QString& newId, quint8 newSubDevId,
+                                             const ICParameterFile* definitions = nullptr);
 };

@@ -50,6 +50,14 @@ class CComparison {
     }
   }
 
+  void compareSubDevices(const QString& oldId, quint8 oldSubDevId, const QString& newId,
+                         quint8 newSubDevId) {
+    const CEntries oldOnes = read(mOldFile, oldId).value(oldSubDevId);
+    mHardwareId = newId;
+    mSubDevId = newSubDevId;
+    compareEntries(oldOnes, read(mNewFile, newId).value(newSubDevId));
+  }
+
   void addHardwareId(SParamDifference::EKind kind, const QString& hardwareId) {
     mHardwareId = hardwareId;
     mSubDevId = SParamDifference::kNoSubDevice;
@@ -198,5 +206,15 @@ CParamDifferences CParameterFileComparison::compareHardwareIds(ICParameterFile& 
   const CHardwareIdSelection newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
   comparison.compareHardwareIds(oldId, newId);
+  return comparison.differences();
+}
+
+CParamDifferences CParameterFileComparison::compareSubDevices(
+    ICParameterFile& oldFile, const QString& oldId, quint8 oldSubDevId, ICParameterFile& newFile,
+    const QString& newId, quint8 newSubDevId, const ICParameterFile* definitions) {
+  const CHardwareIdSelection oldRestored(oldFile);
+  const CHardwareIdSelection newRestored(newFile);
+  CComparison comparison(oldFile, newFile, definitions);
+  comparison.compareSubDevices(oldId, oldSubDevId, newId, newSubDevId);
   return comparison.differences();
 }

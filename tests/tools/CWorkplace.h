@@ -3,6 +3,7 @@
 #include "TestFiles.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
@@ -32,21 +33,12 @@ class CWorkplace {
   QString path(const QString& name) const { return mFolder.filePath(name); }
 
   SRun run(const QStringList& words, const QString& resultFile = {}) const {
-    QProcess process;
-    process.setWorkingDirectory(mFolder.path());
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), mLocale);
-    environment.remove(QStringLiteral("LANGUAGE"));
-#ifdef KTO_LOCALES
-    environment.insert(QStringLiteral("LOCPATH"), QStringLiteral(KTO_LOCALES));
-#endif
-    process.setProcessEnvironment(environment);
-    if (!resultFile.isEmpty()) process.setStandardOutputFile(resultFile);
-    process.start(QStringLiteral(KTO_TOOL), words);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-      return {-1, {}, {}};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return start(QStringLiteral(KTO_TOOL), words, resultFile);
+  }
+
+  /// A script in which "ktoparam" is the one that was built.
+  SRun shell(const QString& script) const {
+    return start(QStringLiteral("sh"), {QStringLiteral("-c"), script}, {});
   }
 
   QJsonObject json(const QString& line) const {
@@ -63,6 +55,27 @@ class CWorkplace {
   }
 
  private:
+  SRun start(const QString& program, const QStringList& words, const QString& resultFile) const {
+    QProcess process;
+    process.setWorkingDirectory(mFolder.path());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), mLocale);
+    environment.remove(QStringLiteral("LANGUAGE"));
+#ifdef KTO_LOCALES
+    environment.insert(QStringLiteral("LOCPATH"), QStringLiteral(KTO_LOCALES));
+#endif
+    environment.insert(QStringLiteral("PATH"), QFileInfo(QStringLiteral(KTO_TOOL)).path() +
+                                                   QLatin1Char(':') +
+                                                   environment.value(QStringLiteral("PATH")));
+    process.setProcessEnvironment(environment);
+    if (!resultFile.isEmpty()) process.setStandardOutputFile(resultFile);
+    process.start(program, words);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+      return {-1, {}, {}};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+  }
+
   const QString mLocale;
   QTemporaryDir mFolder;
 };

@@ -72,6 +72,7 @@ class tst_ktoparam : public QObject {
   void followsSessions();
   void examplesOfHelpWork_data();
   void examplesOfHelpWork();
+  void commandsOfReadmeWork();
   void printsJson_data();
   void printsJson();
   void valuesAreNeverJsonNumbers();
@@ -132,7 +133,21 @@ void tst_ktoparam::examplesOfHelpWork() {
   }
   const SRun run = workplace.run(QProcess::splitCommand(example).mid(1));
   QCOMPARE(run.err, QString());
-  QCOMPARE(run.status, 0);
+  QVERIFY(run.status <= 1);  // a comparison may find differences
+}
+
+void tst_ktoparam::commandsOfReadmeWork() {
+  QString script;
+  for (const QString& block : QString::fromUtf8(NTestFiles::read(QStringLiteral(KTO_README)))
+                                  .split(QStringLiteral("```sh\n"))) {
+    const QString lines = block.section(QStringLiteral("```"), 0, 0);
+    if (lines.contains(QLatin1String("\nktoparam "))) script += lines;
+  }
+  QVERIFY(script.contains(QLatin1String("ktoparam check")));
+  script.remove(QStringLiteral("cd examples/data\n"));
+  const SRun run = CWorkplace().shell(script);
+  QCOMPARE(run.err, QString());
+  QVERIFY(run.out.contains(QLatin1String("KTO-2A-64")));
 }
 
 void tst_ktoparam::printsJson_data() {

@@ -19,7 +19,7 @@ bool CInvocation::parse(const QStringList& words, COutput& out) {
   const bool understood = mParser.parse(QStringList(mCommand.name) + words);
   if (understood && wantsHelp()) return true;
 
-  QString problem = understood ? optionProblem() : OptionProblem::of(mCommand, words);
+  QString problem = understood ? numberProblem() : OptionProblem::of(mCommand, words);
   if (!understood && problem.isEmpty()) problem = mParser.errorText();
   if (problem.isEmpty()) problem = argumentProblem();
   if (problem.isEmpty()) problem = missingOption();
@@ -32,10 +32,11 @@ bool CInvocation::parse(const QStringList& words, COutput& out) {
 QString CInvocation::argumentProblem() const {
   const int given = mParser.positionalArguments().size();
   const QVector<SArgument>& expected = mCommand.arguments;
-  const bool isOpen = !expected.isEmpty() && expected.last().count != SArgument::One;
-  const bool lastIsOptional = isOpen && expected.last().count == SArgument::AnyNumber;
+  const SArgument::ECount last = expected.isEmpty() ? SArgument::One : expected.last().count;
+  const bool isOpen = last == SArgument::OneOrMore || last == SArgument::AnyNumber;
+  const bool isOptional = last == SArgument::AnyNumber || last == SArgument::NoneOrOne;
 
-  if (given < expected.size() - (lastIsOptional ? 1 : 0)) {
+  if (given < expected.size() - (isOptional ? 1 : 0)) {
     return Tool::tr("%1 is missing.").arg(expected.at(given).name);
   }
   if (given > expected.size() && !isOpen) {
@@ -67,15 +68,25 @@ QString CInvocation::emptyFileName() const {
   return {};
 }
 
-QString CInvocation::optionProblem() {
-  if (!mParser.optionNames().contains(CommonOptions::kSubDevice)) return {};
-  const QString text = value(CommonOptions::kSubDevice);
-  quint8 number = 0;
-  if (!CStr::strToU8(text, number)) {
-    return Tool::tr("\"%1\" is no sub-device; these are numbers from 0 to 255.").arg(text);
+QString CInvocation::numberProblem() const {
+  QStringList numbers;
+  for (const SOption& option : mCommand.options) {
+    if (option.word == EWord::Number) numbers += mParser.values(option.name);
   }
-  mSubDevice = number;
+  for (int i = 0; i < mCommand.arguments.size(); ++i) {
+    if (mCommand.arguments.at(i).word == EWord::Number) numbers += argumentsFrom(i).mid(0, 1);
+  }
+  for (const QString& text : qAsConst(numbers)) {
+    if (!toSubDevice(text)) {
+      return Tool::tr("\"%1\" is no sub-device; these are numbers from 0 to 255.").arg(text);
+    }
+  }
   return {};
+}
+
+std::optional<quint8> CInvocation::toSubDevice(const QString& text) {
+  quint8 number = 0;
+  return CStr::strToU8(text, number) ? std::optional<quint8>(number) : std::nullopt;
 }
 
 EExitStatus CInvocation::wrongUsage(const QString& text, COutput& out) const {

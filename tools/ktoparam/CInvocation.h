@@ -28,19 +28,23 @@ class CInvocation {
   QString argument(int place) const { return mParser.positionalArguments().value(place); }
   QStringList argumentsFrom(int place) const { return mParser.positionalArguments().mid(place); }
 
-  /// "--sub-device" as a number, nothing when it is not given.
-  std::optional<quint8> subDevice() const { return mSubDevice; }
+  /// An option that names a sub-device, nothing when it is not given.
+  std::optional<quint8> subDevice(QLatin1String option = CommonOptions::kSubDevice) const {
+    return toSubDevice(value(option));
+  }
+  /// The same for an argument that must be there.
+  quint8 subDeviceAt(int place) const { return toSubDevice(argument(place)).value_or(0); }
 
   /// Wrong usage: reports it, with where to find help.
   EExitStatus wrongUsage(const QString& text, COutput& out) const;
 
  private:
   QString argumentProblem() const;
-  QString optionProblem();
+  QString numberProblem() const;
+  static std::optional<quint8> toSubDevice(const QString& text);
   QString missingOption() const;
   QString emptyFileName() const;
 
   const SCommand& mCommand;
   QCommandLineParser mParser;
-  std::optional<quint8> mSubDevice;
 };

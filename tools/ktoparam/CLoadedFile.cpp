@@ -120,8 +120,7 @@ bool CLoadedFile::selectOneHardwareId(const CInvocation& invocation, QLatin1Stri
   return false;
 }
 
-bool CLoadedFile::checkSubDevice(const CInvocation& invocation, const QStringList& hardwareIds) {
-  const std::optional<quint8> wanted = invocation.subDevice();
+bool CLoadedFile::checkSubDevice(std::optional<quint8> wanted, const QStringList& hardwareIds) {
   if (!wanted) return true;
   QMap<quint8, QString> known;
   for (const QString& hardwareId : hardwareIds) {

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class CInvocation;
 class COutput;
@@ -49,8 +50,8 @@ class CLoadedFile {
   /// message, when it is not clear which.
   bool selectOneHardwareId(const CInvocation& invocation,
                            QLatin1String option = CommonOptions::kHardwareId);
-  /// False when none of the hardware ids has the sub-device of "--sub-device".
-  bool checkSubDevice(const CInvocation& invocation, const QStringList& hardwareIds);
+  /// False, with a message, when none of the hardware ids has a sub-device that is wanted.
+  bool checkSubDevice(std::optional<quint8> wanted, const QStringList& hardwareIds);
 
   /// Reports about the value file.
   void message(const QString& text) const;

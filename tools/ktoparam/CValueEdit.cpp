@@ -76,7 +76,7 @@ EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bo
                {QStringLiteral("changes"), Differences::toJson(changes)}});
     return status;
   }
-  Differences::print(changes, mOut);
+  Differences::print(changes, file, mOut);
   mOut.line(toText(counts));
   if (isDryRun) mOut.line(CommonOptions::dryRunNote());
   return status;

@@ -84,7 +84,7 @@ EExitStatus defaults(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation) || !loaded.canSave()) return ExitFile;
   if (!loaded.selectOneHardwareId(invocation) ||
-      !loaded.checkSubDevice(invocation, {loaded.file().hardwareId()})) {
+      !loaded.checkSubDevice(invocation.subDevice(), {loaded.file().hardwareId()})) {
     return ExitFindings;
   }
   CNamePatterns patterns(invocation.argumentsFrom(1));

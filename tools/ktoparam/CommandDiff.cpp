@@ -9,22 +9,110 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <set>
+
 namespace {
 
-EExitStatus diff(const CInvocation& invocation, COutput& out) {
-  CLoadedFile oldFile(out);
-  CLoadedFile newFile(out);
-  const bool hasOld = oldFile.loadValues(invocation.argument(0));
-  if (!newFile.load(invocation.argument(1), invocation) || !hasOld) return ExitFile;
+const QLatin1String kNewHardwareId("new-hardware-id");
+const QLatin1String kNewSubDevice("new-sub-device");
 
-  const CParamDifferences differences =
-      CParameterFileComparison::compare(oldFile.file(), newFile.file(), &newFile.file());
+QString usageProblem(const CInvocation& invocation) {
+  for (const auto& [option, needed] : {std::make_pair(kNewHardwareId, CommonOptions::kHardwareId),
+                                       std::make_pair(kNewSubDevice, CommonOptions::kSubDevice)}) {
+    if (invocation.isSet(option) && !invocation.isSet(needed)) {
+      return Tool::tr("--%1 needs --%2.").arg(option, needed);
+    }
+  }
+  const bool isOneFile = invocation.argument(1).isEmpty();
+  if (isOneFile && !invocation.isSet(kNewHardwareId) && !invocation.isSet(kNewSubDevice)) {
+    return Tool::tr("NEW is missing. Without it, --%1 or --%2 tells what to compare with.")
+        .arg(kNewHardwareId, kNewSubDevice);
+  }
+  return {};
+}
+
+/// The two sides of a comparison, and what of them is compared.
+class CSides {
+ public:
+  CSides(const CInvocation& invocation, COutput& out)
+      : mInvocation(invocation),
+        mOld(out),
+        mNew(out),
+        mOldSubDevice(invocation.subDevice()),
+        mNewSubDevice(invocation.isSet(kNewSubDevice) ? invocation.subDevice(kNewSubDevice)
+                                                      : mOldSubDevice) {}
+
+  bool load() {
+    const QString newName = mInvocation.argument(1);
+    const bool hasOld = mOld.loadValues(mInvocation.argument(0));
+    // Both names may be wrong, and both are told.
+    if (!hasOld && newName.isEmpty()) return false;
+    return mNew.load(newName.isEmpty() ? mInvocation.argument(0) : newName, mInvocation) && hasOld;
+  }
+
+  /// False, with a message, when a file does not have what is to be compared.
+  bool select() {
+    if (mInvocation.isSet(CommonOptions::kHardwareId)) {
+      const QString oldId = mInvocation.value(CommonOptions::kHardwareId);
+      const bool isOther = mInvocation.isSet(kNewHardwareId);
+      mHardwareIds = {{oldId, isOther ? mInvocation.value(kNewHardwareId) : oldId}};
+      if (!mOld.selectHardwareId(oldId) || !mNew.selectHardwareId(mHardwareIds.first().second)) {
+        return false;
+      }
+    } else {
+      const QStringList all = mOld.file().hardwareIds() + mNew.file().hardwareIds();
+      for (const QString& id : std::set<QString>(all.begin(), all.end())) {
+        mHardwareIds.append({id, id});
+      }
+    }
+    return mOld.checkSubDevice(mOldSubDevice, mOld.hardwareIds(mInvocation)) &&
+           mNew.checkSubDevice(mNewSubDevice, mNew.file().hardwareIds());
+  }
+
+  CParamDifferences compare() {
+    using CComparison = CParameterFileComparison;
+    ICParameterFile& oldFile = mOld.file();
+    ICParameterFile& newFile = mNew.file();
+    if (!mOldSubDevice && !mInvocation.isSet(CommonOptions::kHardwareId)) {
+      return CComparison::compare(oldFile, newFile, &newFile);
+    }
+    CParamDifferences all;
+    for (const auto& [oldId, newId] : qAsConst(mHardwareIds)) {
+      all += mOldSubDevice
+                 ? CComparison::compareSubDevices(oldFile, oldId, *mOldSubDevice, newFile, newId,
+                                                  *mNewSubDevice, &newFile)
+                 : CComparison::compareHardwareIds(oldFile, oldId, newFile, newId, &newFile);
+    }
+    return all;
+  }
+
+  const ICParameterFile& definitions() const { return mNew.file(); }
+  const QString& oldName() const { return mOld.fileName(); }
+  const QString& newName() const { return mNew.fileName(); }
+
+ private:
+  const CInvocation& mInvocation;
+  CLoadedFile mOld;
+  CLoadedFile mNew;
+  const std::optional<quint8> mOldSubDevice;
+  const std::optional<quint8> mNewSubDevice;
+  QVector<QPair<QString, QString>> mHardwareIds;
+};
+
+EExitStatus diff(const CInvocation& invocation, COutput& out) {
+  const QString problem = usageProblem(invocation);
+  if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
+  CSides sides(invocation, out);
+  if (!sides.load()) return ExitFile;
+  if (!sides.select()) return ExitFindings;
+
+  const CParamDifferences differences = sides.compare();
   if (invocation.wantsJson()) {
-    out.json({{QStringLiteral("old"), oldFile.fileName()},
-              {QStringLiteral("new"), newFile.fileName()},
+    out.json({{QStringLiteral("old"), sides.oldName()},
+              {QStringLiteral("new"), sides.newName()},
               {QStringLiteral("differences"), Differences::toJson(differences)}});
   } else {
-    Differences::print(differences, out);
+    Differences::print(differences, sides.definitions(), out);
   }
   return differences.isEmpty() ? ExitDone : ExitFindings;
 }
@@ -39,12 +127,26 @@ QVector<SCommand> diffCommands() {
       "Lists what was added, removed, changed and moved to another group. With --def, values that "
       "are the same number are equal, however they are written. The order of parameters, the date "
       "and the comment are no differences.\n"
+      "Two hardware ids or two sub-devices can be compared, too, also of one file; those of NEW "
+      "stand in the list then. Files of other kinds can be compared as \"ktoparam text\" prints "
+      "them.\n"
       "The exit status is 1 when there are differences.");
   command.arguments = {{QStringLiteral("OLD"), Tool::tr("A value file."), EWord::File},
-                       {QStringLiteral("NEW"), Tool::tr("A value file."), EWord::File}};
-  command.options = {CommonOptions::def(Tool::tr("The definition file.")), CommonOptions::json()};
-  command.examples = QStringList(
-      QStringLiteral("diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"));
+                       {QStringLiteral("NEW"), Tool::tr("A value file; OLD unless given."),
+                        EWord::File, SArgument::NoneOrOne}};
+  command.options = {
+      CommonOptions::def(Tool::tr("The definition file.")),
+      CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
+      {kNewHardwareId, QStringLiteral("ID"), Tool::tr("Compare it with this one of NEW.")},
+      CommonOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
+      {kNewSubDevice, QStringLiteral("N"), Tool::tr("Compare it with this one of NEW."),
+       EWord::Number},
+      CommonOptions::json()};
+  command.examples = QStringList{
+      QStringLiteral("diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
+      QStringLiteral(
+          "diff TwoAxisDrive.xparam --hardware-id KTO-2A-16 --new-hardware-id KTO-2A-32"),
+      QStringLiteral("diff TwoAxisDrive.xparam --sub-device 2 --new-sub-device 3")};
   command.run = diff;
   return {command};
 }

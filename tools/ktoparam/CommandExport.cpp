@@ -86,7 +86,7 @@ QStringList fields(const QString& hardwareId, const SValueView& view, bool hasDe
                               view.id == 0 ? QString() : QString::number(view.id),
                               view.value.asStr()};
   if (!hasDefinitions) return always;
-  return always + QStringList{view.unit, view.meaning(),
+  return always + QStringList{view.unit, view.meaning,
                               view.defaultValue ? view.defaultValue->asStr() : QString()};
 }
 
@@ -123,7 +123,7 @@ EExitStatus exportValues(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
   const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation, hardwareIds)) {
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
     return ExitFindings;
   }
   if (isJson) {

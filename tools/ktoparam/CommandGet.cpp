@@ -96,7 +96,7 @@ void printTable(const QVector<SFound>& found, COutput& out) {
     table.addRow({DisplayText::shown(each.hardwareId), QString::number(view.subDevId),
                   view.isChanged() ? QStringLiteral("*") : QString(), DisplayText::shown(view.name),
                   DisplayText::shown(view.value.asStr()),
-                  view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning()},
+                  view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning},
                  view.isChanged());
   }
   if (!table.isEmpty()) table.print(out);
@@ -117,7 +117,7 @@ EExitStatus get(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
   const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation, hardwareIds)) {
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
     return ExitFindings;
   }
   CGathering gathering(loaded, invocation);

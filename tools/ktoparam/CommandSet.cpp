@@ -38,12 +38,13 @@ void printTable(const ICParameterFile& file, const QVector<SAssignment>& assignm
   CTable table({Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW"),
                 Tool::tr("MEANING")});
   for (const SAssignment& each : assignments) {
-    const QString choice = ValueTexts::choiceName(file.paramDef(each.name), each.newValue);
+    const CParamDefItem definition = file.paramDef(each.name);
     table.addRow(
         {QString::number(each.subDevId), DisplayText::shown(each.name),
          DisplayText::shown(each.oldValue.asStr()),
          each.isChange ? DisplayText::shown(each.newValue.asStr()) : Tool::tr("(unchanged)"),
-         choice.isEmpty() ? QString() : DisplayText::shown(choice)});
+         each.isChange ? ValueTexts::change(definition, each.oldValue, each.newValue)
+                       : ValueTexts::meaning(definition, each.oldValue)});
   }
   table.print(out);
 }
@@ -73,7 +74,7 @@ EExitStatus set(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation) || !loaded.canSave()) return ExitFile;
   if (!loaded.selectOneHardwareId(invocation) ||
-      !loaded.checkSubDevice(invocation, {loaded.file().hardwareId()})) {
+      !loaded.checkSubDevice(invocation.subDevice(), {loaded.file().hardwareId()})) {
     return ExitFindings;
   }
   CAssignments assignments(loaded, wanted);

@@ -1,7 +1,6 @@
 #include "CInvocation.h"
 #include "CLoadedFile.h"
 #include "COutput.h"
-#include "CStr.h"
 #include "CTable.h"
 #include "CValueEdit.h"
 #include "Commands.h"
@@ -10,8 +9,6 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-
-#include <utility>
 
 namespace {
 
@@ -83,14 +80,8 @@ SEditCounts countsOf(const ICParameterFile& file, quint8 source, quint8 target) 
 }
 
 EExitStatus runCopy(const CInvocation& invocation, COutput& out) {
-  quint8 source = 0;
-  quint8 target = 0;
-  for (const auto& [place, id] : {std::make_pair(1, &source), std::make_pair(2, &target)}) {
-    const QString text = invocation.argument(place);
-    if (CStr::strToU8(text, *id)) continue;
-    return invocation.wrongUsage(
-        Tool::tr("\"%1\" is no sub-device; these are numbers from 0 to 255.").arg(text), out);
-  }
+  const quint8 source = invocation.subDeviceAt(1);
+  const quint8 target = invocation.subDeviceAt(2);
   CLoadedFile loaded(out);
   if (!loaded.loadValues(invocation.argument(0)) || !loaded.canSave()) return ExitFile;
   if (!loaded.selectOneHardwareId(invocation)) return ExitFindings;

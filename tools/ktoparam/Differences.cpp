@@ -4,6 +4,7 @@
 #include "CTable.h"
 #include "DisplayText.h"
 #include "Tool.h"
+#include "ValueTexts.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -51,7 +52,7 @@ QString groupCell(const QString& path) {
   return path.isEmpty() ? QStringLiteral("/") : DisplayText::shown(path);
 }
 
-QStringList toCells(const SParamDifference& each) {
+QStringList toCells(const SParamDifference& each, const ICParameterFile& definitions) {
   const bool isMoved = each.kind == SParamDifference::ParameterMoved;
   const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
   return {kindName(each.kind),
@@ -59,7 +60,10 @@ QStringList toCells(const SParamDifference& each) {
           hasSubDevice ? QString::number(each.subDevId) : QString(),
           shownOrNothing(each.name),
           isMoved ? groupCell(each.oldGroupPath) : valueCell(each.oldValue),
-          isMoved ? groupCell(each.newGroupPath) : valueCell(each.newValue)};
+          isMoved ? groupCell(each.newGroupPath) : valueCell(each.newValue),
+          each.kind == SParamDifference::ValueChanged
+              ? ValueTexts::change(definitions.paramDef(each.name), each.oldValue, each.newValue)
+              : QString()};
 }
 
 QJsonValue orNull(const QString& text) {
@@ -80,10 +84,11 @@ QJsonObject toJson(const SParamDifference& each) {
 
 }  // namespace
 
-void Differences::print(const CParamDifferences& differences, COutput& out) {
+void Differences::print(const CParamDifferences& differences, const ICParameterFile& definitions,
+                        COutput& out) {
   CTable table({Tool::tr("CHANGE"), Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"),
-                Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW")});
-  for (const SParamDifference& each : differences) table.addRow(toCells(each));
+                Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW"), Tool::tr("MEANING")});
+  for (const SParamDifference& each : differences) table.addRow(toCells(each, definitions));
   if (!table.isEmpty()) table.print(out);
 }
 

@@ -3,13 +3,14 @@
 #include "SParamDifference.h"
 
 class COutput;
+class ICParameterFile;
 class QJsonArray;
 
 /// Differences between two states of values, as texts and as JSON.
 namespace Differences {
 
-/// A table; nothing when there are none.
-void print(const CParamDifferences& differences, COutput& out);
+/// A table, with what the values mean under definitions; nothing when there are none.
+void print(const CParamDifferences& differences, const ICParameterFile& definitions, COutput& out);
 QJsonArray toJson(const CParamDifferences& differences);
 
 }  // namespace Differences

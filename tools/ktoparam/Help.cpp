@@ -18,6 +18,8 @@ QString argumentSyntax(const SArgument& argument) {
       return argument.name + QStringLiteral("…");
     case SArgument::AnyNumber:
       return QStringLiteral("[%1…]").arg(argument.name);
+    case SArgument::NoneOrOne:
+      return QStringLiteral("[%1]").arg(argument.name);
     default:
       return argument.name;
   }

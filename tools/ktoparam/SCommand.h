@@ -18,9 +18,10 @@ enum EExitStatus {
 /// What a word on the command line stands for, from which follows how it can be completed.
 enum class EWord { Text, File, HardwareId, SubDevice, Parameter, Assignment };
 
-/// A word that a command expects, by its place. Only the last one may be there more than once.
+/// A word that a command expects, by its place. Only the last one may be missing or there more
+/// than once.
 struct SArgument {
-  enum ECount { One, OneOrMore, AnyNumber };
+  enum ECount { One, OneOrMore, AnyNumber, NoneOrOne };
 
   QString name;
   QString help;

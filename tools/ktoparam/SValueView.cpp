@@ -1,7 +1,6 @@
 #include "SValueView.h"
 
 #include "CParameterFileHelper.h"
-#include "DisplayText.h"
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 #include "JsonTexts.h"
@@ -34,19 +33,10 @@ SValueView SValueView::of(const ICParameterFile& file, const ICParamTreeNode& no
   view.unit = ValueTexts::unitName(file, definition, view.subDevId);
   view.choice = ValueTexts::choiceName(definition, view.value);
   view.bits = ValueTexts::activeBits(definition, view.value);
-  view.decimal = ValueTexts::decimal(definition, view.value);
+  view.meaning = ValueTexts::meaning(definition, view.value);
   view.defaultValue = definition.defVal();
   view.isDefault = CParameterFileHelper::compareValues(view.value, definition.defVal(), definition);
   return view;
-}
-
-QString SValueView::meaning() const {
-  QStringList parts;
-  if (!choice.isEmpty()) parts.append(DisplayText::shown(choice));
-  if (bits) {
-    for (const QString& bit : *bits) parts.append(DisplayText::shown(bit));
-  }
-  return parts.isEmpty() && !bits ? decimal : parts.join(QLatin1String(" | "));
 }
 
 QJsonObject SValueView::toJson() const {

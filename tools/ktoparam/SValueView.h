@@ -20,7 +20,7 @@ struct SValueView {
   QString unit;
   QString choice;                         ///< name of the choice, radio button or check box state
   std::optional<QStringList> bits;        ///< the active ones; nothing without named bits
-  QString decimal;                        ///< see ValueTexts::decimal()
+  QString meaning;                        ///< see ValueTexts::meaning()
   std::optional<CParamVal> defaultValue;  ///< nothing without a definition
   bool isDefault = false;
 
@@ -28,8 +28,6 @@ struct SValueView {
 
   /// There is a definition, and the value is not its default.
   bool isChanged() const { return defaultValue && !isDefault; }
-  /// Choice, bits or decimal number in one text for people.
-  QString meaning() const;
   /// The keys are always the same; what does not exist is null.
   QJsonObject toJson() const;
 };

@@ -62,7 +62,7 @@ class CTreeRows {
     addWaitingGroups();
     mTable.addRow({view.isChanged() ? QStringLiteral("*") : QString(),
                    indented(node, mGroups.size()), DisplayText::shown(view.value.asStr()),
-                   view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning()},
+                   view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning},
                   view.isChanged());
   }
 
@@ -143,7 +143,7 @@ EExitStatus Show::values(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
   const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation, hardwareIds)) {
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
     return ExitFindings;
   }
   ICParameterFile& file = loaded.file();

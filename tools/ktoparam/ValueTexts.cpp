@@ -1,5 +1,7 @@
 #include "ValueTexts.h"
 
+#include "DisplayText.h"
+
 namespace {
 
 // The value that chooses among the names of a unit, from wherever it can be known.
@@ -32,6 +34,15 @@ bool bitsOf(const CParamVal& value, quint64& bits) {
   return true;
 }
 
+// In decimal when it stands there in hexadecimal and that makes a difference.
+QString decimal(const CParamDefItem& definition, const CParamVal& value) {
+  unsigned long long number = 0;
+  const bool isNumber = definition.type() != NParamDef::PARAM_TYPE_STR &&
+                        definition.type() != NParamDef::PARAM_TYPE_UNDEF && value.value(number);
+  const bool isHexadecimal = value.asStr().contains(QLatin1Char('x'), Qt::CaseInsensitive);
+  return isNumber && isHexadecimal && number > 9 ? QString::number(number) : QString();
+}
+
 }  // namespace
 
 QString ValueTexts::unitName(const ICParameterFile& file, const CParamDefItem& definition,
@@ -62,10 +73,22 @@ std::optional<QStringList> ValueTexts::activeBits(const CParamDefItem& definitio
   return names;
 }
 
-QString ValueTexts::decimal(const CParamDefItem& definition, const CParamVal& value) {
-  unsigned long long number = 0;
-  const bool isNumber = definition.type() != NParamDef::PARAM_TYPE_STR &&
-                        definition.type() != NParamDef::PARAM_TYPE_UNDEF && value.value(number);
-  const bool isHexadecimal = value.asStr().contains(QLatin1Char('x'), Qt::CaseInsensitive);
-  return isNumber && isHexadecimal && number > 9 ? QString::number(number) : QString();
+QString ValueTexts::meaning(const CParamDefItem& definition, const CParamVal& value) {
+  const QString choice = choiceName(definition, value);
+  const std::optional<QStringList> bits = activeBits(definition, value);
+  QStringList parts;
+  for (const QString& name :
+       (choice.isEmpty() ? QStringList() : QStringList(choice)) + bits.value_or(QStringList())) {
+    parts.append(DisplayText::shown(name));
+  }
+  return parts.isEmpty() && !bits ? decimal(definition, value) : parts.join(QLatin1String(" | "));
+}
+
+QString ValueTexts::change(const CParamDefItem& definition, const CParamVal& oldValue,
+                           const CParamVal& newValue) {
+  const QString from = meaning(definition, oldValue);
+  const QString to = meaning(definition, newValue);
+  if (from == to) return {};
+  return QStringLiteral("%1 → %2").arg(from.isEmpty() ? DisplayText::shown(oldValue.asStr()) : from,
+                                       to.isEmpty() ? DisplayText::shown(newValue.asStr()) : to);
 }

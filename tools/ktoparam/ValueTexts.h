@@ -26,7 +26,12 @@ QString choiceName(const CParamDefItem& definition, const CParamVal& value);
 /// The named bits that are active in the value; nothing for a definition without bits.
 std::optional<QStringList> activeBits(const CParamDefItem& definition, const CParamVal& value);
 
-/// The number in decimal when it stands there in hexadecimal and that makes a difference.
-QString decimal(const CParamDefItem& definition, const CParamVal& value);
+/// Choice, active bits or the number in decimal, in one text for people; empty when the value says
+/// it all.
+QString meaning(const CParamDefItem& definition, const CParamVal& value);
+
+/// "Notch → Low pass"; empty when the meaning does not tell them apart.
+QString change(const CParamDefItem& definition, const CParamVal& oldValue,
+               const CParamVal& newValue);
 
 }  // namespace ValueTexts

@@ -94,7 +94,7 @@ void CCompletion::expectArgument(const SCommand& command) {
   if (known.isEmpty()) return;
   if (mArguments < known.size()) {
     mWord = known.at(mArguments).word;
-  } else if (known.last().count != SArgument::One) {
+  } else if (known.last().mayRepeat()) {
     mWord = known.last().word;
   }
 }

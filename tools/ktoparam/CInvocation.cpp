@@ -19,7 +19,7 @@ bool CInvocation::parse(const QStringList& words, COutput& out) {
   const bool understood = mParser.parse(QStringList(mCommand.name) + words);
   if (understood && wantsHelp()) return true;
 
-  QString problem = understood ? numberProblem() : OptionProblem::of(mCommand, words);
+  QString problem = understood ? subDeviceProblem() : OptionProblem::of(mCommand, words);
   if (!understood && problem.isEmpty()) problem = mParser.errorText();
   if (problem.isEmpty()) problem = argumentProblem();
   if (problem.isEmpty()) problem = missingOption();
@@ -32,14 +32,12 @@ bool CInvocation::parse(const QStringList& words, COutput& out) {
 QString CInvocation::argumentProblem() const {
   const int given = mParser.positionalArguments().size();
   const QVector<SArgument>& expected = mCommand.arguments;
-  const SArgument::ECount last = expected.isEmpty() ? SArgument::One : expected.last().count;
-  const bool isOpen = last == SArgument::OneOrMore || last == SArgument::AnyNumber;
-  const bool isOptional = last == SArgument::AnyNumber || last == SArgument::NoneOrOne;
+  const SArgument last = expected.isEmpty() ? SArgument() : expected.last();
 
-  if (given < expected.size() - (isOptional ? 1 : 0)) {
+  if (given < expected.size() - (last.mayBeMissing() ? 1 : 0)) {
     return Tool::tr("%1 is missing.").arg(expected.at(given).name);
   }
-  if (given > expected.size() && !isOpen) {
+  if (given > expected.size() && !last.mayRepeat()) {
     return Tool::tr("\"%1\" is one word too many.").arg(argument(expected.size()));
   }
   return {};
@@ -68,13 +66,13 @@ QString CInvocation::emptyFileName() const {
   return {};
 }
 
-QString CInvocation::numberProblem() const {
+QString CInvocation::subDeviceProblem() const {
   QStringList numbers;
   for (const SOption& option : mCommand.options) {
-    if (option.word == EWord::Number) numbers += mParser.values(option.name);
+    if (option.word == EWord::SubDevice) numbers += mParser.values(option.name);
   }
   for (int i = 0; i < mCommand.arguments.size(); ++i) {
-    if (mCommand.arguments.at(i).word == EWord::Number) numbers += argumentsFrom(i).mid(0, 1);
+    if (mCommand.arguments.at(i).word == EWord::SubDevice) numbers += argumentsFrom(i).mid(0, 1);
   }
   for (const QString& text : qAsConst(numbers)) {
     if (!toSubDevice(text)) {

@@ -40,7 +40,7 @@ class CInvocation {
 
  private:
   QString argumentProblem() const;
-  QString numberProblem() const;
+  QString subDeviceProblem() const;
   static std::optional<quint8> toSubDevice(const QString& text);
   QString missingOption() const;
   QString emptyFileName() const;

@@ -134,14 +134,14 @@ QVector<SCommand> diffCommands() {
   command.arguments = {{QStringLiteral("OLD"), Tool::tr("A value file."), EWord::File},
                        {QStringLiteral("NEW"), Tool::tr("A value file; OLD unless given."),
                         EWord::File, SArgument::NoneOrOne}};
-  command.options = {
-      CommonOptions::def(Tool::tr("The definition file.")),
-      CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
-      {kNewHardwareId, QStringLiteral("ID"), Tool::tr("Compare it with this one of NEW.")},
-      CommonOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
-      {kNewSubDevice, QStringLiteral("N"), Tool::tr("Compare it with this one of NEW."),
-       EWord::Number},
-      CommonOptions::json()};
+  command.options = {CommonOptions::def(Tool::tr("The definition file.")),
+                     CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
+                     {kNewHardwareId, QStringLiteral("ID"),
+                      Tool::tr("Compare it with this one of NEW."), EWord::HardwareId},
+                     CommonOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
+                     {kNewSubDevice, QStringLiteral("N"),
+                      Tool::tr("Compare it with this one of NEW."), EWord::SubDevice},
+                     CommonOptions::json()};
   command.examples = QStringList{
       QStringLiteral("diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
       QStringLiteral(

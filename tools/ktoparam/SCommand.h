@@ -23,6 +23,9 @@ enum class EWord { Text, File, HardwareId, SubDevice, Parameter, Assignment };
 struct SArgument {
   enum ECount { One, OneOrMore, AnyNumber, NoneOrOne };
 
+  bool mayBeMissing() const { return count == AnyNumber || count == NoneOrOne; }
+  bool mayRepeat() const { return count == AnyNumber || count == OneOrMore; }
+
   QString name;
   QString help;
   EWord word = EWord::Text;

@@ -400,12 +400,6 @@ Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
         <translation>Zeigt, worin sich die Werte zweier Dateien unterscheiden.</translation>
     </message>
     <message>
-        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment are no differences.
-The exit status is 1 when there are differences.</source>
-        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
-Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; is no format; there are csv, tsv and json.</source>
         <translation>&quot;%1&quot; ist kein Format; es gibt csv, tsv und json.</translation>
     </message>
@@ -1194,6 +1188,30 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
     <message>
         <source>[options]</source>
         <translation>[Optionen]</translation>
+    </message>
+    <message>
+        <source>--%1 needs --%2.</source>
+        <translation>--%1 braucht --%2.</translation>
+    </message>
+    <message>
+        <source>NEW is missing. Without it, --%1 or --%2 tells what to compare with.</source>
+        <translation>NEW fehlt. Ohne diese Angabe sagt --%1 oder --%2, womit verglichen wird.</translation>
+    </message>
+    <message>
+        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment are no differences.
+Two hardware ids or two sub-devices can be compared, too, also of one file; those of NEW stand in the list then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
+The exit status is 1 when there are differences.</source>
+        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
+Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
+Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
+    </message>
+    <message>
+        <source>A value file; OLD unless given.</source>
+        <translation>Eine Wertedatei; ohne Angabe OLD.</translation>
+    </message>
+    <message>
+        <source>Compare it with this one of NEW.</source>
+        <translation>Vergleicht damit die angegebene von NEW.</translation>
     </message>
 </context>
 </TS>

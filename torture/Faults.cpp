@@ -90,8 +90,8 @@ __attribute__((visibility("default"))) bool hasStruck() {
   return sPlan.hasStruck;
 }
 __attribute__((visibility("default"))) const char* name(ECall call) {
-  static const char* const kNames[] = {"open",  "write",  "fsync",  "rename", "linkat",
-                                       "close", "fchmod", "fchown", "unlink", "sendfile"};
+  static const char* const kNames[] = {"open",   "read",  "fstat",  "write",  "fsync",  "rename",
+                                       "linkat", "close", "fchmod", "fchown", "unlink", "sendfile"};
   return kNames[call];
 }
 
@@ -118,6 +118,12 @@ ssize_t write(int file, const void* bytes, size_t size) {
     return real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, size / 2);
   }
   return pass<ssize_t>(Write, "write", file, bytes, size);
+}
+ssize_t read(int file, void* bytes, size_t size) {
+  return pass<ssize_t>(Read, "read", file, bytes, size);
+}
+int fstat(int file, struct stat* info) noexcept {
+  return pass<int>(Stat, "fstat", file, info);
 }
 int fsync(int file) {
   return pass<int>(Sync, "fsync", file);

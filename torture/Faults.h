@@ -4,7 +4,21 @@
 /// calls of Qt pass through it too; only the process that arms it is affected.
 namespace NFaults {
 
-enum ECall { Open, Write, Sync, Rename, Link, Close, Chmod, Chown, Unlink, SendFile, CallCount };
+enum ECall {
+  Open,
+  Read,
+  Stat,
+  Write,
+  Sync,
+  Rename,
+  Link,
+  Close,
+  Chmod,
+  Chown,
+  Unlink,
+  SendFile,
+  CallCount
+};
 enum EMode {
   Once,        ///< the n-th call fails
   FromThenOn,  ///< so do all that come after it

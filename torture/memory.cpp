@@ -1,13 +1,17 @@
 // Every allocation of the parser and of the document fails once in a load: the load fails with a
 // message, and nothing else happens.
 
+#include "CAtomicFile.h"
 #include "CDomDoc.h"
 #include "Formats.h"
 #include "Torture.h"
 
+#include <QFile>
+
 #include <expat.h>
 
 #include <dlfcn.h>
+#include <sys/resource.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -151,6 +155,28 @@ int failSave(const CFolder& folder, CTally& tally) {
   });
 }
 
+/// A file that is larger than the memory that the process may have.
+void failRead(const CFolder& folder, CTally& tally) {
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+  constexpr qint64 kBytes = 400 << 20;
+  QByteArray content;
+  QString error;
+  writeFile(folder.path("large"), content);
+  QFile::resize(folder.path("large"), kBytes);
+  struct rlimit old {};
+  ::getrlimit(RLIMIT_AS, &old);
+  struct rlimit small = old;
+  small.rlim_cur = kBytes;
+  ::setrlimit(RLIMIT_AS, &small);
+  const bool done = CAtomicFile::read(folder.path("large"), content, error);
+  ::setrlimit(RLIMIT_AS, &old);
+  tally.check(!done && error == "there is not enough memory to read the file.", error);
+#else
+  Q_UNUSED(folder)
+  Q_UNUSED(tally)
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -166,6 +192,7 @@ int main(int argc, char** argv) {
                     "compensation/valid/current.xml", tally);
   const CFolder folder;
   count += failSave(folder, tally);
+  failRead(folder, tally);
   tally.check(count > 500, "hardly an allocation failed");
   return tally.finish(QString("%1 failed allocations").arg(count));
 }

@@ -232,6 +232,26 @@ class CSaves {
     });
   }
 
+  /// What cannot be read, or kept as a backup, is told.
+  void failReads() {
+    const QString name = folder("file");
+    QString error;
+    QByteArray content;
+    writeFile(name, pattern(100000, 8));
+    NFaults::arm(NFaults::Read, 1, EIO, NFaults::Once);
+    const bool done = CAtomicFile::read(name, content, error);
+    NFaults::disarm();
+    mTally.check(!done && error.startsWith("the file cannot be read: "), "a failed read " + error);
+    NFaults::arm(NFaults::Link, 1, EEXIST, NFaults::FromThenOn);
+    const bool kept = CAtomicFile::keepAsBackup(name, error, error);
+    NFaults::disarm();
+    mTally.check(!kept && NFaults::calls(NFaults::Link) == 10000, "backups without an end");
+    QFile::resize(name, CAtomicFile::kMaxBytes + 1);
+    mTally.check(!CAtomicFile::read(name, content, error), "a file that is too large");
+    mTally.check(error == "the file is larger than 512 MiB.", error);
+    QFile::remove(name);
+  }
+
   QString figures() const {
     return QString("%1 faults, %2 killed processes, full disks, a read-only folder")
         .arg(mFaults)
@@ -314,6 +334,7 @@ int main(int argc, char** argv) {
   CTally tally("saves");
   CSaves saves(options, tally);
   saves.failEveryCall();
+  saves.failReads();
   saves.killAtEveryCall();
   saves.killAtRandom();
   saves.fillTheDisk();

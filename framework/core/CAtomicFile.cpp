@@ -63,9 +63,7 @@ bool setMode(QSaveFile& file, const QString& target, QFileDevice::Permissions pe
 /// Brings the whole content to the disk, under the temporary name. Every step is checked here,
 /// since QSaveFile::commit() overlooks a failing flush and a failing sync.
 bool fill(QSaveFile& file, const QByteArray& content, QString& reason) {
-  const bool written =
-      file.write(content) == content.size() && file.flush() && file.error() == QFileDevice::NoError;
-  if (!written) {
+  if (file.write(content) != content.size() || !file.flush()) {
     reason = file.errorString();
     return false;
   }
@@ -124,7 +122,7 @@ int addName(const QString& fileName, const QString& newName) {
   if (::link(source.constData(), target.constData()) == 0) {
     return 0;
   }
-  return errno == EEXIST || errno == ENOENT ? errno : copyToNewFile(source, target);
+  return errno == EEXIST ? errno : copyToNewFile(source, target);
 }
 
 }  // namespace
@@ -193,18 +191,19 @@ bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
 
 bool CAtomicFile::keepAsBackup(const QString& fileName, QString& backupName, QString& error) {
   constexpr int kMaxBackups = 10000;
-  const QString source = linkTarget(fileName);
-  if (source.isEmpty() || !QFileInfo(source).isFile()) {
+  const QFileInfo source(linkTarget(fileName));
+  if (!source.isFile()) {
     error = tr("this is not a regular file and is not kept as a backup.");
     return false;
   }
   QString name = fileName + QLatin1String(".bak");
-  int code = addName(source, name);
+  int code = addName(source.filePath(), name);
   for (int number = 1; code == EEXIST && number < kMaxBackups; ++number) {
     name = fileName + QLatin1String(".bak.") + QString::number(number);
-    code = addName(source, name);
+    code = addName(source.filePath(), name);
   }
-  if (code == 0 && !syncFolder(QFileInfo(name).absolutePath())) {
+  const QString folder = QFileInfo(name).absolutePath();
+  if (code == 0 && !syncFolder(folder)) {
     code = errno;
   }
   if (code != 0) {

@@ -93,8 +93,8 @@ class CUtf16Sink : public CBuffer {
 /// carriage return would be read as a line feed, white space in an attribute as a blank.
 using CReferences = std::array<std::string_view, 256>;
 
-CReferences textReferences() {
-  CReferences references;
+constexpr CReferences textReferences() {
+  CReferences references{};
   references['&'] = "&amp;";
   references['<'] = "&lt;";
   references['>'] = "&gt;";
@@ -102,7 +102,7 @@ CReferences textReferences() {
   return references;
 }
 
-CReferences attributeReferences() {
+constexpr CReferences attributeReferences() {
   CReferences references = textReferences();
   references['"'] = "&quot;";
   references['\n'] = "&#10;";
@@ -110,10 +110,23 @@ CReferences attributeReferences() {
   return references;
 }
 
+constexpr CReferences kInText = textReferences();
+constexpr CReferences kInAttribute = attributeReferences();
+
+using CBlanks = std::array<char, NXmlLimits::kMaxDepth + 1>;
+
+constexpr CBlanks blanks() {
+  CBlanks blanks{};
+  for (char& blank : blanks) {
+    blank = ' ';
+  }
+  return blanks;
+}
+
+constexpr CBlanks kBlanks = blanks();
+
 template <class Sink>
 void putEscaped(Sink& sink, std::string_view text, bool inAttribute) {
-  static const CReferences kInText = textReferences();
-  static const CReferences kInAttribute = attributeReferences();
   const CReferences& references = inAttribute ? kInAttribute : kInText;
   size_t plain = 0;
   for (size_t i = 0; i < text.size(); ++i) {
@@ -129,8 +142,7 @@ void putEscaped(Sink& sink, std::string_view text, bool inAttribute) {
 
 template <class Sink>
 void putIndentation(Sink& sink, int depth) {
-  static const std::string kBlanks(NXmlLimits::kMaxDepth + 1, ' ');
-  sink.put(std::string_view(kBlanks).substr(0, static_cast<size_t>(depth)));
+  sink.put({kBlanks.data(), static_cast<size_t>(depth)});
 }
 
 }  // namespace
@@ -158,29 +170,31 @@ void CXmlWriter::writeTree(Sink& sink) {
   sink.put(std::is_same_v<Sink, CUtf16Sink> ? "UTF-16" : "UTF-8");
   sink.put("\"?>\n");
   std::vector<quint32> open;  // the elements whose end is still to be written
-  quint32 next = mData.isEmpty() ? kNone : 0;
+  quint32 next = 0;
   while (mError == NoError && (next != kNone || !open.empty())) {
     if (next == kNone) {
       const quint32 element = open.back();
       open.pop_back();
       closeElement(sink, mData.node(element), static_cast<int>(open.size()));
       next = open.empty() ? kNone : mData.node(element).next;
-      continue;
-    }
-    const SDomNode& node = mData.node(next);
-    if (node.kind == SDomNode::Element) {
-      openElement(sink, node, static_cast<int>(open.size()));
+    } else if (mData.node(next).kind == SDomNode::Element) {
+      openElement(sink, mData.node(next), static_cast<int>(open.size()));
       open.push_back(next);
-      next = node.firstChild;
+      next = mData.node(next).firstChild;
     } else {
-      if (node.kind == SDomNode::Other) {
-        sink.put("<!---->");
-      } else {
-        putEscaped(sink, mData.text(node.text), false);
-      }
-      next = node.next;
+      putLeaf(sink, mData.node(next));
+      next = mData.node(next).next;
     }
     mError = open.size() > NXmlLimits::kMaxDepth ? TooDeep : sink.isTooLarge() ? TooLarge : NoError;
+  }
+}
+
+template <class Sink>
+void CXmlWriter::putLeaf(Sink& sink, const SDomNode& node) {
+  if (node.kind == SDomNode::Other) {
+    sink.put("<!---->");
+  } else {
+    putEscaped(sink, mData.text(node.text), false);
   }
 }
 

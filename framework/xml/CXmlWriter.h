@@ -20,6 +20,8 @@ class CXmlWriter {
   template <class Sink>
   void writeTree(Sink& sink);
   template <class Sink>
+  void putLeaf(Sink& sink, const SDomNode& node);
+  template <class Sink>
   void openElement(Sink& sink, const SDomNode& element, int depth);
   template <class Sink>
   void closeElement(Sink& sink, const SDomNode& element, int depth);

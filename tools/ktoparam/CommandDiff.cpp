@@ -43,11 +43,11 @@ class CSides {
                                                       : mOldSubDevice) {}
 
   bool load() {
-    const QString newName = mInvocation.argument(1);
+    const QString second = mInvocation.argument(1);
     const bool hasOld = mOld.loadValues(mInvocation.argument(0));
     // Both names may be wrong, and both are told.
-    if (!hasOld && newName.isEmpty()) return false;
-    return mNew.load(newName.isEmpty() ? mInvocation.argument(0) : newName, mInvocation) && hasOld;
+    if (!hasOld && second.isEmpty()) return false;
+    return mNew.load(second.isEmpty() ? mInvocation.argument(0) : second, mInvocation) && hasOld;
   }
 
   /// False, with a message, when a file does not have what is to be compared.

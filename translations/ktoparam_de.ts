@@ -1213,5 +1213,29 @@ Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
         <source>Compare it with this one of NEW.</source>
         <translation>Vergleicht damit die angegebene von NEW.</translation>
     </message>
+    <message>
+        <source>Writing %1 …</source>
+        <translation>Schreibt %1 …</translation>
+    </message>
+    <message>
+        <source>Checking %1 …</source>
+        <translation>Prüft %1 …</translation>
+    </message>
+    <message>
+        <source>Comparing …</source>
+        <translation>Vergleicht …</translation>
+    </message>
+    <message>
+        <source>Merging …</source>
+        <translation>Führt zusammen …</translation>
+    </message>
+    <message>
+        <source>Reading %1 …</source>
+        <translation>Liest %1 …</translation>
+    </message>
+    <message>
+        <source>Reading %1 (file %2) …</source>
+        <translation>Liest %1 (Datei %2) …</translation>
+    </message>
 </context>
 </TS>

@@ -117,6 +117,11 @@ bool CDomDoc::setHead(const QByteArray& bytes, QString& error) {
   return d != nullptr;
 }
 
+bool CDomDoc::setRoot(const QByteArray& bytes, QString& error) {
+  d = parsed(bytes, CXmlParser::RootOnly, error);
+  return d != nullptr;
+}
+
 CDomElement CDomDoc::createRoot(const QString& tag) {
   d = std::make_unique<CDomData>();
   return {d.get(), d->createElement(kNone, tag)};

@@ -41,6 +41,8 @@ class KTOFRAMEWORK_EXPORT CDomDoc {
   bool setContent(const QByteArray& bytes, QString& error);
   /// Reads the document to the end of the root's "Head" and does not look at what follows.
   bool setHead(const QByteArray& bytes, QString& error);
+  /// Reads the document's root with its attributes and does not look at what follows.
+  bool setRoot(const QByteArray& bytes, QString& error);
   /// Makes an empty document with a root element and returns that.
   CDomElement createRoot(const QString& tag);
   void clear();

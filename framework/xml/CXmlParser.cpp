@@ -264,6 +264,9 @@ void CXmlParser::startElement(const char* tag, const char** attributes) {
                           mData.addText(attributes[i + 1]));
   }
   mOpen.push_back(element);
+  if (mExtent == RootOnly) {
+    stop();
+  }
 }
 
 void CXmlParser::endElement() {
@@ -274,9 +277,14 @@ void CXmlParser::endElement() {
   const quint32 element = mOpen.back();
   mOpen.pop_back();
   if (mExtent == HeadOnly && mOpen.size() == 1 && mData.hasName(element, NLumoXmlTags::TAG_HEAD)) {
-    mStopped = true;
-    XML_StopParser(mParser.get(), XML_FALSE);
+    stop();
   }
+}
+
+/// All that was wanted is read.
+void CXmlParser::stop() {
+  mStopped = true;
+  XML_StopParser(mParser.get(), XML_FALSE);
 }
 
 void CXmlParser::characters(std::string_view text) {

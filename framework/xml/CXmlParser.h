@@ -16,7 +16,7 @@ class CXmlParser {
   Q_DECLARE_TR_FUNCTIONS(CXmlParser)
 
  public:
-  enum EExtent { Whole, HeadOnly };
+  enum EExtent { Whole, HeadOnly, RootOnly };
 
   CXmlParser(CDomData& data, EExtent extent);
 
@@ -44,6 +44,7 @@ class CXmlParser {
   void endCData();
   void otherNode();
 
+  void stop();
   void closeText();
   void keepBlankText();
   bool fail(const QString& reason);

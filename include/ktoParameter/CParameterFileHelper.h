@@ -50,7 +50,7 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   /// there is none or the data is damaged before.
   static QString comment(const QByteArray& data);
   /// The revision number in the version attribute of an XML file's root, as CStr::stringToRevision
-  /// gives it; 0 when there is none or it is no revision.
+  /// gives it; 0 when there is none or it is no revision. What follows is not looked at.
   static quint32 fileVersion(const QByteArray& data);
 
   /// True when the values are equal under the definition: as numbers for an unsigned type, as exact

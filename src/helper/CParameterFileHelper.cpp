@@ -82,7 +82,7 @@ QString CParameterFileHelper::comment(const QByteArray& data) {
 quint32 CParameterFileHelper::fileVersion(const QByteArray& data) {
   CDomDoc doc;
   QString error;
-  if (!doc.setHead(data, error)) return 0;
+  if (!doc.setRoot(data, error)) return 0;
   const CDomElement root = doc.documentElement();
   const QLatin1String name = root.hasAttribute(ATTR_VERSION) ? ATTR_VERSION : ATTR_VERSION_CAPITAL;
   quint32 revision = 0;

@@ -134,6 +134,8 @@ void tst_CParameterFileHelper::readsVersions_data() {
   row("small", "<R version=\"1.2\"><Head/></R>", 0x10002);
   row("capital", "<R Version=\"3\"><Head/></R>", 0x30000);
   row("damaged behind the head", "<R version=\"1.2\"><Head/><Data></R>", 0x10002);
+  row("without a head, cut off", "<R version=\"1.2\"><Data><Par", 0x10002);
+  row("nothing else", "<R version=\"1.2\"/>", 0x10002);
   row("none", "<R><Head/></R>", 0);
   row("no revision", "<R version=\"1.2.3\"><Head/></R>", 0);
   row("of the head", "<R><Head version=\"1.2\"/></R>", 0);

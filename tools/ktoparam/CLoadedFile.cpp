@@ -2,6 +2,7 @@
 
 #include "CInvocation.h"
 #include "COutput.h"
+#include "CSignalShield.h"
 #include "FileHints.h"
 #include "LibraryMessage.h"
 #include "Suggestion.h"
@@ -79,6 +80,8 @@ bool CLoadedFile::save() {
 }
 
 bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
+  mOut.progress().doing(Tool::tr("Writing %1 …").arg(fileName));
+  const CSignalShield shield;
   if (mFile->saveParamFile(fileName, {}, version)) return true;
   reportFailure(fileName);
   FileHints::tellWhyUnsaved(fileName, mOut);

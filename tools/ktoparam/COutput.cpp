@@ -10,12 +10,14 @@
 
 COutput::COutput(FILE* results, FILE* messages)
     : mHasColour(isatty(fileno(results)) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") &&
-                 qgetenv("TERM") != "dumb") {
+                 qgetenv("TERM") != "dumb"),
+      mProgress(messages, mMessages) {
   mFailed = !mResults.open(results, QIODevice::WriteOnly);
   mMessages.open(messages, QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 void COutput::write(const QByteArray& bytes) {
+  mProgress.erase();
   mFailed = mFailed || mResults.write(bytes) != bytes.size();
 }
 
@@ -28,6 +30,7 @@ void COutput::json(const QJsonObject& object) {
 }
 
 void COutput::message(const QString& text) {
+  mProgress.erase();
   mMessages.write("ktoparam: " + DisplayText::escaped(text).toUtf8() + '\n');
 }
 
@@ -37,6 +40,7 @@ void COutput::message(const QString& file, const QString& text, int line) {
 }
 
 bool COutput::finish() {
+  mProgress.erase();
   mFailed = !mResults.flush() || mFailed;
   if (mFailed)
     message(Tool::tr("the results could not be written: %1").arg(mResults.errorString()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CProgress.h"
+
 #include <QFile>
 #include <QString>
 
@@ -14,6 +16,9 @@ class COutput {
 
   /// Whether results go to a terminal whose user wants colour.
   bool hasColour() const { return mHasColour; }
+
+  /// What is being done meanwhile, as a line that the next text takes the place of.
+  CProgress& progress() { return mProgress; }
 
   void line(const QString& text);
   void json(const QJsonObject& object);
@@ -32,5 +37,6 @@ class COutput {
   QFile mResults;
   QFile mMessages;
   bool mHasColour;
+  CProgress mProgress;
   bool mFailed = false;
 };

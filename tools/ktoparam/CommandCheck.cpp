@@ -136,6 +136,7 @@ EExitStatus checkValues(const CInvocation& invocation, COutput& out) {
     return ExitFindings;
   }
   ICParameterFile& file = loaded.file();
+  out.progress().doing(Tool::tr("Checking %1 …").arg(loaded.fileName()));
   const auto missing = invocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
                                                   : CParameterFileChecker::SkipMissing;
   return report({SChecked(invocation.value(CommonOptions::kDef),

@@ -2,6 +2,7 @@
 #include "CCompensationPlot.h"
 #include "CInvocation.h"
 #include "COutput.h"
+#include "CSignalShield.h"
 #include "CTable.h"
 #include "CTableFindings.h"
 #include "Commands.h"
@@ -106,6 +107,7 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
     written = isInPlace ? fileName : invocation.value(CommonOptions::kOutput);
     if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFile;
     table.setDataPointSaveFormat(wanted);
+    const CSignalShield shield;
     if (table.save(written, opened.version) != ICCompensationFile::Ok) {
       out.message(written, LibraryMessage::withoutFileName(table.errorMsg(), written));
       FileHints::tellWhyUnsaved(written, out);
@@ -143,6 +145,7 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   const CCompensationPlot image(*opened.file, findings,
                                 {invocation.value(kTitle), unit, adjustmentUnit});
   QString error;
+  const CSignalShield shield;
   if (!CAtomicFile::write(picture, image.toSvg(), {}, error)) {
     out.message(picture, error);
     FileHints::tellWhyUnsaved(picture, out);

@@ -106,6 +106,7 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
   if (!sides.load()) return ExitFile;
   if (!sides.select()) return ExitFindings;
 
+  out.progress().doing(Tool::tr("Comparing …"));
   const CParamDifferences differences = sides.compare();
   if (invocation.wantsJson()) {
     out.json({{QStringLiteral("old"), sides.oldName()},

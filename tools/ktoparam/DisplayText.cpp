@@ -115,3 +115,13 @@ int DisplayText::width(const QString& text) {
   for (const uint character : text.toUcs4()) columns += widthOf(character);
   return columns;
 }
+
+QString DisplayText::cut(const QString& text, int columns) {
+  QString result;
+  for (const uint character : text.toUcs4()) {
+    columns -= widthOf(character);
+    if (columns < 0) break;
+    result += QString::fromUcs4(&character, 1);
+  }
+  return result;
+}

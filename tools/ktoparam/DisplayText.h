@@ -17,4 +17,7 @@ QString shown(const QString& text);
 /// combining ones.
 int width(const QString& text);
 
+/// As much of the beginning as fits into the columns.
+QString cut(const QString& text, int columns);
+
 }  // namespace DisplayText

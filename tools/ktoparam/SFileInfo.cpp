@@ -71,6 +71,7 @@ std::optional<SFileInfo> SFileInfo::read(const QString& fileName, COutput& out) 
     out.message(fileName, Tool::tr("the file cannot be opened: %1.").arg(file.errorString()));
     return {};
   }
+  out.progress().reading(fileName, file.size());
   const QByteArray head = file.read(kHeadBytes);
   if (file.error() != QFileDevice::NoError) {
     out.message(fileName, Tool::tr("the file cannot be read: %1.").arg(file.errorString()));

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+class QIODevice;
+
+/// One line on the terminal that tells what is being done with many or large files. It is there
+/// only while that lasts; where there is no terminal, nothing is ever written.
+class CProgress {
+ public:
+  /// Writes to the device, which stands for the stream and must live as long as this.
+  CProgress(FILE* stream, QIODevice& device);
+
+  /// A file that is read, which makes the work more.
+  void reading(const QString& fileName, qint64 bytes);
+  /// What is done with what was read.
+  void doing(const QString& text);
+  /// Leaves the line empty for whatever is written next.
+  void erase();
+
+ private:
+  void show(const QString& text);
+
+  QIODevice& mDevice;
+  const int mColumns;  // 0 when there is no terminal
+  qint64 mBytes = 0;
+  int mFiles = 0;
+  bool mIsShown = false;
+};

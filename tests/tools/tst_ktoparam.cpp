@@ -73,6 +73,8 @@ class tst_ktoparam : public QObject {
   void examplesOfHelpWork_data();
   void examplesOfHelpWork();
   void commandsOfReadmeWork();
+  void knowsTerminals_data();
+  void knowsTerminals();
   void printsJson_data();
   void printsJson();
   void valuesAreNeverJsonNumbers();
@@ -148,6 +150,33 @@ void tst_ktoparam::commandsOfReadmeWork() {
   const SRun run = CWorkplace().shell(script);
   QCOMPARE(run.err, QString());
   QVERIFY(run.out.contains(QLatin1String("KTO-2A-64")));
+}
+
+void tst_ktoparam::knowsTerminals_data() {
+  QTest::addColumn<QString>("script");
+  QTest::addColumn<QString>("pattern");
+  const auto row = [](const char* name, const char* script, const char* pattern) {
+    QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(pattern);
+  };
+  const char* const progress = "script -qec 'ktoparam detect * >/dev/null' /dev/null";
+  row("progress, erased at the end", progress, "Reading .*\\(file 12\\).*\r\x1b\\[K$");
+  row("no wider than the terminal",
+      "d=$(printf %070d 0); mkdir $d; cp *.* $d; "
+      "script -qec \"ktoparam detect $d/* >/dev/null\" /dev/null",
+      "^(Reading [^\r]{71}\r\x1b\\[K)+$");
+  row("messages without a terminal", "ktoparam detect * 2>&1 >/dev/null", "^$");
+  row("bold", "script -qec 'ktoparam get Odd.xparam Counter' /dev/null", "\x1b\\[1m");
+  row("NO_COLOR", "NO_COLOR=1 script -qec 'ktoparam get Odd.xparam Counter' /dev/null",
+      "^[^\x1b]+$");
+  row("results without a terminal", "ktoparam get Odd.xparam Counter", "^[^\x1b]+$");
+}
+
+void tst_ktoparam::knowsTerminals() {
+  QFETCH(QString, script);
+  QFETCH(QString, pattern);
+  const SRun run = CWorkplace().shell(QLatin1String("export TERM=xterm\n") + script);
+  QCOMPARE(run.err, QString());
+  QVERIFY2(QRegularExpression(pattern).match(run.out).hasMatch(), qPrintable(run.out));
 }
 
 void tst_ktoparam::printsJson_data() {

@@ -1,4 +1,5 @@
 #include "CExactNumber.h"
+#include "TestRows.h"
 
 #include <QtTest>
 
@@ -23,21 +24,16 @@ class tst_CExactNumber : public QObject {
     const char* maxU64 = "0xffffffffffffffff";
     const char* maxI64 = "9223372036854775807";
     const char* minI64 = "-9223372036854775808";
-    QTest::newRow("neighbours that a double rounds together")
-        << u64 << "0xfffffffffffffffe" << u64 << maxU64 << -1;
-    QTest::newRow("signed neighbours")
-        << i64 << "-9007199254740993" << i64 << "-9007199254740992" << -1;
+    addRow("neighbours that a double rounds together", u64, "0xfffffffffffffffe", u64, maxU64, -1);
+    addRow("signed neighbours", i64, "-9007199254740993", i64, "-9007199254740992", -1);
     QTest::newRow("unsigned above signed") << u64 << "9223372036854775808" << i64 << maxI64 << 1;
     QTest::newRow("negative below unsigned") << i64 << "-1" << u64 << "0" << -1;
     QTest::newRow("same bits") << i64 << "-1" << u64 << maxU64 << -1;
     QTest::newRow("smallest") << i64 << minI64 << i64 << "-9223372036854775807" << -1;
     QTest::newRow("smallest equals its double") << i64 << minI64 << f64 << minI64 << 0;
-    QTest::newRow("largest below its rounded double")
-        << i64 << maxI64 << f64 << "9223372036854775807" << -1;
-    QTest::newRow("largest unsigned below 2^64")
-        << u64 << maxU64 << f64 << "18446744073709551616" << -1;
-    QTest::newRow("integer beyond 2^53")
-        << u64 << "9007199254740993" << f64 << "9007199254740992" << 1;
+    addRow("largest below its rounded double", i64, maxI64, f64, "9223372036854775807", -1);
+    addRow("largest unsigned below 2^64", u64, maxU64, f64, "18446744073709551616", -1);
+    addRow("integer beyond 2^53", u64, "9007199254740993", f64, "9007199254740992", 1);
     QTest::newRow("fraction above") << f64 << "2.5" << i64 << "2" << 1;
     QTest::newRow("fraction below") << f64 << "2.5" << i64 << "3" << -1;
     QTest::newRow("negative fraction above") << f64 << "-2.5" << i64 << "-3" << 1;
@@ -74,8 +70,7 @@ class tst_CExactNumber : public QObject {
     QTest::newRow("too large") << int(PARAM_TYPE_U64) << "0x8000000000000000" << false << qint64(0);
     QTest::newRow("integral") << int(PARAM_TYPE_F64) << "-3" << true << qint64(-3);
     QTest::newRow("fraction") << int(PARAM_TYPE_F64) << "-3.5" << false << qint64(0);
-    QTest::newRow("too small") << int(PARAM_TYPE_F64) << "-9223372036854777856" << false
-                               << qint64(0);
+    addRow("too small", int(PARAM_TYPE_F64), "-9223372036854777856", false, qint64(0));
   }
   void isAChoiceWhenItIsExactlyThat() {
     QFETCH(int, type);

@@ -1,4 +1,5 @@
 #include "ICCompensationFile.h"
+#include "TestRows.h"
 
 #include <QtTest>
 
@@ -58,26 +59,16 @@ void tst_CCompensationTable::header_data() {
   QTest::addColumn<QString>("minimum");
   QTest::addColumn<QString>("maximum");
   QTest::addColumn<bool>("good");
-  QTest::newRow("below") << "-1"
-                         << "1" << true;
-  QTest::newRow("below as numbers") << "9"
-                                    << "10" << true;
-  QTest::newRow("equal") << "1"
-                         << "1.0" << false;
-  QTest::newRow("above") << "10"
-                         << "9" << false;
-  QTest::newRow("initial") << "0.0"
-                           << "0.0" << false;
-  QTest::newRow("no number counts as 0") << "abc"
-                                         << "1" << true;
-  QTest::newRow("no number on both ends") << "abc"
-                                          << "" << false;
-  QTest::newRow("not a number") << "nan"
-                                << "1" << false;
-  QTest::newRow("maximum that is not a number") << "1"
-                                                << "nan" << false;
-  QTest::newRow("infinite") << "-inf"
-                            << "inf" << true;
+  addRow("below", "-1", "1", true);
+  addRow("below as numbers", "9", "10", true);
+  addRow("equal", "1", "1.0", false);
+  addRow("above", "10", "9", false);
+  addRow("initial", "0.0", "0.0", false);
+  addRow("no number counts as 0", "abc", "1", true);
+  addRow("no number on both ends", "abc", "", false);
+  addRow("not a number", "nan", "1", false);
+  addRow("maximum that is not a number", "1", "nan", false);
+  addRow("infinite", "-inf", "inf", true);
 }
 
 void tst_CCompensationTable::header() {
@@ -103,8 +94,7 @@ void tst_CCompensationTable::points_data() {
   QTest::addColumn<Indices>("badInTable");  // by checkAllPoints()
   const auto row = [](const char* name, const char* positions, const Indices& badPoints,
                       const Indices& badInTable) {
-    QTest::newRow(name) << QString::fromLatin1(positions).split(QLatin1Char(' ')) << badPoints
-                        << badInTable;
+    addRow(name, QString::fromLatin1(positions).split(QLatin1Char(' ')), badPoints, badInTable);
   };
   // The range is 0 to 10.
   row("from end to end", "0 5 10", {}, {});

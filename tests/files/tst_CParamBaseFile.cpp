@@ -1,6 +1,7 @@
 #include "CParamDefFile.h"
 #include "CParameterFileErrorHandler.h"
 #include "LumoToday.h"
+#include "TestRows.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -23,18 +24,12 @@ class tst_CParamBaseFile : public QObject {
     QTest::addColumn<QString>("version");
     QTest::addColumn<QString>("other");
     QTest::addColumn<bool>("accepted");
-    QTest::newRow("minor") << "1.0"
-                           << "1.7" << true;
-    QTest::newRow("major") << "1.0"
-                           << "2.0" << false;
-    QTest::newRow("major alone") << "2"
-                                 << "2.65535" << true;
-    QTest::newRow("no version") << "abc"
-                                << "2.0" << true;
-    QTest::newRow("missing") << ""
-                             << "2.0" << true;
-    QTest::newRow("minor too large") << "1.65536"
-                                     << "2.0" << true;
+    addRow("minor", "1.0", "1.7", true);
+    addRow("major", "1.0", "2.0", false);
+    addRow("major alone", "2", "2.65535", true);
+    addRow("no version", "abc", "2.0", true);
+    addRow("missing", "", "2.0", true);
+    addRow("minor too large", "1.65536", "2.0", true);
   }
   void versions() {
     QFETCH(QString, version);
@@ -62,14 +57,10 @@ class tst_CParamBaseFile : public QObject {
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QString>("message");
     const QStringList both{"A", "B"};
-    QTest::newRow("any") << "" << both << "A"
-                         << "";
-    QTest::newRow("one of them") << "B" << both << "B"
-                                 << "";
-    QTest::newRow("none of them") << "C" << both << "C"
-                                  << "There is no matching hardware id for 'C'.";
-    QTest::newRow("none at all") << "" << QStringList() << ""
-                                 << "There is no matching hardware id for ''.";
+    addRow("any", "", both, "A", "");
+    addRow("one of them", "B", both, "B", "");
+    addRow("none of them", "C", both, "C", "There is no matching hardware id for 'C'.");
+    addRow("none at all", "", QStringList(), "", "There is no matching hardware id for ''.");
   }
   void choiceAmongHardwareIds() {
     QFETCH(QString, wanted);

@@ -1,6 +1,6 @@
+#include "CKeptLines.h"
 #include "CMessageBoardHelper.h"
 #include "CParamDefFile.h"
-#include "ICLogfile.h"
 #include "LumoToday.h"
 #include "ParamFileText.h"
 #include "TestFiles.h"
@@ -158,16 +158,7 @@ class tst_CParamDefFile : public QObject {
   }
 
   void logsASuccessfulLoad() {
-    struct SLog : ICLogfile {
-      bool isActive() const override { return true; }
-      bool isLevelEnabled(quint32 level) const override { return (level & 8) != 0; }
-      quint32 levelMask() const override { return 8; }
-      void setLevelMask(quint32) override {}
-      QString prefix() const override { return {}; }
-      void setPrefix(const QString&) override {}
-      void write(quint32, const QString& text) override { lines += text; }
-      QStringList lines;
-    } log;
+    CKeptLines log(8);
     CParamDefFile file(&log, nullptr);
     const QString name = example("TwoAxisDrive.xpdef");
     QVERIFY(file.open(name, "1.0"));

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CParamFileElement.h"
+#include "TestFiles.h"
 
-#include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -14,10 +14,7 @@ class CMotorFolder {
 
   /// Writes a file and returns its path; an empty one when that fails.
   QString write(const QString& name, const QByteArray& content) const {
-    QFile file(filePath(name));
-    const bool written =
-        file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
-    return written ? file.fileName() : QString();
+    return NTestFiles::write(filePath(name), content) ? filePath(name) : QString();
   }
 
   CParamFileElement element(const QString& name) const {

@@ -1,4 +1,5 @@
 #include "CParameterFileHelper.h"
+#include "TestFiles.h"
 
 #include <QTemporaryDir>
 #include <QTextCodec>
@@ -89,11 +90,9 @@ void tst_CParameterFileHelper::detectsFileTypes() {
   QFETCH(int, type);
   QCOMPARE(static_cast<int>(CParameterFileHelper::detectFileType(data)), type);
   const QTemporaryDir folder;
-  QFile file(folder.filePath(QStringLiteral("file")));
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QCOMPARE(file.write(data), qint64(data.size()));
-  file.close();
-  QCOMPARE(static_cast<int>(CParameterFileHelper::detectFileType(file.fileName())), type);
+  const QString fileName = folder.filePath(QStringLiteral("file"));
+  QVERIFY(NTestFiles::write(fileName, data));
+  QCOMPARE(static_cast<int>(CParameterFileHelper::detectFileType(fileName)), type);
 }
 
 void tst_CParameterFileHelper::detectsNothingWithoutAFile() {

@@ -1,4 +1,5 @@
 #include "CParameterFileMotorReaderThread.h"
+#include "TestRows.h"
 
 #include "CMessageBoardHelper.h"
 #include "CTestLogfile.h"
@@ -24,7 +25,6 @@ class tst_CParameterFileMotorReaderThread : public QObject {
   void asksTheDeviceUnlessItIsNull();
   void joinsPathAndName_data();
   void joinsPathAndName();
-  void laterFileReplacesEarlier();
   void skipsWhatCannotBeRead_data();
   void skipsWhatCannotBeRead();
   void emptiesTheNamesFirst();
@@ -112,12 +112,9 @@ void tst_CParameterFileMotorReaderThread::asksTheDeviceUnlessItIsNull() {
 void tst_CParameterFileMotorReaderThread::joinsPathAndName_data() {
   QTest::addColumn<QString>("pathEnd");
   QTest::addColumn<QString>("name");
-  QTest::newRow("no separator") << ""
-                                << "a";
-  QTest::newRow("separator of the path") << "/"
-                                         << "a";
-  QTest::newRow("separator of the name") << ""
-                                         << "/a";
+  addRow("no separator", "", "a");
+  addRow("separator of the path", "/", "a");
+  addRow("separator of the name", "", "/a");
 }
 
 void tst_CParameterFileMotorReaderThread::joinsPathAndName() {
@@ -130,15 +127,6 @@ void tst_CParameterFileMotorReaderThread::joinsPathAndName() {
   QCOMPARE(readList({{FILE_TYPE_MOTOR_PARAMETERS, withoutPath}}).keys(), QStringList("A"));
 }
 
-void tst_CParameterFileMotorReaderThread::laterFileReplacesEarlier() {
-  mFolder->write("a", CMotorFolder::content({"MotorA", "MotorB"}));
-  mFolder->write("b", CMotorFolder::content({"MotorA", "MotorC"}));
-  const CMotorNames names = readList({mFolder->element("b"), mFolder->element("a")});
-  QCOMPARE(names.keys(), QStringList({"MotorA", "MotorB", "MotorC"}));
-  QCOMPARE(names["MotorA"].valueFileName(), QString("a"));
-  QCOMPARE(names["MotorC"].valueFileName(), QString("b"));
-}
-
 void tst_CParameterFileMotorReaderThread::skipsWhatCannotBeRead_data() {
   QTest::addColumn<QByteArray>("content");
   const QByteArray good = CMotorFolder::content({"M"});
@@ -149,9 +137,8 @@ void tst_CParameterFileMotorReaderThread::skipsWhatCannotBeRead_data() {
   QTest::newRow("doubled motor") << CMotorFolder::content({"M", "M"});
   QTest::newRow("other version") << CMotorFolder::content({"M"}, "", "2.0");
   QTest::newRow("other root") << QByteArray(good).replace("LumoMotorParameters", "LumoParameters");
-  QTest::newRow("definitions") << QByteArray(
-      "<LumoParamDefinition version=\"1.0\"><Data/>"
-      "</LumoParamDefinition>");
+  addRow("definitions", QByteArray("<LumoParamDefinition version=\"1.0\"><Data/>"
+                                   "</LumoParamDefinition>"));
 }
 
 void tst_CParameterFileMotorReaderThread::skipsWhatCannotBeRead() {

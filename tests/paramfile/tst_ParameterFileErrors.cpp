@@ -1,8 +1,8 @@
 // Every operation that fails says why, and leaves the object as it was.
 
+#include "CKeptLines.h"
 #include "CParameterFileBaseImpl.h"
 #include "ExampleDrive.h"
-#include "ICLogfile.h"
 #include "ParamFileText.h"
 
 #include <QtTest>
@@ -17,17 +17,6 @@ namespace {
 /// Some other implementation of the interface cannot be made here without 80 operations; a null
 /// pointer is no CParameterFileBaseImpl either.
 ICParameterFile* const kOtherClass = nullptr;
-
-struct SMemoryLog : ICLogfile {
-  bool isActive() const override { return true; }
-  bool isLevelEnabled(quint32) const override { return true; }
-  quint32 levelMask() const override { return ~0U; }
-  void setLevelMask(quint32) override {}
-  QString prefix() const override { return {}; }
-  void setPrefix(const QString&) override {}
-  void write(quint32, const QString& text) override { lines += text; }
-  QStringList lines;
-};
 
 }  // namespace
 
@@ -288,7 +277,7 @@ void tst_ParameterFileErrors::lookupsThatFindNothing() {
   QFETCH(COperation, lookup);
   QFETCH(QString, message);
   QFETCH(QString, context);
-  SMemoryLog log;
+  CKeptLines log;
   const auto small = makeSmall();
   CParameterFileBaseImpl file(*dynamic_cast<CParameterFileBaseImpl*>(small.get()), &log);
   QVERIFY(lookup(file));

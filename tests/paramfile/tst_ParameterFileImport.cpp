@@ -1,8 +1,8 @@
 // Import of values, and objects that look things up in each other.
 
+#include "CKeptLines.h"
 #include "CParameterFileBaseImpl.h"
 #include "ExampleDrive.h"
-#include "ICLogfile.h"
 #include "ParamFileText.h"
 
 #include <QTemporaryDir>
@@ -91,16 +91,7 @@ class tst_ParameterFileImport : public QObject {
   }
 
   void tellsTheLogWhatItDid() {
-    struct SLog : ICLogfile {
-      bool isActive() const override { return true; }
-      bool isLevelEnabled(quint32) const override { return true; }
-      quint32 levelMask() const override { return 12; }
-      void setLevelMask(quint32) override {}
-      QString prefix() const override { return {}; }
-      void setPrefix(const QString&) override {}
-      void write(quint32, const QString& text) override { lines += text; }
-      QStringList lines;
-    } log;
+    CKeptLines log;
     const auto small = makeSmall();
     CParameterFileBaseImpl file(*dynamic_cast<CParameterFileBaseImpl*>(small.get()), &log);
     const auto source = makeSource();

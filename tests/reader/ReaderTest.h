@@ -1,32 +1,13 @@
 #pragma once
 
+#include "CKeptLines.h"
 #include "CMessageBoardHelper.h"
-#include "ICLogfile.h"
 #include "ICParameterFile.h"
 #include "ICSimpleParamReader.h"
 
 #include <QStringList>
 
 #include <memory>
-
-/// Keeps the lines of the levels that are on.
-class CKeptLines : public ICLogfile {
- public:
-  explicit CKeptLines(quint32 levelMask) : mLevelMask(levelMask) {}
-  bool isActive() const override { return true; }
-  bool isLevelEnabled(quint32 level) const override { return (level & mLevelMask) != 0; }
-  quint32 levelMask() const override { return mLevelMask; }
-  void setLevelMask(quint32 levelMask) override { mLevelMask = levelMask; }
-  QString prefix() const override { return QString(); }
-  void setPrefix(const QString&) override {}
-  void write(quint32 level, const QString& text) override {
-    if (isLevelEnabled(level)) lines.append(text);
-  }
-  QStringList lines;
-
- private:
-  quint32 mLevelMask;
-};
 
 /// Takes the messages off the board, each after its kind, while it lives.
 struct SKeptMessages {

@@ -1,4 +1,5 @@
 #include "ReaderTest.h"
+#include "TestRows.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -196,29 +197,18 @@ class tst_CSimpleParamReaderValues : public QObject {
         "Warning : Cannot delete %1\" on sub device 1 because the group does "
         "not exist !\n";
     const QString noParam = QString(noGroup).replace("the group", "the parameter");
-    QTest::newRow("group") << null << "A"
-                           << ""
-                           << "";
-    QTest::newRow("inner group") << null << "A/B"
-                                 << ""
-                                 << "q";
+    addRow("group", null, "A", "", "");
+    addRow("inner group", null, "A/B", "", "q");
     QTest::newRow("no group") << null << "A/C" << noGroup.arg("Group \"A/C") << "pq";
-    QTest::newRow("root") << null << ""
-                          << "SubDevice 1 : Node \"rootGroup\" is the root node and "
-                             "cannot be deleted!\n"
-                          << "pq";
-    QTest::newRow("parameter") << "p"
-                               << "A/B"
-                               << ""
-                               << "q";
-    QTest::newRow("none") << "x"
-                          << "A" << noParam.arg("parameter \"A/x") << "pq";
-    QTest::newRow("deeper") << "p"
-                            << "A" << noParam.arg("parameter \"A/p") << "pq";
-    QTest::newRow("a group") << "B"
-                             << "A" << noParam.arg("parameter \"A/B") << "pq";
-    QTest::newRow("nowhere") << "p"
-                             << "C" << noGroup.arg("parameter \"C/p") << "pq";
+    addRow("root", null, "",
+           "SubDevice 1 : Node \"rootGroup\" is the root node and "
+           "cannot be deleted!\n",
+           "pq");
+    addRow("parameter", "p", "A/B", "", "q");
+    addRow("none", "x", "A", noParam.arg("parameter \"A/x"), "pq");
+    addRow("deeper", "p", "A", noParam.arg("parameter \"A/p"), "pq");
+    addRow("a group", "B", "A", noParam.arg("parameter \"A/B"), "pq");
+    addRow("nowhere", "p", "C", noGroup.arg("parameter \"C/p"), "pq");
   }
   void deletes() {
     QFETCH(QString, name);

@@ -1,9 +1,9 @@
 // The schemas against the test files, and against what the library itself accepts.
 
 #include "ICParameterFile.h"
+#include "TestFiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -182,11 +182,7 @@ bool tst_Schemas::loads(const QString& definitions, const QString& values) {
 
 QString tst_Schemas::write(const QString& name, const QString& text) const {
   const QString path = mFolder.filePath(name);
-  QFile file(path);
-  const QByteArray bytes = text.toUtf8();
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-    qFatal("cannot write %s", qPrintable(path));
-  }
+  if (!NTestFiles::write(path, text.toUtf8())) qFatal("cannot write %s", qPrintable(path));
   return path;
 }
 

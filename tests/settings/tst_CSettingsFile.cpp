@@ -2,6 +2,7 @@
 #include "CSettingsFileImpl.h"
 #include "GoldenFiles.h"
 #include "ICLogfile.h"
+#include "TestRows.h"
 
 #include <QDomDocument>
 #include <QTemporaryDir>
@@ -184,26 +185,16 @@ void tst_CSettingsFile::versions_data() {
   QTest::addColumn<QString>("inFile");
   QTest::addColumn<QString>("expected");
   QTest::addColumn<bool>("accepted");
-  QTest::newRow("same") << "1.0"
-                        << "1.0" << true;
-  QTest::newRow("other sub-number") << "1.5"
-                                    << "1.0" << true;
-  QTest::newRow("no sub-number") << "1"
-                                 << "1.65535" << true;
-  QTest::newRow("leading zero") << "08.15"
-                                << "8.0" << true;
-  QTest::newRow("other main number") << "2.0"
-                                     << "1.5" << false;
-  QTest::newRow("none in the file") << ""
-                                    << "1.0" << true;
-  QTest::newRow("none expected") << "1.0"
-                                 << "" << false;
-  QTest::newRow("same text, no version") << "beta"
-                                         << "beta" << true;
-  QTest::newRow("no version in the file") << "beta"
-                                          << "1.0" << false;
-  QTest::newRow("no version expected") << "1.0"
-                                       << "beta" << false;
+  addRow("same", "1.0", "1.0", true);
+  addRow("other sub-number", "1.5", "1.0", true);
+  addRow("no sub-number", "1", "1.65535", true);
+  addRow("leading zero", "08.15", "8.0", true);
+  addRow("other main number", "2.0", "1.5", false);
+  addRow("none in the file", "", "1.0", true);
+  addRow("none expected", "1.0", "", false);
+  addRow("same text, no version", "beta", "beta", true);
+  addRow("no version in the file", "beta", "1.0", false);
+  addRow("no version expected", "1.0", "beta", false);
 }
 
 void tst_CSettingsFile::versions() {
@@ -278,22 +269,19 @@ void tst_CSettingsFile::unsavableTexts_data() {
   QTest::addColumn<QString>("message");
   const QString fine = QStringLiteral("fine");
   const QString bell = QStringLiteral("a\x7");
-  QTest::newRow("value")
-      << "A" << bell << fine << fine
-      << "<A>: the text of <A> holds the character \\u0007, which XML cannot hold.";
-  QTest::newRow("lone surrogate") << "A" << QString(QChar(0xD83D)) << fine << fine
-                                  << "<A>: the text of <A> holds the character \\uD83D, which XML "
-                                     "cannot hold.";
-  QTest::newRow("unit")
-      << "A" << fine << bell << fine
-      << "<A>: attribute \"unit\" holds the character \\u0007, which XML cannot hold.";
-  QTest::newRow("comment") << "A" << fine << fine << QString(QChar(0xFFFE))
-                           << "<A>: attribute \"comment\" holds the character \\uFFFE, which XML "
-                              "cannot hold.";
-  QTest::newRow("name with a blank")
-      << "a b" << fine << fine << fine << "\"a b\" cannot be the name of an XML element.";
-  QTest::newRow("name of digits") << "1" << fine << fine << fine
-                                  << "\"1\" cannot be the name of an XML element.";
+  addRow("value", "A", bell, fine, fine,
+         "<A>: the text of <A> holds the character \\u0007, which XML cannot hold.");
+  addRow("lone surrogate", "A", QString(QChar(0xD83D)), fine, fine,
+         "<A>: the text of <A> holds the character \\uD83D, which XML "
+         "cannot hold.");
+  addRow("unit", "A", fine, bell, fine,
+         "<A>: attribute \"unit\" holds the character \\u0007, which XML cannot hold.");
+  addRow("comment", "A", fine, fine, QString(QChar(0xFFFE)),
+         "<A>: attribute \"comment\" holds the character \\uFFFE, which XML "
+         "cannot hold.");
+  addRow("name with a blank", "a b", fine, fine, fine,
+         "\"a b\" cannot be the name of an XML element.");
+  addRow("name of digits", "1", fine, fine, fine, "\"1\" cannot be the name of an XML element.");
 }
 
 void tst_CSettingsFile::missingTexts_data() {

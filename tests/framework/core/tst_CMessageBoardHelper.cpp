@@ -1,5 +1,6 @@
 #include "CMessageBoardHelper.h"
-#include "ICLogfile.h"
+
+#include "CKeptLines.h"
 
 #include <QStringList>
 #include <QtTest>
@@ -14,19 +15,11 @@ using EKind = CMessageBoardHelper::EMessageKind;
 using Post = void (*)(const QString&, ICLogfile*);
 
 // An application's own logfile, which remembers what it is given.
-class CMemoryLogfile : public ICLogfile {
+class CMemoryLogfile : public CKeptLines {
  public:
-  bool isActive() const override { return true; }
-  bool isLevelEnabled(quint32) const override { return true; }
-  quint32 levelMask() const override { return ~0U; }
-  void setLevelMask(quint32) override {}
-  QString prefix() const override { return {}; }
-  void setPrefix(const QString&) override {}
   void write(quint32 level, const QString& text) override {
-    mLines << QStringLiteral("%1 %2").arg(QString::number(level), text);
+    CKeptLines::write(level, QStringLiteral("%1 %2").arg(QString::number(level), text));
   }
-
-  QStringList mLines;
 };
 
 QStringList sQtMessages;
@@ -81,7 +74,7 @@ void tst_CMessageBoardHelper::kinds() {
   post(text, &logfile);
   qInstallMessageHandler(before);
   QCOMPARE(sQtMessages, QStringList(qtMessage));
-  QCOMPARE(logfile.mLines, QStringList(logLine));
+  QCOMPARE(logfile.lines, QStringList(logLine));
 
   std::vector<std::pair<EKind, QString>> seen;
   CMessageBoardHelper::setHandler(

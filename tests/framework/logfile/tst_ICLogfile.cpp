@@ -1,4 +1,5 @@
 #include "ICLogfile.h"
+#include "TestRows.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -170,20 +171,15 @@ void tst_ICLogfile::prefixStandsBeforeTheText() {
 void tst_ICLogfile::oneCallIsOneLine_data() {
   QTest::addColumn<QString>("text");
   QTest::addColumn<QString>("expected");
-  QTest::newRow("LF") << "a\nb"
-                      << "a\\nb";
-  QTest::newRow("CR LF") << "a\r\n"
-                         << "a\\r\\n";
-  QTest::newRow("form feed") << "a\fb"
-                             << "a\\u000cb";
-  QTest::newRow("escape sequence") << "\x1b[2J"
-                                   << "\\u001b[2J";
+  addRow("LF", "a\nb", "a\\nb");
+  addRow("CR LF", "a\r\n", "a\\r\\n");
+  addRow("form feed", "a\fb", "a\\u000cb");
+  addRow("escape sequence", "\x1b[2J", "\\u001b[2J");
   QTest::newRow("NUL") << QStringLiteral("a") + QChar(0) + QStringLiteral("b") << "a\\u0000b";
   QTest::newRow("next line") << QString(QChar(0x85)) << "\\u0085";
   QTest::newRow("line separator") << QString(QChar(0x2028)) << "\\u2028";
   QTest::newRow("paragraph separator") << QString(QChar(0x2029)) << "\\u2029";
-  QTest::newRow("tab stays") << "a\tb"
-                             << "a\tb";
+  addRow("tab stays", "a\tb", "a\tb");
 }
 
 void tst_ICLogfile::oneCallIsOneLine() {

@@ -1,5 +1,6 @@
 #include "CDomDoc.h"
 #include "TestFiles.h"
+#include "TestRows.h"
 
 #include <QDomDocument>
 #include <QTextCodec>
@@ -99,34 +100,29 @@ class tst_CDomDoc : public QObject {
         "Line 1: the document is not in the encoding that it declares.";
     const QString declared = "<?xml version=\"1.0\" encoding=\"%1\"?><a/>";
     QTest::newRow("empty") << QByteArray("") << "Line 1: there is no root element.";
-    QTest::newRow("UTF-8 mark, ISO-8859-1 declared")
-        << "\xEF\xBB\xBF" + declared.arg("ISO-8859-1").toUtf8() << notWhatItDeclares;
-    QTest::newRow("UTF-16 declared in UTF-8")
-        << declared.arg("UTF-16").toUtf8() << notWhatItDeclares;
-    QTest::newRow("UTF-8 declared in UTF-16")
-        << utf16(declared.arg("UTF-8"), false) << notWhatItDeclares;
-    QTest::newRow("other byte order declared")
-        << utf16(declared.arg("UTF-16BE"), false) << notWhatItDeclares;
-    QTest::newRow("unknown encoding")
-        << declared.arg("KOI8-R").toUtf8()
-        << "Line 1: the encoding that the document declares is not supported.";
-    QTest::newRow("odd length") << utf16("<a/>", false) + "\n"
-                                << "The document is in UTF-16 but has an odd number of bytes.";
-    QTest::newRow("umlaut in US-ASCII")
-        << QByteArray("<?xml version=\"1.0\" encoding=\"US-ASCII\"?><a>\xE4</a>")
-        << "Line 1: a character or mark-up stands here that XML does not allow.";
-    QTest::newRow("zeroed block")
-        << utf16("<a>\n", false) + QByteArray(512, '\0')
-        << "Line 2: a character or mark-up stands here that XML does not allow.";
+    addRow("UTF-8 mark, ISO-8859-1 declared", "\xEF\xBB\xBF" + declared.arg("ISO-8859-1").toUtf8(),
+           notWhatItDeclares);
+    addRow("UTF-16 declared in UTF-8", declared.arg("UTF-16").toUtf8(), notWhatItDeclares);
+    addRow("UTF-8 declared in UTF-16", utf16(declared.arg("UTF-8"), false), notWhatItDeclares);
+    addRow("other byte order declared", utf16(declared.arg("UTF-16BE"), false), notWhatItDeclares);
+    addRow("unknown encoding", declared.arg("KOI8-R").toUtf8(),
+           "Line 1: the encoding that the document declares is not supported.");
+    addRow("odd length", utf16("<a/>", false) + "\n",
+           "The document is in UTF-16 but has an odd number of bytes.");
+    addRow("umlaut in US-ASCII",
+           QByteArray("<?xml version=\"1.0\" encoding=\"US-ASCII\"?><a>\xE4</a>"),
+           "Line 1: a character or mark-up stands here that XML does not allow.");
+    addRow("zeroed block", utf16("<a>\n", false) + QByteArray(512, '\0'),
+           "Line 2: a character or mark-up stands here that XML does not allow.");
     for (const bool big : {false, true}) {
       const QByteArray order = big ? "BE" : "LE";
       const QString lone = "Line 2: half of a surrogate pair stands alone.";
-      QTest::newRow(QByteArray("high surrogate before mark-up " + order).constData())
-          << utf16(QString("<a>\n") + QChar(0xD800) + "</a>", big) << lone;
-      QTest::newRow(QByteArray("low surrogate " + order).constData())
-          << utf16(QString("<a>\n") + QChar(0xDC00) + "</a>", big) << lone;
-      QTest::newRow(QByteArray("high surrogate at the end " + order).constData())
-          << utf16(QString("<a/>\n") + QChar(0xD800), big) << lone;
+      addRow(QByteArray("high surrogate before mark-up " + order).constData(),
+             utf16(QString("<a>\n") + QChar(0xD800) + "</a>", big), lone);
+      addRow(QByteArray("low surrogate " + order).constData(),
+             utf16(QString("<a>\n") + QChar(0xDC00) + "</a>", big), lone);
+      addRow(QByteArray("high surrogate at the end " + order).constData(),
+             utf16(QString("<a/>\n") + QChar(0xD800), big), lone);
     }
   }
   void refusesBytes() {
@@ -237,8 +233,7 @@ class tst_CDomDoc : public QObject {
     QTest::newRow("blanks") << QByteArray("  ") << "  " << true;
     QTest::newRow("line break") << QByteArray("&#13;\n") << "\r\n" << true;
     QTest::newRow("nothing") << QByteArray() << "" << true;
-    QTest::newRow("no-break space")
-        << QByteArray("\xC2\xA0<!-- -->") << QString(QChar(0xA0)) << false;
+    addRow("no-break space", QByteArray("\xC2\xA0<!-- -->"), QString(QChar(0xA0)), false);
     QTest::newRow("beside an element") << QByteArray(" <b/> ") << "" << false;
     QTest::newRow("beside CDATA") << QByteArray(" <![CDATA[ ]]>") << " " << true;
     QTest::newRow("empty CDATA") << QByteArray("<![CDATA[]]>") << "" << true;

@@ -1,5 +1,6 @@
 #include "CXmlAbstractLumoFile.h"
 #include "TestFiles.h"
+#include "TestRows.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -32,20 +33,15 @@ class tst_CXmlAbstractLumoFile : public QObject {
     QTest::addColumn<int>("result");
     QTest::addColumn<QString>("asked");
     QTest::addColumn<QString>("message");
-    QTest::newRow("same version") << QByteArray("<a version='1.0'/>") << false << 0 << ""
-                                  << "";
-    QTest::newRow("accepted") << QByteArray("<a version='1.1'/>") << true << 0 << "1.1/1.0"
-                              << "";
-    QTest::newRow("rejected")
-        << QByteArray("\n<a version='2.0'/>") << false << 3 << "2.0/1.0"
-        << "Line 2: version \"2.0\" does not go with the expected version \"1.0\".";
-    QTest::newRow("no version") << QByteArray("<a/>") << true << 0 << "/1.0"
-                                << "";
-    QTest::newRow("root tag first") << QByteArray("<b version='2.0'/>") << true << 2 << ""
-                                    << "Line 1: the root element is <b>, expected is <a>.";
-    QTest::newRow("not well-formed")
-        << QByteArray("<a>") << true << 1 << ""
-        << "Line 1: the document ends before the tag <a> of line 1 is closed.";
+    addRow("same version", QByteArray("<a version='1.0'/>"), false, 0, "", "");
+    addRow("accepted", QByteArray("<a version='1.1'/>"), true, 0, "1.1/1.0", "");
+    addRow("rejected", QByteArray("\n<a version='2.0'/>"), false, 3, "2.0/1.0",
+           "Line 2: version \"2.0\" does not go with the expected version \"1.0\".");
+    addRow("no version", QByteArray("<a/>"), true, 0, "/1.0", "");
+    addRow("root tag first", QByteArray("<b version='2.0'/>"), true, 2, "",
+           "Line 1: the root element is <b>, expected is <a>.");
+    addRow("not well-formed", QByteArray("<a>"), true, 1, "",
+           "Line 1: the document ends before the tag <a> of line 1 is closed.");
   }
   void opens() {
     QFETCH(QByteArray, content);

@@ -214,20 +214,6 @@
         <translation>Findet, was an Werten und Definitionen falsch ist.</translation>
     </message>
     <message>
-        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad definitions. Without a value file, definitions alone are checked.
-The exit status is 1 when there are errors or warnings.</source>
-        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft.
-Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
-    </message>
-    <message>
-        <source>A value file, or a definition file.</source>
-        <translation>Eine Wertedatei oder eine Definitionsdatei.</translation>
-    </message>
-    <message>
-        <source>The definition file; needed for a value file.</source>
-        <translation>Die Definitionsdatei; nötig für eine Wertedatei.</translation>
-    </message>
-    <message>
         <source>Only this hardware id.</source>
         <translation>Nur diese Hardware-ID.</translation>
     </message>
@@ -680,14 +666,6 @@ OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</
     <message>
         <source>HINT</source>
         <translation>HINWEIS</translation>
-    </message>
-    <message>
-        <source>nothing has this word in its name, hint or choices.</source>
-        <translation>nichts hat dieses Wort im Namen, im Hinweis oder in den Auswahlwerten.</translation>
-    </message>
-    <message>
-        <source>nothing has all these words in its name, hint and choices.</source>
-        <translation>nichts hat alle diese Wörter im Namen, im Hinweis und in den Auswahlwerten.</translation>
     </message>
     <message>
         <source>Find parameters by words in their names, hints and choices.</source>
@@ -1236,6 +1214,28 @@ Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
     <message>
         <source>Reading %1 (file %2) …</source>
         <translation>Liest %1 (Datei %2) …</translation>
+    </message>
+    <message>
+        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad definitions. Without a value file, definitions alone are checked. Several value files are checked against the same definitions.
+The exit status is 1 when there are errors or warnings.</source>
+        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft. Mehrere Wertedateien werden gegen dieselben Definitionen geprüft.
+Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
+    </message>
+    <message>
+        <source>Value files, or definition files.</source>
+        <translation>Wertedateien oder Definitionsdateien.</translation>
+    </message>
+    <message>
+        <source>The definition file; needed for value files.</source>
+        <translation>Die Definitionsdatei; nötig für Wertedateien.</translation>
+    </message>
+    <message>
+        <source>nothing has this word in its name, hint or choices.%1</source>
+        <translation>nichts hat dieses Wort im Namen, im Hinweis oder in den Auswahlwerten.%1</translation>
+    </message>
+    <message>
+        <source>nothing has all these words in its name, hint and choices.%1</source>
+        <translation>nichts hat alle diese Wörter im Namen, im Hinweis und in den Auswahlwerten.%1</translation>
     </message>
 </context>
 </TS>

@@ -166,6 +166,7 @@ void tst_ktoparam::knowsTerminals_data() {
       "^(Reading [^\r]{71}\r\x1b\\[K)+$");
   row("messages without a terminal", "ktoparam detect * 2>&1 >/dev/null", "^$");
   row("bold", "script -qec 'ktoparam get Odd.xparam Counter' /dev/null", "\x1b\\[1m");
+  row("yellow", "script -qec 'ktoparam check Odd.xpdef' /dev/null", "\x1b\\[33mwarning\x1b\\[0m: ");
   row("NO_COLOR", "NO_COLOR=1 script -qec 'ktoparam get Odd.xparam Counter' /dev/null",
       "^[^\x1b]+$");
   row("results without a terminal", "ktoparam get Odd.xparam Counter", "^[^\x1b]+$");

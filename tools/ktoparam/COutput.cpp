@@ -21,6 +21,10 @@ void COutput::write(const QByteArray& bytes) {
   mFailed = mFailed || mResults.write(bytes) != bytes.size();
 }
 
+QString COutput::styled(const QString& text, EStyle style) const {
+  return mHasColour ? QStringLiteral("\x1b[%1m%2\x1b[0m").arg(QString::number(style), text) : text;
+}
+
 void COutput::line(const QString& text) {
   write(text.toUtf8() + '\n');
 }

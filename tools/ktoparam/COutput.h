@@ -14,8 +14,9 @@ class COutput {
  public:
   COutput(FILE* results, FILE* messages);
 
-  /// Whether results go to a terminal whose user wants colour.
-  bool hasColour() const { return mHasColour; }
+  enum EStyle { Bold = 1, Red = 31, Yellow = 33 };  // as terminals number them
+  /// Part of a result, unchanged unless results go to a terminal whose user wants colour.
+  QString styled(const QString& text, EStyle style) const;
 
   /// What is being done meanwhile, as a line that the next text takes the place of.
   CProgress& progress() { return mProgress; }

@@ -24,10 +24,6 @@ QString alignedLine(const QStringList& cells, const QVector<int>& widths) {
   return line;
 }
 
-QString bold(const QString& text) {
-  return QStringLiteral("\x1b[1m%1\x1b[0m").arg(text);
-}
-
 }  // namespace
 
 void CTable::addRow(const QStringList& cells, bool emphasised) {
@@ -55,7 +51,7 @@ void CTable::print(COutput& out, const QString& indent) const {
   const QVector<int> widths = columnWidths();
   const auto printLine = [&](const QStringList& cells, bool emphasised) {
     const QString line = alignedLine(cells, widths);
-    out.line(indent + (emphasised && out.hasColour() ? bold(line) : line));
+    out.line(indent + (emphasised ? out.styled(line, COutput::Bold) : line));
   };
   printLine(mHeadings, true);
   for (const SRow& row : mRows) printLine(row.cells, row.emphasised);

@@ -52,14 +52,21 @@ QString place(const SParamFinding& finding) {
   return parts.join(QLatin1String(", "));
 }
 
+QString severity(const SParamFinding& finding, const COutput& out) {
+  const QString text = SParamFinding::severityText(finding.severity);
+  if (finding.severity == SParamFinding::Info) return text;
+  return out.styled(text,
+                    finding.severity == SParamFinding::Error ? COutput::Red : COutput::Yellow);
+}
+
 /// As compilers write, so that editors jump to the line.
 void print(const SChecked& file, COutput& out) {
   for (const SParamFinding& finding : file.findings) {
     const QString line = finding.line > 0 ? QStringLiteral(":%1").arg(finding.line) : QString();
     out.line(QStringLiteral("%1%2: %3: %4: %5 [%6]")
-                 .arg(DisplayText::escaped(file.fileName), line,
-                      SParamFinding::severityText(finding.severity), place(finding),
-                      DisplayText::escaped(finding.text), SParamFinding::codeText(finding.code)));
+                 .arg(DisplayText::escaped(file.fileName), line, severity(finding, out),
+                      place(finding), DisplayText::escaped(finding.text),
+                      SParamFinding::codeText(finding.code)));
   }
 }
 
@@ -110,56 +117,78 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
   return errors + warnings > 0 ? ExitFindings : ExitDone;
 }
 
-EExitStatus checkDefinitions(const CInvocation& invocation, COutput& out) {
-  if (invocation.isSet(CommonOptions::kDef) || invocation.isSet(CommonOptions::kHardwareId) ||
-      invocation.isSet(kMissing)) {
-    return invocation.wrongUsage(
-        Tool::tr("%1 is a definition file; --json is the only option for it.")
-            .arg(invocation.argument(0)),
-        out);
-  }
-  CLoadedFile loaded(out);
-  if (!loaded.loadDefinitions(invocation.argument(0))) return ExitFile;
-  return report(
-      {SChecked(loaded.fileName(), CParameterFileChecker::checkDefinitions(loaded.file()))},
-      invocation, out);
-}
+/// Checks one file after another, each as its kind asks for, and gathers what is found.
+class CChecking {
+ public:
+  CChecking(const CInvocation& invocation, COutput& out) : mInvocation(invocation), mOut(out) {}
 
-EExitStatus checkValues(const CInvocation& invocation, COutput& out) {
-  if (!invocation.isSet(CommonOptions::kDef)) {
-    return invocation.wrongUsage(
-        Tool::tr("Values are checked against definitions; name their file with --def DEF."), out);
+  EExitStatus check(const QString& fileName) {
+    const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
+    if (!info) return ExitFile;
+    if (info->kind == SFileInfo::Definitions) return checkDefinitions(fileName);
+    if (info->kind == SFileInfo::Values) return checkValues(fileName);
+    mOut.message(fileName, info->refusal(Tool::tr("A value or definition file is needed here.")));
+    return ExitFile;
   }
-  CLoadedFile loaded(out);
-  if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
-  if (loaded.hardwareIds(invocation).isEmpty() && invocation.isSet(CommonOptions::kHardwareId)) {
-    return ExitFindings;
+
+  const QVector<SChecked>& checked() const { return mChecked; }
+
+ private:
+  EExitStatus checkDefinitions(const QString& fileName) {
+    if (mInvocation.isSet(CommonOptions::kDef) || mInvocation.isSet(CommonOptions::kHardwareId) ||
+        mInvocation.isSet(kMissing)) {
+      return mInvocation.wrongUsage(
+          Tool::tr("%1 is a definition file; --json is the only option for it.").arg(fileName),
+          mOut);
+    }
+    CLoadedFile loaded(mOut);
+    if (!loaded.loadDefinitions(fileName)) return ExitFile;
+    addDefinitions(fileName, loaded);
+    return ExitDone;
   }
-  ICParameterFile& file = loaded.file();
-  out.progress().doing(Tool::tr("Checking %1 …").arg(loaded.fileName()));
-  const auto missing = invocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
-                                                  : CParameterFileChecker::SkipMissing;
-  return report({SChecked(invocation.value(CommonOptions::kDef),
-                          CParameterFileChecker::checkDefinitions(file)),
-                 SChecked(loaded.fileName(),
-                          CParameterFileChecker::checkValues(
-                              file, invocation.value(CommonOptions::kHardwareId), missing))},
-                invocation, out);
-}
+
+  EExitStatus checkValues(const QString& fileName) {
+    if (!mInvocation.isSet(CommonOptions::kDef)) {
+      return mInvocation.wrongUsage(
+          Tool::tr("Values are checked against definitions; name their file with --def DEF."),
+          mOut);
+    }
+    CLoadedFile loaded(mOut);
+    if (!loaded.load(fileName, mInvocation)) return ExitFile;
+    if (mInvocation.isSet(CommonOptions::kHardwareId) &&
+        !loaded.selectHardwareId(mInvocation.value(CommonOptions::kHardwareId))) {
+      return ExitFindings;
+    }
+    mOut.progress().doing(Tool::tr("Checking %1 …").arg(fileName));
+    // All value files are checked against the same ones.
+    if (mChecked.isEmpty()) addDefinitions(mInvocation.value(CommonOptions::kDef), loaded);
+    const auto missing = mInvocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
+                                                     : CParameterFileChecker::SkipMissing;
+    mChecked.append(SChecked(
+        fileName, CParameterFileChecker::checkValues(
+                      loaded.file(), mInvocation.value(CommonOptions::kHardwareId), missing)));
+    return ExitDone;
+  }
+
+  void addDefinitions(const QString& fileName, const CLoadedFile& loaded) {
+    mChecked.append(SChecked(fileName, CParameterFileChecker::checkDefinitions(loaded.file())));
+  }
+
+  const CInvocation& mInvocation;
+  COutput& mOut;
+  QVector<SChecked> mChecked;
+};
 
 EExitStatus check(const CInvocation& invocation, COutput& out) {
-  const QString fileName = invocation.argument(0);
-  const std::optional<SFileInfo> info = SFileInfo::read(fileName, out);
-  if (!info) return ExitFile;
-  switch (info->kind) {
-    case SFileInfo::Definitions:
-      return checkDefinitions(invocation, out);
-    case SFileInfo::Values:
-      return checkValues(invocation, out);
-    default:
-      out.message(fileName, info->refusal(Tool::tr("A value or definition file is needed here.")));
-      return ExitFile;
+  CChecking checking(invocation, out);
+  EExitStatus status = ExitDone;
+  for (const QString& fileName : invocation.argumentsFrom(0)) {
+    const EExitStatus ofFile = checking.check(fileName);
+    if (ofFile == ExitUsage) return ofFile;
+    status = qMax(status, ofFile);
   }
+  if (checking.checked().isEmpty()) return status;
+  return qMax(status, report(checking.checked(), invocation, out));
 }
 
 }  // namespace
@@ -171,11 +200,12 @@ QVector<SCommand> checkCommands() {
   command.details = Tool::tr(
       "Lists all findings with file and line: values that are not of their type, beyond their "
       "limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad "
-      "definitions. Without a value file, definitions alone are checked.\n"
+      "definitions. Without a value file, definitions alone are checked. Several value files are "
+      "checked against the same definitions.\n"
       "The exit status is 1 when there are errors or warnings.");
-  command.arguments = {
-      {QStringLiteral("FILE"), Tool::tr("A value file, or a definition file."), EWord::File}};
-  command.options = {CommonOptions::def(Tool::tr("The definition file; needed for a value file.")),
+  command.arguments = {{QStringLiteral("FILE"), Tool::tr("Value files, or definition files."),
+                        EWord::File, SArgument::OneOrMore}};
+  command.options = {CommonOptions::def(Tool::tr("The definition file; needed for value files.")),
                      CommonOptions::hardwareId(Tool::tr("Only this hardware id.")),
                      {kMissing,
                       {},

@@ -22,7 +22,7 @@ QJsonObject toJson(const QString& fileName, const SFileInfo& info) {
 QStringList toCells(const QString& fileName, const SFileInfo& info) {
   return {DisplayText::shown(fileName),
           info.kind == SFileInfo::Unknown ? Tool::tr("unknown") : info.typeName, info.versionText(),
-          info.comment.isEmpty() ? QString() : DisplayText::shown(info.comment)};
+          DisplayText::shownOrNothing(info.comment)};
 }
 
 EExitStatus detect(const CInvocation& invocation, COutput& out) {

@@ -95,8 +95,8 @@ void printTable(const QVector<SFound>& found, COutput& out) {
     const SValueView& view = each.view;
     table.addRow({DisplayText::shown(each.hardwareId), QString::number(view.subDevId),
                   view.isChanged() ? QStringLiteral("*") : QString(), DisplayText::shown(view.name),
-                  DisplayText::shown(view.value.asStr()),
-                  view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning},
+                  DisplayText::shown(view.value.asStr()), DisplayText::shownOrNothing(view.unit),
+                  view.meaning},
                  view.isChanged());
   }
   if (!table.isEmpty()) table.print(out);

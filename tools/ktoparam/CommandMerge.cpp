@@ -5,6 +5,7 @@
 #include "CTable.h"
 #include "Commands.h"
 #include "DisplayText.h"
+#include "JsonTexts.h"
 #include "Tool.h"
 
 #include <QFileInfo>
@@ -28,10 +29,6 @@ bool load(const CInvocation& invocation, CLoadedFile& base, CLoadedFile& ours,
          theirs.loadValues(invocation.argument(2));
 }
 
-QJsonValue orNull(const QString& text) {
-  return text.isNull() ? QJsonValue() : QJsonValue(text);
-}
-
 QJsonObject toJson(const SMergeConflict& conflict) {
   const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
   return {
@@ -41,14 +38,10 @@ QJsonObject toJson(const SMergeConflict& conflict) {
       {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(conflict.subDevId) : QJsonValue()},
       {QStringLiteral("group"), conflict.groupPath},
       {QStringLiteral("name"), conflict.name},
-      {QStringLiteral("base"), orNull(conflict.base)},
-      {QStringLiteral("ours"), orNull(conflict.ours)},
-      {QStringLiteral("theirs"), orNull(conflict.theirs)},
+      {QStringLiteral("base"), presentOrNull(conflict.base)},
+      {QStringLiteral("ours"), presentOrNull(conflict.ours)},
+      {QStringLiteral("theirs"), presentOrNull(conflict.theirs)},
       {QStringLiteral("text"), conflict.text()}};
-}
-
-QString shownOrNothing(const QString& text) {
-  return text.isEmpty() ? QString() : DisplayText::shown(text);
 }
 
 void printTable(const CMergeConflicts& conflicts, COutput& out) {
@@ -56,9 +49,10 @@ void printTable(const CMergeConflicts& conflicts, COutput& out) {
       {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
   for (const SMergeConflict& conflict : conflicts) {
     const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
-    table.addRow({shownOrNothing(conflict.hardwareId),
+    table.addRow({DisplayText::shownOrNothing(conflict.hardwareId),
                   hasSubDevice ? QString::number(conflict.subDevId) : QString(),
-                  shownOrNothing(conflict.name), DisplayText::escaped(conflict.text())});
+                  DisplayText::shownOrNothing(conflict.name),
+                  DisplayText::escaped(conflict.text())});
   }
   if (!table.isEmpty()) table.print(out);
 }

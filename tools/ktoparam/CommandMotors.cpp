@@ -52,7 +52,7 @@ EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
                             {QStringLiteral("file"), it->file},
                             {QStringLiteral("comment"), it->comment}});
     table.addRow({DisplayText::shown(it.key()), DisplayText::shown(it->file),
-                  it->comment.isEmpty() ? QString() : DisplayText::shown(it->comment)});
+                  DisplayText::shownOrNothing(it->comment)});
   }
   if (invocation.wantsJson()) {
     out.json({{QStringLiteral("motors"), list}});

@@ -4,10 +4,13 @@
 #include "CTable.h"
 #include "Commands.h"
 #include "DisplayText.h"
+#include "Suggestion.h"
 #include "Tool.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
+#include <QSet>
 
 #include <optional>
 
@@ -47,10 +50,6 @@ struct SHit {
   }
 };
 
-QString shownOrNothing(const QString& text) {
-  return text.isEmpty() ? QString() : DisplayText::shown(text);
-}
-
 void printTable(const QVector<SHit>& hits, COutput& out) {
   CTable table({Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"), Tool::tr("CHOICES FOUND"),
                 Tool::tr("HINT")});
@@ -60,7 +59,8 @@ void printTable(const QVector<SHit>& hits, COutput& out) {
     const CParamDefItem& definition = hit.definition;
     table.addRow({definition.valid() ? QString::number(definition.id()) : QString(),
                   DisplayText::shown(definition.name()), definition.typeStr(),
-                  choices.join(QLatin1String(", ")), shownOrNothing(definition.hint())});
+                  choices.join(QLatin1String(", ")),
+                  DisplayText::shownOrNothing(definition.hint())});
   }
   if (!table.isEmpty()) table.print(out);
 }
@@ -80,6 +80,33 @@ void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& ou
   out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("definitions"), array}});
 }
 
+/// The words of names such as "VelocityLimit", of hints and of choices.
+QStringList knownWords(const ICParameterFile& file) {
+  static const QRegularExpression kWord(QStringLiteral("\\p{L}\\p{Ll}+"));
+  QSet<QString> found;
+  for (const QString& name : file.defNames()) {
+    const CParamDefItem definition = file.paramDef(name);
+    const QStringList texts = QStringList{name, definition.hint()} + choiceNames(definition);
+    for (auto it = kWord.globalMatch(texts.join(QLatin1Char(' '))); it.hasNext();) {
+      found.insert(it.next().captured().toCaseFolded());
+    }
+  }
+  QStringList words = found.values();
+  words.sort();
+  return words;
+}
+
+/// For the first word that stands nowhere.
+QString suggestionFor(const ICParameterFile& file, const QStringList& words) {
+  const QStringList known = knownWords(file);
+  for (const QString& word : words) {
+    if (known.filter(word, Qt::CaseInsensitive).isEmpty()) {
+      return Suggestion::didYouMean(word, known);
+    }
+  }
+  return {};
+}
+
 EExitStatus search(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.loadDefinitions(invocation.argument(0))) return ExitFile;
@@ -91,9 +118,12 @@ EExitStatus search(const CInvocation& invocation, COutput& out) {
   }
   invocation.wantsJson() ? printJson(loaded, hits, out) : printTable(hits, out);
   if (!hits.isEmpty()) return ExitDone;
-  loaded.message(words.size() == 1 ? Tool::tr("nothing has this word in its name, hint or choices.")
-                                   : Tool::tr("nothing has all these words in its name, hint and "
-                                              "choices."));
+  const QString suggestion = suggestionFor(loaded.file(), words);
+  loaded.message(
+      words.size() == 1
+          ? Tool::tr("nothing has this word in its name, hint or choices.%1").arg(suggestion)
+          : Tool::tr("nothing has all these words in its name, hint and choices.%1")
+                .arg(suggestion));
   return ExitFindings;
 }
 

@@ -33,8 +33,7 @@ void addRows(const ICParameterFile& file, CTable& table) {
   for (const quint8 id : file.subDeviceIds()) {
     const QString name = file.subDevName(id);
     table.addRow({DisplayText::shown(file.hardwareId()), QString::number(id), typeText(file, id),
-                  name.isEmpty() ? QString() : DisplayText::shown(name),
-                  QString::number(file.paramNames(id).size())});
+                  DisplayText::shownOrNothing(name), QString::number(file.paramNames(id).size())});
   }
 }
 

@@ -3,6 +3,7 @@
 #include "COutput.h"
 #include "CTable.h"
 #include "DisplayText.h"
+#include "JsonTexts.h"
 #include "Tool.h"
 #include "ValueTexts.h"
 
@@ -39,10 +40,6 @@ QString kindName(SParamDifference::EKind kind) {
   return Tool::tr("changed");
 }
 
-QString shownOrNothing(const QString& text) {
-  return text.isEmpty() ? QString() : DisplayText::shown(text);
-}
-
 QString valueCell(const QString& value) {
   return value.isNull() ? QString() : DisplayText::shown(value);
 }
@@ -56,18 +53,14 @@ QStringList toCells(const SParamDifference& each, const ICParameterFile& definit
   const bool isMoved = each.kind == SParamDifference::ParameterMoved;
   const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
   return {kindName(each.kind),
-          shownOrNothing(each.hardwareId),
+          DisplayText::shownOrNothing(each.hardwareId),
           hasSubDevice ? QString::number(each.subDevId) : QString(),
-          shownOrNothing(each.name),
+          DisplayText::shownOrNothing(each.name),
           isMoved ? groupCell(each.oldGroupPath) : valueCell(each.oldValue),
           isMoved ? groupCell(each.newGroupPath) : valueCell(each.newValue),
           each.kind == SParamDifference::ValueChanged
               ? ValueTexts::change(definitions.paramDef(each.name), each.oldValue, each.newValue)
               : QString()};
-}
-
-QJsonValue orNull(const QString& text) {
-  return text.isNull() ? QJsonValue() : QJsonValue(text);
 }
 
 QJsonObject toJson(const SParamDifference& each) {
@@ -78,8 +71,8 @@ QJsonObject toJson(const SParamDifference& each) {
           {QStringLiteral("oldGroup"), each.oldGroupPath},
           {QStringLiteral("newGroup"), each.newGroupPath},
           {QStringLiteral("name"), each.name},
-          {QStringLiteral("old"), orNull(each.oldValue)},
-          {QStringLiteral("new"), orNull(each.newValue)}};
+          {QStringLiteral("old"), presentOrNull(each.oldValue)},
+          {QStringLiteral("new"), presentOrNull(each.newValue)}};
 }
 
 }  // namespace

@@ -110,6 +110,10 @@ QString DisplayText::shown(const QString& text) {
   return QStringLiteral("\"%1\"").arg(escaped(quoted));
 }
 
+QString DisplayText::shownOrNothing(const QString& text) {
+  return text.isEmpty() ? QString() : shown(text);
+}
+
 int DisplayText::width(const QString& text) {
   int columns = 0;
   for (const uint character : text.toUcs4()) columns += widthOf(character);

@@ -12,6 +12,8 @@ QString escaped(const QString& text);
 /// The text as it is when nothing in it can be misread; else escaped between quotes, as in JSON:
 /// when it is empty, begins or ends with a blank, begins with a quote, or needs an escape.
 QString shown(const QString& text);
+/// The same, but nothing for an empty text.
+QString shownOrNothing(const QString& text);
 
 /// Columns of a terminal that a text takes: 2 for wide East Asian characters and emoji, 0 for
 /// combining ones.

@@ -7,3 +7,8 @@
 inline QJsonValue textOrNull(const QString& text) {
   return text.isEmpty() ? QJsonValue() : QJsonValue(text);
 }
+
+/// The same for values, which may be empty texts.
+inline QJsonValue presentOrNull(const QString& value) {
+  return value.isNull() ? QJsonValue() : QJsonValue(value);
+}

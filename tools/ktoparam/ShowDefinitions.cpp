@@ -77,7 +77,7 @@ QStringList toCells(const ICParameterFile& file, const CParamDefItem& definition
   return {QString::number(definition.id()),
           DisplayText::shown(definition.name()),
           definition.typeStr(),
-          unit.isEmpty() ? QString() : DisplayText::shown(unit),
+          DisplayText::shownOrNothing(unit),
           shownOrNothing(definition.defVal()),
           limitCell(file, definition.minVal(), definition.minIds()),
           limitCell(file, definition.maxVal(), definition.maxIds()),

@@ -12,17 +12,14 @@
 
 namespace {
 
-QString shownOrNothing(const QString& text) {
-  return text.isEmpty() ? QString() : DisplayText::shown(text);
-}
-
 void addRows(const ICSettingsTreeNode& group, int depth, CTable& table) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICSettingsTreeNode& node = *group.childPtr(i);
     const QString value = node.isGroup() ? QString() : DisplayText::shown(node.value().asStr());
     table.addRow({QString(2 * depth, QLatin1Char(' ')) + DisplayText::shown(node.name()),
-                  ICSettingsTreeNode::typeToStr(node.type()), value, shownOrNothing(node.unit()),
-                  shownOrNothing(node.comment())});
+                  ICSettingsTreeNode::typeToStr(node.type()), value,
+                  DisplayText::shownOrNothing(node.unit()),
+                  DisplayText::shownOrNothing(node.comment())});
     addRows(node, depth + 1, table);
   }
 }

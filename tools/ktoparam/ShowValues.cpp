@@ -62,7 +62,7 @@ class CTreeRows {
     addWaitingGroups();
     mTable.addRow({view.isChanged() ? QStringLiteral("*") : QString(),
                    indented(node, mGroups.size()), DisplayText::shown(view.value.asStr()),
-                   view.unit.isEmpty() ? QString() : DisplayText::shown(view.unit), view.meaning},
+                   DisplayText::shownOrNothing(view.unit), view.meaning},
                   view.isChanged());
   }
 

@@ -3,22 +3,15 @@
 #include "CParamDefFile.h"
 #include "LumoToday.h"
 #include "ParamFileText.h"
-#include "TestFiles.h"
+#include "paramfile/ExampleDrive.h"
 
 #include <QDomDocument>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <memory>
-
 using namespace NTestFiles;
 
 namespace {
-
-std::unique_ptr<ICParameterFile> makeFile() {
-  return std::unique_ptr<ICParameterFile>(
-      ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-}
 
 QString definitionsOf(const ICParameterFile& file) {
   QStringList lines;

@@ -4,21 +4,14 @@
 #include "ICLogfile.h"
 #include "LumoToday.h"
 #include "ParamFileText.h"
-#include "TestFiles.h"
+#include "paramfile/ExampleDrive.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <memory>
-
 using namespace NTestFiles;
 
 namespace {
-
-std::unique_ptr<ICParameterFile> makeFile() {
-  return std::unique_ptr<ICParameterFile>(
-      ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-}
 
 struct SLoad {
   CHardwareIdTrees trees;

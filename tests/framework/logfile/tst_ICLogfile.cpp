@@ -1,7 +1,7 @@
 #include "ICLogfile.h"
+#include "TestFiles.h"
 #include "TestRows.h"
 
-#include <QFile>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -23,8 +23,7 @@ std::unique_ptr<ICLogfile> create(int type, const QString& name, quint32 mask) {
 }
 
 QString readAll(const QString& fileName) {
-  QFile file(fileName);
-  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+  return QString::fromUtf8(NTestFiles::read(fileName));
 }
 
 // The lines of a text without their time.

@@ -4,37 +4,41 @@
 
 #include <algorithm>
 
-CDefinitionIndex::CDefinitionIndex(const ICParameterFile& file)
-    : mFile(file), mNames(file.defNames()) {
-  const auto count = static_cast<size_t>(mNames.size());
-  mNameById.reserve(count);
-  mPositions.reserve(count);
-  for (const QString& name : mNames) {
-    const quint32 id = file.paramDef(name).id();
-    if (isId(id) && (mNameById.empty() || mNameById.back().first != id)) {
-      mNameById.emplace_back(id, name);
-    }
-  }
+QStringList CDefinitionIndex::names() const {
+  return mFile.defNames();
 }
 
 CParamDefItem CDefinitionIndex::find(const QString& name) const {
   return mFile.paramDef(name);
 }
 
-CParamDefItem CDefinitionIndex::find(quint32 id) const {
+CParamDefItem CDefinitionIndex::find(quint32 id) {
   const QString name = nameOf(id);
   return name.isEmpty() ? CParamDefItem() : find(name);
 }
 
+void CDefinitionIndex::readNamesById() {
+  for (const QString& name : names()) {
+    const quint32 id = mFile.paramDef(name).id();
+    if (isId(id) && (mNamesById.empty() || mNamesById.back().first != id)) {
+      mNamesById.emplace_back(id, name);
+    }
+  }
+  mHasNamesById = true;
+}
+
 // The file itself is asked as well, since others may answer for it.
-QString CDefinitionIndex::nameOf(quint32 id) const {
+QString CDefinitionIndex::nameOf(quint32 id) {
   if (!isId(id)) {
     return {};
   }
+  if (!mHasNamesById) {
+    readNamesById();
+  }
   const auto known =
-      std::lower_bound(mNameById.begin(), mNameById.end(), id,
+      std::lower_bound(mNamesById.begin(), mNamesById.end(), id,
                        [](const auto& entry, quint32 key) { return entry.first < key; });
-  const bool isKnown = known != mNameById.end() && known->first == id;
+  const bool isKnown = known != mNamesById.end() && known->first == id;
   return isKnown ? known->second : mFile.nameById(id);
 }
 

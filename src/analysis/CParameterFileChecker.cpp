@@ -35,18 +35,18 @@ class CValueChecker {
     const auto valueOf = [this, subDevId](const QString& name) {
       return mFile.paramValue(name, subDevId);
     };
-    for (const SParamEntry& entry : SParamEntry::read(mFile, subDevId)) {
+    SParamEntry::visit(mFile, subDevId, [&](const SParamEntry& entry) {
       const CDefinitionIndex::SRuled* ruled = mIndex.ruled(entry.name);
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
-        continue;
+        return;
       }
       compareIds(subDevId, entry, ruled->id);
       for (const auto& violation : ruled->rules.violations(entry.value, valueOf)) {
         add(static_cast<SParamFinding::ECode>(SParamFinding::ValueNotOfType + violation.kind),
             subDevId, entry, violation.text);
       }
-    }
+    });
   }
 
   void addUndefined(quint8 subDevId, const SParamEntry& entry) {

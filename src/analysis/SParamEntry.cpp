@@ -4,25 +4,30 @@
 
 namespace {
 
-void readGroup(const ICParamTreeNode& group, const QStringList& path,
-               QVector<SParamEntry>& entries) {
+using CVisitor = std::function<void(const SParamEntry&)>;
+
+void visitGroup(const ICParamTreeNode& group, const QStringList& path, const CVisitor& visitor) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
     if (child.isParam()) {
-      entries.append({child.name(), child.id(), path, child.value()});
+      visitor({child.name(), child.id(), path, child.value()});
     } else {
-      readGroup(child, path + QStringList(child.name()), entries);
+      visitGroup(child, path + QStringList(child.name()), visitor);
     }
   }
 }
 
 }  // namespace
 
-QVector<SParamEntry> SParamEntry::read(ICParameterFile& file, quint8 subDevId) {
-  QVector<SParamEntry> entries;
+void SParamEntry::visit(ICParameterFile& file, quint8 subDevId, const CVisitor& visitor) {
   const ICParamTreeNode* root = file.existingSubGroup(QString(), subDevId);
   if (root != nullptr) {
-    readGroup(*root, QStringList(), entries);
+    visitGroup(*root, QStringList(), visitor);
   }
+}
+
+QVector<SParamEntry> SParamEntry::read(ICParameterFile& file, quint8 subDevId) {
+  QVector<SParamEntry> entries;
+  visit(file, subDevId, [&entries](const SParamEntry& entry) { entries.append(entry); });
   return entries;
 }

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
+
 class ICParameterFile;
 
 /// A parameter as a value file holds it.
@@ -16,6 +18,9 @@ struct SParamEntry {
 
   QString groupPath() const { return groups.join(QLatin1Char('/')); }
 
-  /// All of a sub-device of the active hardware id, in tree order.
+  /// Visits all of a sub-device of the active hardware id, in tree order.
+  static void visit(ICParameterFile& file, quint8 subDevId,
+                    const std::function<void(const SParamEntry&)>& visitor);
+  /// The same, as copies.
   static QVector<SParamEntry> read(ICParameterFile& file, quint8 subDevId);
 };

@@ -28,12 +28,21 @@ QString testFile(const QString& name) {
   return NTestFiles::data("analysis/check/" + name);
 }
 
+/// With the values of the same name where there are any.
 CFilePtr loadCases(const QString& name) {
   CFilePtr file = makeFile();
-  return file->loadParamDefFile(testFile(name + ".xpdef"), 0x10000) ? std::move(file) : nullptr;
+  const QString values = testFile(name + ".xparam");
+  const bool isLoaded = file->loadParamDefFile(testFile(name + ".xpdef"), 0x10000) &&
+                        (!QFile::exists(values) || file->loadParamFile(values, QString(), 0x10000));
+  return isLoaded ? std::move(file) : nullptr;
 }
 
-void compareWithGolden(const QStringList& found, const QString& name) {
+/// The findings, with their lines in the test file, are those of the text file beside it.
+void compareWithGolden(CParamFindings findings, const QString& name, const QString& suffix) {
+  CParamLineIndex index;
+  QVERIFY2(index.read(testFile(name + suffix)), qPrintable(index.errorMsg()));
+  index.addLines(findings);
+  const QStringList found = texts(findings);
   QStringList expected = NGoldenFiles::lines(testFile(name + ".txt"));
   expected.removeAll(QString());
   for (int i = 0; i < qMin(found.size(), expected.size()); ++i) {
@@ -48,106 +57,90 @@ class tst_CParameterFileChecker : public QObject {
   Q_OBJECT
 
  private slots:
-  void checksValues();
-  void checksDefinitions();
-  void checksDefinitionsThatNoFileHolds();
-  void checksOneHardwareIdAndRestores();
-  void refusesToIndexOtherFiles();
-  void listsEveryFaultOfALargeFile();
+  void checksValues() {
+    const auto file = loadCases("values");
+    QVERIFY(file);
+    compareWithGolden(CParameterFileChecker::checkValues(*file, "A"), "values", ".xparam");
+  }
+
+  void checksDefinitions() {
+    const auto file = loadCases("definitions");
+    QVERIFY(file);
+    compareWithGolden(CParameterFileChecker::checkDefinitions(*file), "definitions", ".xpdef");
+  }
+
+  void checksDefinitionsThatNoFileHolds() {
+    const auto file = makeFile();
+    CParamDefItem* wide = file->addDef("Wide", PARAM_TYPE_U64, 1);
+    wide->setMinVal(CParamVal("18446744073709551615"));
+    wide->setMaxVal(CParamVal("18446744073709551614"));
+    file->addDef("Doubled", PARAM_TYPE_U8, 2)->setId(1);
+    QCOMPARE(
+        texts(CParameterFileChecker::checkDefinitions(*file)),
+        QStringList({"0 error definition-id-doubled :-1 /Wide '1': The id 1 is that of "
+                     "\"Doubled\" already.",
+                     "0 error minimum-above-maximum :-1 /Wide '18446744073709551615': The "
+                     "minimum 18446744073709551615 is above the maximum 18446744073709551614."}));
+  }
+
+  void checksOneHardwareIdAndRestores() {
+    const auto file = loadCases("values");
+    QVERIFY(file);
+    file->addHardwareId("empty");
+    const QString before = NParamFileText::all(*file);
+    const auto skip = CParameterFileChecker::SkipMissing;
+    QCOMPARE(texts(CParameterFileChecker::checkValues(*file, "B", skip)),
+             QStringList("0 error value-above-maximum B:1 /Above '201': 201 is above the maximum "
+                         "0xc8 (200)."));
+    QVERIFY(CParameterFileChecker::checkValues(*file, "nowhere").isEmpty());
+    QCOMPARE(NParamFileText::all(*file), before);
+  }
+
+  void refusesToIndexOtherFiles() {
+    CParamLineIndex index;
+    QVERIFY(index.read(testFile("definitions.xpdef")));
+    QVERIFY(index.definitionLine("Limit") > 0);
+    QVERIFY(!index.read(NTestFiles::example("MachineSettings.xset")));
+    QCOMPARE(index.errorMsg(), QString("The file is neither a definition file nor a value file."));
+    QCOMPARE(index.definitionLine("Limit"), 0);
+    QVERIFY(!index.read(testFile("none")));
+    QVERIFY(!index.errorMsg().isEmpty());
+  }
+
+  /// 100,000 parameters, 1,000 faults and an enumeration of 100,000 choices, with their lines.
+  void listsEveryFaultOfALargeFile() {
+    const int count = 100000;
+    const auto file = makeFile();
+    ICParamTreeNode* group = nullptr;
+    for (int i = 0; i < count; ++i) {
+      const QString name = QStringLiteral("P%1").arg(i);
+      CParamDefItem* def = file->addDef(name, PARAM_TYPE_I32, static_cast<quint32>(i) + 1);
+      def->setMaxIds({1});
+      if (i % 1000 == 0) group = file->subGroup(QStringLiteral("G%1").arg(i), 1);
+      file->addParameter(group, name, CParamVal(i % 100 == 50 ? 2000 : 7));
+    }
+    CNamedI64ValueList list;
+    for (int i = 0; i < count; ++i) list.append({i, QStringLiteral("c%1").arg(i)});
+    file->paramDefPtr("P0")->addEnums(list);
+    QTemporaryDir folder;
+    QVERIFY(file->saveParamFile(folder.filePath("v"), QString(), 0x10000));
+    QElapsedTimer timer;
+    timer.start();
+    auto findings = CParameterFileChecker::checkValues(*file);
+    const qint64 checked = timer.restart();
+    const auto definitions = CParameterFileChecker::checkDefinitions(*file);
+    const qint64 defined = timer.restart();
+    CParamLineIndex index;
+    QVERIFY(index.read(folder.filePath("v")));
+    index.addLines(findings);
+    qInfo("values %lld ms, definitions %lld ms, lines %lld ms", checked, defined, timer.elapsed());
+    QCOMPARE(findings.size(), 1000);
+    QVERIFY(definitions.isEmpty());
+    for (int i = 0; i < findings.size(); ++i) {
+      QCOMPARE(findings.at(i).name, QStringLiteral("P%1").arg(50 + 100 * i));
+      QVERIFY(findings.at(i).line > 0);
+    }
+  }
 };
-
-void tst_CParameterFileChecker::checksValues() {
-  const auto file = loadCases("values");
-  QVERIFY(file && file->loadParamFile(testFile("values.xparam"), QString(), 0x10000));
-  auto findings = CParameterFileChecker::checkValues(*file, "A");
-  CParamLineIndex index;
-  QVERIFY2(index.read(testFile("values.xparam")), qPrintable(index.errorMsg()));
-  index.addLines(findings);
-  compareWithGolden(texts(findings), "values");
-}
-
-void tst_CParameterFileChecker::checksDefinitions() {
-  const auto file = loadCases("definitions");
-  QVERIFY(file);
-  auto findings = CParameterFileChecker::checkDefinitions(*file);
-  CParamLineIndex index;
-  QVERIFY2(index.read(testFile("definitions.xpdef")), qPrintable(index.errorMsg()));
-  index.addLines(findings);
-  compareWithGolden(texts(findings), "definitions");
-}
-
-void tst_CParameterFileChecker::checksDefinitionsThatNoFileHolds() {
-  const auto file = makeFile();
-  CParamDefItem* wide = file->addDef("Wide", PARAM_TYPE_U64, 1);
-  wide->setMinVal(CParamVal("18446744073709551615"));
-  wide->setMaxVal(CParamVal("18446744073709551614"));
-  file->addDef("Doubled", PARAM_TYPE_U8, 2)->setId(1);
-  QCOMPARE(
-      texts(CParameterFileChecker::checkDefinitions(*file)),
-      QStringList({"0 error definition-id-doubled :-1 /Wide '1': The id 1 is that of "
-                   "\"Doubled\" already.",
-                   "0 error minimum-above-maximum :-1 /Wide '18446744073709551615': The "
-                   "minimum 18446744073709551615 is above the maximum 18446744073709551614."}));
-}
-
-void tst_CParameterFileChecker::checksOneHardwareIdAndRestores() {
-  const auto file = loadCases("values");
-  QVERIFY(file && file->loadParamFile(testFile("values.xparam"), QString(), 0x10000));
-  file->addHardwareId("empty");
-  const QString before = NParamFileText::all(*file);
-  const auto skip = CParameterFileChecker::SkipMissing;
-  QCOMPARE(texts(CParameterFileChecker::checkValues(*file, "B", skip)),
-           QStringList("0 error value-above-maximum B:1 /Above '201': 201 is above the maximum "
-                       "0xc8 (200)."));
-  QVERIFY(CParameterFileChecker::checkValues(*file, "nowhere").isEmpty());
-  QCOMPARE(NParamFileText::all(*file), before);
-}
-
-void tst_CParameterFileChecker::refusesToIndexOtherFiles() {
-  CParamLineIndex index;
-  QVERIFY(index.read(testFile("definitions.xpdef")));
-  QVERIFY(index.definitionLine("Limit") > 0);
-  QVERIFY(!index.read(NTestFiles::example("MachineSettings.xset")));
-  QCOMPARE(index.errorMsg(), QString("The file is neither a definition file nor a value file."));
-  QCOMPARE(index.definitionLine("Limit"), 0);
-  QVERIFY(!index.read(testFile("none")));
-  QVERIFY(!index.errorMsg().isEmpty());
-}
-
-/// 100,000 parameters, 1,000 faults and an enumeration of 100,000 choices, with their lines.
-void tst_CParameterFileChecker::listsEveryFaultOfALargeFile() {
-  const int count = 100000;
-  const auto file = makeFile();
-  ICParamTreeNode* group = nullptr;
-  for (int i = 0; i < count; ++i) {
-    const QString name = QStringLiteral("P%1").arg(i);
-    CParamDefItem* def = file->addDef(name, PARAM_TYPE_I32, static_cast<quint32>(i) + 1);
-    def->setMaxIds({1});
-    if (i % 1000 == 0) group = file->subGroup(QStringLiteral("G%1").arg(i), 1);
-    file->addParameter(group, name, CParamVal(i % 100 == 50 ? 2000 : 7));
-  }
-  CNamedI64ValueList list;
-  for (int i = 0; i < count; ++i) list.append({i, QStringLiteral("c%1").arg(i)});
-  file->paramDefPtr("P0")->addEnums(list);
-  QTemporaryDir folder;
-  QVERIFY(file->saveParamFile(folder.filePath("v"), QString(), 0x10000));
-  QElapsedTimer timer;
-  timer.start();
-  auto findings = CParameterFileChecker::checkValues(*file);
-  const qint64 checked = timer.restart();
-  const auto definitions = CParameterFileChecker::checkDefinitions(*file);
-  const qint64 defined = timer.restart();
-  CParamLineIndex index;
-  QVERIFY(index.read(folder.filePath("v")));
-  index.addLines(findings);
-  qInfo("values %lld ms, definitions %lld ms, lines %lld ms", checked, defined, timer.elapsed());
-  QCOMPARE(findings.size(), 1000);
-  QVERIFY(definitions.isEmpty());
-  for (int i = 0; i < findings.size(); ++i) {
-    QCOMPARE(findings.at(i).name, QStringLiteral("P%1").arg(50 + 100 * i));
-    QVERIFY(findings.at(i).line > 0);
-  }
-}
-
 QTEST_GUILESS_MAIN(tst_CParameterFileChecker)
 #include "tst_CParameterFileChecker.moc"

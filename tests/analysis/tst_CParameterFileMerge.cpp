@@ -1,7 +1,6 @@
 #include "AnalysisFiles.h"
 #include "CParameterFileMerge.h"
-#include "ParamFileText.h"
-#include "TestFiles.h"
+#include "CaseFile.h"
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
@@ -155,276 +154,196 @@ class tst_CParameterFileMerge : public QObject {
   Q_OBJECT
 
  private slots:
-  void merges_data();
-  void merges();
-  void mergesWhatIsShared();
-  void comparesAsDefined();
-  void marksAndSelects();
-  void refusesOtherTypes();
-  void equalsBothEditsByHand();
-  void takesOneSideAsItIs();
-  void mergesALargeFile();
-};
-
-void tst_CParameterFileMerge::merges_data() {
-  QTest::addColumn<QStringList>("files");  // base, ours, theirs, result
-  QTest::addColumn<QStringList>("conflicts");
-  const auto row = [](const char* name, const QStringList& files,
-                      const QStringList& conflicts = {}) {
-    QTest::newRow(name) << files << conflicts;
-  };
-  row("different values", {"[A:1] X=1 Y=1", "[A:1] X=2 Y=1", "[A:1] X=1 Y=0x1", "[A:1] X=2 Y=0x1"});
-  row("same value", {"[A:1] X=1", "[A:1] X=2", "[A:1] X=2", "[A:1] X=2"});
-  row("value conflict", {"[A:1] G( X=1 )", "[A:1] G( X=2 )", "[A:1] G( X=3 )", "[A:1] G( X=2 )"},
-      {"both-changed value A:1 G/X 1>2|3"});
-  row("ids",
-      {"[A:1] X=1 Y#5=1 Z=1", "[A:1] X#1=1 Y#5=1 Z#2=1", "[A:1] X=1 Y=2 Z#3=1",
-       "[A:1] X#1=1 Y=2 Z#2=1"},
-      {"both-changed id A:1 /Z 0>2|3"});
-  row("removed by both", {"[A:1] X=1 Y=1 Z=1", "[A:1] Y=1 Z=1", "[A:1] X=1 Z=1", "[A:1] Z=1"});
-  row("removed and changed",
-      {"[A:1] X=1 Y=1 Z=1", "[A:1] X=2 Z=1", "[A:1] G( Y=1 ) Z=1", "[A:1] G( ) X=2 Z=1"},
-      {"theirs-removed parameter A:1 /X 1>2|", "ours-removed parameter A:1 G/Y 1>|1"});
-  row("added by both",
-      {"[A:1] A=1", "[A:1] A=1 X=1 Y=1 Z=1", "[A:1] X=1 A=1 Y=2 G( Z=1 )",
-       "[A:1] A=1 X=1 Y=1 Z=1 G( )"},
-      {"both-added value A:1 /Y >1|2", "both-added group A:1 /Z >|G"});
-  row("added in their places", {"[A:1] A=1 B=1 C=1 G( D=1 )", "[A:1] A=1 O=1 B=1 C=1 G( D=1 )",
-                                "[A:1] T=1 A=1 B=1 U=1 V=1 C=1 G( W=1 D=1 X=1 )",
-                                "[A:1] T=1 A=1 O=1 B=1 U=1 V=1 C=1 G( W=1 D=1 X=1 )"});
-  row("both append",
-      {"[A:1] A=1", "[A:1] A=1 O=1 P=1", "[A:1] A=1 T=1 U=1", "[A:1] A=1 O=1 P=1 T=1 U=1"});
-  row("behind what is gone",
-      {"[A:1] A=1 B=1 C=1", "[A:1] A=1 C=1", "[A:1] A=1 B=1 T=1 C=1", "[A:1] A=1 T=1 C=1"});
-  row("behind what both added",
-      {"[A:1] A=1", "[A:1] A=1 Y=1 O=1", "[A:1] A=1 X=1 Y=1 Z=1", "[A:1] A=1 X=1 Y=1 O=1 Z=1"});
-  row("behind what ours moved",
-      {"[A:1] A=1 B=1", "[A:1] B=1 A=1", "[A:1] A=1 T=1 B=1", "[A:1] B=1 A=1 T=1"});
-  row("moved and changed", {"[A:1] G( X=1 ) H( Y=1 )", "[A:1] G( X=2 ) H( Y=1 )",
-                            "[A:1] G( ) H( X=1 Y=1 )", "[A:1] G( ) H( X=2 Y=1 )"});
-  row("moved differently",
-      {"[A:1] X=1 G( ) H( )", "[A:1] G( X=1 ) H( )", "[A:1] G( ) H( X=1 )", "[A:1] G( X=1 ) H( )"},
-      {"both-changed group A:1 G/X >G|H"});
-  row("order of both", {"[A:1] A=1 B=1 C=1 D=1", "[A:1] B=1 A=1 C=1 D=1", "[A:1] A=1 B=1 D=1 C=1",
-                        "[A:1] B=1 A=1 D=1 C=1"});
-  row("order of each",
-      {"[A:1] A=1 B=1 C=1", "[A:1] C=1 A=1 B=1", "[A:1] A=1 C=1 B=1", "[A:1] C=1 A=1 B=1"});
-  row("groups removed", {"[A:1] G( X=1 ) H( Y=1 ) I( J( ) )", "[A:1] G( X=1 ) H( Y=1 )",
-                         "[A:1] H( Y=1 ) I( J( ) )", "[A:1] H( Y=1 )"});
-  row("put into removed groups", {"[A:1] G( X=1 ) H( Y=1 )", "[A:1] H( Y=1 O=1 )",
-                                  "[A:1] G( X=1 T=1 )", "[A:1] G( T=1 ) H( O=1 )"});
-  row("new groups", {"[A:1] A=1", "[A:1] N( O=1 ) A=1", "[A:1] A=1 N( M( T=1 ) )",
-                     "[A:1] N( O=1 M( T=1 ) ) A=1"});
-  row("groups of one name", {"[A:1] G( X=1 ) G( Y=1 )", "[A:1] G( X=1 ) G( Y=2 )",
-                             "[A:1] G( Y=1 X=1 ) G( )", "[A:1] G( Y=2 X=1 ) G( )"});
-  row("sub-devices", {"[A:1] X=1 [A:2] X=1 [A:3] X=1", "[A:0] O=1 [A:2] X=1 [A:3] X=1",
-                      "[A:1] X=1 [A:2] X=1 "
-                      "[A:4] T=1",
-                      "[A:0] O=1 [A:2] X=1 [A:4] T=1"});
-  row("hardware ids", {"[A:1] X=1 [B:1] X=1 [C:1] X=1", "[0:1] O=1 [A:1] X=1 [B:1] X=1",
-                       "[B:1] X=2 [C:1] X=1 [D:1] T=1", "[0:1] O=1 [B:1] X=2 [D:1] T=1"});
-  row("added with all by both",
-      {"[A:1]", "[A:1] [B:1] X=1 O=1", "[A:1] [B:1] X=2 T=1 [B:2] Y=1",
-       "[A:1] [B:1] X=1 O=1 T=1 [B:2] Y=1"},
-      {"both-added value B:1 /X >1|2"});
-  row("removed with all, and changed",
-      {"[A:1] X=1 [A:2] X=1 [B:1] X=1 [C:1] X=1", "[A:1] X=2 [A:2] X=1 [C:1] X=2",
-       "[A:2] X=1 [B:1] X=2", "[A:1] X=2 [A:2] X=1 [C:1] X=2"},
-      {"theirs-removed sub-device A:1 / 1>1|", "ours-removed hardware-id B:-1 / B>|B",
-       "theirs-removed hardware-id C:-1 / C>C|"});
-  row("nothing left", {"[A:1] X=1 [A:2] X=1 [B:1]", "[A:1] X=1 [B:1]", "[A:2] X=1 [B:1]", "[B:1]"});
-}
-
-void tst_CParameterFileMerge::merges() {
-  QFETCH(QStringList, files);
-  QFETCH(QStringList, conflicts);
-  const auto base = fromText(files.at(0));
-  const auto ours = fromText(files.at(1));
-  const auto theirs = fromText(files.at(2));
-  CParameterFileMerge merge(*base, *ours, *theirs);
-  QVERIFY(merge.run());
-  QCOMPARE(toText(*ours), files.at(3));
-  QCOMPARE(texts(merge.conflicts()), conflicts);
-  QCOMPARE(toText(*theirs), files.at(2));
-}
-
-void tst_CParameterFileMerge::mergesWhatIsShared() {
-  QTemporaryDir folder;
-  const auto file = fromText("[A:1] X=1 [A:2] X=1 [B:3] X=1");
-  file->setMetaData("me", "");
-  file->setSubDevName(1, "one");
-  file->setSubDevName(2, "two");
-  file->setSubDevType(2, NParamDef::SUB_DEV_TYPE_DRIVE);
-  const auto base = reloaded(*file, folder);
-  const auto ours = reloaded(*file, folder);
-  ours->setMetaData("me", "ours");
-  ours->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DEVICE);
-  ours->setSubDevName(2, "zwei");
-  treesOf(*ours).erase("B");
-  auto theirs = reloaded(*file, folder);
-  theirs->setMetaData("you", "");
-  theirs->setSubDevName(1, "");
-  theirs->setSubDevType(2, NParamDef::SUB_DEV_TYPE_UNDEFINED);
-  theirs->selectHardwareId("A");
-  theirs->copySubDevice(2, 4);
-  theirs->setSubDevName(4, "four");
-  theirs = reloaded(*theirs, folder);
-  CParameterFileMerge merge(*base, *ours, *theirs);
-  QVERIFY(merge.run());
-  QCOMPARE(texts(merge.conflicts()), QStringList());
-  file->clear();
-  const auto hand = fromText("[A:1] X=1 [A:2] X=1 [A:4] X=1");
-  hand->setMetaData("you", "ours");
-  hand->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DEVICE);
-  hand->setSubDevName(2, "zwei");
-  hand->setSubDevName(4, "four");
-  QCOMPARE(saved(*ours, folder), saved(*hand, folder));
-
-  theirs->setMetaData("him", "theirs");
-  theirs->setSubDevName(2, "deux");
-  theirs->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DRIVE);
-  CParameterFileMerge again(*base, *ours, *theirs);
-  QVERIFY(again.run());
-  QCOMPARE(texts(again.conflicts()),
-           QStringList({"both-changed author :-1 / me>you|him",
-                        "both-changed comment :-1 / >ours|theirs",
-                        "both-changed sub-device-type :1 / Undefined>Device|Drive",
-                        "both-changed sub-device-name :2 / two>zwei|deux"}));
-  QCOMPARE(again.conflicts().last().text(),
-           QString("Changed from \"two\" to \"zwei\" in ours, and to \"deux\" in theirs."));
-  QCOMPARE(saved(*ours, folder), saved(*hand, folder));
-}
-
-void tst_CParameterFileMerge::comparesAsDefined() {
-  const auto base = fromText("[A:1] X=1 Y=0x1 Z=1");
-  const auto ours = fromText("[A:1] X=0x10 Y=0x1 Z=x");
-  for (const char* name : {"X", "Y", "Z"}) ours->addDef(name, NParamDef::PARAM_TYPE_U8, 0);
-  const auto theirs = fromText("[A:1] X=16 Y=1 Z=0");
-  CParameterFileMerge merge(*base, *ours, *theirs);
-  QVERIFY(merge.run());
-  QCOMPARE(texts(merge.conflicts()), QStringList("both-changed value A:1 /Z 1>x|0"));
-  QCOMPARE(toText(*ours), QString("[A:1] X=0x10 Y=1 Z=x"));
-}
-
-void tst_CParameterFileMerge::marksAndSelects() {
-  const auto base = fromText("[A:1] X=1 [B:1] X=1 [C:1] X=1");
-  const auto ours = fromText("[A:1] X=1 [B:1] X=1 Y=1 [C:1] X=1 Z=1");
-  for (const auto& name : {"X", "Y"}) {
-    treesOf(*ours).at("B").at(1).node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
+  void merges_data() { NCaseFile::addRows("analysis/merges.cases"); }
+  void merges() {
+    QFETCH(NCaseFile::CCase, parts);
+    const auto base = fromText(NCaseFile::one(parts, "base"));
+    const auto ours = fromText(NCaseFile::one(parts, "ours"));
+    const auto theirs = fromText(NCaseFile::one(parts, "theirs"));
+    CParameterFileMerge merge(*base, *ours, *theirs);
+    QVERIFY(merge.run());
+    QCOMPARE(toText(*ours), NCaseFile::one(parts, "result"));
+    QCOMPARE(texts(merge.conflicts()), parts["conflict"]);
+    QCOMPARE(toText(*theirs), NCaseFile::one(parts, "theirs"));
   }
-  const auto theirs = fromText("[B:1] X=2 [C:1] X=1");
-  CParameterFileMerge merge(*base, *ours, *theirs);
-  QVERIFY(merge.run());
-  QCOMPARE(ours->changedList(), QStringList({"A", "B"}));
-  QCOMPARE(ours->hardwareId(), QString("B"));
-  for (const char* name : {"X", "Y"}) {
-    ICParamTreeNode* node = ours->rootGroup(1)->childPtr(QString(name));
-    QVERIFY(node->property(NParamDef::PROPERTY_CHANGED).toBool());
-    QCOMPARE(ours->findParameter(ours->rootGroup(1), name), node);
+
+  void mergesWhatIsShared() {
+    QTemporaryDir folder;
+    const auto file = fromText("[A:1] X=1 [A:2] X=1 [B:3] X=1");
+    file->setMetaData("me", "");
+    file->setSubDevName(1, "one");
+    file->setSubDevName(2, "two");
+    file->setSubDevType(2, NParamDef::SUB_DEV_TYPE_DRIVE);
+    const auto base = reloaded(*file, folder);
+    const auto ours = reloaded(*file, folder);
+    ours->setMetaData("me", "ours");
+    ours->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DEVICE);
+    ours->setSubDevName(2, "zwei");
+    treesOf(*ours).erase("B");
+    auto theirs = reloaded(*file, folder);
+    theirs->setMetaData("you", "");
+    theirs->setSubDevName(1, "");
+    theirs->setSubDevType(2, NParamDef::SUB_DEV_TYPE_UNDEFINED);
+    theirs->selectHardwareId("A");
+    theirs->copySubDevice(2, 4);
+    theirs->setSubDevName(4, "four");
+    theirs = reloaded(*theirs, folder);
+    CParameterFileMerge merge(*base, *ours, *theirs);
+    QVERIFY(merge.run());
+    QCOMPARE(texts(merge.conflicts()), QStringList());
+    file->clear();
+    const auto hand = fromText("[A:1] X=1 [A:2] X=1 [A:4] X=1");
+    hand->setMetaData("you", "ours");
+    hand->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DEVICE);
+    hand->setSubDevName(2, "zwei");
+    hand->setSubDevName(4, "four");
+    QCOMPARE(saved(*ours, folder), saved(*hand, folder));
+
+    theirs->setMetaData("him", "theirs");
+    theirs->setSubDevName(2, "deux");
+    theirs->setSubDevType(1, NParamDef::SUB_DEV_TYPE_DRIVE);
+    CParameterFileMerge again(*base, *ours, *theirs);
+    QVERIFY(again.run());
+    QCOMPARE(texts(again.conflicts()),
+             QStringList({"both-changed author :-1 / me>you|him",
+                          "both-changed comment :-1 / >ours|theirs",
+                          "both-changed sub-device-type :1 / Undefined>Device|Drive",
+                          "both-changed sub-device-name :2 / two>zwei|deux"}));
+    QCOMPARE(again.conflicts().last().text(),
+             QString("Changed from \"two\" to \"zwei\" in ours, and to \"deux\" in theirs."));
+    QCOMPARE(saved(*ours, folder), saved(*hand, folder));
   }
-}
 
-void tst_CParameterFileMerge::refusesOtherTypes() {
-  const auto base = fromText("[A:1] X=1");
-  const auto ours = fromText("[A:1] X=1");
-  const auto theirs = fromText("[A:1] X=2");
-  theirs->setFileType(NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS);
-  CParameterFileMerge merge(*base, *ours, *theirs);
-  QVERIFY(!merge.run());
-  QCOMPARE(merge.errorMsg(), QString("Files of different types cannot be merged."));
-  QCOMPARE(toText(*ours), QString("[A:1] X=1"));
-}
+  void comparesAsDefined() {
+    const auto base = fromText("[A:1] X=1 Y=0x1 Z=1");
+    const auto ours = fromText("[A:1] X=0x10 Y=0x1 Z=x");
+    for (const char* name : {"X", "Y", "Z"}) ours->addDef(name, NParamDef::PARAM_TYPE_U8, 0);
+    const auto theirs = fromText("[A:1] X=16 Y=1 Z=0");
+    CParameterFileMerge merge(*base, *ours, *theirs);
+    QVERIFY(merge.run());
+    QCOMPARE(texts(merge.conflicts()), QStringList("both-changed value A:1 /Z 1>x|0"));
+    QCOMPARE(toText(*ours), QString("[A:1] X=0x10 Y=1 Z=x"));
+  }
 
-/// Whoever merges into whom, and to the byte in the saved files.
-void tst_CParameterFileMerge::equalsBothEditsByHand() {
-  QTemporaryDir folder;
-  for (unsigned seed = 0; seed < 300; ++seed) {
-    CHand hand(seed);
-    const QStringList base = hand.base(true);
-    QStringList sides[] = {base, base};
+  void marksAndSelects() {
+    const auto base = fromText("[A:1] X=1 [B:1] X=1 [C:1] X=1");
+    const auto ours = fromText("[A:1] X=1 [B:1] X=1 Y=1 [C:1] X=1 Z=1");
+    for (const auto& name : {"X", "Y"}) {
+      treesOf(*ours).at("B").at(1).node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
+    }
+    const auto theirs = fromText("[B:1] X=2 [C:1] X=1");
+    CParameterFileMerge merge(*base, *ours, *theirs);
+    QVERIFY(merge.run());
+    QCOMPARE(ours->changedList(), QStringList({"A", "B"}));
+    QCOMPARE(ours->hardwareId(), QString("B"));
+    for (const char* name : {"X", "Y"}) {
+      ICParamTreeNode* node = ours->rootGroup(1)->childPtr(QString(name));
+      QVERIFY(node->property(NParamDef::PROPERTY_CHANGED).toBool());
+      QCOMPARE(ours->findParameter(ours->rootGroup(1), name), node);
+    }
+  }
+
+  void refusesOtherTypes() {
+    const auto base = fromText("[A:1] X=1");
+    const auto ours = fromText("[A:1] X=1");
+    const auto theirs = fromText("[A:1] X=2");
+    theirs->setFileType(NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS);
+    CParameterFileMerge merge(*base, *ours, *theirs);
+    QVERIFY(!merge.run());
+    QCOMPARE(merge.errorMsg(), QString("Files of different types cannot be merged."));
+    QCOMPARE(toText(*ours), QString("[A:1] X=1"));
+  }
+
+  /// Whoever merges into whom, and to the byte in the saved files.
+  void equalsBothEditsByHand() {
+    QTemporaryDir folder;
+    for (unsigned seed = 0; seed < 300; ++seed) {
+      CHand hand(seed);
+      const QStringList base = hand.base(true);
+      QStringList sides[] = {base, base};
+      QStringList both = base;
+      for (int i = hand.below(40); i >= 0; --i) {
+        const int side = hand.below(2);
+        const auto edit = hand.edit(side);
+        edit(sides[side]);
+        edit(both);
+      }
+      const auto baseFile = fromTokens(base);
+      const auto expected = fromTokens(both);
+      for (const int side : {0, 1}) {
+        const bool isSaved = seed % 30 == 0;
+        CFilePtr ours = fromTokens(sides[side]);
+        CFilePtr theirs = fromTokens(sides[1 - side]);
+        if (isSaved) {
+          ours = reloaded(*ours, folder);
+          theirs = reloaded(*theirs, folder);
+        }
+        CParameterFileMerge merge(*baseFile, *ours, *theirs);
+        QVERIFY(merge.run());
+        QVERIFY2(merge.conflicts().isEmpty(), qPrintable(QString::number(seed)));
+        QVERIFY2(toText(*ours) == toText(*expected),
+                 qPrintable(QStringLiteral("seed %1\nbase   %2\nours   %3\ntheirs %4\nresult %5\n"
+                                           "hand   %6")
+                                .arg(QString::number(seed), base.join(' '), sides[side].join(' '),
+                                     sides[1 - side].join(' '), toText(*ours), both.join(' '))));
+        if (isSaved) QCOMPARE(saved(*ours, folder), saved(*expected, folder));
+      }
+    }
+  }
+
+  /// With edits of anything: what one side did stays exactly, and merging twice adds nothing.
+  void takesOneSideAsItIs() {
+    for (unsigned seed = 0; seed < 300; ++seed) {
+      CHand hand(seed);
+      const QStringList base = hand.base(false);
+      QStringList one = base;
+      QStringList other = base;
+      for (int i = hand.below(40); i >= 0; --i) hand.editAnything(hand.below(2) == 0 ? one : other);
+      const auto result = [&base](const QStringList& ours, const QStringList& theirs) {
+        const auto baseFile = fromTokens(base);
+        const auto file = fromTokens(ours);
+        const auto theirFile = fromTokens(theirs);
+        CParameterFileMerge merge(*baseFile, *file, *theirFile);
+        return merge.run() ? toText(*file) : QString();
+      };
+      // A third parameter keeps the trees from being equal as a whole.
+      QStringList touched = base;
+      touched.insert(1, "Q=1");
+      QStringList oneTouched = one;
+      oneTouched.insert(1, "Q=1");
+      QCOMPARE(result(touched, one), toText(*fromTokens(oneTouched)));
+      QCOMPARE(result(base, one), toText(*fromTokens(one)));
+      const QString merged = result(one, other);
+      QCOMPARE(result(merged.split(' '), other), merged);
+    }
+  }
+
+  /// 100,000 parameters in one group, every other one changed, moved or added by one of the sides.
+  void mergesALargeFile() {
+    QStringList base{"[A:1]"};
+    QStringList ours = base;
+    QStringList theirs = base;
     QStringList both = base;
-    for (int i = hand.below(40); i >= 0; --i) {
-      const int side = hand.below(2);
-      const auto edit = hand.edit(side);
-      edit(sides[side]);
-      edit(both);
+    for (int i = 0; i < 50000; ++i) {
+      const QString x = QStringLiteral("X%1=").arg(i);
+      const QString y = QStringLiteral("Y%1=").arg(i);
+      const QString added = QStringLiteral("Z%1=9").arg(i);
+      base += {x + "1", y + "1"};
+      ours += {x + "2", y + "1"};
+      theirs += {x + "1", added, y + "1"};
+      both += {x + "2", added, y + "1"};
     }
     const auto baseFile = fromTokens(base);
-    const auto expected = fromTokens(both);
-    for (const int side : {0, 1}) {
-      const bool isSaved = seed % 30 == 0;
-      CFilePtr ours = fromTokens(sides[side]);
-      CFilePtr theirs = fromTokens(sides[1 - side]);
-      if (isSaved) {
-        ours = reloaded(*ours, folder);
-        theirs = reloaded(*theirs, folder);
-      }
-      CParameterFileMerge merge(*baseFile, *ours, *theirs);
-      QVERIFY(merge.run());
-      QVERIFY2(merge.conflicts().isEmpty(), qPrintable(QString::number(seed)));
-      QVERIFY2(toText(*ours) == toText(*expected),
-               qPrintable(QStringLiteral("seed %1\nbase   %2\nours   %3\ntheirs %4\nresult %5\n"
-                                         "hand   %6")
-                              .arg(QString::number(seed), base.join(' '), sides[side].join(' '),
-                                   sides[1 - side].join(' '), toText(*ours), both.join(' '))));
-      if (isSaved) QCOMPARE(saved(*ours, folder), saved(*expected, folder));
-    }
+    const auto oursFile = fromTokens(ours);
+    const auto theirsFile = fromTokens(theirs);
+    QElapsedTimer timer;
+    timer.start();
+    CParameterFileMerge merge(*baseFile, *oursFile, *theirsFile);
+    QVERIFY(merge.run());
+    qInfo("merged in %lld ms", timer.elapsed());
+    QVERIFY(merge.conflicts().isEmpty());
+    QVERIFY(toText(*oursFile) == both.join(' '));
   }
-}
-
-/// With edits of anything: what one side did stays exactly, and merging twice adds nothing.
-void tst_CParameterFileMerge::takesOneSideAsItIs() {
-  for (unsigned seed = 0; seed < 300; ++seed) {
-    CHand hand(seed);
-    const QStringList base = hand.base(false);
-    QStringList one = base;
-    QStringList other = base;
-    for (int i = hand.below(40); i >= 0; --i) hand.editAnything(hand.below(2) == 0 ? one : other);
-    const auto result = [&base](const QStringList& ours, const QStringList& theirs) {
-      const auto baseFile = fromTokens(base);
-      const auto file = fromTokens(ours);
-      const auto theirFile = fromTokens(theirs);
-      CParameterFileMerge merge(*baseFile, *file, *theirFile);
-      return merge.run() ? toText(*file) : QString();
-    };
-    // A third parameter keeps the trees from being equal as a whole.
-    QStringList touched = base;
-    touched.insert(1, "Q=1");
-    QStringList oneTouched = one;
-    oneTouched.insert(1, "Q=1");
-    QCOMPARE(result(touched, one), toText(*fromTokens(oneTouched)));
-    QCOMPARE(result(base, one), toText(*fromTokens(one)));
-    const QString merged = result(one, other);
-    QCOMPARE(result(merged.split(' '), other), merged);
-  }
-}
-
-/// 100,000 parameters in one group, every other one changed, moved or added by one of the sides.
-void tst_CParameterFileMerge::mergesALargeFile() {
-  QStringList base{"[A:1]"};
-  QStringList ours = base;
-  QStringList theirs = base;
-  QStringList both = base;
-  for (int i = 0; i < 50000; ++i) {
-    const QString x = QStringLiteral("X%1=").arg(i);
-    const QString y = QStringLiteral("Y%1=").arg(i);
-    const QString added = QStringLiteral("Z%1=9").arg(i);
-    base += {x + "1", y + "1"};
-    ours += {x + "2", y + "1"};
-    theirs += {x + "1", added, y + "1"};
-    both += {x + "2", added, y + "1"};
-  }
-  const auto baseFile = fromTokens(base);
-  const auto oursFile = fromTokens(ours);
-  const auto theirsFile = fromTokens(theirs);
-  QElapsedTimer timer;
-  timer.start();
-  CParameterFileMerge merge(*baseFile, *oursFile, *theirsFile);
-  QVERIFY(merge.run());
-  qInfo("merged in %lld ms", timer.elapsed());
-  QVERIFY(merge.conflicts().isEmpty());
-  QVERIFY(toText(*oursFile) == both.join(' '));
-}
-
+};
 QTEST_GUILESS_MAIN(tst_CParameterFileMerge)
 #include "tst_CParameterFileMerge.moc"

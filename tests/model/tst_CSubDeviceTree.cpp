@@ -1,4 +1,6 @@
 #include "CSubDeviceTree.h"
+#include "CaseFile.h"
+#include "TreeText.h"
 
 #include <QElapsedTimer>
 #include <QMap>
@@ -7,50 +9,9 @@
 
 #include <utility>
 
+using namespace NTreeText;
+
 namespace {
-
-QString text(const char* latin1) {
-  return QString::fromLatin1(latin1);
-}
-
-// Trees as texts: "A( p#1=x ) q#2=y" is a group A with the parameter p of id 1 and value x, then q.
-void fill(CSubDeviceTree& tree, const QString& content) {
-  CParamTreeNodeImpl* group = tree.root();
-  for (const QString& token : content.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-    if (token == QLatin1String(")")) {
-      group = static_cast<CParamTreeNodeImpl*>(group->parent());
-    } else if (token.endsWith(QLatin1Char('('))) {
-      group = tree.addGroup(group, token.chopped(1));
-    } else {
-      const QStringList parts = token.split(QRegExp(text("[#=]")));
-      QVERIFY(tree.addParameter(group, parts.at(0), parts.at(1).toUInt(), parts.at(2)));
-    }
-  }
-}
-
-QStringList tokens(const CSubDeviceTree& tree, const CParamTreeNodeImpl& group) {
-  QStringList result;
-  for (int i = 0; i < group.childCount(); ++i) {
-    const CParamTreeNodeImpl& node = *group.childNode(i);
-    if (node.isGroup()) {
-      result << QString(node.name() + QLatin1Char('(')) << tokens(tree, node) << text(")");
-    } else {
-      result << text("%1#%2=%3")
-                    .arg(node.name(), QString::number(node.id()), tree.value(node.name()).asStr());
-    }
-  }
-  return result;
-}
-
-QString content(const CSubDeviceTree& tree) {
-  return tokens(tree, *tree.root()).join(QLatin1Char(' '));
-}
-
-CSubDeviceTree treeOf(const QString& filling, quint8 subDevId = 1) {
-  CSubDeviceTree tree(subDevId);
-  fill(tree, filling);
-  return tree;
-}
 
 void walk(CParamTreeNodeImpl* node, QList<CParamTreeNodeImpl*>& nodes) {
   nodes.append(node);
@@ -97,7 +58,7 @@ class CEditor {
 
  private:
   QString name(const char* prefix, int count) {
-    return text(prefix) + QString::number(mRandom.bounded(count));
+    return prefix + QString::number(mRandom.bounded(count));
   }
 
   CParamTreeNodeImpl* anyNode(bool group) {
@@ -154,7 +115,7 @@ class CEditor {
 // Every group is found as a plain search finds it, and none that is gone.
 void compareGroups(const CSubDeviceTree& tree, const CParamTreeNodeImpl& parent) {
   for (int i = 0; i < kGroupNames; ++i) {
-    const QString name = text("G") + QString::number(i);
+    const QString name = "G" + QString::number(i);
     const ICParamTreeNode* const expected = parent.childPtr(name);
     QCOMPARE(tree.group(&parent, name), expected);
   }
@@ -188,165 +149,132 @@ void compare(const CEditor& editor) {
 class tst_CSubDeviceTree : public QObject {
   Q_OBJECT
  private slots:
-  void startsWithARootGroup();
-  void refusesWhatIsNoParameter();
-  void deletesOnlyItsOwnNodes();
-  void copiesAreIndependent();
-  void merges_data();
-  void merges();
-  void mergeKeepsNodesAndProperties();
-  void randomEditsKeepTheIndexInStep_data();
-  void randomEditsKeepTheIndexInStep();
-  void manyParametersAreLinear();
-  void deepTreesWork();
-};
-
-void tst_CSubDeviceTree::startsWithARootGroup() {
-  CSubDeviceTree tree(7);
-  QCOMPARE(tree.root()->name(), QStringLiteral("rootGroup"));
-  QVERIFY(tree.root()->isGroup());
-  QCOMPARE(tree.root()->subDevId(), quint8(7));
-  QVERIFY(tree.value(text("p")).isNull());
-  QVERIFY(!tree.setValue(text("p"), 1));
-  QVERIFY(!tree.contains(text("p")));
-}
-
-void tst_CSubDeviceTree::refusesWhatIsNoParameter() {
-  CSubDeviceTree tree = treeOf(text("A( p#1=x )"));
-  QVERIFY(!tree.addParameter(tree.root(), text("p"), 2, 1));
-  QVERIFY(!tree.addParameter(tree.root(), text("q"), NParamDef::NO_ID, 1));
-  QVERIFY(!tree.addParameter(tree.root(), text("[standard constructed]"), 3, 1));
-  tree.addGroup(tree.root(), text("A"));
-  QCOMPARE(content(tree), text("A( p#1=x ) A( )"));
-}
-
-void tst_CSubDeviceTree::deletesOnlyItsOwnNodes() {
-  CSubDeviceTree tree = treeOf(text("A( p#1=x B( q#2=y ) ) r#3=z"));
-  CSubDeviceTree other = tree.clone();
-  QVERIFY(!tree.deleteNode(nullptr));
-  QVERIFY(!tree.deleteNode(tree.root()));
-  QVERIFY(!tree.deleteNode(other.node(text("p"))));
-  QVERIFY(!tree.owns(other.root()));
-  QVERIFY(tree.deleteNode(tree.root()->childNode(0)));
-  QCOMPARE(content(tree), text("r#3=z"));
-  QVERIFY(!tree.contains(text("q")));
-  QVERIFY(tree.addParameter(tree.root(), text("q"), 2, 1));
-}
-
-void tst_CSubDeviceTree::copiesAreIndependent() {
-  CSubDeviceTree tree = treeOf(text("A( p#1=x ) r#3=z"));
-  CSubDeviceTree copy = tree.cloneAs(4);
-  QCOMPARE(copy.subDevId(), quint8(4));
-  QCOMPARE(copy.node(text("p"))->subDevId(), quint8(4));
-  copy.setValue(text("p"), text("changed"));
-  copy.deleteNode(copy.node(text("r")));
-  copy.root()->setProperty(NParamDef::PROPERTY_CHANGED, true);
-  QCOMPARE(content(tree), text("A( p#1=x ) r#3=z"));
-  QCOMPARE(tree.node(text("p"))->subDevId(), quint8(1));
-  QVERIFY(!tree.root()->property(NParamDef::PROPERTY_CHANGED).isValid());
-
-  CParamTreeNodeImpl* const root = copy.root();
-  const CSubDeviceTree moved = std::move(copy);
-  QCOMPARE(moved.root(), root);
-  QCOMPARE(content(moved), text("A( p#1=changed )"));
-}
-
-void tst_CSubDeviceTree::merges_data() {
-  QTest::addColumn<QString>("target");
-  QTest::addColumn<QString>("source");
-  QTest::addColumn<QString>("expected");
-  const auto row = [](const char* name, const char* target, const char* source,
-                      const char* result) {
-    QTest::newRow(name) << text(target) << text(source) << text(result);
-  };
-  row("into nothing", "", "A( p#1=x ) q#2=y A( )", "A( p#1=x ) q#2=y A( )");
-  row("nothing", "A( p#1=x )", "", "A( p#1=x )");
-  row("value and id", "A( p#1=x )", "A( p#2=y )", "A( p#2=y )");
-  row("no id", "p#1=x", "p#0=y", "p#1=y");
-  row("an empty value", "p#1=x", "p#1=", "p#1=");
-  row("stays where it is", "A( p#1=x )", "B( p#1=y )", "A( p#1=y ) B( )");
-  row("appended", "A( p#1=x ) r#3=z", "s#4=a A( q#2=y )", "A( p#1=x q#2=y ) r#3=z s#4=a");
-  row("same name elsewhere", "A( B( p#1=x ) )", "B( q#2=y )", "A( B( p#1=x ) ) B( q#2=y )");
-  row("doubled groups", "A( ) A( )", "A( p#1=x ) A( q#2=y ) A( r#3=z )",
-      "A( p#1=x ) A( q#2=y ) A( r#3=z )");
-  row("case", "A( p#1=x )", "a( P#1=x )", "A( p#1=x ) a( P#1=x )");
-  row("a group called like a parameter", "p#1=x", "p( q#2=y )", "p#1=x p( q#2=y )");
-}
-
-void tst_CSubDeviceTree::merges() {
-  QFETCH(QString, target);
-  QFETCH(QString, source);
-  CSubDeviceTree tree = treeOf(target);
-  tree.merge(treeOf(source, 2));
-  QTEST(content(tree), "expected");
-  // Loading the same once more changes nothing.
-  tree.merge(treeOf(source, 2));
-  QTEST(content(tree), "expected");
-}
-
-void tst_CSubDeviceTree::mergeKeepsNodesAndProperties() {
-  CSubDeviceTree tree = treeOf(text("A( p#1=x )"));
-  CSubDeviceTree other = treeOf(text("A( p#2=y q#3=z ) B( )"), 2);
-  const CParamTreeNodeImpl* const kept = tree.node(text("p"));
-  tree.node(text("p"))->setProperty(NParamDef::PROPERTY_CHANGED, true);
-  other.node(text("q"))->setProperty(NParamDef::PROPERTY_ERROR, 5);
-  tree.merge(std::move(other));
-  QCOMPARE(tree.node(text("p")), kept);
-  QCOMPARE(kept->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
-  QCOMPARE(tree.node(text("q"))->property(NParamDef::PROPERTY_ERROR), QVariant(5));
-  QCOMPARE(tree.root()->childNode(1)->subDevId(), quint8(1));
-}
-
-void tst_CSubDeviceTree::randomEditsKeepTheIndexInStep_data() {
-  QTest::addColumn<quint32>("seed");
-  for (quint32 seed = 1; seed <= 8; ++seed) QTest::addRow("seed %u", seed) << seed;
-}
-
-void tst_CSubDeviceTree::randomEditsKeepTheIndexInStep() {
-  QFETCH(quint32, seed);
-  CEditor editor(3, seed);
-  for (int i = 0; i < 600; ++i) {
-    editor.edit();
-    compare(editor);
-    if (QTest::currentTestFailed()) return;
+  void startsWithARootGroup() {
+    CSubDeviceTree tree(7);
+    QCOMPARE(tree.root()->name(), QString("rootGroup"));
+    QVERIFY(tree.root()->isGroup());
+    QCOMPARE(tree.root()->subDevId(), quint8(7));
+    QVERIFY(tree.value("p").isNull());
+    QVERIFY(!tree.setValue("p", 1));
+    QVERIFY(!tree.contains("p"));
   }
-}
 
-// In one flat group and in as many groups of one name, where a search per node would be quadratic.
-void tst_CSubDeviceTree::manyParametersAreLinear() {
-  constexpr quint32 kCount = 100000;
-  CSubDeviceTree tree(1);
-  CSubDeviceTree other(1);
-  QElapsedTimer timer;
-  timer.start();
-  for (CSubDeviceTree* each : {&tree, &other}) {
-    each->reserve(kCount);
-    CParamTreeNodeImpl* const flat = each->addGroup(each->root(), text("flat"));
-    for (quint32 i = 0; i < kCount; ++i) {
-      each->addParameter(flat, QString::number(i), i, 1);
-      each->addGroup(each->root(), text("same"));
+  void refusesWhatIsNoParameter() {
+    CSubDeviceTree tree = fromText("A( p#1=x )");
+    QVERIFY(!tree.addParameter(tree.root(), "p", 2, 1));
+    QVERIFY(!tree.addParameter(tree.root(), "q", NParamDef::NO_ID, 1));
+    QVERIFY(!tree.addParameter(tree.root(), "[standard constructed]", 3, 1));
+    tree.addGroup(tree.root(), "A");
+    QCOMPARE(toText(tree), QString("A( p#1=x ) A( )"));
+  }
+
+  void deletesOnlyItsOwnNodes() {
+    CSubDeviceTree tree = fromText("A( p#1=x B( q#2=y ) ) r#3=z");
+    CSubDeviceTree other = tree.clone();
+    QVERIFY(!tree.deleteNode(nullptr));
+    QVERIFY(!tree.deleteNode(tree.root()));
+    QVERIFY(!tree.deleteNode(other.node("p")));
+    QVERIFY(!tree.owns(other.root()));
+    QVERIFY(tree.deleteNode(tree.root()->childNode(0)));
+    QCOMPARE(toText(tree), QString("r#3=z"));
+    QVERIFY(!tree.contains("q"));
+    QVERIFY(tree.addParameter(tree.root(), "q", 2, 1));
+  }
+
+  void copiesAreIndependent() {
+    CSubDeviceTree tree = fromText("A( p#1=x ) r#3=z");
+    CSubDeviceTree copy = tree.cloneAs(4);
+    QCOMPARE(copy.subDevId(), quint8(4));
+    QCOMPARE(copy.node("p")->subDevId(), quint8(4));
+    copy.setValue("p", "changed");
+    copy.deleteNode(copy.node("r"));
+    copy.root()->setProperty(NParamDef::PROPERTY_CHANGED, true);
+    QCOMPARE(toText(tree), QString("A( p#1=x ) r#3=z"));
+    QCOMPARE(tree.node("p")->subDevId(), quint8(1));
+    QVERIFY(!tree.root()->property(NParamDef::PROPERTY_CHANGED).isValid());
+
+    CParamTreeNodeImpl* const root = copy.root();
+    const CSubDeviceTree moved = std::move(copy);
+    QCOMPARE(moved.root(), root);
+    QCOMPARE(toText(moved), QString("A( p#1=changed )"));
+  }
+
+  void merges_data() { NCaseFile::addRows("trees/merges.cases"); }
+  void merges() {
+    QFETCH(NCaseFile::CCase, parts);
+    const QString source = NCaseFile::one(parts, "source");
+    const QString result = NCaseFile::one(parts, "result");
+    CSubDeviceTree tree = fromText(NCaseFile::one(parts, "target"));
+    tree.merge(fromText(source, 2));
+    QCOMPARE(toText(tree), result);
+    // Loading the same once more changes nothing.
+    tree.merge(fromText(source, 2));
+    QCOMPARE(toText(tree), result);
+  }
+
+  void mergeKeepsNodesAndProperties() {
+    CSubDeviceTree tree = fromText("A( p#1=x )");
+    CSubDeviceTree other = fromText("A( p#2=y q#3=z ) B( )", 2);
+    const CParamTreeNodeImpl* const kept = tree.node("p");
+    tree.node("p")->setProperty(NParamDef::PROPERTY_CHANGED, true);
+    other.node("q")->setProperty(NParamDef::PROPERTY_ERROR, 5);
+    tree.merge(std::move(other));
+    QCOMPARE(tree.node("p"), kept);
+    QCOMPARE(kept->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
+    QCOMPARE(tree.node("q")->property(NParamDef::PROPERTY_ERROR), QVariant(5));
+    QCOMPARE(tree.root()->childNode(1)->subDevId(), quint8(1));
+  }
+
+  void randomEditsKeepTheIndexInStep_data() {
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 8; ++seed) QTest::addRow("seed %u", seed) << seed;
+  }
+  void randomEditsKeepTheIndexInStep() {
+    QFETCH(quint32, seed);
+    CEditor editor(3, seed);
+    for (int i = 0; i < 600; ++i) {
+      editor.edit();
+      compare(editor);
+      if (QTest::currentTestFailed()) return;
     }
   }
-  tree.merge(std::move(other));
-  QCOMPARE(tree.root()->childCount(), static_cast<int>(kCount) + 1);
-  CSubDeviceTree copy = tree.cloneAs(2);
-  QCOMPARE(copy.names(), tree.names());
-  QVERIFY(copy.deleteNode(copy.root()->childNode(0)));
-  QCOMPARE(copy.count(), 0);
-  QVERIFY(timer.elapsed() < 10000);
-}
 
-void tst_CSubDeviceTree::deepTreesWork() {
-  CSubDeviceTree tree(1);
-  CParamTreeNodeImpl* group = tree.root();
-  for (int i = 0; i < 1024; ++i) group = tree.addGroup(group, text("g"));
-  tree.addParameter(group, text("p"), 1, 1);
-  CSubDeviceTree other = tree.cloneAs(2);
-  other.setValue(text("p"), 2);
-  tree.merge(std::move(other));
-  QCOMPARE(tree.value(text("p")), CParamVal(2));
-  QCOMPARE(tree.names(), QStringList(text("p")));
-}
+  // In one flat group and in as many groups of one name, where a search per node would be
+  // quadratic.
+  void manyParametersAreLinear() {
+    constexpr quint32 kCount = 100000;
+    CSubDeviceTree tree(1);
+    CSubDeviceTree other(1);
+    QElapsedTimer timer;
+    timer.start();
+    for (CSubDeviceTree* each : {&tree, &other}) {
+      each->reserve(kCount);
+      CParamTreeNodeImpl* const flat = each->addGroup(each->root(), "flat");
+      for (quint32 i = 0; i < kCount; ++i) {
+        each->addParameter(flat, QString::number(i), i, 1);
+        each->addGroup(each->root(), "same");
+      }
+    }
+    tree.merge(std::move(other));
+    QCOMPARE(tree.root()->childCount(), static_cast<int>(kCount) + 1);
+    CSubDeviceTree copy = tree.cloneAs(2);
+    QCOMPARE(copy.names(), tree.names());
+    QVERIFY(copy.deleteNode(copy.root()->childNode(0)));
+    QCOMPARE(copy.count(), 0);
+    QVERIFY(timer.elapsed() < 10000);
+  }
 
+  void deepTreesWork() {
+    CSubDeviceTree tree(1);
+    CParamTreeNodeImpl* group = tree.root();
+    for (int i = 0; i < 1024; ++i) group = tree.addGroup(group, "g");
+    tree.addParameter(group, "p", 1, 1);
+    CSubDeviceTree other = tree.cloneAs(2);
+    other.setValue("p", 2);
+    tree.merge(std::move(other));
+    QCOMPARE(tree.value("p"), CParamVal(2));
+    QCOMPARE(tree.names(), QStringList("p"));
+  }
+};
 QTEST_APPLESS_MAIN(tst_CSubDeviceTree)
 #include "tst_CSubDeviceTree.moc"

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -33,17 +32,13 @@ class CWorkplace {
   QString path(const QString& name) const { return mFolder.filePath(name); }
 
   SRun run(const QStringList& words, const QString& resultFile = {}) const {
-    return start(QStringLiteral(KTO_TOOL), words, resultFile);
+    return start(KTO_TOOL, words, resultFile);
   }
+
+  SRun runLine(const QString& line) const { return run(QProcess::splitCommand(line)); }
 
   /// A script in which "ktoparam" is the one that was built.
-  SRun shell(const QString& script) const {
-    return start(QStringLiteral("sh"), {QStringLiteral("-c"), script}, {});
-  }
-
-  QJsonObject json(const QString& line) const {
-    return QJsonDocument::fromJson(run(QProcess::splitCommand(line)).out.toUtf8()).object();
-  }
+  SRun shell(const QString& script) const { return start("sh", {"-c", script}, {}); }
 
   QMap<QString, QByteArray> files() const {
     QMap<QString, QByteArray> contents;
@@ -59,14 +54,12 @@ class CWorkplace {
     QProcess process;
     process.setWorkingDirectory(mFolder.path());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), mLocale);
-    environment.remove(QStringLiteral("LANGUAGE"));
+    environment.insert("LC_ALL", mLocale);
+    environment.remove("LANGUAGE");
 #ifdef KTO_LOCALES
-    environment.insert(QStringLiteral("LOCPATH"), QStringLiteral(KTO_LOCALES));
+    environment.insert("LOCPATH", KTO_LOCALES);
 #endif
-    environment.insert(QStringLiteral("PATH"), QFileInfo(QStringLiteral(KTO_TOOL)).path() +
-                                                   QLatin1Char(':') +
-                                                   environment.value(QStringLiteral("PATH")));
+    environment.insert("PATH", QFileInfo(KTO_TOOL).path() + ':' + environment.value("PATH"));
     process.setProcessEnvironment(environment);
     if (!resultFile.isEmpty()) process.setStandardOutputFile(resultFile);
     process.start(program, words);

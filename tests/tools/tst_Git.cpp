@@ -1,66 +1,48 @@
 #include "CWorkplace.h"
 
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <QtTest>
 
 namespace {
 
-const QLatin1String kFile("TwoAxisDrive.xparam");
-
-/// The code block of the README that follows a line with the given text.
+/// The lines of the README's code block that follows a text.
 QStringList readmeBlock(const QString& behind) {
-  const QString readme = QString::fromUtf8(NTestFiles::read(QStringLiteral(KTO_README)));
-  return readme.section(behind, 1)
-      .section(QStringLiteral("```"), 1, 1)
-      .split(QLatin1Char('\n'), Qt::SkipEmptyParts)
-      .mid(1);
-}
-
-QString joined(const QStringList& lines) {
-  return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+  const QString readme = QString::fromUtf8(NTestFiles::read(KTO_README));
+  return readme.section(behind, 1).section("```", 1, 1).split('\n', Qt::SkipEmptyParts).mid(1);
 }
 
 /// A repository with the example files, set up with what the README tells and nothing else.
 class CRepository {
  public:
   CRepository() {
-    NTestFiles::write(mPlace.path(QStringLiteral(".gitattributes")),
-                      joined(readmeBlock(QStringLiteral("`.gitattributes`"))).toUtf8());
+    const QString attributes = readmeBlock("`.gitattributes`").join('\n') + '\n';
+    NTestFiles::write(mPlace.path(".gitattributes"), attributes.toUtf8());
     git("init --quiet --initial-branch=main");
-    for (const QString& line : readmeBlock(QStringLiteral("`git config`"))) {
-      git(line.section(QLatin1Char(' '), 1));
-    }
+    for (const QString& line : readmeBlock("`git config`")) git(line.section(' ', 1));
     commit("Begin");
   }
 
+  /// Without the settings of whoever runs the test.
   SRun git(const QString& words) const {
-    QProcess process;
-    process.setWorkingDirectory(mPlace.path({}));
-    process.setProcessEnvironment(environment());
-    process.start(QStringLiteral("git"), QProcess::splitCommand(words));
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
-      return {-1, {}, {}};
-    }
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return mPlace.shell(
+        "export GIT_CONFIG_GLOBAL=/dev/null GIT_CONFIG_NOSYSTEM=1"
+        " GIT_AUTHOR_NAME=Test GIT_AUTHOR_EMAIL=test@example.org"
+        " GIT_COMMITTER_NAME=Test GIT_COMMITTER_EMAIL=test@example.org; git " +
+        words);
   }
-  SRun git(const char* words) const { return git(QString::fromLatin1(words)); }
 
-  bool commit(const char* message) const {
-    return git("add --all").status == 0 &&
-           git(QStringLiteral("commit --quiet -m \"%1\"").arg(QLatin1String(message))).status == 0;
+  bool commit(const QString& message) const {
+    return git("add --all").status == 0 && git("commit --quiet -m " + message).status == 0;
   }
 
   /// With "ktoparam set", in the first hardware id and sub-device 2.
-  bool set(const char* assignment) const {
+  bool set(const QString& assignment) const {
     return mPlace
-               .run({QStringLiteral("set"), kFile, QString::fromLatin1(assignment),
-                     QStringLiteral("--hardware-id"), QStringLiteral("KTO-2A-16"),
-                     QStringLiteral("--sub-device"), QStringLiteral("2")})
+               .runLine("set TwoAxisDrive.xparam " + assignment +
+                        " --hardware-id KTO-2A-16 --sub-device 2")
                .status == 0;
   }
-  QByteArray content() const { return NTestFiles::read(mPlace.path(kFile)); }
+  QByteArray content() const { return NTestFiles::read(mPlace.path("TwoAxisDrive.xparam")); }
 
   /// A branch "other" with one edit and "main" with another.
   bool diverge(const char* others, const char* mine) const {
@@ -69,83 +51,52 @@ class CRepository {
   }
 
  private:
-  /// Without the settings of whoever runs the test; "ktoparam" is the one that was built.
-  static QProcessEnvironment environment() {
-    QProcessEnvironment values = QProcessEnvironment::systemEnvironment();
-    const QString tools = QFileInfo(QStringLiteral(KTO_TOOL)).path();
-    values.insert(QStringLiteral("PATH"),
-                  tools + QLatin1Char(':') + values.value(QStringLiteral("PATH")));
-    values.insert(QStringLiteral("GIT_CONFIG_GLOBAL"), QStringLiteral("/dev/null"));
-    values.insert(QStringLiteral("GIT_CONFIG_NOSYSTEM"), QStringLiteral("1"));
-    for (const char* who : {"AUTHOR", "COMMITTER"}) {
-      const QString prefix = QStringLiteral("GIT_%1_").arg(QLatin1String(who));
-      values.insert(prefix + QLatin1String("NAME"), QStringLiteral("Test"));
-      values.insert(prefix + QLatin1String("EMAIL"), QStringLiteral("test@example.org"));
-    }
-    values.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-    return values;
-  }
-
   CWorkplace mPlace;
 };
-
-/// The lines of a diff that were removed or added, without those that name the file.
-QStringList changedLines(const QString& diff) {
-  return diff.split(QLatin1Char('\n'))
-      .filter(QRegularExpression(QStringLiteral("^[-+]")))
-      .filter(QRegularExpression(QStringLiteral("^(?!(---|\\+\\+\\+) )")));
-}
 
 }  // namespace
 
 class tst_Git : public QObject {
   Q_OBJECT
+
  private slots:
-  void initTestCase();
-  void diffsAreReadable();
-  void mergesDifferentParameters();
-  void reportsConflicts();
-};
-
-void tst_Git::initTestCase() {
-  if (QStandardPaths::findExecutable(QStringLiteral("git")).isEmpty()) {
-    QSKIP("There is no git here.");
+  void initTestCase() {
+    if (QStandardPaths::findExecutable("git").isEmpty()) QSKIP("There is no git here.");
   }
-}
 
-void tst_Git::diffsAreReadable() {
-  const CRepository repository;
-  QVERIFY(repository.set("VelocityLimit=900"));
-  const SRun diff = repository.git("diff");
-  QCOMPARE(diff.status, 0);
-  QCOMPARE(changedLines(diff.out),
-           QStringList({QStringLiteral("-KTO-2A-16[2]/Motion/Limits/VelocityLimit (4413) = 1000"),
-                        QStringLiteral("+KTO-2A-16[2]/Motion/Limits/VelocityLimit (4413) = 900")}));
-}
+  void diffsAreReadable() {
+    const CRepository repository;
+    QVERIFY(repository.set("VelocityLimit=900"));
+    const SRun diff = repository.git("diff");
+    QCOMPARE(diff.status, 0);
+    // Removed and added lines, without those that name the file.
+    const QRegularExpression changed("^[-+](?!(--|\\+\\+) )");
+    QCOMPARE(diff.out.split('\n').filter(changed),
+             QStringList({"-KTO-2A-16[2]/Motion/Limits/VelocityLimit (4413) = 1000",
+                          "+KTO-2A-16[2]/Motion/Limits/VelocityLimit (4413) = 900"}));
+  }
 
-void tst_Git::mergesDifferentParameters() {
-  const CRepository byHand;
-  QVERIFY(byHand.set("VelocityLimit=900"));
-  QVERIFY(byHand.set("FeedConstant=12.5"));
+  void mergesDifferentParameters() {
+    const CRepository byHand;
+    QVERIFY(byHand.set("VelocityLimit=900") && byHand.set("FeedConstant=12.5"));
+    const CRepository repository;
+    QVERIFY(repository.diverge("VelocityLimit=900", "FeedConstant=12.5"));
+    const SRun merge = repository.git("merge --quiet --no-edit other");
+    QVERIFY2(merge.status == 0, qPrintable(merge.out + merge.err));
+    QVERIFY(repository.content() == byHand.content());
+  }
 
-  const CRepository repository;
-  QVERIFY(repository.diverge("VelocityLimit=900", "FeedConstant=12.5"));
-  const SRun merge = repository.git("merge --quiet --no-edit other");
-  QVERIFY2(merge.status == 0, qPrintable(merge.out + merge.err));
-  QVERIFY(repository.content() == byHand.content());
-}
-
-void tst_Git::reportsConflicts() {
-  const CRepository repository;
-  QVERIFY(repository.diverge("VelocityLimit=900", "VelocityLimit=800"));
-  const QByteArray mine = repository.content();
-  const SRun merge = repository.git("merge --quiet --no-edit other");
-  QCOMPARE(merge.status, 1);
-  QVERIFY2(merge.out.contains(QLatin1String("VelocityLimit")), qPrintable(merge.out));
-  QCOMPARE(repository.git("status --short --untracked-files=no").out,
-           QStringLiteral("UU TwoAxisDrive.xparam\n"));
-  QVERIFY(repository.content() == mine);
-}
+  void reportsConflicts() {
+    const CRepository repository;
+    QVERIFY(repository.diverge("VelocityLimit=900", "VelocityLimit=800"));
+    const QByteArray mine = repository.content();
+    const SRun merge = repository.git("merge --quiet --no-edit other");
+    QCOMPARE(merge.status, 1);
+    QVERIFY2(merge.out.contains("VelocityLimit"), qPrintable(merge.out));
+    QCOMPARE(repository.git("status --short --untracked-files=no").out, "UU TwoAxisDrive.xparam\n");
+    QVERIFY(repository.content() == mine);
+  }
+};
 
 QTEST_GUILESS_MAIN(tst_Git)
 #include "tst_Git.moc"

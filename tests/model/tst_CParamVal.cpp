@@ -1,58 +1,16 @@
 #include "CParamVal.h"
+#include "TestRows.h"
 
 #include <QStringList>
-#include <QtTest>
 
 #include <limits>
-
-class tst_CParamVal : public QObject {
-  Q_OBJECT
- private slots:
-  void writesNumbers_data();
-  void writesNumbers();
-  void readsExactlyItsType_data();
-  void readsExactlyItsType();
-  void readsBackItsOwnTexts();
-  void failedReadLeavesTheOutput();
-  void convertsToLongLongThroughEightBits();
-  void comparesTexts();
-  void tellsNullFromEmpty();
-};
-
-void tst_CParamVal::writesNumbers_data() {
-  QTest::addColumn<QString>("written");
-  QTest::addColumn<QString>("expected");
-  const auto row = [](const char* expected, const CParamVal& value) {
-    QTest::addRow("%s", expected) << value.asStr() << QString::fromLatin1(expected);
-  };
-  row("0x0", static_cast<unsigned char>(0));
-  row("0xff", static_cast<unsigned char>(255));
-  row("0xabcd", static_cast<unsigned short>(0xABCD));
-  row("0x1000", 4096U);
-  row("0xffffffffffffffff", std::numeric_limits<unsigned long long>::max());
-  row("-128", static_cast<signed char>(-128));
-  row("-32768", static_cast<short>(-32768));
-  row("-7", -7);
-  row("-9223372036854775808", std::numeric_limits<long long>::min());
-  row("2.5", 2.5);
-  row("1", 1.0);
-  row("0.1", 0.1);
-  row("0.333333333333333", 1.0 / 3.0);
-  row("1e+20", 1e20);
-  row("inf", std::numeric_limits<double>::infinity());
-}
-
-void tst_CParamVal::writesNumbers() {
-  QFETCH(QString, written);
-  QTEST(written, "expected");
-}
 
 namespace {
 
 template <typename T>
 void noteWhenRead(const CParamVal& value, const char* type, QStringList& types) {
   T number = 0;
-  if (value.value(number)) types.append(QString::fromLatin1(type));
+  if (value.value(number)) types += type;
 }
 
 // The types that accept the text, so that a row shows the limits of all of them.
@@ -67,44 +25,8 @@ QString acceptingTypes(const CParamVal& value) {
   noteWhenRead<int>(value, "i32", types);
   noteWhenRead<long long>(value, "i64", types);
   noteWhenRead<double>(value, "f64", types);
-  return types.join(QLatin1Char(' '));
+  return types.join(' ');
 }
-
-}  // namespace
-
-void tst_CParamVal::readsExactlyItsType_data() {
-  QTest::addColumn<QString>("text");
-  QTest::addColumn<QString>("types");
-  const auto row = [](const char* text, const char* types) {
-    QTest::addRow("'%s'", text) << QString::fromLatin1(text) << QString::fromLatin1(types);
-  };
-  row("127", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
-  row("255", "u8 u16 u32 u64 i16 i32 i64 f64");
-  row("256", "u16 u32 u64 i16 i32 i64 f64");
-  row("65536", "u32 u64 i32 i64 f64");
-  row("4294967296", "u64 i64 f64");
-  row("18446744073709551615", "u64 f64");
-  row("18446744073709551616", "f64");
-  row("-128", "i8 i16 i32 i64 f64");
-  row("-129", "i16 i32 i64 f64");
-  row("-32769", "i32 i64 f64");
-  row("-2147483649", "i64 f64");
-  row("0xff", "u8 u16 u32 u64 i16 i32 i64");
-  row("0xffffffffffffffff", "u64");
-  row(" 5 ", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
-  row("0.5", "f64");
-  row("1e400", "");
-  row("abc", "");
-  row("5 V", "");
-  row("", "");
-}
-
-void tst_CParamVal::readsExactlyItsType() {
-  QFETCH(QString, text);
-  QTEST(acceptingTypes(CParamVal(text)), "types");
-}
-
-namespace {
 
 template <typename T>
 void readBack(T number) {
@@ -123,55 +45,109 @@ void readBackLimits() {
 
 }  // namespace
 
-void tst_CParamVal::readsBackItsOwnTexts() {
-  readBackLimits<unsigned char>();
-  readBackLimits<unsigned short>();
-  readBackLimits<unsigned int>();
-  readBackLimits<unsigned long long>();
-  readBackLimits<signed char>();
-  readBackLimits<short>();
-  readBackLimits<int>();
-  QCOMPARE(CParamVal(std::numeric_limits<long long>::min()).asI64(),
-           std::numeric_limits<long long>::min());
-  readBack(1e-300);
-  readBack(-2.5e300);
-}
+class tst_CParamVal : public QObject {
+  Q_OBJECT
+ private slots:
+  void writesNumbers_data() {
+    addColumns<QString, QString>("expected", "written");
+    const auto row = [](const char* text, const CParamVal& v) { addTextRow(text, v.asStr()); };
+    row("0x0", static_cast<unsigned char>(0));
+    row("0xff", static_cast<unsigned char>(255));
+    row("0xabcd", static_cast<unsigned short>(0xABCD));
+    row("0x1000", 4096U);
+    row("0xffffffffffffffff", std::numeric_limits<unsigned long long>::max());
+    row("-128", static_cast<signed char>(-128));
+    row("-32768", static_cast<short>(-32768));
+    row("-7", -7);
+    row("-9223372036854775808", std::numeric_limits<long long>::min());
+    row("2.5", 2.5);
+    row("1", 1.0);
+    row("0.1", 0.1);
+    row("0.333333333333333", 1.0 / 3.0);
+    row("1e+20", 1e20);
+    row("inf", std::numeric_limits<double>::infinity());
+  }
+  void writesNumbers() {
+    QFETCH(QString, written);
+    QTEST(written, "expected");
+  }
 
-void tst_CParamVal::failedReadLeavesTheOutput() {
-  const CParamVal value("abc");
-  unsigned int number = 7;
-  double real = 7.5;
-  QVERIFY(!value.value(number));
-  QVERIFY(!value.value(real));
-  QCOMPARE(number, 7U);
-  QCOMPARE(real, 7.5);
-  QCOMPARE(value.asU32(), 0U);
-  QCOMPARE(value.asF64(), 0.0);
-}
+  void readsExactlyItsType_data() {
+    addColumns<QString, QString>("text", "types");
+    addTextRow("127", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
+    addTextRow("255", "u8 u16 u32 u64 i16 i32 i64 f64");
+    addTextRow("256", "u16 u32 u64 i16 i32 i64 f64");
+    addTextRow("65536", "u32 u64 i32 i64 f64");
+    addTextRow("4294967296", "u64 i64 f64");
+    addTextRow("18446744073709551615", "u64 f64");
+    addTextRow("18446744073709551616", "f64");
+    addTextRow("-128", "i8 i16 i32 i64 f64");
+    addTextRow("-129", "i16 i32 i64 f64");
+    addTextRow("-32769", "i32 i64 f64");
+    addTextRow("-2147483649", "i64 f64");
+    addTextRow("0xff", "u8 u16 u32 u64 i16 i32 i64");
+    addTextRow("0xffffffffffffffff", "u64");
+    addTextRow(" 5 ", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
+    addTextRow("0.5", "f64");
+    addTextRow("1e400", "");
+    addTextRow("abc", "");
+    addTextRow("5 V", "");
+    addTextRow("", "");
+  }
+  void readsExactlyItsType() {
+    QFETCH(QString, text);
+    QTEST(acceptingTypes(CParamVal(text)), "types");
+  }
 
-void tst_CParamVal::convertsToLongLongThroughEightBits() {
-  QCOMPARE(static_cast<long long>(CParamVal("-5")), -5LL);
-  QCOMPARE(static_cast<long long>(CParamVal("127")), 127LL);
-  QCOMPARE(static_cast<long long>(CParamVal("128")), 0LL);
-  QCOMPARE(static_cast<long long>(CParamVal("1000")), 0LL);
-  QCOMPARE(CParamVal("1000").asI64(), 1000LL);
-}
+  void readsBackItsOwnTexts() {
+    readBackLimits<unsigned char>();
+    readBackLimits<unsigned short>();
+    readBackLimits<unsigned int>();
+    readBackLimits<unsigned long long>();
+    readBackLimits<signed char>();
+    readBackLimits<short>();
+    readBackLimits<int>();
+    QCOMPARE(CParamVal(std::numeric_limits<long long>::min()).asI64(),
+             std::numeric_limits<long long>::min());
+    readBack(1e-300);
+    readBack(-2.5e300);
+  }
 
-void tst_CParamVal::comparesTexts() {
-  QVERIFY(CParamVal("10") == CParamVal("10"));
-  QVERIFY(CParamVal("0xa") != CParamVal("10"));
-  QVERIFY(CParamVal("0xA") != CParamVal("0xa"));
-  QVERIFY(CParamVal("1.0") != CParamVal("1"));
-  QVERIFY(CParamVal() == CParamVal(""));
-}
+  void failedReadLeavesTheOutput() {
+    const CParamVal value("abc");
+    unsigned int number = 7;
+    double real = 7.5;
+    QVERIFY(!value.value(number));
+    QVERIFY(!value.value(real));
+    QCOMPARE(number, 7U);
+    QCOMPARE(real, 7.5);
+    QCOMPARE(value.asU32(), 0U);
+    QCOMPARE(value.asF64(), 0.0);
+  }
 
-void tst_CParamVal::tellsNullFromEmpty() {
-  const CParamVal nothing[] = {{}, QString(), static_cast<const char*>(nullptr)};
-  for (const CParamVal& value : nothing) QVERIFY(value.isNull() && value.isEmpty());
-  const CParamVal empty[] = {QStringLiteral(""), ""};
-  for (const CParamVal& value : empty) QVERIFY(!value.isNull() && value.isEmpty());
-  QVERIFY(!CParamVal(" ").isEmpty());
-}
+  void convertsToLongLongThroughEightBits() {
+    QCOMPARE(static_cast<long long>(CParamVal("-5")), -5LL);
+    QCOMPARE(static_cast<long long>(CParamVal("127")), 127LL);
+    QCOMPARE(static_cast<long long>(CParamVal("128")), 0LL);
+    QCOMPARE(static_cast<long long>(CParamVal("1000")), 0LL);
+    QCOMPARE(CParamVal("1000").asI64(), 1000LL);
+  }
 
+  void comparesTexts() {
+    QVERIFY(CParamVal("10") == CParamVal("10"));
+    QVERIFY(CParamVal("0xa") != CParamVal("10"));
+    QVERIFY(CParamVal("0xA") != CParamVal("0xa"));
+    QVERIFY(CParamVal("1.0") != CParamVal("1"));
+    QVERIFY(CParamVal() == CParamVal(""));
+  }
+
+  void tellsNullFromEmpty() {
+    const CParamVal nothing[] = {{}, QString(), static_cast<const char*>(nullptr)};
+    for (const CParamVal& value : nothing) QVERIFY(value.isNull() && value.isEmpty());
+    const CParamVal empty[] = {QString(""), ""};
+    for (const CParamVal& value : empty) QVERIFY(!value.isNull() && value.isEmpty());
+    QVERIFY(!CParamVal(" ").isEmpty());
+  }
+};
 QTEST_APPLESS_MAIN(tst_CParamVal)
 #include "tst_CParamVal.moc"

@@ -1,9 +1,8 @@
 #include "CMessageBoardHelper.h"
 
 #include "CKeptLines.h"
-
-#include <QStringList>
-#include <QtTest>
+#include "QtMessages.h"
+#include "TestRows.h"
 
 #include <atomic>
 #include <thread>
@@ -22,13 +21,6 @@ class CMemoryLogfile : public CKeptLines {
   }
 };
 
-QStringList sQtMessages;
-
-void catchQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  sQtMessages << QStringLiteral("%1 %2 %3")
-                     .arg(QString::number(type), QString::fromLatin1(context.category), text);
-}
-
 }  // namespace
 
 Q_DECLARE_METATYPE(Post)
@@ -39,81 +31,66 @@ class tst_CMessageBoardHelper : public QObject {
 
  private slots:
   void cleanup() { CMessageBoardHelper::setHandler({}); }
-  void kinds_data();
-  void kinds();
-  void handlerMayPostAndReplaceItself();
-  void postingFromManyThreads();
-};
-
-void tst_CMessageBoardHelper::kinds_data() {
-  QTest::addColumn<Post>("post");
-  QTest::addColumn<EKind>("kind");
-  QTest::addColumn<QString>("logLine");
-  QTest::addColumn<QString>("qtMessage");
-  QTest::newRow("debug warning") << Post(&CMessageBoardHelper::setFormDebugWarning)
-                                 << EKind::DebugWarning << "8 50 %s %1"
-                                 << "0 kto.messageboard 50 %s %1";
-  QTest::newRow("warning") << Post(&CMessageBoardHelper::setWarning) << EKind::Warning
-                           << "4 50 %s %1"
-                           << "1 kto.messageboard 50 %s %1";
-  QTest::newRow("critical") << Post(&CMessageBoardHelper::setCritical) << EKind::Critical
-                            << "4 50 %s %1"
-                            << "2 kto.messageboard 50 %s %1";
-}
-
-void tst_CMessageBoardHelper::kinds() {
-  QFETCH(Post, post);
-  QFETCH(EKind, kind);
-  QFETCH(QString, logLine);
-  QFETCH(QString, qtMessage);
-  const QString text = QStringLiteral("50 %s %1");  // neither Qt nor printf may interpret it
-  CMemoryLogfile logfile;
-
-  sQtMessages.clear();
-  const auto before = qInstallMessageHandler(catchQtMessage);
-  post(text, &logfile);
-  qInstallMessageHandler(before);
-  QCOMPARE(sQtMessages, QStringList(qtMessage));
-  QCOMPARE(logfile.lines, QStringList(logLine));
-
-  std::vector<std::pair<EKind, QString>> seen;
-  CMessageBoardHelper::setHandler(
-      [&seen](EKind seenKind, const QString& seenText) { seen.emplace_back(seenKind, seenText); });
-  post(text, nullptr);
-  QCOMPARE(seen.size(), std::size_t(1));
-  QCOMPARE(seen.front().first, kind);
-  QCOMPARE(seen.front().second, text);
-}
-
-void tst_CMessageBoardHelper::handlerMayPostAndReplaceItself() {
-  QStringList seen;
-  CMessageBoardHelper::setHandler([&seen](EKind, const QString& text) {
-    CMessageBoardHelper::setHandler([&seen](EKind, const QString& later) { seen << later; });
-    CMessageBoardHelper::setWarning(QStringLiteral("inner"));
-    seen << text;  // the handler that runs is still alive
-  });
-  CMessageBoardHelper::setWarning(QStringLiteral("outer"));
-  QCOMPARE(seen, (QStringList{QStringLiteral("inner"), QStringLiteral("outer")}));
-}
-
-void tst_CMessageBoardHelper::postingFromManyThreads() {
-  constexpr int kThreads = 4;
-  constexpr int kMessages = 500;
-  std::atomic<int> count = 0;
-  const auto handler = [&count](EKind, const QString&) { ++count; };
-  CMessageBoardHelper::setHandler(handler);
-  std::vector<std::thread> threads(kThreads);
-  for (std::thread& thread : threads) {
-    thread = std::thread([&handler] {
-      for (int n = 0; n < kMessages; ++n) {
-        CMessageBoardHelper::setWarning(QStringLiteral("text"));
-        CMessageBoardHelper::setHandler(handler);
-      }
-    });
+  void kinds_data() {
+    addColumns<Post, EKind, QString, QString>("post", "kind", "logLine", "qtMessage");
+    using Board = CMessageBoardHelper;
+    const auto row = [](const char* name, Post post, EKind kind, int level, int qtType) {
+      addRow(name, post, kind, QString::number(level) + " 50 %s %1",
+             QString::number(qtType) + " kto.messageboard 50 %s %1");
+    };
+    row("debug warning", &Board::setFormDebugWarning, Board::DebugWarning, 8, QtDebugMsg);
+    row("warning", &Board::setWarning, Board::Warning, 4, QtWarningMsg);
+    row("critical", &Board::setCritical, Board::Critical, 4, QtCriticalMsg);
   }
-  for (std::thread& thread : threads) thread.join();
-  QCOMPARE(count.load(), kThreads * kMessages);
-}
+  void kinds() {
+    QFETCH(Post, post);
+    QFETCH(EKind, kind);
+    QFETCH(QString, logLine);
+    QFETCH(QString, qtMessage);
+    const QString text = "50 %s %1";  // neither Qt nor printf may interpret it
+    CMemoryLogfile logfile;
+    QCOMPARE(qtMessages([&] { post(text, &logfile); }), QStringList(qtMessage));
+    QCOMPARE(logfile.lines, QStringList(logLine));
 
+    std::vector<std::pair<EKind, QString>> seen;
+    CMessageBoardHelper::setHandler([&seen](EKind seenKind, const QString& seenText) {
+      seen.emplace_back(seenKind, seenText);
+    });
+    post(text, nullptr);
+    QCOMPARE(seen.size(), std::size_t(1));
+    QCOMPARE(seen.front().first, kind);
+    QCOMPARE(seen.front().second, text);
+  }
+
+  void handlerMayPostAndReplaceItself() {
+    QStringList seen;
+    CMessageBoardHelper::setHandler([&seen](EKind, const QString& text) {
+      CMessageBoardHelper::setHandler([&seen](EKind, const QString& later) { seen << later; });
+      CMessageBoardHelper::setWarning("inner");
+      seen << text;  // the handler that runs is still alive
+    });
+    CMessageBoardHelper::setWarning("outer");
+    QCOMPARE(seen, QStringList({"inner", "outer"}));
+  }
+
+  void postingFromManyThreads() {
+    constexpr int kThreads = 4;
+    constexpr int kMessages = 500;
+    std::atomic<int> count = 0;
+    const auto handler = [&count](EKind, const QString&) { ++count; };
+    CMessageBoardHelper::setHandler(handler);
+    std::vector<std::thread> threads(kThreads);
+    for (std::thread& thread : threads) {
+      thread = std::thread([&handler] {
+        for (int n = 0; n < kMessages; ++n) {
+          CMessageBoardHelper::setWarning("text");
+          CMessageBoardHelper::setHandler(handler);
+        }
+      });
+    }
+    for (std::thread& thread : threads) thread.join();
+    QCOMPARE(count.load(), kThreads * kMessages);
+  }
+};
 QTEST_APPLESS_MAIN(tst_CMessageBoardHelper)
 #include "tst_CMessageBoardHelper.moc"

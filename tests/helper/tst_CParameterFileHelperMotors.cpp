@@ -42,367 +42,343 @@ class CGate {
 
 }  // namespace
 
-class tst_CParameterFileHelperMotors : public QObject {
-  Q_OBJECT
- private slots:
-  void initTestCase();
-  void init();
-  void cleanup();
-  void readsAFile_data();
-  void readsAFile();
-  void readsSeveralFiles();
-  void usesItsLogfile();
-  void refusesToStartWithoutInputs();
-  void tellsTheEndInItsThread();
-  void namesTravelThroughAQueue();
-  void refusesASecondReadingAtOnce();
-  void readsTheFirstInputsAgain();
-  void startsAgainFromTheSignal();
-  void mayBeDeletedByTheSignal();
-  void waitsForItsThread();
-  void readsHundredsOfFiles();
-  void endsAtAnyMoment();
-  void readersDoNotDisturbEachOther();
-
- private:
-  QList<CParamFileElement> writeHundredsOfFiles() const;
-  static bool waitForEnd(QSignalSpy& spy) { return !spy.isEmpty() || spy.wait(kTimeout); }
-
-  std::unique_ptr<CMotorFolder> mFolder;
-};
-
 static const auto kNamesSignal =
     QOverload<const CMotorNames&>::of(&CParameterFileHelper::readMotorNamesFinisched);
 static const auto kEndSignal = QOverload<>::of(&CParameterFileHelper::readMotorNamesFinisched);
 
-void tst_CParameterFileHelperMotors::initTestCase() {
-  // Without a time zone in the environment the C library looks for it anew at each conversion,
-  // under a lock that the thread sanitizer does not see.
-  qputenv("TZ", "UTC");
-}
+class tst_CParameterFileHelperMotors : public QObject {
+  Q_OBJECT
+ private slots:
+  void initTestCase() {
+    // Without a time zone in the environment the C library looks for it anew at each conversion,
+    // under a lock that the thread sanitizer does not see.
+    qputenv("TZ", "UTC");
+  }
 
-void tst_CParameterFileHelperMotors::init() {
-  mFolder = std::make_unique<CMotorFolder>();
-  CMessageBoardHelper::setHandler([](CMessageBoardHelper::EMessageKind, const QString&) {});
-}
+  void init() {
+    mFolder = std::make_unique<CMotorFolder>();
+    CMessageBoardHelper::setHandler([](CMessageBoardHelper::EMessageKind, const QString&) {});
+  }
 
-void tst_CParameterFileHelperMotors::cleanup() {
-  CMessageBoardHelper::setHandler(nullptr);
-}
+  void cleanup() { CMessageBoardHelper::setHandler(nullptr); }
 
-void tst_CParameterFileHelperMotors::readsAFile_data() {
-  QTest::addColumn<QString>("fileName");
-  QTest::addColumn<QByteArray>("content");
-  QTest::addColumn<QStringList>("names");
-  const QByteArray two = CMotorFolder::content({"B", " A "});
-  QTest::newRow("two motors") << "m.xparam" << two << QStringList({"A", "B"});
-  QTest::newRow("missing") << "m.xparam" << QByteArray() << QStringList();
-  QTest::newRow("damaged") << "m.xparam" << two.chopped(5) << QStringList();
-  QTest::newRow("next version") << "m.xparam" << CMotorFolder::content({"A"}, "", "2.0")
-                                << QStringList();
-  QTest::newRow("definitions") << "m.xpdef"
-                               << QByteArray(
-                                      "<LumoParamDefinition version=\"1.0\"><Data/>"
-                                      "</LumoParamDefinition>")
-                               << QStringList();
-}
+  void readsAFile_data() {
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("names");
+    const QByteArray two = CMotorFolder::content({"B", " A "});
+    QTest::newRow("two motors") << "m.xparam" << two << QStringList({"A", "B"});
+    QTest::newRow("missing") << "m.xparam" << QByteArray() << QStringList();
+    QTest::newRow("damaged") << "m.xparam" << two.chopped(5) << QStringList();
+    QTest::newRow("next version") << "m.xparam" << CMotorFolder::content({"A"}, "", "2.0")
+                                  << QStringList();
+    QTest::newRow("definitions") << "m.xpdef"
+                                 << QByteArray(
+                                        "<LumoParamDefinition version=\"1.0\"><Data/>"
+                                        "</LumoParamDefinition>")
+                                 << QStringList();
+  }
+  void readsAFile() {
+    QFETCH(QString, fileName);
+    QFETCH(QByteArray, content);
+    if (!content.isNull()) mFolder->write(fileName, content);
+    // Beside a definition file: the motors of the value file are not those of the definition file.
+    if (fileName.endsWith("xpdef")) mFolder->write("m.xparam", CMotorFolder::content({"A"}));
+    CTestLogfile logfile;
+    const CParameterFileHelper helper(&logfile, nullptr);
+    QTEST(helper.readMotorNames(mFolder->filePath(fileName)), "names");
+    QTEST(CParameterFileHelper::readMotorNames(mFolder->filePath(fileName), nullptr), "names");
+    QTEST(logfile.errors().isEmpty() ? QStringList({"A", "B"}) : QStringList(), "names");
+  }
 
-void tst_CParameterFileHelperMotors::readsAFile() {
-  QFETCH(QString, fileName);
-  QFETCH(QByteArray, content);
-  if (!content.isNull()) mFolder->write(fileName, content);
-  // Beside a definition file: the motors of the value file are not those of the definition file.
-  if (fileName.endsWith("xpdef")) mFolder->write("m.xparam", CMotorFolder::content({"A"}));
-  CTestLogfile logfile;
-  const CParameterFileHelper helper(&logfile, nullptr);
-  QTEST(helper.readMotorNames(mFolder->filePath(fileName)), "names");
-  QTEST(CParameterFileHelper::readMotorNames(mFolder->filePath(fileName), nullptr), "names");
-  QTEST(logfile.errors().isEmpty() ? QStringList({"A", "B"}) : QStringList(), "names");
-}
+  void readsSeveralFiles() {
+    const QString a = mFolder->write("a", CMotorFolder::content({"MotorA", "MotorB"}));
+    const QString b = mFolder->write("b", CMotorFolder::content({"MotorA", "MotorC"}));
+    const QString missing = mFolder->filePath("missing");
+    const QMap<QString, QString> expected{{"MotorA", b}, {"MotorB", a}, {"MotorC", b}};
+    const CParameterFileHelper helper;
+    QCOMPARE(helper.readMotorNames(QStringList{a, missing, "", b}), expected);
+    const QList<CParamFileElement> files{mFolder->element("a"), mFolder->element("missing"),
+                                         CParamFileElement(), mFolder->element("b")};
+    QCOMPARE(CParameterFileHelper::readMotorNames(files, nullptr), expected);
+    QVERIFY(CParameterFileHelper::readMotorNames(QStringList(), nullptr).isEmpty());
+  }
 
-void tst_CParameterFileHelperMotors::readsSeveralFiles() {
-  const QString a = mFolder->write("a", CMotorFolder::content({"MotorA", "MotorB"}));
-  const QString b = mFolder->write("b", CMotorFolder::content({"MotorA", "MotorC"}));
-  const QString missing = mFolder->filePath("missing");
-  const QMap<QString, QString> expected{{"MotorA", b}, {"MotorB", a}, {"MotorC", b}};
-  const CParameterFileHelper helper;
-  QCOMPARE(helper.readMotorNames(QStringList{a, missing, "", b}), expected);
-  const QList<CParamFileElement> files{mFolder->element("a"), mFolder->element("missing"),
-                                       CParamFileElement(), mFolder->element("b")};
-  QCOMPARE(CParameterFileHelper::readMotorNames(files, nullptr), expected);
-  QVERIFY(CParameterFileHelper::readMotorNames(QStringList(), nullptr).isEmpty());
-}
-
-void tst_CParameterFileHelperMotors::usesItsLogfile() {
-  CTestLogfile own;
-  CTestLogfile other;
-  CParameterFileHelper helper(&own, nullptr);
-  QSignalSpy end(&helper, kEndSignal);
-  helper.readMotorNames(QString());
-  QVERIFY(own.errors().isEmpty());
-  helper.readMotorNames(mFolder->filePath("at once"));
-  CParameterFileHelper::readMotorNames(mFolder->filePath("elsewhere"), &other);
-  QVERIFY(helper.startReadMotorNames({mFolder->element("in the background")}));
-  QVERIFY(waitForEnd(end));
-  QCOMPARE(own.errors().size(), 2);
-  QVERIFY(own.errors().first().contains("at once"));
-  QVERIFY(own.errors().last().contains("in the background"));
-  QCOMPARE(other.errors().size(), 1);
-}
-
-void tst_CParameterFileHelperMotors::refusesToStartWithoutInputs() {
-  mFolder->write("a", CMotorFolder::content({"A"}));
-  CDeviceElement named;
-  named.setName("Feeder");
-  CDeviceElement device = named;
-  device.addParameterFile({FILE_TYPE_MOTOR_PARAMETERS, {"", "a"}});
-  CParameterFileHelper helper;
-  QSignalSpy names(&helper, kNamesSignal);
-  QVERIFY(!helper.startReadMotorNames(CDeviceElement(), mFolder->path()));
-  QVERIFY(!helper.startReadMotorNames(named, mFolder->path()));
-  QVERIFY(!helper.startReadMotorNames(device, QString()));
-  QVERIFY(!helper.startReadMotorNames({}));
-  QVERIFY(helper.motorNames().isEmpty());
-  // What was refused are not the first inputs.
-  QVERIFY(helper.startReadMotorNames(device, mFolder->path()));
-  QVERIFY(waitForEnd(names));
-  QCOMPARE(names.size(), 1);
-  QCOMPARE(helper.motorNames().keys(), QStringList("A"));
-}
-
-void tst_CParameterFileHelperMotors::tellsTheEndInItsThread() {
-  mFolder->write("a", CMotorFolder::content({"A"}, "comment"));
-  CParameterFileHelper helper;
-  QStringList told;
-  connect(&helper, kNamesSignal, &helper, [&](const CMotorNames& names) {
-    told += names.keys();
-    if (QThread::currentThread() != helper.thread()) told += "wrong thread";
-  });
-  connect(&helper, kEndSignal, &helper, [&] { told += "end"; });
-  QSignalSpy names(&helper, kNamesSignal);
-  QSignalSpy end(&helper, kEndSignal);
-  QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
-  QVERIFY(told.isEmpty());
-  QVERIFY(waitForEnd(end));
-  QCOMPARE(told, QStringList({"A", "end"}));
-  QCOMPARE(names.size(), 1);
-  CParamFileElement expected = mFolder->element("a");
-  expected.setComment("comment");
-  QCOMPARE(names.first().first().value<CMotorNames>(), CMotorNames({{"A", expected}}));
-  QCOMPARE(helper.motorNames(), CMotorNames({{"A", expected}}));
-}
-
-void tst_CParameterFileHelperMotors::namesTravelThroughAQueue() {
-  mFolder->write("a", CMotorFolder::content({"A", "B"}));
-  CParameterFileHelper helper;
-  QSignalSpy spiedByName(&helper,
-                         SIGNAL(readMotorNamesFinisched(QMap<QString, CParamFileElement>)));
-  QSignalSpy end(&helper, kEndSignal);
-  QStringList queued;
-  connect(
-      &helper, kNamesSignal, this, [&](const CMotorNames& names) { queued = names.keys(); },
-      Qt::QueuedConnection);
-  QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
-  QVERIFY(waitForEnd(end));
-  QTRY_COMPARE_WITH_TIMEOUT(queued, QStringList({"A", "B"}), kTimeout);
-  QCOMPARE(spiedByName.first().first().value<CMotorNames>(), helper.motorNames());
-}
-
-void tst_CParameterFileHelperMotors::refusesASecondReadingAtOnce() {
-  mFolder->write("a", CMotorFolder::content({"A"}));
-  mFolder->write("b", CMotorFolder::content({"B"}));
-  CGate gate;
-  CTestLogfile logfile(gate.keeper());
-  CParameterFileHelper helper(&logfile, nullptr);
-  QSignalSpy end(&helper, kEndSignal);
-  CDeviceElement device;
-  device.addParameterFile(mFolder->element("b"));
-  QVERIFY(helper.startReadMotorNames(
-      {mFolder->element("a"), mFolder->element("missing"), mFolder->element("b")}));
-  QVERIFY(gate.waitUntilReached());
-  QVERIFY(!helper.startReadMotorNames({mFolder->element("b")}));
-  QVERIFY(!helper.startReadMotorNames(device, mFolder->path()));
-  QCOMPARE(helper.motorNames().keys(), QStringList("A"));
-  gate.open();
-  QVERIFY(waitForEnd(end));
-  QCOMPARE(helper.motorNames().keys(), QStringList({"A", "B"}));
-  QTest::qWait(50);
-  QCOMPARE(end.size(), 1);
-}
-
-void tst_CParameterFileHelperMotors::readsTheFirstInputsAgain() {
-  mFolder->write("a", CMotorFolder::content({"A"}));
-  mFolder->write("b", CMotorFolder::content({"B"}));
-  CDeviceElement device;
-  device.addParameterFile(mFolder->element("b"));
-  CParameterFileHelper helper;
-  for (const char* motor : {"A", "A2", "A3"}) {
-    mFolder->write("a", CMotorFolder::content({motor}));
+  void usesItsLogfile() {
+    CTestLogfile own;
+    CTestLogfile other;
+    CParameterFileHelper helper(&own, nullptr);
     QSignalSpy end(&helper, kEndSignal);
-    QVERIFY(helper.motorNames().isEmpty() ? helper.startReadMotorNames({mFolder->element("a")})
-                                          : helper.startReadMotorNames(device, "/elsewhere"));
+    helper.readMotorNames(QString());
+    QVERIFY(own.errors().isEmpty());
+    helper.readMotorNames(mFolder->filePath("at once"));
+    CParameterFileHelper::readMotorNames(mFolder->filePath("elsewhere"), &other);
+    QVERIFY(helper.startReadMotorNames({mFolder->element("in the background")}));
     QVERIFY(waitForEnd(end));
-    QCOMPARE(helper.motorNames().keys(), QStringList(motor));
+    QCOMPARE(own.errors().size(), 2);
+    QVERIFY(own.errors().first().contains("at once"));
+    QVERIFY(own.errors().last().contains("in the background"));
+    QCOMPARE(other.errors().size(), 1);
   }
-  QFile::remove(mFolder->filePath("a"));
-  QSignalSpy names(&helper, kNamesSignal);
-  QVERIFY(helper.startReadMotorNames({mFolder->element("b")}));
-  QVERIFY(waitForEnd(names));
-  QVERIFY(names.first().first().value<CMotorNames>().isEmpty());
-}
 
-void tst_CParameterFileHelperMotors::startsAgainFromTheSignal() {
-  constexpr int kReadings = 50;
-  mFolder->write("a", CMotorFolder::content({"A"}));
-  CParameterFileHelper helper;
-  int started = 1;
-  int refused = 0;
-  QSignalSpy end(&helper, kEndSignal);
-  connect(&helper, kEndSignal, &helper, [&] {
-    if (started == kReadings) return;
-    ++started;
-    if (!helper.startReadMotorNames({mFolder->element("a")})) ++refused;
-  });
-  QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
-  QTRY_COMPARE_WITH_TIMEOUT(end.size(), kReadings, kTimeout);
-  QCOMPARE(refused, 0);
-}
+  void refusesToStartWithoutInputs() {
+    mFolder->write("a", CMotorFolder::content({"A"}));
+    CDeviceElement named;
+    named.setName("Feeder");
+    CDeviceElement device = named;
+    device.addParameterFile({FILE_TYPE_MOTOR_PARAMETERS, {"", "a"}});
+    CParameterFileHelper helper;
+    QSignalSpy names(&helper, kNamesSignal);
+    QVERIFY(!helper.startReadMotorNames(CDeviceElement(), mFolder->path()));
+    QVERIFY(!helper.startReadMotorNames(named, mFolder->path()));
+    QVERIFY(!helper.startReadMotorNames(device, QString()));
+    QVERIFY(!helper.startReadMotorNames({}));
+    QVERIFY(helper.motorNames().isEmpty());
+    // What was refused are not the first inputs.
+    QVERIFY(helper.startReadMotorNames(device, mFolder->path()));
+    QVERIFY(waitForEnd(names));
+    QCOMPARE(names.size(), 1);
+    QCOMPARE(helper.motorNames().keys(), QStringList("A"));
+  }
 
-void tst_CParameterFileHelperMotors::mayBeDeletedByTheSignal() {
-  mFolder->write("a", CMotorFolder::content({"A"}));
-  auto helper = std::make_unique<CParameterFileHelper>();
-  QSignalSpy end(helper.get(), kEndSignal);
-  connect(helper.get(), kNamesSignal, this, [&] { helper.reset(); });
-  QVERIFY(helper->startReadMotorNames({mFolder->element("a")}));
-  QTRY_VERIFY_WITH_TIMEOUT(!helper, kTimeout);
-  QVERIFY(end.isEmpty());
-}
+  void tellsTheEndInItsThread() {
+    mFolder->write("a", CMotorFolder::content({"A"}, "comment"));
+    CParameterFileHelper helper;
+    QStringList told;
+    connect(&helper, kNamesSignal, &helper, [&](const CMotorNames& names) {
+      told += names.keys();
+      if (QThread::currentThread() != helper.thread()) told += "wrong thread";
+    });
+    connect(&helper, kEndSignal, &helper, [&] { told += "end"; });
+    QSignalSpy names(&helper, kNamesSignal);
+    QSignalSpy end(&helper, kEndSignal);
+    QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
+    QVERIFY(told.isEmpty());
+    QVERIFY(waitForEnd(end));
+    QCOMPARE(told, QStringList({"A", "end"}));
+    QCOMPARE(names.size(), 1);
+    CParamFileElement expected = mFolder->element("a");
+    expected.setComment("comment");
+    QCOMPARE(names.first().first().value<CMotorNames>(), CMotorNames({{"A", expected}}));
+    QCOMPARE(helper.motorNames(), CMotorNames({{"A", expected}}));
+  }
 
-void tst_CParameterFileHelperMotors::waitsForItsThread() {
-  constexpr int kFiles = 20;
-  CGate gate;
-  CTestLogfile logfile(gate.keeper());
-  auto helper = std::make_unique<CParameterFileHelper>(&logfile, nullptr);
-  QSignalSpy end(helper.get(), kEndSignal);
-  QList<CParamFileElement> missing;
-  for (int i = 0; i < kFiles; ++i) missing += mFolder->element(QString::number(i));
-  QVERIFY(helper->startReadMotorNames(missing));
-  QVERIFY(gate.waitUntilReached());
-  QVERIFY(logfile.errors().isEmpty());
-  std::thread opener([&gate] {
-    QThread::msleep(50);  // the helper's destructor then waits already
+  void namesTravelThroughAQueue() {
+    mFolder->write("a", CMotorFolder::content({"A", "B"}));
+    CParameterFileHelper helper;
+    QSignalSpy spiedByName(&helper,
+                           SIGNAL(readMotorNamesFinisched(QMap<QString, CParamFileElement>)));
+    QSignalSpy end(&helper, kEndSignal);
+    QStringList queued;
+    connect(
+        &helper, kNamesSignal, this, [&](const CMotorNames& names) { queued = names.keys(); },
+        Qt::QueuedConnection);
+    QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
+    QVERIFY(waitForEnd(end));
+    QTRY_COMPARE_WITH_TIMEOUT(queued, QStringList({"A", "B"}), kTimeout);
+    QCOMPARE(spiedByName.first().first().value<CMotorNames>(), helper.motorNames());
+  }
+
+  void refusesASecondReadingAtOnce() {
+    mFolder->write("a", CMotorFolder::content({"A"}));
+    mFolder->write("b", CMotorFolder::content({"B"}));
+    CGate gate;
+    CTestLogfile logfile(gate.keeper());
+    CParameterFileHelper helper(&logfile, nullptr);
+    QSignalSpy end(&helper, kEndSignal);
+    CDeviceElement device;
+    device.addParameterFile(mFolder->element("b"));
+    QVERIFY(helper.startReadMotorNames(
+        {mFolder->element("a"), mFolder->element("missing"), mFolder->element("b")}));
+    QVERIFY(gate.waitUntilReached());
+    QVERIFY(!helper.startReadMotorNames({mFolder->element("b")}));
+    QVERIFY(!helper.startReadMotorNames(device, mFolder->path()));
+    QCOMPARE(helper.motorNames().keys(), QStringList("A"));
     gate.open();
-  });
-  helper.reset();
-  const int errors = logfile.errors().size();
-  opener.join();
-  QCOMPARE(errors, kFiles);
-  QVERIFY(end.isEmpty());
-}
-
-/// Good files with motors of their own and a common one, mixed with missing, damaged, doubled and
-/// foreign ones.
-QList<CParamFileElement> tst_CParameterFileHelperMotors::writeHundredsOfFiles() const {
-  constexpr int kFiles = 300;
-  QList<CParamFileElement> files;
-  for (int i = 0; i < kFiles; ++i) {
-    const QString name = QString::number(i);
-    const QByteArray good = CMotorFolder::content({"M" + name, "N" + name, "Common"}, name);
-    files += mFolder->element(name);
-    switch (i % 6) {
-      case 0:
-        break;  // missing
-      case 1:
-        mFolder->write(name, good.left(good.size() * (i % 100) / 100));
-        break;
-      case 2:
-        mFolder->write(name, CMotorFolder::content({"M" + name, "M" + name}));
-        break;
-      case 3:
-        mFolder->write(name, QByteArray(good).replace("LumoMotor", "LumoOem"));
-        break;
-      default:
-        mFolder->write(name, good);
-    }
+    QVERIFY(waitForEnd(end));
+    QCOMPARE(helper.motorNames().keys(), QStringList({"A", "B"}));
+    QTest::qWait(50);
+    QCOMPARE(end.size(), 1);
   }
-  return files;
-}
 
-void tst_CParameterFileHelperMotors::readsHundredsOfFiles() {
-  const QList<CParamFileElement> files = writeHundredsOfFiles();
-  QMap<QString, QString> expected;
-  for (int i = 0; i < files.size(); ++i) {
-    if (i % 6 < 4) continue;
-    const QString name = QString::number(i);
-    for (const QString& motor : QStringList{"M" + name, "N" + name, "Common"}) {
-      expected.insert(motor, mFolder->filePath(name));
+  void readsTheFirstInputsAgain() {
+    mFolder->write("a", CMotorFolder::content({"A"}));
+    mFolder->write("b", CMotorFolder::content({"B"}));
+    CDeviceElement device;
+    device.addParameterFile(mFolder->element("b"));
+    CParameterFileHelper helper;
+    for (const char* motor : {"A", "A2", "A3"}) {
+      mFolder->write("a", CMotorFolder::content({motor}));
+      QSignalSpy end(&helper, kEndSignal);
+      QVERIFY(helper.motorNames().isEmpty() ? helper.startReadMotorNames({mFolder->element("a")})
+                                            : helper.startReadMotorNames(device, "/elsewhere"));
+      QVERIFY(waitForEnd(end));
+      QCOMPARE(helper.motorNames().keys(), QStringList(motor));
     }
+    QFile::remove(mFolder->filePath("a"));
+    QSignalSpy names(&helper, kNamesSignal);
+    QVERIFY(helper.startReadMotorNames({mFolder->element("b")}));
+    QVERIFY(waitForEnd(names));
+    QVERIFY(names.first().first().value<CMotorNames>().isEmpty());
   }
-  QCOMPARE(CParameterFileHelper::readMotorNames(files, nullptr), expected);
 
-  CParameterFileHelper helper;
-  QSignalSpy end(&helper, kEndSignal);
-  for (int reading = 1; reading <= 2; ++reading) {
-    QVERIFY(helper.startReadMotorNames(files));
-    int known = 0;
-    while (end.size() < reading) {
-      // A partial result is whole in itself; the first may be that of the reading before.
+  void startsAgainFromTheSignal() {
+    constexpr int kReadings = 50;
+    mFolder->write("a", CMotorFolder::content({"A"}));
+    CParameterFileHelper helper;
+    int started = 1;
+    int refused = 0;
+    QSignalSpy end(&helper, kEndSignal);
+    connect(&helper, kEndSignal, &helper, [&] {
+      if (started == kReadings) return;
+      ++started;
+      if (!helper.startReadMotorNames({mFolder->element("a")})) ++refused;
+    });
+    QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
+    QTRY_COMPARE_WITH_TIMEOUT(end.size(), kReadings, kTimeout);
+    QCOMPARE(refused, 0);
+  }
+
+  void mayBeDeletedByTheSignal() {
+    mFolder->write("a", CMotorFolder::content({"A"}));
+    auto helper = std::make_unique<CParameterFileHelper>();
+    QSignalSpy end(helper.get(), kEndSignal);
+    connect(helper.get(), kNamesSignal, this, [&] { helper.reset(); });
+    QVERIFY(helper->startReadMotorNames({mFolder->element("a")}));
+    QTRY_VERIFY_WITH_TIMEOUT(!helper, kTimeout);
+    QVERIFY(end.isEmpty());
+  }
+
+  void waitsForItsThread() {
+    constexpr int kFiles = 20;
+    CGate gate;
+    CTestLogfile logfile(gate.keeper());
+    auto helper = std::make_unique<CParameterFileHelper>(&logfile, nullptr);
+    QSignalSpy end(helper.get(), kEndSignal);
+    QList<CParamFileElement> missing;
+    for (int i = 0; i < kFiles; ++i) missing += mFolder->element(QString::number(i));
+    QVERIFY(helper->startReadMotorNames(missing));
+    QVERIFY(gate.waitUntilReached());
+    QVERIFY(logfile.errors().isEmpty());
+    std::thread opener([&gate] {
+      QThread::msleep(50);  // the helper's destructor then waits already
+      gate.open();
+    });
+    helper.reset();
+    const int errors = logfile.errors().size();
+    opener.join();
+    QCOMPARE(errors, kFiles);
+    QVERIFY(end.isEmpty());
+  }
+
+  void readsHundredsOfFiles() {
+    const QList<CParamFileElement> files = writeHundredsOfFiles();
+    QMap<QString, QString> expected;
+    for (int i = 0; i < files.size(); ++i) {
+      if (i % 6 < 4) continue;
+      const QString name = QString::number(i);
+      for (const QString& motor : QStringList{"M" + name, "N" + name, "Common"}) {
+        expected.insert(motor, mFolder->filePath(name));
+      }
+    }
+    QCOMPARE(CParameterFileHelper::readMotorNames(files, nullptr), expected);
+
+    CParameterFileHelper helper;
+    QSignalSpy end(&helper, kEndSignal);
+    for (int reading = 1; reading <= 2; ++reading) {
+      QVERIFY(helper.startReadMotorNames(files));
+      int known = 0;
+      while (end.size() < reading) {
+        // A partial result is whole in itself; the first may be that of the reading before.
+        const CMotorNames names = helper.motorNames();
+        for (auto it = names.cbegin(); it != names.cend(); ++it) {
+          QVERIFY(expected.contains(it.key()));
+          QCOMPARE(it->comment(), it->valueFileName());
+        }
+        QVERIFY(reading > 1 || names.size() >= known);
+        known = names.size();
+        QCoreApplication::processEvents();
+      }
+      QMap<QString, QString> found;
       const CMotorNames names = helper.motorNames();
       for (auto it = names.cbegin(); it != names.cend(); ++it) {
-        QVERIFY(expected.contains(it.key()));
-        QCOMPARE(it->comment(), it->valueFileName());
+        found.insert(it.key(), it->valueFile().projectFilePath());
       }
-      QVERIFY(reading > 1 || names.size() >= known);
-      known = names.size();
-      QCoreApplication::processEvents();
+      QCOMPARE(found, expected);
     }
-    QMap<QString, QString> found;
-    const CMotorNames names = helper.motorNames();
-    for (auto it = names.cbegin(); it != names.cend(); ++it) {
-      found.insert(it.key(), it->valueFile().projectFilePath());
-    }
-    QCOMPARE(found, expected);
   }
-}
 
-void tst_CParameterFileHelperMotors::endsAtAnyMoment() {
-  const QList<CParamFileElement> files = writeHundredsOfFiles().mid(0, 60);
-  for (int rounds = 0; rounds < 40; ++rounds) {
-    CParameterFileHelper helper;
-    int ends = 0;
-    connect(&helper, kEndSignal, this, [&ends] { ++ends; });
-    int started = 0;
-    for (int i = 0; i < rounds * 5; ++i) {
-      started += helper.startReadMotorNames(files) ? 1 : 0;
-      if (helper.motorNames().size() > rounds) break;
-      QCoreApplication::processEvents();
+  void endsAtAnyMoment() {
+    const QList<CParamFileElement> files = writeHundredsOfFiles().mid(0, 60);
+    for (int rounds = 0; rounds < 40; ++rounds) {
+      CParameterFileHelper helper;
+      int ends = 0;
+      connect(&helper, kEndSignal, this, [&ends] { ++ends; });
+      int started = 0;
+      for (int i = 0; i < rounds * 5; ++i) {
+        started += helper.startReadMotorNames(files) ? 1 : 0;
+        if (helper.motorNames().size() > rounds) break;
+        QCoreApplication::processEvents();
+      }
+      QVERIFY(ends <= started);
     }
-    QVERIFY(ends <= started);
   }
-}
 
-void tst_CParameterFileHelperMotors::readersDoNotDisturbEachOther() {
-  const QList<CParamFileElement> files = writeHundredsOfFiles();
-  std::atomic<int> criticals{0};
-  CMessageBoardHelper::setHandler([&](auto...) { ++criticals; });
-  CTestLogfile logfile;
-  const QMap<QString, QString> expected = CParameterFileHelper::readMotorNames(files, &logfile);
-  const int criticalsOfOne = criticals.exchange(0);
-  const int errorsOfOne = logfile.errors().size();
+  void readersDoNotDisturbEachOther() {
+    const QList<CParamFileElement> files = writeHundredsOfFiles();
+    std::atomic<int> criticals{0};
+    CMessageBoardHelper::setHandler([&](auto...) { ++criticals; });
+    CTestLogfile logfile;
+    const QMap<QString, QString> expected = CParameterFileHelper::readMotorNames(files, &logfile);
+    const int criticalsOfOne = criticals.exchange(0);
+    const int errorsOfOne = logfile.errors().size();
 
-  CParameterFileHelper first(&logfile, nullptr);
-  CParameterFileHelper second(&logfile, nullptr);
-  QSignalSpy firstEnd(&first, kEndSignal);
-  QSignalSpy secondEnd(&second, kEndSignal);
-  QVERIFY(first.startReadMotorNames(files));
-  QVERIFY(second.startReadMotorNames(files));
-  QCOMPARE(CParameterFileHelper::readMotorNames(files, &logfile), expected);
-  QVERIFY(waitForEnd(firstEnd) && waitForEnd(secondEnd));
-  QCOMPARE(first.motorNames().keys(), expected.keys());
-  QCOMPARE(second.motorNames(), first.motorNames());
-  QCOMPARE(criticals.load(), 3 * criticalsOfOne);
-  QCOMPARE(logfile.errors().size(), 4 * errorsOfOne);
-}
+    CParameterFileHelper first(&logfile, nullptr);
+    CParameterFileHelper second(&logfile, nullptr);
+    QSignalSpy firstEnd(&first, kEndSignal);
+    QSignalSpy secondEnd(&second, kEndSignal);
+    QVERIFY(first.startReadMotorNames(files));
+    QVERIFY(second.startReadMotorNames(files));
+    QCOMPARE(CParameterFileHelper::readMotorNames(files, &logfile), expected);
+    QVERIFY(waitForEnd(firstEnd) && waitForEnd(secondEnd));
+    QCOMPARE(first.motorNames().keys(), expected.keys());
+    QCOMPARE(second.motorNames(), first.motorNames());
+    QCOMPARE(criticals.load(), 3 * criticalsOfOne);
+    QCOMPARE(logfile.errors().size(), 4 * errorsOfOne);
+  }
 
+ private:
+  /// Good files with motors of their own and a common one, mixed with missing, damaged, doubled and
+  /// foreign ones.
+  QList<CParamFileElement> writeHundredsOfFiles() const {
+    constexpr int kFiles = 300;
+    QList<CParamFileElement> files;
+    for (int i = 0; i < kFiles; ++i) {
+      const QString name = QString::number(i);
+      const QByteArray good = CMotorFolder::content({"M" + name, "N" + name, "Common"}, name);
+      files += mFolder->element(name);
+      switch (i % 6) {
+        case 0:
+          break;  // missing
+        case 1:
+          mFolder->write(name, good.left(good.size() * (i % 100) / 100));
+          break;
+        case 2:
+          mFolder->write(name, CMotorFolder::content({"M" + name, "M" + name}));
+          break;
+        case 3:
+          mFolder->write(name, QByteArray(good).replace("LumoMotor", "LumoOem"));
+          break;
+        default:
+          mFolder->write(name, good);
+      }
+    }
+    return files;
+  }
+
+  static bool waitForEnd(QSignalSpy& spy) { return !spy.isEmpty() || spy.wait(kTimeout); }
+
+  std::unique_ptr<CMotorFolder> mFolder;
+};
 QTEST_GUILESS_MAIN(tst_CParameterFileHelperMotors)
 #include "tst_CParameterFileHelperMotors.moc"

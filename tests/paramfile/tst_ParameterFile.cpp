@@ -276,61 +276,58 @@ class tst_ParameterFile : public QObject {
     QCOMPARE(again->paramNames(2), QStringList("Speed"));
   }
 
-  void randomEditsKeepIndexAndTreeInStep();
-};
-
-void tst_ParameterFile::randomEditsKeepIndexAndTreeInStep() {
-  const auto file = makeFile();
-  file->addHardwareId("A");
-  for (int i = 0; i < 60; ++i) {
-    file->addDef("P" + QString::number(i), NParamDef::PARAM_TYPE_U32, quint32(i + 1));
-  }
-  std::mt19937 random(4711);
-  const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
-  const auto someNode = [&](quint8 subDevId) {
-    ICParamTreeNode* node = file->rootGroup(subDevId);
-    while (node->childCnt() > 0 && below(4) > 0) node = node->childPtr(below(node->childCnt()));
-    return node;
-  };
-  for (int edit = 0; edit < 10000; ++edit) {
-    const auto subDevId = static_cast<quint8>(below(3));
-    const QString name = "P" + QString::number(below(60));
-    switch (below(8)) {
-      case 0:
-        file->addGroup(someNode(subDevId), "G" + QString::number(below(5)));
-        break;
-      case 1:
-        file->deleteNode(someNode(subDevId));
-        break;
-      case 2:
-        file->setAndMarkParamValue(name, CParamVal(static_cast<unsigned>(edit)), subDevId);
-        break;
-      case 3:
-        if (below(50) == 0) file->copySubDevice(subDevId, static_cast<quint8>(below(3)));
-        break;
-      default:
-        file->addParameter(someNode(subDevId), name, CParamVal(static_cast<unsigned>(edit)));
+  void randomEditsKeepIndexAndTreeInStep() {
+    const auto file = makeFile();
+    file->addHardwareId("A");
+    for (int i = 0; i < 60; ++i) {
+      file->addDef("P" + QString::number(i), NParamDef::PARAM_TYPE_U32, quint32(i + 1));
     }
-    if (edit % 10 != 0) continue;
-    QStringList walked;
-    const std::function<void(ICParamTreeNode*)> walk = [&](ICParamTreeNode* node) {
-      for (int i = 0; i < node->childCnt(); ++i) {
-        ICParamTreeNode* child = node->childPtr(i);
-        if (child->isParam()) {
-          walked += child->name();
-          QVERIFY(!file->paramValue(child->name(), subDevId).isNull());
-          QCOMPARE(file->findParameter(file->rootGroup(subDevId), child->name()), child);
-        }
-        walk(child);
-      }
+    std::mt19937 random(4711);
+    const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
+    const auto someNode = [&](quint8 subDevId) {
+      ICParamTreeNode* node = file->rootGroup(subDevId);
+      while (node->childCnt() > 0 && below(4) > 0) node = node->childPtr(below(node->childCnt()));
+      return node;
     };
-    walk(file->rootGroup(subDevId));
-    QCOMPARE(file->paramNames(subDevId), walked);
-    for (const QString& defined : file->defNames()) {
-      QCOMPARE(file->paramValue(defined, subDevId).isNull(), !walked.contains(defined));
+    for (int edit = 0; edit < 10000; ++edit) {
+      const auto subDevId = static_cast<quint8>(below(3));
+      const QString name = "P" + QString::number(below(60));
+      switch (below(8)) {
+        case 0:
+          file->addGroup(someNode(subDevId), "G" + QString::number(below(5)));
+          break;
+        case 1:
+          file->deleteNode(someNode(subDevId));
+          break;
+        case 2:
+          file->setAndMarkParamValue(name, CParamVal(static_cast<unsigned>(edit)), subDevId);
+          break;
+        case 3:
+          if (below(50) == 0) file->copySubDevice(subDevId, static_cast<quint8>(below(3)));
+          break;
+        default:
+          file->addParameter(someNode(subDevId), name, CParamVal(static_cast<unsigned>(edit)));
+      }
+      if (edit % 10 != 0) continue;
+      QStringList walked;
+      const std::function<void(ICParamTreeNode*)> walk = [&](ICParamTreeNode* node) {
+        for (int i = 0; i < node->childCnt(); ++i) {
+          ICParamTreeNode* child = node->childPtr(i);
+          if (child->isParam()) {
+            walked += child->name();
+            QVERIFY(!file->paramValue(child->name(), subDevId).isNull());
+            QCOMPARE(file->findParameter(file->rootGroup(subDevId), child->name()), child);
+          }
+          walk(child);
+        }
+      };
+      walk(file->rootGroup(subDevId));
+      QCOMPARE(file->paramNames(subDevId), walked);
+      for (const QString& defined : file->defNames()) {
+        QCOMPARE(file->paramValue(defined, subDevId).isNull(), !walked.contains(defined));
+      }
     }
   }
-}
-
+};
 QTEST_APPLESS_MAIN(tst_ParameterFile)
 #include "tst_ParameterFile.moc"

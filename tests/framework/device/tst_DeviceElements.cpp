@@ -1,7 +1,7 @@
 #include "CDeviceElement.h"
+#include "TestRows.h"
 
 #include <QVariant>
-#include <QtTest>
 
 using namespace NktoGlobal;
 
@@ -9,22 +9,16 @@ class tst_DeviceElements : public QObject {
   Q_OBJECT
  private slots:
   void joinsPathAndName_data() {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("joined");
-    const auto row = [](const char* path, const char* name, const char* joined) {
-      QTest::addRow("'%s' and '%s'", path, name)
-          << QString(path) << QString(name) << QString(joined);
-    };
-    row("/project", "a.xparam", "/project/a.xparam");
-    row("/project/", "a.xparam", "/project/a.xparam");
-    row("/project", "/a.xparam", "/project/a.xparam");
-    row("project", "motors/a.xparam", "project/motors/a.xparam");
-    row("/", "a.xparam", "/a.xparam");
-    row("", "a.xparam", "a.xparam");
-    row("", "/a.xparam", "/a.xparam");
-    row("/project", "", "");
-    row("", "", "");
+    addColumns<QString, QString, QString>("path", "name", "joined");
+    addTextRow("/project", "a.xparam", "/project/a.xparam");
+    addTextRow("/project/", "a.xparam", "/project/a.xparam");
+    addTextRow("/project", "/a.xparam", "/project/a.xparam");
+    addTextRow("project", "motors/a.xparam", "project/motors/a.xparam");
+    addTextRow("/", "a.xparam", "/a.xparam");
+    addTextRow("", "a.xparam", "a.xparam");
+    addTextRow("", "/a.xparam", "/a.xparam");
+    addTextRow("/project", "", "");
+    addTextRow("", "", "");
   }
   void joinsPathAndName() {
     QFETCH(QString, path);
@@ -68,19 +62,17 @@ class tst_DeviceElements : public QObject {
   }
 
   void differsInAnyMember_data() {
-    QTest::addColumn<CParamFileElement>("other");
+    addColumns<CParamFileElement>("other");
     const CFileElement value("/p", "a.xparam");
     const CFileElement definition("/p", "a.xpdef");
-    const auto row = [](const char* name, const CParamFileElement& other) {
-      QTest::newRow(name) << other;
-    };
-    row("type", {FILE_TYPE_PARAMETERS, value, definition});
-    row("value file's name", {FILE_TYPE_MOTOR_PARAMETERS, {"/p", "b"}, definition});
-    row("value file's path", {FILE_TYPE_MOTOR_PARAMETERS, {"/q", "a.xparam"}, definition});
-    row("definition file", {FILE_TYPE_MOTOR_PARAMETERS, value});
-    CParamFileElement commented(FILE_TYPE_MOTOR_PARAMETERS, value, definition);
+    using F = CParamFileElement;
+    addRow("type", F{FILE_TYPE_PARAMETERS, value, definition});
+    addRow("value file's name", F{FILE_TYPE_MOTOR_PARAMETERS, {"/p", "b"}, definition});
+    addRow("value file's path", F{FILE_TYPE_MOTOR_PARAMETERS, {"/q", "a.xparam"}, definition});
+    addRow("definition file", F{FILE_TYPE_MOTOR_PARAMETERS, value});
+    F commented(FILE_TYPE_MOTOR_PARAMETERS, value, definition);
     commented.setComment("c");
-    row("comment", commented);
+    addRow("comment", commented);
   }
   void differsInAnyMember() {
     QFETCH(CParamFileElement, other);
@@ -95,15 +87,13 @@ class tst_DeviceElements : public QObject {
 
   void givesFilesOfAType() {
     CDeviceElement device;
-    for (const EParamFileType type :
-         {FILE_TYPE_MOTOR_PARAMETERS, FILE_TYPE_PARAMETERS, FILE_TYPE_MOTOR_PARAMETERS}) {
-      device.addParameterFile({type, {"/p", QString::number(device.parameterFiles().size())}});
-    }
-    QStringList names;
-    for (const auto& file : device.parameterFiles(FILE_TYPE_MOTOR_PARAMETERS)) {
-      names += file.valueFileName();
-    }
-    QCOMPARE(names, QStringList({"0", "2"}));
+    device.addParameterFile({FILE_TYPE_MOTOR_PARAMETERS, {"/p", "a"}});
+    device.addParameterFile({FILE_TYPE_PARAMETERS, {"/p", "b"}});
+    device.addParameterFile({FILE_TYPE_MOTOR_PARAMETERS, {"/p", "c"}});
+    const auto motors = device.parameterFiles(FILE_TYPE_MOTOR_PARAMETERS);
+    QCOMPARE(motors.size(), 2);
+    QCOMPARE(motors.first().valueFileName(), QString("a"));
+    QCOMPARE(motors.last().valueFileName(), QString("c"));
     QVERIFY(device.parameterFiles(FILE_TYPE_NONE).isEmpty());
     QCOMPARE(device.parameterFiles().size(), 3);
   }

@@ -21,6 +21,13 @@ class CMotorFolder {
     return {NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS, {path(), name}};
   }
 
+  /// Writes a file of these motors.
+  CParamFileElement put(const QString& name, const QStringList& motors,
+                        const QString& comment = QString()) const {
+    write(name, content(motors, comment));
+    return element(name);
+  }
+
   /// A motor file with one parameter, in groups nested as deep as asked for, for each motor.
   static QByteArray content(const QStringList& motors, const QString& comment = QString(),
                             const QString& version = "1.0", int depth = 1) {

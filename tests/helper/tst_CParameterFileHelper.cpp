@@ -1,40 +1,35 @@
 #include "CParameterFileHelper.h"
 #include "TestFiles.h"
+#include "TestRows.h"
 
 #include <QTemporaryDir>
 #include <QTextCodec>
-#include <QtTest>
 
 using namespace NktoGlobal;
 
 class tst_CParameterFileHelper : public QObject {
   Q_OBJECT
  private slots:
-  void namesFileTypes_data() {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("name");
-    const auto row = [](EParamFileType type, const char* name) {
-      QTest::addRow("%s", name) << static_cast<int>(type) << QString::fromLatin1(name);
-    };
-    row(FILE_TYPE_XML_SETTINGS, "C_SETTINGS_FORMAT");
-    row(FILE_TYPE_COMPENSATION, "C_COMPENSATION_FORMAT");
-    row(FILE_TYPE_PARAMETERS, "LumoParameters");
-    row(FILE_TYPE_CONFIG_PARAMS, "LumoConfigParams");
-    row(FILE_TYPE_DEVICE_DB, "LumoDeviceDatabase");
-    row(FILE_TYPE_PLUGIN_PARAMS, "LumoPluginParameters");
-    row(FILE_TYPE_FIRMWARE_DB, "LumoFirmwareDataBase");
-    row(FILE_TYPE_LOGIC_DB, "LumoLogicDataBase");
-    row(FILE_TYPE_OEM_PARAMETERS, "LumoOemParameters");
-    row(FILE_TYPE_MOTOR_PARAMETERS, "LumoMotorParameters");
-    row(FILE_TYPE_TYPEPLATE_DATA, "LumoTypePlateData");
-    row(FILE_TYPE_OPTION_MODUL_DB, "LumoOptionModulDatabase");
-  }
   void namesFileTypes() {
-    QFETCH(int, type);
-    QFETCH(QString, name);
-    QCOMPARE(CParameterFileHelper::fileTypeToStr(static_cast<EParamFileType>(type)), name);
-    const QString tag = QStringLiteral("  <%1 version=\"1.0\">").arg(name);
-    QCOMPARE(static_cast<int>(CParameterFileHelper::fileTypeFromStr(tag)), type);
+    const std::pair<EParamFileType, const char*> names[] = {
+        {FILE_TYPE_XML_SETTINGS, "C_SETTINGS_FORMAT"},
+        {FILE_TYPE_COMPENSATION, "C_COMPENSATION_FORMAT"},
+        {FILE_TYPE_PARAMETERS, "LumoParameters"},
+        {FILE_TYPE_CONFIG_PARAMS, "LumoConfigParams"},
+        {FILE_TYPE_DEVICE_DB, "LumoDeviceDatabase"},
+        {FILE_TYPE_PLUGIN_PARAMS, "LumoPluginParameters"},
+        {FILE_TYPE_FIRMWARE_DB, "LumoFirmwareDataBase"},
+        {FILE_TYPE_LOGIC_DB, "LumoLogicDataBase"},
+        {FILE_TYPE_OEM_PARAMETERS, "LumoOemParameters"},
+        {FILE_TYPE_MOTOR_PARAMETERS, "LumoMotorParameters"},
+        {FILE_TYPE_TYPEPLATE_DATA, "LumoTypePlateData"},
+        {FILE_TYPE_OPTION_MODUL_DB, "LumoOptionModulDatabase"},
+    };
+    for (const auto& [type, name] : names) {
+      QCOMPARE(CParameterFileHelper::fileTypeToStr(type), QString(name));
+      const QString tag = QStringLiteral("  <%1 version=\"1.0\">").arg(QString(name));
+      QCOMPARE(CParameterFileHelper::fileTypeFromStr(tag), type);
+    }
   }
 
   void unknownFileTypes() {
@@ -42,18 +37,17 @@ class tst_CParameterFileHelper : public QObject {
       QVERIFY(CParameterFileHelper::fileTypeToStr(static_cast<EParamFileType>(type)).isEmpty());
     }
     for (const char* text : {"", "lumoparameters", "LumoParamDefinition"}) {
-      QCOMPARE(CParameterFileHelper::fileTypeFromStr(QString::fromLatin1(text)), FILE_TYPE_NONE);
+      QCOMPARE(CParameterFileHelper::fileTypeFromStr(text), FILE_TYPE_NONE);
     }
   }
 
   void detectsFileTypes_data() {
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<int>("type");
+    addColumns<QByteArray, int>("data", "type");
     const auto row = [](const char* name, const QByteArray& data, int type) {
-      QTest::newRow(name) << data << type;
+      addRow(name, data, type);
     };
     const auto utf16 = [](const char* text) {
-      return QTextCodec::codecForName("UTF-16")->fromUnicode(QString::fromLatin1(text));
+      return QTextCodec::codecForName("UTF-16")->fromUnicode(text);
     };
     row("first line", "<LumoParameters version=\"1.0\">", 2);
     row("third line", "<?xml version=\"1.0\"?>\n<!-- text -->\n<C_SETTINGS_FORMAT>\n", 0);
@@ -74,74 +68,61 @@ class tst_CParameterFileHelper : public QObject {
     QFETCH(int, type);
     QCOMPARE(static_cast<int>(CParameterFileHelper::detectFileType(data)), type);
     const QTemporaryDir folder;
-    const QString fileName = folder.filePath(QStringLiteral("file"));
+    const QString fileName = folder.filePath("file");
     QVERIFY(NTestFiles::write(fileName, data));
     QCOMPARE(static_cast<int>(CParameterFileHelper::detectFileType(fileName)), type);
   }
 
   void detectsNothingWithoutAFile() {
     const QTemporaryDir folder;
-    const QString missing = folder.filePath(QStringLiteral("missing"));
-    QCOMPARE(CParameterFileHelper::detectFileType(missing), FILE_TYPE_NONE);
-    QCOMPARE(CParameterFileHelper::detectFileType(folder.path()), FILE_TYPE_NONE);
+    for (const QString& name : {folder.filePath("missing"), folder.path()}) {
+      QCOMPARE(CParameterFileHelper::detectFileType(name), FILE_TYPE_NONE);
+    }
   }
 
   void readsComments_data() {
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("comment");
-    const auto row = [](const char* name, const QByteArray& data, const char* comment) {
-      QTest::newRow(name) << data << QString::fromUtf8(comment);
-    };
-    const QByteArray head = "<R><Head><Author>me</Author><Comment>two\nlines</Comment></Head>";
-    row("whole", head + "<Data/></R>", "two\nlines");
-    row("damaged behind the head", head + "<Data></R", "two\nlines");
-    row("damaged before", "<R><Head><Author></Head>", "");
-    row("no comment", "<R><Head/></R>", "");
-    row("no head", "<R><Comment>x</Comment></R>", "");
-    row("head elsewhere", "<R><Data><Head><Comment>x</Comment></Head></Data></R>", "");
-    row("no XML", "comment", "");
-    row("empty", "", "");
+    addColumns<QString, QString>("text", "comment");
+    const QString head = "<R><Head><Author>me</Author><Comment>two\nlines</Comment></Head>";
+    addRow("whole", head + "<Data/></R>", "two\nlines");
+    addRow("damaged behind the head", head + "<Data></R", "two\nlines");
+    addRow("damaged before", "<R><Head><Author></Head>", "");
+    addRow("no comment", "<R><Head/></R>", "");
+    addRow("no head", "<R><Comment>x</Comment></R>", "");
+    addRow("head elsewhere", "<R><Data><Head><Comment>x</Comment></Head></Data></R>", "");
+    addRow("no XML", "comment", "");
+    addRow("empty", "", "");
   }
   void readsComments() {
-    QFETCH(QByteArray, data);
-    QTEST(CParameterFileHelper::comment(data), "comment");
+    QFETCH(QString, text);
+    QTEST(CParameterFileHelper::comment(text.toUtf8()), "comment");
   }
 
   void readsVersions_data() {
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<quint32>("version");
-    const auto row = [](const char* name, const QByteArray& data, quint32 version) {
-      QTest::newRow(name) << data << version;
-    };
-    row("small", "<R version=\"1.2\"><Head/></R>", 0x10002);
-    row("capital", "<R Version=\"3\"><Head/></R>", 0x30000);
-    row("damaged behind the head", "<R version=\"1.2\"><Head/><Data></R>", 0x10002);
-    row("without a head, cut off", "<R version=\"1.2\"><Data><Par", 0x10002);
-    row("nothing else", "<R version=\"1.2\"/>", 0x10002);
-    row("none", "<R><Head/></R>", 0);
-    row("no revision", "<R version=\"1.2.3\"><Head/></R>", 0);
-    row("of the head", "<R><Head version=\"1.2\"/></R>", 0);
-    row("no XML", "1.2", 0);
+    addColumns<QString, quint32>("text", "version");
+    addRow("small", "<R version=\"1.2\"><Head/></R>", 0x10002U);
+    addRow("capital", "<R Version=\"3\"><Head/></R>", 0x30000U);
+    addRow("damaged behind the head", "<R version=\"1.2\"><Head/><Data></R>", 0x10002U);
+    addRow("without a head, cut off", "<R version=\"1.2\"><Data><Par", 0x10002U);
+    addRow("nothing else", "<R version=\"1.2\"/>", 0x10002U);
+    addRow("none", "<R><Head/></R>", 0U);
+    addRow("no revision", "<R version=\"1.2.3\"><Head/></R>", 0U);
+    addRow("of the head", "<R><Head version=\"1.2\"/></R>", 0U);
+    addRow("no XML", "1.2", 0U);
   }
   void readsVersions() {
-    QFETCH(QByteArray, data);
-    QTEST(CParameterFileHelper::fileVersion(data), "version");
+    QFETCH(QString, text);
+    QTEST(CParameterFileHelper::fileVersion(text.toUtf8()), "version");
   }
 
   void comparesValues_data() {
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("a");
-    QTest::addColumn<QString>("b");
-    QTest::addColumn<bool>("equal");
-    const auto row = [](const char* type, const char* a, const char* b, bool equal) {
-      QTest::addRow("%s: %s, %s", type, a, b)
-          << QString::fromLatin1(type) << QString::fromLatin1(a) << QString::fromLatin1(b) << equal;
-    };
-    for (const char* type : {"u8", "u16", "u32", "u64"}) row(type, "0xA", "10", true);
-    for (const char* type : {"i8", "i64", "f64", "str", "undef"}) row(type, "5", "05", false);
-    row("u8", "0xffffffffffffffff", "1", false);
-    row("u32", "x", "0", true);  // what does not convert counts as 0
-    row("i32", "5", "5", true);
+    addColumns<QString, QString, QString, bool>("type", "a", "b", "equal");
+    for (const char* type : {"u8", "u16", "u32", "u64"}) addTextRow(type, "0xA", "10", true);
+    for (const char* type : {"i8", "i64", "f64", "str", "undef"}) {
+      addTextRow(type, "5", "05", false);
+    }
+    addRow("large", "u8", "0xffffffffffffffff", "1", false);
+    addRow("not converted", "u32", "x", "0", true);  // what does not convert counts as 0
+    addRow("same", "i32", "5", "5", true);
   }
   void comparesValues() {
     QFETCH(QString, type);
@@ -152,5 +133,6 @@ class tst_CParameterFileHelper : public QObject {
     QTEST(CParameterFileHelper::compareValues(a, b, def), "equal");
   }
 };
+
 QTEST_APPLESS_MAIN(tst_CParameterFileHelper)
 #include "tst_CParameterFileHelper.moc"

@@ -3,11 +3,11 @@
 #include "CParameterFileHelper.h"
 #include "CTestLogfile.h"
 #include "MotorFiles.h"
+#include "TestRows.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QThread>
-#include <QtTest>
 
 #include <atomic>
 #include <memory>
@@ -63,43 +63,59 @@ class tst_CParameterFileHelperMotors : public QObject {
   void cleanup() { CMessageBoardHelper::setHandler(nullptr); }
 
   void readsAFile_data() {
-    QTest::addColumn<QString>("fileName");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("names");
+    addColumns<QString, QByteArray, QStringList>("fileName", "content", "names");
+    const auto bad = [](const char* name, const QByteArray& content) {
+      addRow(name, "m.xparam", content, QStringList());
+    };
     const QByteArray two = CMotorFolder::content({"B", " A "});
-    QTest::newRow("two motors") << "m.xparam" << two << QStringList({"A", "B"});
-    QTest::newRow("missing") << "m.xparam" << QByteArray() << QStringList();
-    QTest::newRow("damaged") << "m.xparam" << two.chopped(5) << QStringList();
-    QTest::newRow("next version") << "m.xparam" << CMotorFolder::content({"A"}, "", "2.0")
-                                  << QStringList();
-    QTest::newRow("definitions") << "m.xpdef"
-                                 << QByteArray(
-                                        "<LumoParamDefinition version=\"1.0\"><Data/>"
-                                        "</LumoParamDefinition>")
-                                 << QStringList();
+    const QByteArray definitions =
+        "<LumoParamDefinition version=\"1.0\"><Data/></LumoParamDefinition>";
+    addRow("two motors", "m.xparam", two, QStringList({"A", "B"}));
+    bad("missing", QByteArray());
+    bad("empty", "");
+    bad("damaged", two.chopped(5));
+    bad("truncated", two.chopped(two.size() / 2));
+    bad("no motor", CMotorFolder::content({}));
+    bad("doubled motor", CMotorFolder::content({"M", "M"}));
+    bad("next version", CMotorFolder::content({"A"}, "", "2.0"));
+    bad("other root", QByteArray(two).replace("LumoMotorParameters", "LumoParameters"));
+    bad("definitions", definitions);
+    addRow("definitions beside values", "m.xpdef", definitions, QStringList());
   }
   void readsAFile() {
     QFETCH(QString, fileName);
     QFETCH(QByteArray, content);
+    QFETCH(QStringList, names);
     if (!content.isNull()) mFolder->write(fileName, content);
-    // Beside a definition file: the motors of the value file are not those of the definition file.
-    if (fileName.endsWith("xpdef")) mFolder->write("m.xparam", CMotorFolder::content({"A"}));
+    // The motors of the value file are not those of the definition file.
+    if (fileName.endsWith("xpdef")) mFolder->put("m.xparam", {"A"});
+    mFolder->write("good", CMotorFolder::content({"Good"}, "", "1.7"));
+    const QString path = mFolder->filePath(fileName);
     CTestLogfile logfile;
-    const CParameterFileHelper helper(&logfile, nullptr);
-    QTEST(helper.readMotorNames(mFolder->filePath(fileName)), "names");
-    QTEST(CParameterFileHelper::readMotorNames(mFolder->filePath(fileName), nullptr), "names");
-    QTEST(logfile.errors().isEmpty() ? QStringList({"A", "B"}) : QStringList(), "names");
+    CParameterFileHelper helper(&logfile, nullptr);
+    QCOMPARE(helper.readMotorNames(path), names);
+    QCOMPARE(CParameterFileHelper::readMotorNames(path, nullptr), names);
+    QCOMPARE(logfile.errors().join('\n').contains(path), names.isEmpty());
+
+    CTestLogfile background;
+    CParameterFileHelper starter(&background, nullptr);
+    QSignalSpy end(&starter, kEndSignal);
+    QVERIFY(starter.startReadMotorNames(
+        {mFolder->element(fileName), mFolder->element("good"), CParamFileElement()}));
+    QVERIFY(waitForEnd(end));
+    QCOMPARE(starter.motorNames().keys(), names + QStringList("Good"));
+    QCOMPARE(background.errors().join('\n').contains(path), names.isEmpty());
   }
 
   void readsSeveralFiles() {
-    const QString a = mFolder->write("a", CMotorFolder::content({"MotorA", "MotorB"}));
-    const QString b = mFolder->write("b", CMotorFolder::content({"MotorA", "MotorC"}));
-    const QString missing = mFolder->filePath("missing");
-    const QMap<QString, QString> expected{{"MotorA", b}, {"MotorB", a}, {"MotorC", b}};
+    const auto a = mFolder->put("a", {"MotorA", "MotorB"});
+    const auto b = mFolder->put("b", {"MotorA", "MotorC"});
+    const QString pathA = mFolder->filePath("a");
+    const QString pathB = mFolder->filePath("b");
+    const QMap<QString, QString> expected{{"MotorA", pathB}, {"MotorB", pathA}, {"MotorC", pathB}};
     const CParameterFileHelper helper;
-    QCOMPARE(helper.readMotorNames(QStringList{a, missing, "", b}), expected);
-    const QList<CParamFileElement> files{mFolder->element("a"), mFolder->element("missing"),
-                                         CParamFileElement(), mFolder->element("b")};
+    QCOMPARE(helper.readMotorNames({pathA, mFolder->filePath("missing"), "", pathB}), expected);
+    const QList<CParamFileElement> files{a, mFolder->element("missing"), CParamFileElement(), b};
     QCOMPARE(CParameterFileHelper::readMotorNames(files, nullptr), expected);
     QVERIFY(CParameterFileHelper::readMotorNames(QStringList(), nullptr).isEmpty());
   }
@@ -122,7 +138,7 @@ class tst_CParameterFileHelperMotors : public QObject {
   }
 
   void refusesToStartWithoutInputs() {
-    mFolder->write("a", CMotorFolder::content({"A"}));
+    mFolder->put("a", {"A"});
     CDeviceElement named;
     named.setName("Feeder");
     CDeviceElement device = named;
@@ -142,56 +158,43 @@ class tst_CParameterFileHelperMotors : public QObject {
   }
 
   void tellsTheEndInItsThread() {
-    mFolder->write("a", CMotorFolder::content({"A"}, "comment"));
+    CParamFileElement a = mFolder->put("a", {"A"}, "comment");
     CParameterFileHelper helper;
     QStringList told;
+    QStringList queued;
     connect(&helper, kNamesSignal, &helper, [&](const CMotorNames& names) {
       told += names.keys();
       if (QThread::currentThread() != helper.thread()) told += "wrong thread";
     });
+    connect(
+        &helper, kNamesSignal, this, [&](const CMotorNames& names) { queued = names.keys(); },
+        Qt::QueuedConnection);
     connect(&helper, kEndSignal, &helper, [&] { told += "end"; });
-    QSignalSpy names(&helper, kNamesSignal);
+    QSignalSpy names(&helper, SIGNAL(readMotorNamesFinisched(QMap<QString, CParamFileElement>)));
     QSignalSpy end(&helper, kEndSignal);
-    QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
+    QVERIFY(helper.startReadMotorNames({a}));
     QVERIFY(told.isEmpty());
     QVERIFY(waitForEnd(end));
     QCOMPARE(told, QStringList({"A", "end"}));
     QCOMPARE(names.size(), 1);
-    CParamFileElement expected = mFolder->element("a");
-    expected.setComment("comment");
-    QCOMPARE(names.first().first().value<CMotorNames>(), CMotorNames({{"A", expected}}));
-    QCOMPARE(helper.motorNames(), CMotorNames({{"A", expected}}));
-  }
-
-  void namesTravelThroughAQueue() {
-    mFolder->write("a", CMotorFolder::content({"A", "B"}));
-    CParameterFileHelper helper;
-    QSignalSpy spiedByName(&helper,
-                           SIGNAL(readMotorNamesFinisched(QMap<QString, CParamFileElement>)));
-    QSignalSpy end(&helper, kEndSignal);
-    QStringList queued;
-    connect(
-        &helper, kNamesSignal, this, [&](const CMotorNames& names) { queued = names.keys(); },
-        Qt::QueuedConnection);
-    QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
-    QVERIFY(waitForEnd(end));
-    QTRY_COMPARE_WITH_TIMEOUT(queued, QStringList({"A", "B"}), kTimeout);
-    QCOMPARE(spiedByName.first().first().value<CMotorNames>(), helper.motorNames());
+    a.setComment("comment");
+    QCOMPARE(names.first().first().value<CMotorNames>(), CMotorNames({{"A", a}}));
+    QCOMPARE(helper.motorNames(), CMotorNames({{"A", a}}));
+    QTRY_COMPARE_WITH_TIMEOUT(queued, QStringList("A"), kTimeout);
   }
 
   void refusesASecondReadingAtOnce() {
-    mFolder->write("a", CMotorFolder::content({"A"}));
-    mFolder->write("b", CMotorFolder::content({"B"}));
+    const auto a = mFolder->put("a", {"A"});
+    const auto b = mFolder->put("b", {"B"});
     CGate gate;
     CTestLogfile logfile(gate.keeper());
     CParameterFileHelper helper(&logfile, nullptr);
     QSignalSpy end(&helper, kEndSignal);
     CDeviceElement device;
-    device.addParameterFile(mFolder->element("b"));
-    QVERIFY(helper.startReadMotorNames(
-        {mFolder->element("a"), mFolder->element("missing"), mFolder->element("b")}));
+    device.addParameterFile(b);
+    QVERIFY(helper.startReadMotorNames({a, mFolder->element("missing"), b}));
     QVERIFY(gate.waitUntilReached());
-    QVERIFY(!helper.startReadMotorNames({mFolder->element("b")}));
+    QVERIFY(!helper.startReadMotorNames({b}));
     QVERIFY(!helper.startReadMotorNames(device, mFolder->path()));
     QCOMPARE(helper.motorNames().keys(), QStringList("A"));
     gate.open();
@@ -202,29 +205,28 @@ class tst_CParameterFileHelperMotors : public QObject {
   }
 
   void readsTheFirstInputsAgain() {
-    mFolder->write("a", CMotorFolder::content({"A"}));
-    mFolder->write("b", CMotorFolder::content({"B"}));
+    const auto b = mFolder->put("b", {"B"});
     CDeviceElement device;
-    device.addParameterFile(mFolder->element("b"));
+    device.addParameterFile(b);
     CParameterFileHelper helper;
     for (const char* motor : {"A", "A2", "A3"}) {
-      mFolder->write("a", CMotorFolder::content({motor}));
+      const auto a = mFolder->put("a", {motor});
       QSignalSpy end(&helper, kEndSignal);
-      QVERIFY(helper.motorNames().isEmpty() ? helper.startReadMotorNames({mFolder->element("a")})
+      QVERIFY(helper.motorNames().isEmpty() ? helper.startReadMotorNames({a})
                                             : helper.startReadMotorNames(device, "/elsewhere"));
       QVERIFY(waitForEnd(end));
       QCOMPARE(helper.motorNames().keys(), QStringList(motor));
     }
     QFile::remove(mFolder->filePath("a"));
     QSignalSpy names(&helper, kNamesSignal);
-    QVERIFY(helper.startReadMotorNames({mFolder->element("b")}));
+    QVERIFY(helper.startReadMotorNames({b}));
     QVERIFY(waitForEnd(names));
     QVERIFY(names.first().first().value<CMotorNames>().isEmpty());
   }
 
   void startsAgainFromTheSignal() {
     constexpr int kReadings = 50;
-    mFolder->write("a", CMotorFolder::content({"A"}));
+    const auto a = mFolder->put("a", {"A"});
     CParameterFileHelper helper;
     int started = 1;
     int refused = 0;
@@ -232,19 +234,19 @@ class tst_CParameterFileHelperMotors : public QObject {
     connect(&helper, kEndSignal, &helper, [&] {
       if (started == kReadings) return;
       ++started;
-      if (!helper.startReadMotorNames({mFolder->element("a")})) ++refused;
+      if (!helper.startReadMotorNames({a})) ++refused;
     });
-    QVERIFY(helper.startReadMotorNames({mFolder->element("a")}));
+    QVERIFY(helper.startReadMotorNames({a}));
     QTRY_COMPARE_WITH_TIMEOUT(end.size(), kReadings, kTimeout);
     QCOMPARE(refused, 0);
   }
 
   void mayBeDeletedByTheSignal() {
-    mFolder->write("a", CMotorFolder::content({"A"}));
+    const auto a = mFolder->put("a", {"A"});
     auto helper = std::make_unique<CParameterFileHelper>();
     QSignalSpy end(helper.get(), kEndSignal);
     connect(helper.get(), kNamesSignal, this, [&] { helper.reset(); });
-    QVERIFY(helper->startReadMotorNames({mFolder->element("a")}));
+    QVERIFY(helper->startReadMotorNames({a}));
     QTRY_VERIFY_WITH_TIMEOUT(!helper, kTimeout);
     QVERIFY(end.isEmpty());
   }
@@ -380,5 +382,6 @@ class tst_CParameterFileHelperMotors : public QObject {
 
   std::unique_ptr<CMotorFolder> mFolder;
 };
+
 QTEST_GUILESS_MAIN(tst_CParameterFileHelperMotors)
 #include "tst_CParameterFileHelperMotors.moc"

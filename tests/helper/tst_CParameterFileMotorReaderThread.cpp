@@ -1,5 +1,4 @@
 #include "CParameterFileMotorReaderThread.h"
-#include "TestRows.h"
 
 #include "CMessageBoardHelper.h"
 #include "CTestLogfile.h"
@@ -26,12 +25,10 @@ class tst_CParameterFileMotorReaderThread : public QObject {
   void cleanup() { CMessageBoardHelper::setHandler(nullptr); }
 
   void readsAList() {
-    mFolder->write("a", CMotorFolder::content({"M3", "M1"}, "two motors"));
-    mFolder->write("b", CMotorFolder::content({"M2"}));
-    CParamFileElement a = mFolder->element("a");
+    CParamFileElement a = mFolder->put("a", {"M3", "M1"}, "two motors");
     a.setFileType(FILE_TYPE_PARAMETERS);  // a list is read whatever the types are
     a.setDefinitionFile({"/d", "a.xpdef"});
-    const CParamFileElement b = mFolder->element("b");
+    const auto b = mFolder->put("b", {"M2"});
     const CMotorNames names = readList({b, a});
     a.setComment("two motors");
     QCOMPARE(names, CMotorNames({{"M1", a}, {"M2", b}, {"M3", a}}));
@@ -39,78 +36,35 @@ class tst_CParameterFileMotorReaderThread : public QObject {
 
   void readsTheMotorFilesOfADevice() {
     const CMotorFolder other;
-    mFolder->write("a", CMotorFolder::content({"A"}));
-    mFolder->write("p", CMotorFolder::content({"parameters"}));
-    other.write("b", CMotorFolder::content({"B"}));
+    mFolder->put("a", {"A"});
+    const auto p = mFolder->put("p", {"parameters"});
+    const auto b = other.put("b", {"B"});
     CDeviceElement device;
     device.addParameterFile({FILE_TYPE_MOTOR_PARAMETERS, {"", "a"}});
     device.addParameterFile({FILE_TYPE_PARAMETERS, {"", "p"}});
-    device.addParameterFile(other.element("b"));
+    device.addParameterFile(b);
 
     CParameterFileMotorReaderThread thread(nullptr);
     thread.setDeviceElement(device);
     thread.setPath(mFolder->path());
-    thread.setMotorParameterFiles({mFolder->element("p")});  // not asked, since there is a device
+    thread.setMotorParameterFiles({p});  // not asked, since there is a device
     const CMotorNames names = read(thread);
     QCOMPARE(names.keys(), QStringList({"A", "B"}));
     QCOMPARE(names["A"].valueFile(), CFileElement(mFolder->path(), "a"));
-    QCOMPARE(names["B"], other.element("b"));
+    QCOMPARE(names["B"], b);
     QVERIFY(thread.deviceElement().parameterFiles().first().projectPath().isEmpty());
   }
 
   void asksTheDeviceUnlessItIsNull() {
-    mFolder->write("a", CMotorFolder::content({"A"}));
+    const auto a = mFolder->put("a", {"A"});
     CDeviceElement withoutMotors;
     withoutMotors.setName("Feeder");
     for (const CDeviceElement& device : {withoutMotors, CDeviceElement()}) {
       CParameterFileMotorReaderThread thread(nullptr);
       thread.setDeviceElement(device);
-      thread.setMotorParameterFiles({mFolder->element("a")});
+      thread.setMotorParameterFiles({a});
       QCOMPARE(read(thread).keys(), device.isNull() ? QStringList("A") : QStringList());
     }
-  }
-
-  void joinsPathAndName_data() {
-    QTest::addColumn<QString>("pathEnd");
-    QTest::addColumn<QString>("name");
-    addRow("no separator", "", "a");
-    addRow("separator of the path", "/", "a");
-    addRow("separator of the name", "", "/a");
-  }
-  void joinsPathAndName() {
-    QFETCH(QString, pathEnd);
-    QFETCH(QString, name);
-    mFolder->write("a", CMotorFolder::content({"A"}));
-    const CFileElement file(mFolder->path() + pathEnd, name);
-    QCOMPARE(readList({{FILE_TYPE_MOTOR_PARAMETERS, file}}).keys(), QStringList("A"));
-    const CFileElement withoutPath("", mFolder->path() + '/' + name);
-    QCOMPARE(readList({{FILE_TYPE_MOTOR_PARAMETERS, withoutPath}}).keys(), QStringList("A"));
-  }
-
-  void skipsWhatCannotBeRead_data() {
-    QTest::addColumn<QByteArray>("content");
-    const QByteArray good = CMotorFolder::content({"M"});
-    QTest::newRow("missing") << QByteArray();
-    QTest::newRow("empty") << QByteArray("");
-    QTest::newRow("truncated") << good.chopped(good.size() / 2);
-    QTest::newRow("no motor") << CMotorFolder::content({});
-    QTest::newRow("doubled motor") << CMotorFolder::content({"M", "M"});
-    QTest::newRow("other version") << CMotorFolder::content({"M"}, "", "2.0");
-    QTest::newRow("other root") << QByteArray(good).replace("LumoMotorParameters",
-                                                            "LumoParameters");
-    addRow("definitions", QByteArray("<LumoParamDefinition version=\"1.0\"><Data/>"
-                                     "</LumoParamDefinition>"));
-  }
-  void skipsWhatCannotBeRead() {
-    QFETCH(QByteArray, content);
-    if (!content.isNull()) mFolder->write("bad", content);
-    mFolder->write("good", CMotorFolder::content({"Good"}, "", "1.7"));
-    CTestLogfile logfile;
-    const CMotorNames names = readList(
-        {mFolder->element("bad"), mFolder->element("good"), CParamFileElement()}, &logfile);
-    QCOMPARE(names.keys(), QStringList("Good"));
-    QVERIFY2(logfile.errors().join('\n').contains(mFolder->filePath("bad")),
-             qPrintable(logfile.errors().join('\n')));
   }
 
   void emptiesTheNamesFirst() {
@@ -122,13 +76,12 @@ class tst_CParameterFileMotorReaderThread : public QObject {
 
   void removesANameWithoutTheLock() {
     CParameterFileMotorReaderThread thread(nullptr);
-    thread.addMotorName("A", mFolder->element("a"));
-    thread.addMotorName("B", mFolder->element("a"));
-    thread.addMotorName("B", mFolder->element("b"));
+    const auto b = mFolder->element("b");
+    for (const char* name : {"A", "B"}) thread.addMotorName(name, mFolder->element("a"));
+    thread.addMotorName("B", b);
     const CMotorNames before = thread.motorNames();
-    thread.removeMotorName("A");
-    thread.removeMotorName("C");
-    QCOMPARE(thread.motorNames(), CMotorNames({{"B", mFolder->element("b")}}));
+    for (const char* name : {"A", "C"}) thread.removeMotorName(name);
+    QCOMPARE(thread.motorNames(), CMotorNames({{"B", b}}));
     QCOMPARE(before.size(), 2);
   }
 
@@ -159,18 +112,15 @@ class tst_CParameterFileMotorReaderThread : public QObject {
       if (kind == CMessageBoardHelper::Critical) ++criticals;
       if (QThread::currentThread() == QCoreApplication::instance()->thread()) ++fromHere;
     });
-    mFolder->write("bad", CMotorFolder::content({"M", "M"}));
-    readList({mFolder->element("bad"), mFolder->element("bad")});
+    const auto bad = mFolder->put("bad", {"M", "M"});
+    readList({bad, bad});
     QCOMPARE(criticals.load(), 2);
     QCOMPARE(fromHere.load(), 0);
   }
 
   void survivesExceptions() {
-    mFolder->write("a", CMotorFolder::content({"A"}));
-    mFolder->write("bad", CMotorFolder::content({"M", "M"}));
-    mFolder->write("b", CMotorFolder::content({"B"}));
-    const QList<CParamFileElement> files{mFolder->element("a"), mFolder->element("bad"),
-                                         mFolder->element("b")};
+    const QList<CParamFileElement> files{mFolder->put("a", {"A"}), mFolder->put("bad", {"M", "M"}),
+                                         mFolder->put("b", {"B"})};
     CTestLogfile throwing([] { throw std::runtime_error("disk"); });
     QCOMPARE(readList(files, &throwing).keys(), QStringList({"A", "B"}));
 
@@ -185,7 +135,7 @@ class tst_CParameterFileMotorReaderThread : public QObject {
     return thread.motorNames();
   }
 
-  static CMotorNames readList(const QList<CParamFileElement>& files, ICLogfile* logfile) {
+  static CMotorNames readList(const QList<CParamFileElement>& files, ICLogfile* logfile = nullptr) {
     CParameterFileMotorReaderThread thread(nullptr);
     thread.setLogfile(logfile);
     thread.setMotorParameterFiles(files);
@@ -194,5 +144,6 @@ class tst_CParameterFileMotorReaderThread : public QObject {
 
   std::unique_ptr<CMotorFolder> mFolder;
 };
+
 QTEST_GUILESS_MAIN(tst_CParameterFileMotorReaderThread)
 #include "tst_CParameterFileMotorReaderThread.moc"

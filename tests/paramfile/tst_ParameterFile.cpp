@@ -329,5 +329,6 @@ class tst_ParameterFile : public QObject {
     }
   }
 };
+
 QTEST_APPLESS_MAIN(tst_ParameterFile)
 #include "tst_ParameterFile.moc"

@@ -142,5 +142,6 @@ class tst_CParameterFileChecker : public QObject {
     }
   }
 };
+
 QTEST_GUILESS_MAIN(tst_CParameterFileChecker)
 #include "tst_CParameterFileChecker.moc"

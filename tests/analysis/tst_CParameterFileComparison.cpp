@@ -88,5 +88,6 @@ class tst_CParameterFileComparison : public QObject {
     QCOMPARE(differences.first().name, QStringLiteral("P%1").arg(count - 1));
   }
 };
+
 QTEST_GUILESS_MAIN(tst_CParameterFileComparison)
 #include "tst_CParameterFileComparison.moc"

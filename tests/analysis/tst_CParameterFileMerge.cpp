@@ -345,5 +345,6 @@ class tst_CParameterFileMerge : public QObject {
     QVERIFY(toText(*oursFile) == both.join(' '));
   }
 };
+
 QTEST_GUILESS_MAIN(tst_CParameterFileMerge)
 #include "tst_CParameterFileMerge.moc"

@@ -262,5 +262,6 @@ class tst_CParamDefItem : public QObject {
     QCOMPARE(found->name, QString("three"));
   }
 };
+
 QTEST_APPLESS_MAIN(tst_CParamDefItem)
 #include "tst_CParamDefItem.moc"

@@ -149,5 +149,6 @@ class tst_CParamVal : public QObject {
     QVERIFY(!CParamVal(" ").isEmpty());
   }
 };
+
 QTEST_APPLESS_MAIN(tst_CParamVal)
 #include "tst_CParamVal.moc"

@@ -276,5 +276,6 @@ class tst_CSubDeviceTree : public QObject {
     QCOMPARE(tree.names(), QStringList("p"));
   }
 };
+
 QTEST_APPLESS_MAIN(tst_CSubDeviceTree)
 #include "tst_CSubDeviceTree.moc"

@@ -92,5 +92,6 @@ class tst_CMessageBoardHelper : public QObject {
     QCOMPARE(count.load(), kThreads * kMessages);
   }
 };
+
 QTEST_APPLESS_MAIN(tst_CMessageBoardHelper)
 #include "tst_CMessageBoardHelper.moc"

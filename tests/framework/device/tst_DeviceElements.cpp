@@ -116,5 +116,6 @@ class tst_DeviceElements : public QObject {
              CParamFileElement());
   }
 };
+
 QTEST_APPLESS_MAIN(tst_DeviceElements)
 #include "tst_DeviceElements.moc"

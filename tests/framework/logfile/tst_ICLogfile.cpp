@@ -195,5 +195,6 @@ class tst_ICLogfile : public QObject {
 
   const QTemporaryDir mFolder;
 };
+
 QTEST_APPLESS_MAIN(tst_ICLogfile)
 #include "tst_ICLogfile.moc"

@@ -2,7 +2,6 @@
 #include "ReaderTest.h"
 #include "TestFiles.h"
 
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -338,24 +337,6 @@ class tst_CSimpleParamReader : public QObject {
     reader->closeFiles(false);
   }
 
-#ifdef EXAMPLE_READER
-  void examplesDoWhatTheySay() {
-    const QString line =
-        "0 Axis X: KSM-080-2390-30, 20 mm per turn, at most %1 mm/s, Cyclic "
-        "position, cycle 1000 us\n";
-    QCOMPARE(run(EXAMPLE_READER, mPair), line.arg(1000));
-    QCOMPARE(run(EXAMPLE_READER, mVal), line.arg(500));
-    QCOMPARE(read(mDef), read(example("TwoAxisDrive.xpdef")));
-    const QString pump = mFolder->filePath("Pump");
-    QCOMPARE(run(EXAMPLE_CREATE, pump), QString("0 Writing %1.xpdef and %1.xparam\n").arg(pump));
-    const auto reader = makeReader(ReadOnly, "PUMP-1");
-    unsigned char mode = 0;
-    QVERIFY(reader->load(pump, mErr) && reader->getParam(1, "Mode", mode, mErr));
-    QCOMPARE(reader->paramDef("Mode").enumNameOfValue(mode), QString("automatic"));
-    QCOMPARE(reader->subDevName(1), QString("Feed pump"));
-  }
-#endif
-
  private:
   /// Makes a folder's pair of files a fresh copy of the example.
   void usePair(const QString& folder) {
@@ -367,13 +348,6 @@ class tst_CSimpleParamReader : public QObject {
   }
   void change(ICSimpleParamReader& reader, const CParamVal& motorName) {
     QVERIFY(reader.load(mPair, mErr) && reader.setParam(kAxis, "MotorName", motorName, mErr));
-  }
-  /// Exit status and output of a program.
-  static QString run(const char* program, const QString& argument) {
-    QProcess process;
-    process.start(program, {argument});
-    process.waitForFinished();
-    return QString::number(process.exitCode()) + ' ' + process.readAllStandardOutput();
   }
 
   SKeptMessages mBoard;

@@ -5,7 +5,8 @@ CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
 
 CParamFindings CDefinitionChecker::run() {
   for (const QString& name : mIndex.names()) {
-    check(mIndex.find(name), mIndex.ruled(name)->rules);
+    const CParamDefItem definition = mIndex.find(name);
+    check(definition, mIndex.rulesOf(definition));
   }
   return mFindings;
 }

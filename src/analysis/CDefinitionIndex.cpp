@@ -42,22 +42,6 @@ QString CDefinitionIndex::nameOf(quint32 id) {
   return isKnown ? known->second : mFile.nameById(id);
 }
 
-const CDefinitionIndex::SRuled* CDefinitionIndex::ruled(const QString& name) {
-  if (mNext >= mRuled.size() || mRuled[mNext].name != name) {
-    const auto known = mPositions.find(name);
-    mNext = known != mPositions.end() ? known->second : addRuled(name);
-  }
-  return mNext < mRuled.size() ? &mRuled[mNext++] : nullptr;
-}
-
-// The position of the new one, behind all for an unknown name.
-size_t CDefinitionIndex::addRuled(const QString& name) {
-  const size_t position = mRuled.size();
-  const CParamDefItem definition = find(name);
-  if (!definition.name().isEmpty()) {
-    const auto byId = [this](quint32 id) { return find(id); };
-    mRuled.push_back({name, definition.id(), CValueRules(definition, byId)});
-    mPositions.emplace(name, position);
-  }
-  return position;
+CValueRules CDefinitionIndex::rulesOf(const CParamDefItem& definition) {
+  return CValueRules(definition, [this](quint32 id) { return find(id); });
 }

@@ -3,6 +3,7 @@
 #include "CDefinitionChecker.h"
 #include "CDefinitionIndex.h"
 #include "CHardwareIdSelection.h"
+#include "CRuledDefinitions.h"
 #include "SParamEntry.h"
 
 #include <QSet>
@@ -14,7 +15,7 @@ class CValueChecker {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileChecker)
 
  public:
-  explicit CValueChecker(ICParameterFile& file) : mFile(file), mIndex(file) {}
+  explicit CValueChecker(ICParameterFile& file) : mFile(file), mIndex(file), mRuled(mIndex) {}
 
   const CParamFindings& findings() const { return mFindings; }
 
@@ -35,8 +36,9 @@ class CValueChecker {
     const auto valueOf = [this, subDevId](const QString& name) {
       return mFile.paramValue(name, subDevId);
     };
+    mRuled.beginSubDevice();
     SParamEntry::visit(mFile, subDevId, [&](const SParamEntry& entry) {
-      const CDefinitionIndex::SRuled* ruled = mIndex.ruled(entry.name);
+      const CRuledDefinitions::SRuled* ruled = mRuled.find(entry.name);
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
         return;
@@ -91,6 +93,7 @@ class CValueChecker {
 
   ICParameterFile& mFile;
   CDefinitionIndex mIndex;
+  CRuledDefinitions mRuled;
   CParamFindings mFindings;
 };
 

@@ -1,0 +1,34 @@
+#include "CRuledDefinitions.h"
+
+#include "CDefinitionIndex.h"
+
+void CRuledDefinitions::beginSubDevice() {
+  mEarlier = mRuled.size();
+  mNext = 0;
+}
+
+const CRuledDefinitions::SRuled* CRuledDefinitions::find(const QString& name) {
+  if (mNext >= mRuled.size() || mRuled[mNext].name != name) {
+    mNext = position(name);
+  }
+  return mNext < mRuled.size() ? &mRuled[mNext++] : nullptr;
+}
+
+// Only earlier sub-devices can have had the name, so that the first one needs no look-up.
+size_t CRuledDefinitions::position(const QString& name) {
+  for (; mIndexed < mEarlier; ++mIndexed) {
+    mPositions.emplace(mRuled[mIndexed].name, mIndexed);
+  }
+  const auto known = mPositions.find(name);
+  return known != mPositions.end() ? known->second : add(name);
+}
+
+// The position of the new one, behind all for an unknown name.
+size_t CRuledDefinitions::add(const QString& name) {
+  const size_t behindAll = mRuled.size();
+  const CParamDefItem definition = mDefinitions.find(name);
+  if (!definition.name().isEmpty()) {
+    mRuled.push_back({name, definition.id(), mDefinitions.rulesOf(definition)});
+  }
+  return behindAll;
+}

@@ -11,7 +11,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <new>
 
 namespace {
 
@@ -144,7 +143,7 @@ bool CAtomicFile::read(const QString& fileName, QByteArray& content, QString& er
   }
   try {
     content = file.readAll();
-  } catch (const std::bad_alloc&) {
+  } catch (...) {  // nothing but memory can be missing here
     error = tr("there is not enough memory to read the file.");
     return false;
   }

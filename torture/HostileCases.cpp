@@ -177,6 +177,9 @@ void sizes(CCases& cases) {
   const QString full = "the document has too many nodes or different names";
   cases.flood("two million tags", "<r>", "<a/>", 2000000, "</r>", "");
   cases.flood("ten million tags", "<r>", "<a/>", 10000000, "</r>", line(1, full));
+  cases.flood("six million tags and texts", "<r>", "<a/>x<a/>x", 3000000, "</r>", line(1, full));
+  cases.flood("nine million attributes", "<r>", "<a b='' c='' d='' e='' f='' g='' h='' i='' j=''/>",
+              1000000, "</r>", line(1, full));
   const auto names = [&cases](int count, const QString& message) {
     const auto make = [count](EEncoding encoding) -> QByteArray {
       QByteArray bytes = encode("<r>", encoding);

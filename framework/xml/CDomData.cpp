@@ -138,6 +138,7 @@ quint32 CDomData::internName(std::string_view name) {
 quint32 CDomData::appendElement(quint32 parent, quint32 name, quint32 line) {
   const quint32 index = appendNode(parent, SDomNode::Element, line);
   mNodes[index].element = {name, kNone};
+  ++mElementCount;
   return index;
 }
 

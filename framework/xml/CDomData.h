@@ -17,8 +17,9 @@
 namespace NXmlLimits {
 constexpr int kMaxDepth = 1024;
 constexpr int kMaxAttributes = 256;
-constexpr size_t kMaxNodes = 1U << 23U;  ///< of a document, attributes included
-constexpr size_t kMaxNames = 1U << 18U;  ///< different names of elements and attributes
+constexpr size_t kMaxMarkUp = 5U << 20U;  ///< elements and attributes, which cost most to read
+constexpr size_t kMaxNodes = 1U << 23U;   ///< of a document: the same and texts
+constexpr size_t kMaxNames = 1U << 18U;   ///< different names of elements and attributes
 constexpr qint64 kMaxBytes = CAtomicFile::kMaxBytes;
 constexpr size_t kMaxText = 3 * kMaxBytes;  ///< in UTF-8; a file that may be read holds no more
 }  // namespace NXmlLimits
@@ -93,7 +94,8 @@ class CDomData {
   quint32 nodeCount() const { return static_cast<quint32>(mNodes.size()); }
   /// Beyond the limits of a document.
   bool isFull() const {
-    return mNodes.size() + mAttributes.size() > NXmlLimits::kMaxNodes ||
+    return mElementCount + mAttributes.size() > NXmlLimits::kMaxMarkUp ||
+           mNodes.size() + mAttributes.size() > NXmlLimits::kMaxNodes ||
            mNames.size() > NXmlLimits::kMaxNames || mIsTextFull;
   }
   /// Makes room for what a document of that text may hold, so that nothing is moved as it grows.
@@ -142,6 +144,7 @@ class CDomData {
   void setInvalid(SDomInvalidText place, const QString& what);
 
   std::vector<SDomNode> mNodes;
+  size_t mElementCount = 0;
   std::vector<SDomAttribute> mAttributes;
   quint32 mLastAttributeOwner = kNone;  ///< element whose attribute was added last
   std::string mText;

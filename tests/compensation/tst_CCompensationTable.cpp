@@ -1,3 +1,4 @@
+#include "GoldenFiles.h"
 #include "ICCompensationFile.h"
 #include "TestRows.h"
 
@@ -30,6 +31,14 @@ QStringList texts(const ICCompensationFile& file) {
     texts << point.position() << point.adjustment();
   }
   return texts;
+}
+
+Indices indices(const QString& text) {
+  Indices result;
+  for (const QString& index : text.split(' ')) {
+    if (index != "-") result << index.toInt();
+  }
+  return result;
 }
 
 }  // namespace
@@ -73,44 +82,19 @@ class tst_CCompensationTable : public QObject {
   }
 
   void points_data() {
-    QTest::addColumn<QStringList>("positions");
-    QTest::addColumn<Indices>("badPoints");   // by checkPoint()
-    QTest::addColumn<Indices>("badInTable");  // by checkAllPoints()
-    const auto row = [](const char* name, const char* positions, const Indices& badPoints,
-                        const Indices& badInTable) {
-      addRow(name, QString(positions).split(' '), badPoints, badInTable);
-    };
-    // The range is 0 to 10.
-    row("from end to end, as numbers", "0 5 10", {}, {});
-    row("one point at the minimum", "0", {}, {});
-    row("one point at the maximum", "10", {}, {});
-    row("one point below", "-0.001", {0}, {0});
-    row("one point above", "10.001", {0}, {0});
-    row("both ends outside", "-1 5 11", {0, 2}, {0, 2});
-    row("doubled first", "0 0", {0, 1}, {1});
-    row("doubled last", "5 10 10", {1, 2}, {2});
-    row("doubled within", "1 5 5 9", {1, 2}, {2});
-    row("doubled as another text", "1 5 5.0 9", {1, 2}, {2});
-    row("descending", "9 5 1", {0, 1, 2}, {1, 2});
-    row("one too large hides those behind", "5 12 7", {1, 2}, {1, 2});
-    row("only neighbours see one too large", "1 12 3 4 5", {1, 2}, {1, 2, 3, 4});
-    row("one within range but too large", "1 8 3 4 9", {1, 2}, {2, 3});
-    row("one too small", "4 5 1 6 7", {1, 2}, {2});
-    row("later one equal to the minimum", "-1 0", {0}, {0, 1});
-    row("all below the minimum", "-3 -2 -1", {0, 1, 2}, {0, 1, 2});
-    row("no number counts as 0", "abc 1 def 3", {1, 2}, {2});
-    row("not a number", "1 nan 3", {0, 1, 2}, {1});
-    row("first is not a number", "nan 0 3", {0, 1}, {0, 1});
+    NGoldenFiles::addTable("compensation/points.txt", {"name", "positions", "points", "table"});
   }
   void points() {
-    QFETCH(QStringList, positions);
-    QFETCH(Indices, badPoints);
-    QFETCH(Indices, badInTable);
+    QFETCH(QString, positions);
+    QFETCH(QString, points);
+    QFETCH(QString, table);
+    const Indices badPoints = indices(points);
+    const Indices badInTable = indices(table);
     mFile->setHeader(makeHeader("0", "10"));
-    QList<CCompensationPoint> points;
+    QList<CCompensationPoint> all;
+    for (const QString& position : positions.split(' ')) all << makePoint(position, "1");
+    mFile->setAllPoints(all);
     Indices bad;
-    for (const QString& position : positions) points << makePoint(position, "1");
-    mFile->setAllPoints(points);
     for (int i = 0; i < mFile->count(); ++i) {
       if (!mFile->checkPoint(i)) bad << i;
     }

@@ -8,6 +8,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -60,6 +62,16 @@ struct SWatched {
     return model.indexOf(name, subDevId, Model::ValueColumn);
   }
 };
+
+int roleOf(const QString& name) {
+  QHash<int, QByteArray> names = Model().roleNames();
+  names.insert(Qt::CheckStateRole, "checkState");  // Qt has no name for it
+  return names.key(name.toUtf8(), -1);
+}
+
+QVariant fromJson(const QString& value) {
+  return QJsonDocument::fromJson('[' + value.toUtf8() + ']').array().at(0).toVariant();
+}
 
 /// A file with so many parameters in one group, named by their numbers.
 CParameterFilePtr makeLarge(int count) {
@@ -132,15 +144,7 @@ class tst_CParameterFileModel : public QObject {
   }
 
   void texts_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("column");
-    QTest::addColumn<QString>("role");
-    QTest::addColumn<QString>("expected");
-    for (const QString& line : NGoldenFiles::lines(NTestFiles::data("qtmodel/shown.txt"))) {
-      const QStringList cells = line.split(QRegularExpression("  +"));
-      if (line.isEmpty() || line.startsWith('#')) continue;
-      addRow(qPrintable(line), cells.at(0), cells.at(1), cells.at(2), cells.value(3));
-    }
+    NGoldenFiles::addTable("qtmodel/shown.txt", {"name", "column", "role", "expected"});
   }
   void texts() {
     QFETCH(QString, name);
@@ -151,69 +155,29 @@ class tst_CParameterFileModel : public QObject {
     for (int i = 0; i < drive.model.columnCount(); ++i) {
       columns += drive.model.headerData(i, Qt::Horizontal).toString();
     }
-    QHash<int, QByteArray> roles = drive.model.roleNames();
-    roles.insert(Qt::CheckStateRole, "checkState");  // Qt has no name for it
     const QModelIndex index = drive.model.indexOf(name, 0, columns.indexOf(column));
-    const QVariant shown = index.data(roles.key(role.toUtf8(), -1));
+    const QVariant shown = index.data(roleOf(role));
     const bool isList = shown.type() == QVariant::StringList;
     const QString text = isList ? shown.toStringList().join(", ") : shown.toString();
     QTEST(shown.isValid() ? text : "-", "expected");
   }
 
   void edits_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("input");
-    QTest::addColumn<int>("role");
-    QTest::addColumn<QString>("stored");  // the old value when the edit is refused
-    QTest::addColumn<QString>("reason");
-    const auto row = [](const char* test, const char* name, const QVariant& input,
-                        const char* stored, const char* reason = "", int role = Qt::EditRole) {
-      addRow(test, name, input, role, stored, reason);
-    };
-    row("number", "FanOffTemperature", 50, "50");
-    row("text", "FanOffTemperature", " +50 ", "50");
-    row("unsigned", "FieldbusWatchdog", "30", "0x1e");
-    row("hexadecimal", "FieldbusWatchdog", "0x1E", "0x1e");
-    row("equal number", "FieldbusWatchdog", "0x0014", "0x14");
-    row("digits stay", "DigitalInputFilter", "0.10", "0.10");
-    row("any text", "DeviceName", "  ", "  ");
-    row("no number", "FanOffTemperature", "warm", "45", "\"warm\" is no number of the type i8.");
-    row("empty", "FanOffTemperature", "", "45", "\"\" is no number of the type i8.");
-    row("not in the type", "FanOffTemperature", 128, "45", "\"128\" is no number of the type i8.");
-    row("minimum", "FanOffTemperature", 20, "20");
-    row("below the minimum", "FanOffTemperature", 19, "45", "19 is below the minimum 20.");
-    row("above the maximum", "DigitalInputFilter", "20.5", "0.5", "20.5 is above the maximum 20.");
-    row("limit parameter", "FanOffTemperature", 55, "55");
-    row("above the limit parameter", "FanOffTemperature", 56, "45",
-        "56 is above 55, the value of \"FanOnTemperature\".");
-    row("choice by name", "UnitTemperature", "°F", "0x2");
-    row("choice by number", "UnitTemperature", "1", "0x1");
-    row("not a choice", "UnitTemperature", "3", "0x0", "0x3 (3) is not one of the choices.");
-    row("not the name of a choice", "UnitTemperature", "k", "0x0",
-        "\"k\" is no number of the type u32.");
-    row("radio button", "FanMode", "On", "0x2");
-    row("editable enumeration", "FieldbusCycleTime", "750", "0x2ee");
-    row("editable enumeration by name", "FieldbusCycleTime", "250 µs", "0xfa");
-    row("bits", "DigitalOutputInversion", "0x3", "0x3");
-    row("unnamed bits", "DigitalOutputInversion", "0x80", "0x80");
-    row("unchecked", "SafetyManualAcknowledge", int(Qt::Unchecked), "0x0", "", Qt::CheckStateRole);
-    row("state by name", "SafetyManualAcknowledge", "unchecked", "0x0");
-    row("raw value", "FieldbusWatchdog", "0x001E", "0x001E", "", Model::RawValueRole);
-    row("a raw value is no name", "UnitTemperature", "K", "0x0",
-        "\"K\" is no number of the type u32.", Model::RawValueRole);
+    NGoldenFiles::addTable("qtmodel/edits.txt",
+                           {"kind", "name", "role", "input", "stored", "reason"});
   }
   void edits() {
     QFETCH(QString, name);
-    QFETCH(QVariant, input);
-    QFETCH(int, role);
+    QFETCH(QString, role);
+    QFETCH(QString, input);
     QFETCH(QString, stored);
     QFETCH(QString, reason);
     SWatched drive;
     QSignalSpy refused(&drive.model, &Model::editRefused);
     const QModelIndex index = drive.value(name);
     QVERIFY(index.flags() & Qt::ItemIsEditable);
-    QCOMPARE(drive.model.setData(index, input, role), reason.isEmpty());
-    QCOMPARE(drive.file->paramValue(name, 0).asStr(), stored);
+    QCOMPARE(drive.model.setData(index, fromJson(input), roleOf(role)), reason.isEmpty());
+    QCOMPARE(drive.file->paramValue(name, 0).asStr(), fromJson(stored).toString());
     QCOMPARE(drive.model.errorMsg(), reason);
     QCOMPARE(refused.count(), reason.isEmpty() ? 0 : 1);
     if (!reason.isEmpty()) {

@@ -1,5 +1,5 @@
+#include "GoldenFiles.h"
 #include "ReaderTest.h"
-#include "TestRows.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -188,46 +188,28 @@ class tst_CSimpleParamReaderValues : public QObject {
   }
 
   void deletes_data() {
-    QTest::addColumn<QString>("name");  // null for a group
-    QTest::addColumn<QString>("group");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("left");
-    const QString null;
-    const QString noGroup =
-        "Warning : Cannot delete %1\" on sub device 1 because the group does "
-        "not exist !\n";
-    const QString noParam = QString(noGroup).replace("the group", "the parameter");
-    addRow("group", null, "A", "", "");
-    addRow("inner group", null, "A/B", "", "q");
-    QTest::newRow("no group") << null << "A/C" << noGroup.arg("Group \"A/C") << "pq";
-    addRow("root", null, "",
-           "SubDevice 1 : Node \"rootGroup\" is the root node and "
-           "cannot be deleted!\n",
-           "pq");
-    addRow("parameter", "p", "A/B", "", "q");
-    addRow("none", "x", "A", noParam.arg("parameter \"A/x"), "pq");
-    addRow("deeper", "p", "A", noParam.arg("parameter \"A/p"), "pq");
-    addRow("a group", "B", "A", noParam.arg("parameter \"A/B"), "pq");
-    addRow("nowhere", "p", "C", noGroup.arg("parameter \"C/p"), "pq");
+    NGoldenFiles::addTable("reader/deletions.txt", {"name", "group", "left", "message"});
   }
   void deletes() {
     QFETCH(QString, name);
     QFETCH(QString, group);
-    QFETCH(QString, message);
     QFETCH(QString, left);
+    QFETCH(QString, message);
+    for (QString* cell : {&name, &group, &left}) cell->remove('-');
+    if (!message.isEmpty()) message += '\n';
     QString text;
     mReader->getParam(1, "p", "A/B", text, "text", mErr);
     mReader->getParam(1, "q", "A", text, "text", mErr);
-    const QString path = group + '/' + name;
-    const QString what = name.isNull() ? "Group \"" + group : QString("parameter \"" + path);
-    const QString refused = "Error : Cannot delete " + what +
+    const QString what = name.isEmpty() ? "Group \"" : "parameter \"";
+    const QString path = name.isEmpty() ? group : QString(group + '/' + name);
+    const QString refused = "Error : Cannot delete " + what + path +
                             "\" on sub device 1 because the file is write protected !\n";
     for (const EAccessRight access : {ReadOnly, ReadWrite, FullAccess}) {
       const bool full = access == FullAccess;
       mErr.clear();
       mReader->setAccessRights(access);
-      QCOMPARE(name.isNull() ? mReader->deleteGroup(1, group, mErr)
-                             : mReader->deleteParam(1, name, group, mErr),
+      QCOMPARE(name.isEmpty() ? mReader->deleteGroup(1, group, mErr)
+                              : mReader->deleteParam(1, name, group, mErr),
                full);
       QCOMPARE(mErr, full ? message : refused);
       QCOMPARE(file()->paramNames(1).join(""), full ? left : "pq");

@@ -1,4 +1,5 @@
 #include "CWorkplace.h"
+#include "GoldenFiles.h"
 #include "ICCompensationFile.h"
 #include "TestRows.h"
 
@@ -105,27 +106,13 @@ class tst_ktoparamCompensation : public QObject {
 
  private slots:
   void plots_data() {
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<int>("good");
-    QTest::addColumn<int>("bad");
-    QTest::addColumn<int>("notShown");
-    addRow("no points", "0/10", 0, 0, 0);
-    addRow("nothing at all", "0/0", 0, 0, 0);
-    addRow("one point", "0/10 5/0.1", 1, 0, 0);
-    addRow("wrong points", "0/10 -1/1 0/2 5/3 12/4 7/5", 1, 4, 0);
-    addRow("all positions equal", "5/5 5/1 5/1 5/1", 1, 2, 0);
-    addRow("range reversed", "10/0 1/1 2/2", 0, 2, 0);
-    addRow("no numbers", "nan/inf nan/1 inf/1 1/nan 2/-inf x/1 3/ 4,5/6", 0, 0, 7);
-    addRow("too large", "-1.7e308/1.7e308 -1.7e308/1 0/1 1/1.7e308", 1, 0, 2);
-    addRow("very large", "-1e100/1e100 -1e100/-1e100 1e100/1e100", 2, 0, 0);
-    addRow("very small", "0/4e-308 1e-308/1e-308 2e-308/5e-324", 2, 0, 0);
-    addRow("small", "0/3e-7 1e-7/1e-150 2e-7/2e-150", 2, 0, 0);
-    addRow("far from zero", "1e9/1000000010 1e9/12345678 1000000005/12345679", 2, 0, 0);
-    addRow("closer than numbers are", "1e15/1e16 1e15/1 1000000000000000.125/1", 2, 0, 0);
-    addRow("range far away", "1e12/2e12 0/1 1/1", 0, 2, 0);
-    addRow("all that fit", steps(511, 0.5), 511, 0, 0);
-    addRow("one too many", steps(512, 0.5), 511, 1, 0);
-    addRow("far too many", steps(5000, 0.125), 511, 4489, 0);
+    NGoldenFiles::addTable("compensation/plots.txt", {"name", "table", "good", "bad", "notShown"});
+    const auto row = [](const char* name, const QString& table, const char* good, const char* bad) {
+      addRow(name, name, table, good, bad, "0");
+    };
+    row("all that fit", steps(511, 0.5), "511", "0");
+    row("one too many", steps(512, 0.5), "511", "1");
+    row("far too many", steps(5000, 0.125), "511", "4489");
   }
   void plots() {
     QFETCH(QString, table);
@@ -133,9 +120,10 @@ class tst_ktoparamCompensation : public QObject {
     const SRun run = plot.run({"--json"});
     QCOMPARE(run.err, "");
     QCOMPARE(run.status, 0);
-    QTEST(QJsonDocument::fromJson(run.out.toUtf8())["notShown"].toInt(), "notShown");
-    QTEST(plot.group("points").childNodes().size(), "good");
-    QTEST(plot.group("bad-points").childNodes().size(), "bad");
+    const QJsonDocument json = QJsonDocument::fromJson(run.out.toUtf8());
+    QTEST(QString::number(json["notShown"].toInt()), "notShown");
+    QTEST(QString::number(plot.group("points").childNodes().size()), "good");
+    QTEST(QString::number(plot.group("bad-points").childNodes().size()), "bad");
     QCOMPARE(faultsOf(plot.picture), QStringList());
     QCOMPARE(tickFaults(plot.group("ticks"), "middle"), QStringList());
     QCOMPARE(tickFaults(plot.group("ticks"), "end"), QStringList());

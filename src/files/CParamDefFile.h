@@ -24,8 +24,8 @@ class CParamDefFile : public CParamBaseFile {
   /// Writes the definitions by id and then by name. Fails, writing nothing, when two of them bear
   /// one name or one id.
   bool save(const QString& fileName, const CParamDefinitions& definitions, const QString& version);
-
-  bool save(const QString& fileName, QVector<const CParamDefItem*> definitions,
+  /// The same for definitions that are in that order.
+  bool save(const QString& fileName, const QVector<const CParamDefItem*>& sorted,
             const QString& version);
 
   static void sortByIdAndName(QVector<const CParamDefItem*>& definitions);

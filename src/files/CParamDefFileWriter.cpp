@@ -4,13 +4,34 @@
 #include "CParamNodeData.h"
 #include "NLumoXmlTags.h"
 
-#include <QSet>
-
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 using namespace NLumoXmlTags;
+
+namespace {
+
+// One of two definitions of the same name, null without such. Sorting by hashes brings equal names
+// together without looking at the others, and without the memory of a set.
+const CParamDefItem* doubledName(const QVector<const CParamDefItem*>& definitions) {
+  using CEntry = std::pair<uint, const CParamDefItem*>;
+  std::vector<CEntry> entries;
+  entries.reserve(static_cast<size_t>(definitions.size()));
+  for (const CParamDefItem* definition : definitions) {
+    entries.emplace_back(qHash(definition->name(), 0), definition);
+  }
+  std::sort(entries.begin(), entries.end(), [](const CEntry& a, const CEntry& b) {
+    return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
+  });
+  const auto doubled =
+      std::adjacent_find(entries.begin(), entries.end(), [](const CEntry& a, const CEntry& b) {
+        return a.first == b.first && a.second->name() == b.second->name();
+      });
+  return doubled != entries.end() ? doubled->second : nullptr;
+}
+
+}  // namespace
 
 bool CParamDefFile::save(const QString& fileName, const CParamDefinitions& definitions,
                          const QString& version) {
@@ -19,18 +40,18 @@ bool CParamDefFile::save(const QString& fileName, const CParamDefinitions& defin
   for (const auto& [name, definition] : definitions) {
     sorted.append(&definition);
   }
+  sortByIdAndName(sorted);
   return save(fileName, sorted, version);
 }
 
-bool CParamDefFile::save(const QString& fileName, QVector<const CParamDefItem*> definitions,
+bool CParamDefFile::save(const QString& fileName, const QVector<const CParamDefItem*>& sorted,
                          const QString& version) {
-  sortByIdAndName(definitions);
-  if (!canBeReadAgain(definitions)) {
+  if (!canBeReadAgain(sorted)) {
     return false;
   }
   createDocumentWithHead(TAG_ROOT_PARAM_DEFINITION, version);
   const CDomElement data = domElement(TAG_DATA, domDocument().documentElement());
-  for (const CParamDefItem* definition : definitions) {
+  for (const CParamDefItem* definition : sorted) {
     appendParamDefinitionToDom(data, *definition);
   }
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
@@ -52,16 +73,13 @@ void CParamDefFile::sortByIdAndName(QVector<const CParamDefItem*>& definitions) 
 }
 
 bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) {
-  QSet<QString> names;
-  names.reserve(sorted.size());
+  if (const CParamDefItem* doubled = doubledName(sorted)) {
+    mErrorMsg = tr("Two definitions bear the name \"%1\".").arg(doubled->name());
+    return false;
+  }
   const CParamDefItem* previous = nullptr;
   for (const CParamDefItem* definition : sorted) {
-    const int known = names.size();
-    names.insert(definition->name());
-    if (names.size() == known) {
-      mErrorMsg = tr("Two definitions bear the name \"%1\".").arg(definition->name());
-    } else if (previous != nullptr && isRealId(definition->id()) &&
-               previous->id() == definition->id()) {
+    if (previous != nullptr && isRealId(definition->id()) && previous->id() == definition->id()) {
       mErrorMsg = tr("The definitions \"%1\" and \"%2\" bear the same id %3.")
                       .arg(previous->name(), definition->name(), QString::number(previous->id()));
     } else if (definition->name() == CParamNodeData::mStandardConstructedStr) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ICParameterFile.h"
+#include "CKeptLines.h"
+#include "CParameterFileBaseImpl.h"
 #include "TestFiles.h"
 
 #include <memory>
@@ -36,3 +37,9 @@ inline CParameterFilePtr makeSmall() {
   file->clearChanged();
   return file;
 }
+
+/// A small device with a log.
+struct SLoggedSmall {
+  CKeptLines log;
+  CParameterFileBaseImpl file{dynamic_cast<CParameterFileBaseImpl&>(*makeSmall()), &log};
+};

@@ -1,4 +1,3 @@
-#include "CParameterFileBaseImpl.h"
 #include "ExampleDrive.h"
 #include "ParamFileText.h"
 
@@ -9,10 +8,23 @@
 
 using namespace NTestFiles;
 
+namespace {
+
+void editMuch(ICParameterFile& drive) {
+  for (const QString& name : drive.paramNames(2)) {
+    drive.setAndMarkParamValue(name, CParamVal("edited"), 2);
+  }
+  drive.deleteNode(drive.rootGroup(3)->childPtr(0));
+}
+
+}  // namespace
+
 class tst_ParameterFile : public QObject {
   Q_OBJECT
 
  private slots:
+  void initTestCase() { QVERIFY(loadDrive()); }
+
   void namesOfSubDeviceTypes() {
     using F = ICParameterFile;
     for (int i = 0; i < 4; ++i) {
@@ -82,7 +94,6 @@ class tst_ParameterFile : public QObject {
 
   void referencesComeFromVisibleDefinitions() {
     const auto file = loadDrive();
-    QVERIFY(file);
     int references = 0;
     for (const QString& name : file->defNames()) {
       const CParamDefItem definition = file->paramDef(name);
@@ -98,7 +109,6 @@ class tst_ParameterFile : public QObject {
 
   void aCopyHasItsOwnOfEverything() {
     const auto file = loadDrive();
-    QVERIFY(file);
     file->setParamValue(file->paramNames(2).first(), CParamVal("x"), 2);
     CParameterFileBaseImpl copy(*dynamic_cast<CParameterFileBaseImpl*>(file.get()), nullptr);
     QVERIFY(!copy.isChanged());
@@ -106,17 +116,13 @@ class tst_ParameterFile : public QObject {
     file->setMetaData(file->author(), file->comment());
     QCOMPARE(NParamFileText::all(copy), NParamFileText::all(*file));
     const QString before = NParamFileText::all(copy);
-    for (const QString& name : file->paramNames(2)) {
-      file->setAndMarkParamValue(name, CParamVal("edited"), 2);
-    }
-    file->deleteNode(file->rootGroup(3)->childPtr(0));
+    editMuch(*file);
     file->removeHardwareId("KTO-2A-32");
     QCOMPARE(NParamFileText::all(copy), before);
   }
 
   void clearEmptiesEverything() {
     const auto file = loadDrive();
-    QVERIFY(file);
     file->setParamValue(file->paramNames(2).first(), CParamVal("x"), 2);
     file->paramDefPtr(file->defNames().first())->setHint("x");
     file->clear();
@@ -188,7 +194,6 @@ class tst_ParameterFile : public QObject {
 
   void aClonedHardwareIdSharesNothing() {
     const auto file = loadDrive();
-    QVERIFY(file);
     const auto other = loadDrive();
     other->cloneHardwareId("KTO-2A-16", "Copy");
     QVERIFY(file->cloneHardwareIdFromInstance("Copy", other.get()));
@@ -204,10 +209,7 @@ class tst_ParameterFile : public QObject {
     const QString source = section("KTO-2A-16");
     QCOMPARE(section("Copy"), source);
     QCOMPARE(section("Copy 2").trimmed(), source.trimmed());
-    for (const QString& name : file->paramNames(2)) {
-      file->setAndMarkParamValue(name, CParamVal("edited"), 2);
-    }
-    file->deleteNode(file->rootGroup(3)->childPtr(0));
+    editMuch(*file);
     QCOMPARE(section("Copy"), source);
     QCOMPARE(section("KTO-2A-16"), source);
     QCOMPARE(NParamFileText::content(*other), whole);
@@ -215,7 +217,6 @@ class tst_ParameterFile : public QObject {
 
   void subDevicesAreCopied() {
     const auto file = loadDrive();
-    QVERIFY(file);
     const QString name = file->subDevName(3);
     const QString otherTree = file->paramValue(file->paramNames(0).first(), 0).asStr();
     QVERIFY(file->copySubDevice(2, 3));

@@ -1,7 +1,5 @@
 // Every operation that fails says why, and leaves the object as it was.
 
-#include "CKeptLines.h"
-#include "CParameterFileBaseImpl.h"
 #include "ExampleDrive.h"
 #include "ParamFileText.h"
 #include "TestRows.h"
@@ -132,20 +130,6 @@ class tst_ParameterFileErrors : public QObject {
     QCOMPARE(NParamFileText::all(*file), before);
   }
 
-  void failsAtTheFirstParameterWithoutDefinition() {
-    const auto source = makeSmall();
-    source->setParamValue("Speed", CParamVal(77U), 1);
-    source->deleteNode(source->rootGroup(1)->childPtr("Mode"));
-    const auto undefined = makeFile();
-    undefined->cloneHardwareIdFromInstance("A", makeSmall().get());
-    undefined->clearChanged();
-    const QString before = NParamFileText::all(*undefined);
-    QVERIFY(!undefined->importParamFile(source.get(), "A", "A"));
-    QCOMPARE(undefined->errorMsg(),
-             QString("Definition of parameter \"Mode\" not found. Import failed."));
-    QCOMPARE(NParamFileText::all(*undefined), before);
-  }
-
   void tellsWhatIsNotThere_data() {
     addColumns<COperation, QString>("operation", "message");
     FAILS(f.idByName("x") != NParamDef::NO_ID,
@@ -158,26 +142,24 @@ class tst_ParameterFileErrors : public QObject {
   void tellsWhatIsNotThere() {
     QFETCH(COperation, operation);
     QFETCH(QString, message);
-    CKeptLines log;
-    CParameterFileBaseImpl file(dynamic_cast<CParameterFileBaseImpl&>(*makeSmall()), &log);
-    QVERIFY(!operation(file));
-    QCOMPARE(log.lines, QStringList("Parameter file " + message));
-    QCOMPARE(file.errorMsg(), message.section(" : ", 1));
+    SLoggedSmall small;
+    QVERIFY(!operation(small.file));
+    QCOMPARE(small.log.lines, QStringList("Parameter file " + message));
+    QCOMPARE(small.file.errorMsg(), message.section(" : ", 1));
   }
 
   void findsNothingSilently() {
-    CKeptLines log;
-    CParameterFileBaseImpl file(dynamic_cast<CParameterFileBaseImpl&>(*makeSmall()), &log);
-    QVERIFY(file.paramValue("Speed", 9).isNull());
-    QVERIFY(file.paramValue("x", 1).isNull());
-    QVERIFY(!file.setAndMarkParamValue("x", CParamVal(), 1));
-    QVERIFY(!file.setAndMarkParamValue("Speed", CParamVal(), 9));
-    QVERIFY(!file.paramDef("x").valid());
-    QVERIFY(file.referencedBy("x").isEmpty());
-    QVERIFY(!file.existingSubGroup("Mode", 1));
-    QVERIFY(!file.existingSubGroup("", 9));
-    QCOMPARE(log.lines, QStringList());
-    QCOMPARE(file.errorMsg(), QString());
+    SLoggedSmall small;
+    QVERIFY(small.file.paramValue("Speed", 9).isNull());
+    QVERIFY(small.file.paramValue("x", 1).isNull());
+    QVERIFY(!small.file.setAndMarkParamValue("x", CParamVal(), 1));
+    QVERIFY(!small.file.setAndMarkParamValue("Speed", CParamVal(), 9));
+    QVERIFY(!small.file.paramDef("x").valid());
+    QVERIFY(small.file.referencedBy("x").isEmpty());
+    QVERIFY(!small.file.existingSubGroup("Mode", 1));
+    QVERIFY(!small.file.existingSubGroup("", 9));
+    QCOMPARE(small.log.lines, QStringList());
+    QCOMPARE(small.file.errorMsg(), QString());
   }
 };
 

@@ -1,7 +1,5 @@
 // Import of values, and objects that look things up in each other.
 
-#include "CKeptLines.h"
-#include "CParameterFileBaseImpl.h"
 #include "ExampleDrive.h"
 #include "ParamFileText.h"
 
@@ -29,10 +27,8 @@ CParameterFilePtr makeSource() {
   return source;
 }
 
-using CGroupMember = CParameterFilePtr;
-
-CGroupMember makeMember(ICParameterFile* parent) {
-  return CGroupMember(
+CParameterFilePtr makeMember(ICParameterFile* parent) {
+  return CParameterFilePtr(
       ICParameterFile::createGroup(parent, NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
 }
 
@@ -91,21 +87,24 @@ class tst_ParameterFileImport : public QObject {
   }
 
   void tellsTheLogWhatItDid() {
-    CKeptLines log;
-    const auto small = makeSmall();
-    CParameterFileBaseImpl file(*dynamic_cast<CParameterFileBaseImpl*>(small.get()), &log);
-    const auto source = makeSource();
-    QVERIFY(file.importParamFile(source.get(), "", "", NParamDef::ImportDefault));
-    QCOMPARE(log.lines,
+    SLoggedSmall small;
+    QVERIFY(small.file.importParamFile(makeSource().get(), "", "", NParamDef::ImportDefault));
+    QCOMPARE(small.log.lines,
              QStringList({"Mode of sub device 1: Default value is used.",
                           "Secret of sub device 1: The parameter is not defined and is skipped."}));
-    CParameterFileBaseImpl undefined(NktoGlobal::FILE_TYPE_PARAMETERS, &log);
-    undefined.cloneHardwareIdFromInstance("A", small.get());
-    log.lines.clear();
-    QVERIFY(!undefined.importParamFile(source.get(), "", "", NParamDef::ImportDefault));
-    QCOMPARE(log.lines,
-             QStringList({"Mode of sub device 1: Definition is missing.",
-                          "Definition of parameter \"Mode\" not found. Import failed."}));
+  }
+
+  void failsAtTheFirstDefaultWithoutDefinition() {
+    CKeptLines log;
+    CParameterFileBaseImpl file(NktoGlobal::FILE_TYPE_PARAMETERS, &log);
+    file.cloneHardwareIdFromInstance("A", makeSmall().get());
+    file.clearChanged();
+    const QString before = NParamFileText::all(file);
+    QVERIFY(!file.importParamFile(makeSource().get(), "A", "A", NParamDef::ImportDefault));
+    const QString message = "Definition of parameter \"Mode\" not found. Import failed.";
+    QCOMPARE(file.errorMsg(), message);
+    QCOMPARE(log.lines, QStringList({"Mode of sub device 1: Definition is missing.", message}));
+    QCOMPARE(NParamFileText::all(file), before);
   }
 
   void membersOfAGroupAnswerForEachOther() {
@@ -143,9 +142,8 @@ class tst_ParameterFileImport : public QObject {
     auto second = makeMember(first.get());
     for (const quint32 id : {1U, 2U}) {
       const auto file = makeFile();
-      CParamDefItem* definition =
-          file->addDef("P" + QString::number(id), NParamDef::PARAM_TYPE_U8, id);
-      definition->setVisible("5#1");
+      const QString name = "P" + QString::number(id);
+      file->addDef(name, NParamDef::PARAM_TYPE_U8, id)->setVisible("5#1");
       QVERIFY(file->saveParamDefFile(folder.filePath("d"), 0x10000));
       QVERIFY((id == 1 ? second : first)->loadParamDefFile(folder.filePath("d"), 0x10000));
     }

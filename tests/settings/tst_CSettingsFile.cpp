@@ -1,7 +1,7 @@
-#include "CMessageBoardHelper.h"
 #include "CSettingsFileImpl.h"
 #include "GoldenFiles.h"
 #include "ICLogfile.h"
+#include "KeptMessages.h"
 #include "SubVersions.h"
 
 #include <QDomDocument>
@@ -61,15 +61,7 @@ class tst_CSettingsFile : public QObject {
   Q_OBJECT
 
  private slots:
-  void init() {
-    mCriticals.clear();
-    CMessageBoardHelper::setHandler(
-        [this](CMessageBoardHelper::EMessageKind kind, const QString& text) {
-          QCOMPARE(kind, CMessageBoardHelper::Critical);
-          mCriticals << text;
-        });
-  }
-  void cleanup() { CMessageBoardHelper::setHandler({}); }
+  void init() { mBoard.texts.clear(); }
 
   /// Every file gives the tree beside it, from the file and from a buffer.
   void valid_data() { NGoldenFiles::addRows("settings/valid", ".txt"); }
@@ -89,7 +81,7 @@ class tst_CSettingsFile : public QObject {
     QVERIFY(!file->root());
     QCOMPARE(file->loadFromBuffer(read(base + ".xml"), kVersion), EError::NoError);
     QCOMPARE(dump(*file), expected);
-    QCOMPARE(mCriticals, QStringList());
+    QCOMPARE(mBoard.texts, QStringList());
   }
 
   /// The file beside it holds the result, the message behind its prefix, and the part read; "-"
@@ -116,7 +108,8 @@ class tst_CSettingsFile : public QObject {
     QCOMPARE(file->loadFromBuffer(read(base + ".xml"), kVersion), result);
     QCOMPARE(file->errorMsg(), messages.last());
     QCOMPARE(dump(*file), tree);
-    QCOMPARE(mCriticals, opened ? messages : QStringList());
+    const QStringList posted = {"2 " + messages.first(), "2 " + messages.last()};
+    QCOMPARE(mBoard.texts, opened ? posted : QStringList());
   }
 
   /// A file, loaded and saved, gives the bytes beside it, and those give themselves.
@@ -175,7 +168,7 @@ class tst_CSettingsFile : public QObject {
     QCOMPARE(file->save(name, kVersion), EError::SaveError);
     QCOMPARE(file->errorMsg(),
              QString("File \"" + name + "\": the file cannot be written: " + reason));
-    QCOMPARE(mCriticals, QStringList());
+    QCOMPARE(mBoard.texts, QStringList());
   }
 
   void saveWithoutTree() {
@@ -272,7 +265,7 @@ class tst_CSettingsFile : public QObject {
     QCOMPARE(settings.errorMsg(), message);
     QCOMPARE(buffer != "old", saved);
     QCOMPARE(read(path("file")), buffer);
-    QCOMPARE(mCriticals, QStringList());
+    QCOMPARE(mBoard.texts, QStringList());
 
     if (!saved) rootOf(file)->removeAllChildren();  // and with them what was wrong
     QCOMPARE(settings.saveToBuffer(buffer, kVersion), EError::NoError);
@@ -356,7 +349,7 @@ class tst_CSettingsFile : public QObject {
   QString path(const QString& name) const { return mFolder.filePath(name); }
 
   QTemporaryDir mFolder;
-  QStringList mCriticals;
+  SKeptMessages mBoard;
 };
 
 QTEST_GUILESS_MAIN(tst_CSettingsFile)

@@ -50,15 +50,6 @@ class tst_CParameterFileComparison : public QObject {
                      "sub-device-name-changed :2  [>] >Axis", "hardware-id-removed C:-1  [>] >"}));
   }
 
-  void comparesAsDefined() {
-    const auto oldFile = fromText("[A:1] U=0x10 S=0x10");
-    const auto newFile = fromText("[A:1] U=16 S=16");
-    newFile->addDef("U", NParamDef::PARAM_TYPE_U8, 1);
-    newFile->addDef("S", NParamDef::PARAM_TYPE_STR, 2);
-    QCOMPARE(texts(CParameterFileComparison::compare(*oldFile, *newFile, newFile.get())),
-             QStringList("value-changed A:1 S [>] 0x10>16"));
-  }
-
   void comparesTwoVariantsAndRestores() {
     const auto file = fromText("[A:1] X=1 Y=1 [B:1] X=1 Y=2");
     file->addHardwareId("empty");

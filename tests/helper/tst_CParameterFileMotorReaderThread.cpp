@@ -55,26 +55,16 @@ class tst_CParameterFileMotorReaderThread : public QObject {
     QVERIFY(thread.deviceElement().parameterFiles().first().projectPath().isEmpty());
   }
 
-  void asksTheDeviceUnlessItIsNull() {
-    const auto a = mFolder->put("a", {"A"});
-    CDeviceElement withoutMotors;
-    withoutMotors.setName("Feeder");
-    for (const CDeviceElement& device : {withoutMotors, CDeviceElement()}) {
-      CParameterFileMotorReaderThread thread(nullptr);
-      thread.setDeviceElement(device);
-      thread.setMotorParameterFiles({a});
-      QCOMPARE(read(thread).keys(), device.isNull() ? QStringList("A") : QStringList());
-    }
-  }
-
-  void emptiesTheNamesFirst() {
+  void readsNothingOfADeviceWithoutMotors() {
+    CDeviceElement device;
+    device.setName("Feeder");
     CParameterFileMotorReaderThread thread(nullptr);
-    thread.addMotorName("M", CParamFileElement());
-    QCOMPARE(thread.motorNames().size(), 1);
+    thread.setDeviceElement(device);
+    thread.setMotorParameterFiles({mFolder->put("a", {"A"})});
     QVERIFY(read(thread).isEmpty());
   }
 
-  void removesANameWithoutTheLock() {
+  void holdsNamesUntilItReads() {
     CParameterFileMotorReaderThread thread(nullptr);
     const auto b = mFolder->element("b");
     for (const char* name : {"A", "B"}) thread.addMotorName(name, mFolder->element("a"));
@@ -83,6 +73,7 @@ class tst_CParameterFileMotorReaderThread : public QObject {
     for (const char* name : {"A", "C"}) thread.removeMotorName(name);
     QCOMPARE(thread.motorNames(), CMotorNames({{"B", b}}));
     QCOMPARE(before.size(), 2);
+    QVERIFY(read(thread).isEmpty());
   }
 
   void takesThePrefixOfAnActiveLogfile() {

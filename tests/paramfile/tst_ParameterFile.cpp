@@ -269,12 +269,15 @@ class tst_ParameterFile : public QObject {
     }
     QCOMPARE(depth, 1019);
     QVERIFY(file->addParameter(group, "Speed"));
+    QVERIFY(file->copySubDevice(2, 3));
     QVERIFY2(file->saveParamFile(folder.filePath("a"), QString(), 0x10000),
              qPrintable(file->errorMsg()));
     const auto again = makeFile();
     QVERIFY2(again->loadParamFile(folder.filePath("a"), QString(), 0x10000),
              qPrintable(again->errorMsg()));
-    QCOMPARE(again->paramNames(2), QStringList("Speed"));
+    for (const quint8 subDevId : {quint8(2), quint8(3)}) {
+      QCOMPARE(again->paramNames(subDevId), QStringList("Speed"));
+    }
   }
 
   void randomEditsKeepIndexAndTreeInStep() {

@@ -45,9 +45,6 @@ class tst_DeviceElements : public QObject {
     file.setProjectPath("/q");
     file.setComment("changed");
     QCOMPARE(device.parameterFiles().first(), CParamFileElement(FILE_TYPE_PARAMETERS, {"/p", "a"}));
-    copy = device;
-    QCOMPARE(copy.name(), QString("Feeder"));
-    QCOMPARE(copy.parameterFiles(), device.parameterFiles());
   }
 
   void projectPathIsThatOfBothFiles() {

@@ -3,6 +3,7 @@
 #include "TestFiles.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QtTest>
 

@@ -227,7 +227,7 @@ class tst_CSettingsFile : public QObject {
         "The value <Port> of type %1 has no text, so it could not be loaded again.";
     for (int type = ICSettingsTreeNode::TypeUInt8; type <= ICSettingsTreeNode::TypeBoolean;
          ++type) {
-      const QString tag = CSettingsFileImpl::mTypeTags.at(type);
+      const QString& tag = CSettingsFileImpl::mTypeTags.at(type);
       const QString message = type == string ? QString() : missing.arg(tag);
       addRow(qPrintable(tag + " empty"), "Port", type, "", "", "", message);
       addRow(qPrintable(tag + " white space"), "Port", type, " \t\r\n", "", "", message);

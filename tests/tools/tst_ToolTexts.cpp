@@ -17,7 +17,7 @@ class tst_ToolTexts : public QObject {
     addRow("blanks", "a ", "\"a \"", 2);
     addRow("no-break space", u8"\u00a0a", u8"\"\u00a0a\"", 2);
     addRow("terminal control", u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", 5);
-    addRow("turned direction", u8"a\u202eb", "\"a\\u202eb\"", 2);
+    addRow("turned direction", QString("a") + QChar(0x202e) + 'b', "\"a\\u202eb\"", 2);
     addRow("line ends", u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", 6);
     addRow("combining", u8"a\u0301\u20dd", u8"a\u0301\u20dd", 1);
     addRow("wide", "軸한ｱＡ", "軸한ｱＡ", 7);

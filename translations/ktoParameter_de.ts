@@ -55,6 +55,10 @@
         <source>the file cannot be kept as &quot;%1&quot;: %2.</source>
         <translation>die Datei kann nicht als &quot;%1&quot; aufgehoben werden: %2.</translation>
     </message>
+    <message>
+        <source>no file is named.</source>
+        <translation>es ist keine Datei genannt.</translation>
+    </message>
 </context>
 <context>
     <name>CCompensationFileImpl</name>

@@ -127,6 +127,10 @@ int addName(const QString& fileName, const QString& newName) {
 }  // namespace
 
 bool CAtomicFile::read(const QString& fileName, QByteArray& content, QString& error) {
+  if (fileName.isEmpty()) {  // Qt would print a warning
+    error = tr("no file is named.");
+    return false;
+  }
   const QFileInfo info(fileName);
   if (info.exists() && !info.isFile()) {
     error = tr("this is not a regular file.");

@@ -67,7 +67,7 @@ EParamFileType CParameterFileHelper::detectFileType(const QByteArray& data) {
 EParamFileType CParameterFileHelper::detectFileType(const QString& fileName) {
   // Not in text mode: that drops bytes of UTF-16. The line ends are the stream's business.
   QFile file(fileName);
-  if (!file.open(QIODevice::ReadOnly)) return FILE_TYPE_NONE;
+  if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly)) return FILE_TYPE_NONE;
   return detect(file.read(kSearchedBytes));
 }
 

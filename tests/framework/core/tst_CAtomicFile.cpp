@@ -1,4 +1,5 @@
 #include "CAtomicFile.h"
+#include "QtMessages.h"
 #include "TestFiles.h"
 
 #include <QTemporaryDir>
@@ -82,6 +83,18 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(error, QString("this is not a regular file and is not replaced."));
     QVERIFY(!CAtomicFile::read(mName, content, error));
     QCOMPARE(content, QByteArray("kept"));
+  }
+
+  void needsAName() {
+    QString error;
+    QByteArray content;
+    const QStringList printed = qtMessages([&] {
+      QVERIFY(!CAtomicFile::read(QString(), content, error));
+      QCOMPARE(error, QString("no file is named."));
+      QVERIFY(!CAtomicFile::write(QString(), "new", {}, error));
+      QCOMPARE(error, QString("this is not a regular file and is not replaced."));
+    });
+    QCOMPARE(printed, QStringList());
   }
 
   void aFailedWriteKeepsTheOldFile() {

@@ -57,11 +57,6 @@ CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
   return copy;
 }
 
-CParamTreeNodeImpl* CSubDeviceTree::node(const QString& name) const {
-  const auto it = mParams.find(name);
-  return it == mParams.end() ? nullptr : it.value();
-}
-
 CParamVal CSubDeviceTree::value(const QString& name) const {
   const CParamTreeNodeImpl* const param = node(name);
   return param ? param->value() : CParamVal();
@@ -95,13 +90,13 @@ CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNod
   data.setSubDevId(mSubDevId);
   auto* const added = new CParamTreeNodeImpl(data);
   parent->addChild(added);
-  if (added->isGroup()) index(added);
+  index(added);
   return added;
 }
 
 void CSubDeviceTree::index(CParamTreeNodeImpl* node) {
   if (node->isParam()) {
-    mParams[node->name()] = node;
+    mParams.insert(node);
   } else if (const CGroupKey key{parentOf(node), node->name()}; !mGroups.contains(key)) {
     mGroups.insert(key, node);
   }
@@ -109,7 +104,7 @@ void CSubDeviceTree::index(CParamTreeNodeImpl* node) {
 
 void CSubDeviceTree::removeFromIndex(CParamTreeNodeImpl* node) {
   if (node->isParam()) {
-    mParams.remove(node->name());
+    mParams.remove(node);
   } else if (const CGroupKey key{parentOf(node), node->name()}; mGroups.value(key) == node) {
     mGroups.remove(key);
   }
@@ -122,10 +117,8 @@ CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const Q
 CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, const QString& name,
                                                  quint32 id, const CParamVal& value) {
   const CParamNodeData data(mSubDevId, name, id);
-  if (!data.isParam()) return nullptr;
-  CParamTreeNodeImpl*& param = mParams[name];  // made when missing, so the name is looked up once
-  if (param) return nullptr;
-  param = append(parent, data);
+  if (!data.isParam() || contains(name)) return nullptr;
+  CParamTreeNodeImpl* const param = append(parent, data);
   param->setValue(value);
   return param;
 }
@@ -169,7 +162,6 @@ void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamTree
   CParamTreeNodeImpl* param = node(source.name());
   if (!param) {
     param = append(target, source.dataRef());
-    index(param);
   } else if (source.id() != 0) {
     param->dataPtr()->setId(source.id());
   }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "CNameMap.h"
-#include "CParamTreeNodeImpl.h"
+#include "CNodeIndex.h"
 
 #include <QHash>
 #include <QStringList>
@@ -28,12 +27,12 @@ class CSubDeviceTree {
 
   quint8 subDevId() const { return mSubDevId; }
   CParamTreeNodeImpl* root() const { return mRoot.get(); }
-  int count() const { return static_cast<int>(mParams.size()); }  ///< of parameters
+  int count() const { return mParams.count(); }  ///< of parameters
   void reserve(int count) { mParams.reserve(count); }
 
-  bool contains(const QString& name) const { return mParams.count(name) > 0; }
+  bool contains(const QString& name) const { return node(name) != nullptr; }
   /// Null for an unknown parameter.
-  CParamTreeNodeImpl* node(const QString& name) const;
+  CParamTreeNodeImpl* node(const QString& name) const { return mParams.find(name); }
   CParamVal value(const QString& name) const;
   bool setValue(const QString& name, const CParamVal& value);  ///< false for an unknown parameter
   /// The parameters, in tree order.
@@ -70,6 +69,6 @@ class CSubDeviceTree {
 
   quint8 mSubDevId;
   std::unique_ptr<CParamTreeNodeImpl> mRoot;
-  QHash<QString, CParamTreeNodeImpl*> mParams;
+  CNodeIndex mParams;
   QHash<CGroupKey, CParamTreeNodeImpl*> mGroups;
 };

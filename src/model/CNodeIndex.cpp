@@ -1,0 +1,62 @@
+#include "CNodeIndex.h"
+
+#include "CNameMap.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr size_t kFewest = 16;
+
+}  // namespace
+
+CParamTreeNodeImpl* CNodeIndex::find(const QString& name) const {
+  if (mCount == 0) return nullptr;
+  const size_t hash = SNameHash()(name);
+  size_t slot = home(hash);
+  while (mSlots[slot].node &&
+         (mSlots[slot].hash != hash || mSlots[slot].node->dataRef().name() != name)) {
+    slot = next(slot);
+  }
+  return mSlots[slot].node;
+}
+
+void CNodeIndex::insert(CParamTreeNodeImpl* node) {
+  reserve(count() + 1);
+  place({node, SNameHash()(node->dataRef().name())});
+  ++mCount;
+}
+
+void CNodeIndex::remove(const CParamTreeNodeImpl* node) {
+  size_t gap = home(SNameHash()(node->dataRef().name()));
+  while (mSlots[gap].node != node) gap = next(gap);
+  // What follows without a gap moves up, unless it would stand before its home then.
+  for (size_t slot = next(gap); mSlots[slot].node; slot = next(slot)) {
+    if (home(slot - mSlots[slot].hash) >= home(slot - gap)) {
+      mSlots[gap] = mSlots[slot];
+      gap = slot;
+    }
+  }
+  mSlots[gap] = SSlot();
+  --mCount;
+}
+
+void CNodeIndex::reserve(int count) {
+  size_t size = std::max(kFewest, mSlots.size());
+  while (static_cast<size_t>(count) * 4 > size * 3) size *= 2;
+  if (size > mSlots.size()) resize(size);
+}
+
+void CNodeIndex::resize(size_t size) {
+  const std::vector<SSlot> entries = std::exchange(mSlots, std::vector<SSlot>(size));
+  for (const SSlot& entry : entries) {
+    if (entry.node) place(entry);
+  }
+}
+
+void CNodeIndex::place(const SSlot& entry) {
+  size_t slot = home(entry.hash);
+  while (mSlots[slot].node) slot = next(slot);
+  mSlots[slot] = entry;
+}

@@ -6,7 +6,7 @@
 #include "ICParameterFile.h"
 #include "NLumoXmlTags.h"
 
-#include <QHash>
+#include <QMap>
 
 using namespace NLumoXmlTags;
 
@@ -141,7 +141,7 @@ bool CParamValueFile::save(const QString& fileName, const QString& version,
 /// Reading ignores blanks round a hardware id; of two that differ in nothing else it would find one
 /// twice.
 bool CParamValueFile::idsStayApart(const CHardwareIdTrees& trees) {
-  QHash<QString, QString> idByTrimmed;
+  QMap<QString, QString> idByTrimmed;
   for (const auto& entry : trees) {
     const QString known = idByTrimmed.value(entry.first.trimmed());
     if (!known.isNull()) {

@@ -3,13 +3,10 @@
 #include "CUniqueList.h"
 #include "NParamDef.h"
 
-#include <QHash>
+#include <QMap>
 
-namespace NParamDef {
-inline uint qHash(const SNamedI64Value& choice, uint seed = 0) {
-  return ::qHash(choice.name, seed) ^ ::qHash(choice.value);
-}
-}  // namespace NParamDef
+#include <set>
+#include <tuple>
 
 /// The choices of an enumeration or of radio buttons, found by value and by name. Enumerations with
 /// tens of thousands of choices exist, so a long list also has an index for both.
@@ -28,7 +25,13 @@ class CChoiceList {
  private:
   void index(const NParamDef::SNamedI64Value& choice);
 
-  CUniqueList<NParamDef::SNamedI64Value> mChoices;
-  QHash<qint64, QString> mNames;   // of a long list only, else empty
-  QHash<QString, qint64> mValues;  // likewise
+  struct SLess {
+    bool operator()(const NParamDef::SNamedI64Value& a, const NParamDef::SNamedI64Value& b) const {
+      return std::tie(a.value, a.name) < std::tie(b.value, b.name);
+    }
+  };
+
+  CUniqueList<NParamDef::SNamedI64Value, std::set<NParamDef::SNamedI64Value, SLess>> mChoices;
+  QMap<qint64, QString> mNames;   // of a long list only, else empty
+  QMap<QString, qint64> mValues;  // likewise
 };

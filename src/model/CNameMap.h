@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
 
 #include <unordered_map>
 
-/// Hashes names as QHash does. It does not say that it never throws: then the map keeps the hashes
-/// instead of computing them again as it grows.
+/// Hashes names by SipHash-1-3 with the seed of Qt's hashes as its key. Names come from files, and
+/// Qt's own hash is linear: names that collide under every seed are easily made, and a few thousand
+/// of them would hold up a load for minutes.
+/// It does not say that it never throws: then a map keeps the hashes instead of computing them
+/// again as it grows.
 struct SNameHash {
-  size_t operator()(const QString& name) const {
-    return qHash(name, static_cast<uint>(qGlobalQHashSeed()));
-  }
+  size_t operator()(const QString& name) const;
 };
 
 /// A hash from name to T whose entries stay where they are. Unlike a QHash it is never shared, and

@@ -7,17 +7,23 @@
 #include <QSharedData>
 
 #include <limits>
+#include <set>
+#include <tuple>
 
 using NParamDef::EParamType;
 using NParamDef::SBitValue;
 using NParamDef::SCheckValues;
 using NParamDef::SNamedI64Value;
 
-namespace NParamDef {
-static uint qHash(const SBitValue& bit, uint seed = 0) {
-  return ::qHash(bit.name, seed) ^ ::qHash(bit.pos * 2 + (bit.invert ? 1 : 0));
-}
-}  // namespace NParamDef
+namespace {
+
+struct SBitLess {
+  bool operator()(const SBitValue& a, const SBitValue& b) const {
+    return std::tie(a.pos, a.name, a.invert) < std::tie(b.pos, b.name, b.invert);
+  }
+};
+
+}  // namespace
 
 class CParamDefItemData : public QSharedData {
  public:
@@ -37,7 +43,7 @@ class CParamDefItemData : public QSharedData {
   CChoiceList enums;
   CChoiceList radios;
   SCheckValues checkVals;
-  CUniqueList<SBitValue> bitset;
+  CUniqueList<SBitValue, std::set<SBitValue, SBitLess>> bitset;
   unsigned int visibleId = NParamDef::NO_ID;
   CUniqueList<qint64> visibleVals;
 };

@@ -1,6 +1,6 @@
 #include "CSubDeviceTree.h"
 
-#include <QMultiHash>
+#include <QMultiMap>
 
 #include <utility>
 
@@ -27,8 +27,8 @@ CParamTreeNodeImpl* nextGroup(const CParamTreeNodeImpl& parent, int after, const
 }
 
 // The groups among the children. Backwards, since take() begins with what came last.
-QMultiHash<QString, CParamTreeNodeImpl*> childGroups(const CParamTreeNodeImpl& parent) {
-  QMultiHash<QString, CParamTreeNodeImpl*> groups;
+QMultiMap<QString, CParamTreeNodeImpl*> childGroups(const CParamTreeNodeImpl& parent) {
+  QMultiMap<QString, CParamTreeNodeImpl*> groups;
   for (int i = parent.childCount() - 1; i >= 0; --i) {
     CParamTreeNodeImpl* const node = parent.childNode(i);
     if (node->isGroup()) groups.insert(node->name(), node);
@@ -146,7 +146,7 @@ void CSubDeviceTree::merge(CSubDeviceTree&& other) {
 }
 
 void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
-  QMultiHash<QString, CParamTreeNodeImpl*> groups = childGroups(*target);
+  QMultiMap<QString, CParamTreeNodeImpl*> groups = childGroups(*target);
   for (int i = 0; i < source.childCount(); ++i) {
     const CParamTreeNodeImpl& each = *source.childNode(i);
     if (each.isParam()) {

@@ -2,7 +2,8 @@
 
 #include "CNodeIndex.h"
 
-#include <QHash>
+#include <QMap>
+#include <QPair>
 #include <QStringList>
 #include <QVector>
 
@@ -70,5 +71,5 @@ class CSubDeviceTree {
   quint8 mSubDevId;
   std::unique_ptr<CParamTreeNodeImpl> mRoot;
   CNodeIndex mParams;
-  QHash<CGroupKey, CParamTreeNodeImpl*> mGroups;
+  QMap<CGroupKey, CParamTreeNodeImpl*> mGroups;
 };

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QList>
-#include <QSet>
+
+#include <set>
 
 /// A list that takes every value once, in the order added. A short one is searched; a long one has
-/// a hash set beside it, so that adding costs the same however long the list is.
-template <typename T>
+/// a set beside it, so that adding hardly costs more in a longer list. An ordered one unless told
+/// otherwise: what a file lists can be made to collide in a hash.
+template <typename T, typename Set = std::set<T>>
 class CUniqueList {
  public:
   CUniqueList() = default;
@@ -15,10 +17,10 @@ class CUniqueList {
   const QList<T>& list() const { return mList; }
   bool isEmpty() const { return mList.isEmpty(); }
   int size() const { return mList.size(); }
-  /// True when lookups go through a hash, since the list is long.
-  bool isIndexed() const { return !mSet.isEmpty(); }
+  /// True when lookups go through the set, since the list is long.
+  bool isIndexed() const { return !mSet.empty(); }
   bool contains(const T& value) const {
-    return isIndexed() ? mSet.contains(value) : mList.contains(value);
+    return isIndexed() ? mSet.count(value) > 0 : mList.contains(value);
   }
 
   bool operator==(const CUniqueList& other) const { return mList == other.mList; }
@@ -39,9 +41,9 @@ class CUniqueList {
   static constexpr int kSearchedSize = 16;
 
   void indexWhenLong() {
-    if (mList.size() > kSearchedSize) mSet = QSet<T>(mList.cbegin(), mList.cend());
+    if (mList.size() > kSearchedSize) mSet = Set(mList.cbegin(), mList.cend());
   }
 
   QList<T> mList;
-  QSet<T> mSet;  // of all values when the list is long, else empty
+  Set mSet;  // of all values when the list is long, else empty
 };

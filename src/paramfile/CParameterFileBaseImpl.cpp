@@ -50,7 +50,7 @@ void CParameterFileBaseImpl::clear() {
   mErrorMsg.clear();
   mErrorLine = 0;
   clearRootNodes();
-  mChanged = CUniqueList<QString>();
+  mChanged = {};
   mMetaData = CXMLMetaData();
   mHardwareId.clear();
   mVersion = 0;
@@ -79,7 +79,7 @@ bool CParameterFileBaseImpl::paramChanged(const QString& hardwareId) const {
 
 void CParameterFileBaseImpl::clearChanged() {
   mDefinitions.clearChanged();
-  mChanged = CUniqueList<QString>();
+  mChanged = {};
 }
 
 void CParameterFileBaseImpl::setDefMetaData(const QString& author, const QString& comment) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CDefinitionStore.h"
+#include "CNameMap.h"
 #include "CParamValueFile.h"
 #include "CParameterFileErrorHandler.h"
 #include "CUniqueList.h"
@@ -10,6 +11,7 @@
 #include <QRegularExpression>
 
 #include <memory>
+#include <unordered_set>
 
 /// A parameter file that stands for itself. Grouped objects derive from it and look further.
 class CParameterFileBaseImpl : public ICParameterFile {
@@ -188,6 +190,6 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CParameterFileErrorHandler* mErrorHandler = nullptr;
   CDefinitionStore mDefinitions;
   CHardwareIdTrees mTrees;
-  CUniqueList<QString> mChanged;
+  CUniqueList<QString, std::unordered_set<QString, SNameHash>> mChanged;
   NParamDef::SImportResult mImportResult;
 };

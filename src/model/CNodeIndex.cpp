@@ -12,7 +12,7 @@ constexpr size_t kFewest = 16;
 }  // namespace
 
 CParamTreeNodeImpl* CNodeIndex::find(const QString& name) const {
-  if (mCount == 0) return nullptr;
+  if (mSlots.empty()) return nullptr;
   const size_t hash = SNameHash()(name);
   size_t slot = home(hash);
   while (mSlots[slot].node &&

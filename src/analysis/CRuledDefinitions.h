@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CNameMap.h"
+#include "CKeyedMap.h"
 #include "CValueRules.h"
 
 #include <deque>
@@ -30,7 +30,7 @@ class CRuledDefinitions {
 
   CDefinitionIndex& mDefinitions;
   std::deque<SRuled> mRuled;    // in the order in which they were asked for
-  CNameMap<size_t> mPositions;  // of the first mIndexed, the others follow when one is looked up
+  CKeyedMap<QString, size_t> mPositions;  // of the first mIndexed, the others follow when one is looked up
   size_t mIndexed = 0;
   size_t mEarlier = 0;  // those of earlier sub-devices
   size_t mNext = 0;     // behind the last one asked for

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "CNameMap.h"
+#include "CKeyedMap.h"
 #include "CParamBaseFile.h"
 #include "CParamDefItem.h"
 
 #include <QHash>
 #include <QVector>
 
-using CParamDefinitions = CNameMap<CParamDefItem>;
+using CParamDefinitions = CKeyedMap<QString, CParamDefItem>;
 
 /// Reads and writes parameter definition files.
 class CParamDefFile : public CParamBaseFile {

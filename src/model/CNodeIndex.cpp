@@ -1,6 +1,6 @@
 #include "CNodeIndex.h"
 
-#include "CNameMap.h"
+#include "CKeyedMap.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,7 +13,7 @@ constexpr size_t kFewest = 16;
 
 CParamTreeNodeImpl* CNodeIndex::find(const QString& name) const {
   if (mSlots.empty()) return nullptr;
-  const size_t hash = SNameHash()(name);
+  const size_t hash = SKeyedHash()(name);
   size_t slot = home(hash);
   while (mSlots[slot].node &&
          (mSlots[slot].hash != hash || mSlots[slot].node->dataRef().name() != name)) {
@@ -24,12 +24,12 @@ CParamTreeNodeImpl* CNodeIndex::find(const QString& name) const {
 
 void CNodeIndex::insert(CParamTreeNodeImpl* node) {
   reserve(count() + 1);
-  place({node, SNameHash()(node->dataRef().name())});
+  place({node, SKeyedHash()(node->dataRef().name())});
   ++mCount;
 }
 
 void CNodeIndex::remove(const CParamTreeNodeImpl* node) {
-  size_t gap = home(SNameHash()(node->dataRef().name()));
+  size_t gap = home(SKeyedHash()(node->dataRef().name()));
   while (mSlots[gap].node != node) gap = next(gap);
   // What follows without a gap moves up, unless it would stand before its home then.
   for (size_t slot = next(gap); mSlots[slot].node; slot = next(slot)) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CDefinitionStore.h"
-#include "CNameMap.h"
+#include "CKeyedMap.h"
 #include "CParamValueFile.h"
 #include "CParameterFileErrorHandler.h"
 #include "CUniqueList.h"
@@ -11,7 +11,6 @@
 #include <QRegularExpression>
 
 #include <memory>
-#include <unordered_set>
 
 /// A parameter file that stands for itself. Grouped objects derive from it and look further.
 class CParameterFileBaseImpl : public ICParameterFile {
@@ -190,6 +189,6 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CParameterFileErrorHandler* mErrorHandler = nullptr;
   CDefinitionStore mDefinitions;
   CHardwareIdTrees mTrees;
-  CUniqueList<QString, std::unordered_set<QString, SNameHash>> mChanged;
+  CUniqueList<QString, CKeyedSet<QString>> mChanged;
   NParamDef::SImportResult mImportResult;
 };

@@ -1,4 +1,4 @@
-#include "CNameMap.h"
+#include "CKeyedMap.h"
 
 #include <QHash>
 #include <QtTest>
@@ -63,7 +63,7 @@ size_t differentHashes(const Hash& hash) {
 
 }  // namespace
 
-class tst_CNameMap : public QObject {
+class tst_CKeyedMap : public QObject {
   Q_OBJECT
 
  private slots:
@@ -72,24 +72,32 @@ class tst_CNameMap : public QObject {
     // another.
     const auto ofQt = [](const QString& text) { return qHash(text, 1); };
     QVERIFY(differentHashes(ofQt) == 1 || qHash(QString("Aa"), 1) == qHash(QString("BB"), 1));
-    QCOMPARE(differentHashes(SNameHash()), size_t(1024));
-    QVERIFY(SNameHash()("Aa") != SNameHash()("BB"));
+    QCOMPARE(differentHashes(SKeyedHash()), size_t(1024));
+    QVERIFY(SKeyedHash()("Aa") != SKeyedHash()("BB"));
+  }
+
+  void theKeyIsOfTheProcess() {
+    const size_t before = SKeyedHash()("Aa");
+    qSetGlobalQHashSeed(0);
+    const size_t after = SKeyedHash()("Aa");
+    qSetGlobalQHashSeed(-1);
+    QCOMPARE(after, before);
   }
 
   void everyCharacterCounts() {
     std::set<size_t> hashes;
     QString text;
     for (int size = 0; size < 20; ++size, text += QChar(0)) {
-      hashes.insert(SNameHash()(text));
+      hashes.insert(SKeyedHash()(text));
       for (int i = 0; i < size; ++i) {
         QString other = text;
         other[i] = 'x';
-        hashes.insert(SNameHash()(other));
+        hashes.insert(SKeyedHash()(other));
       }
     }
     QCOMPARE(hashes.size(), size_t(20 + 190));
   }
 };
 
-QTEST_APPLESS_MAIN(tst_CNameMap)
-#include "tst_CNameMap.moc"
+QTEST_APPLESS_MAIN(tst_CKeyedMap)
+#include "tst_CKeyedMap.moc"

@@ -1,6 +1,6 @@
-#include "CNameMap.h"
+#include "CKeyedMap.h"
 
-#include <QHash>
+#include <QRandomGenerator>
 
 #include <cstring>
 
@@ -46,12 +46,22 @@ struct SSip {
   }
 };
 
+/// Drawn at the first hash of the process.
+struct SKey {
+  quint64 words[2];
+  SKey() { QRandomGenerator::system()->fillRange(words); }
+};
+
+SSip keyed() {
+  static const SKey key;
+  return SSip(key.words[0], key.words[1]);
+}
+
 }  // namespace
 
-size_t SNameHash::operator()(const QString& name) const {
+size_t SKeyedHash::operator()(const QString& name) const {
   constexpr size_t kWord = sizeof(quint64);
-  const auto seed = static_cast<quint64>(qGlobalQHashSeed());
-  SSip sip(seed, ~seed);
+  SSip sip = keyed();
   const auto* const bytes = reinterpret_cast<const char*>(name.constData());
   const size_t size = static_cast<size_t>(name.size()) * sizeof(QChar);
   quint64 word = 0;
@@ -62,5 +72,11 @@ size_t SNameHash::operator()(const QString& name) const {
   word = 0;
   std::memcpy(&word, bytes + size / kWord * kWord, size % kWord);
   sip.add(word | static_cast<quint64>(size) << 56U);
+  return static_cast<size_t>(sip.finish());
+}
+
+size_t SKeyedHash::operator()(quint64 number) const {
+  SSip sip = keyed();
+  sip.add(number);
   return static_cast<size_t>(sip.finish());
 }

@@ -1,31 +1,20 @@
 #pragma once
 
 #include "CDeviceBaseElement.h"
-#include "ktoFramework_export.h"
 
-#include <QSharedDataPointer>
 #include <QString>
 
-class CDeviceElementData;
-
-/// A device of a project: its name and its parameter files. A plain value, and copies share it.
+/// A device of a project: its name and its parameter files.
 class KTOFRAMEWORK_EXPORT CDeviceElement : public CDeviceBaseElement {
  public:
-  CDeviceElement();
-  CDeviceElement(const CDeviceElement& other);
-  CDeviceElement& operator=(const CDeviceElement& other);
-  ~CDeviceElement();
-
-  QString name() const;
-  void setName(const QString& name);
+  QString name() const { return mName; }
+  void setName(const QString& name) { mName = name; }
 
   /// No device at all: neither a name nor a parameter file.
-  bool isNull() const;
+  bool isNull() const { return mName.isEmpty() && isEmpty(); }
   /// No parameter file.
-  bool isEmpty() const;
+  bool isEmpty() const { return parameterFiles().isEmpty(); }
 
  private:
-  QSharedDataPointer<CDeviceElementData> d;
+  QString mName;
 };
-
-Q_DECLARE_TYPEINFO(CDeviceElement, Q_MOVABLE_TYPE);

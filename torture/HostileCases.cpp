@@ -86,6 +86,8 @@ void documentTypes(CCases& cases) {
   cases.add("doctype without a name", "\n<!DOCTYPE><r/>", line(2, kInvalid));
   cases.add("doctype in small letters", "\n<!doctype r><r/>", line(2, kInvalid));
   cases.add("doctype not closed", "\n<!DOCTYPE r SYSTEM 'x'", line(2, kNoRoot));
+  cases.add("external doctype twice", "<!DOCTYPE r SYSTEM 'x'><!DOCTYPE r SYSTEM 'x'><r/>",
+            line(1, "there is more than one document type declaration"));
   cases.inside("<!DOCTYPE r>", kInvalid);
 }
 
@@ -233,6 +235,25 @@ void encodings(CCases& cases) {
        {"UCS-4", "UTF-7", "UTF-32", "KOI8-R", "Shift_JIS", "EBCDIC-CP-US", "x"}) {
     declared(name, other, line(1, kUnknownEncoding));
   }
+  // Not by this order, whichever it is, and not by UTF-8.
+  cases.bytes(
+      "declared in the other order",
+      [](EEncoding encoding) -> QByteArray {
+        return encode(QString("<?xml version='1.0' encoding='UTF-16%1'?><r/>")
+                          .arg(encoding == Utf16Le ? "BE" : "LE"),
+                      encoding);
+      },
+      other, other);
+  const auto asItStands = [&cases](const char* name, const char* bytes, const QString& message) {
+    cases.bytes(
+        name, [bytes](EEncoding) -> QByteArray { return bytes; }, message, message);
+  };
+  asItStands("UTF-8 mark, ISO-8859-1 declared",
+             "\xEF\xBB\xBF<?xml version='1.0' encoding='ISO-8859-1'?><r/>", other);
+  asItStands("umlaut in US-ASCII", "<?xml version='1.0' encoding='US-ASCII'?><r>\xE4</r>",
+             line(1, kInvalid));
+  asItStands("unassigned in windows-1252",
+             "<?xml version='1.0' encoding='windows-1252'?><r>\x81</r>", line(1, kInvalid));
   declared("", line(1, "the XML declaration is not well-formed"),
            line(1, "the XML declaration is not well-formed"));
   declared("&amp;", line(1, "the XML declaration is not well-formed"),

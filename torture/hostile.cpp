@@ -89,7 +89,8 @@ bool runApart(const SCase& hostile, EEncoding encoding, const QString& fileName,
 
 int main(int argc, char** argv) {
   const SOptions options(argc, argv);
-  constexpr double kMaxSeconds = 1;
+  // Others may use the machine; what is quadratic in a file takes longer than ten seconds.
+  const double maxSeconds = options.pick(10, 1);
   constexpr double kMaxMegabytes = 600;
   const char* const names[] = {"UTF-16LE", "UTF-16BE", "UTF-8"};
   const CFolder folder;
@@ -103,19 +104,14 @@ int main(int argc, char** argv) {
     for (const EEncoding encoding : {Utf16Le, Utf16Be, Utf8}) {
       const QString name = QString("%1 in %2").arg(hostile.name.left(80), names[encoding]);
       const QString expected = encoding == Utf8 ? hostile.utf8Message : hostile.utf16Message;
-      bool ended = true;
-      bool inTime = false;
-      for (int tries = 0; ended && !inTime && tries < 5; ++tries) {
-        ::sleep(tries == 0 ? 0 : 1);  // others may use the machine
-        *outcome = SOutcome();
-        ended = runApart(hostile, encoding, folder.path("file"), *outcome);
-        inTime = !options.hasLimits || outcome->seconds < kMaxSeconds;
-      }
+      *outcome = SOutcome();
+      const bool ended = runApart(hostile, encoding, folder.path("file"), *outcome);
+      const bool inLimits = outcome->seconds < maxSeconds && outcome->megabytes < kMaxMegabytes;
       tally.check(ended, name + ": crashed");
       tally.check(outcome->fromBuffer == expected,
                   name + ": " + outcome->fromBuffer + " | expected " + expected);
       tally.check(outcome->fromPath == expected, name + ": from a path: " + outcome->fromPath);
-      tally.check(inTime && (!options.hasLimits || outcome->megabytes < kMaxMegabytes),
+      tally.check(!options.hasLimits || inLimits,
                   name + QString(": %1 s, %2 MB").arg(outcome->seconds).arg(outcome->megabytes));
       longest.update(outcome->seconds, name);
       largest.update(outcome->megabytes, name);

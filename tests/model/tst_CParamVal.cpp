@@ -28,21 +28,6 @@ QString acceptingTypes(const CParamVal& value) {
   return types.join(' ');
 }
 
-template <typename T>
-void readBack(T number) {
-  T read = 0;
-  QVERIFY2(CParamVal(number).value(read), qPrintable(CParamVal(number).asStr()));
-  QCOMPARE(read, number);
-  QCOMPARE(static_cast<T>(CParamVal(number)), number);
-}
-
-template <typename T>
-void readBackLimits() {
-  readBack(std::numeric_limits<T>::min());
-  readBack(T(0));
-  readBack(std::numeric_limits<T>::max());
-}
-
 }  // namespace
 
 class tst_CParamVal : public QObject {
@@ -53,16 +38,11 @@ class tst_CParamVal : public QObject {
     const auto row = [](const char* text, const CParamVal& v) { addTextRow(text, v.asStr()); };
     row("0x0", static_cast<unsigned char>(0));
     row("0xff", static_cast<unsigned char>(255));
-    row("0xabcd", static_cast<unsigned short>(0xABCD));
-    row("0x1000", 4096U);
     row("0xffffffffffffffff", std::numeric_limits<unsigned long long>::max());
     row("-128", static_cast<signed char>(-128));
-    row("-32768", static_cast<short>(-32768));
-    row("-7", -7);
     row("-9223372036854775808", std::numeric_limits<long long>::min());
     row("2.5", 2.5);
     row("1", 1.0);
-    row("0.1", 0.1);
     row("0.333333333333333", 1.0 / 3.0);
     row("1e+20", 1e20);
     row("inf", std::numeric_limits<double>::infinity());
@@ -76,53 +56,19 @@ class tst_CParamVal : public QObject {
     addColumns<QString, QString>("text", "types");
     addTextRow("127", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
     addTextRow("255", "u8 u16 u32 u64 i16 i32 i64 f64");
-    addTextRow("256", "u16 u32 u64 i16 i32 i64 f64");
-    addTextRow("65536", "u32 u64 i32 i64 f64");
-    addTextRow("4294967296", "u64 i64 f64");
     addTextRow("18446744073709551615", "u64 f64");
     addTextRow("18446744073709551616", "f64");
     addTextRow("-128", "i8 i16 i32 i64 f64");
-    addTextRow("-129", "i16 i32 i64 f64");
-    addTextRow("-32769", "i32 i64 f64");
-    addTextRow("-2147483649", "i64 f64");
     addTextRow("0xff", "u8 u16 u32 u64 i16 i32 i64");
     addTextRow("0xffffffffffffffff", "u64");
-    addTextRow(" 5 ", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
     addTextRow("0.5", "f64");
     addTextRow("1e400", "");
     addTextRow("abc", "");
-    addTextRow("5 V", "");
     addTextRow("", "");
   }
   void readsExactlyItsType() {
     QFETCH(QString, text);
     QTEST(acceptingTypes(CParamVal(text)), "types");
-  }
-
-  void readsBackItsOwnTexts() {
-    readBackLimits<unsigned char>();
-    readBackLimits<unsigned short>();
-    readBackLimits<unsigned int>();
-    readBackLimits<unsigned long long>();
-    readBackLimits<signed char>();
-    readBackLimits<short>();
-    readBackLimits<int>();
-    QCOMPARE(CParamVal(std::numeric_limits<long long>::min()).asI64(),
-             std::numeric_limits<long long>::min());
-    readBack(1e-300);
-    readBack(-2.5e300);
-  }
-
-  void failedReadLeavesTheOutput() {
-    const CParamVal value("abc");
-    unsigned int number = 7;
-    double real = 7.5;
-    QVERIFY(!value.value(number));
-    QVERIFY(!value.value(real));
-    QCOMPARE(number, 7U);
-    QCOMPARE(real, 7.5);
-    QCOMPARE(value.asU32(), 0U);
-    QCOMPARE(value.asF64(), 0.0);
   }
 
   void convertsToLongLongThroughEightBits() {

@@ -65,7 +65,7 @@ void CDisk::apply(const SCall& call) {
     case SCall::FailedSync:
       mFiles[call.number].isSpoilt = true;
       for (auto& [key, name] : mNames) {
-        if (key.folder == call.number && name.files.size() > 1) name.spoilt = name.files.size();
+        if (key.first == call.number && name.files.size() > 1) name.spoilt = name.files.size();
       }
       return;
   }
@@ -78,7 +78,7 @@ void CDisk::sync(int number) {
     file.unsynced.clear();
   }
   for (auto& [key, name] : mNames) {
-    if (key.folder == number && name.files.size() > name.spoilt) name = {{name.files.back()}, 0};
+    if (key.first == number && name.files.size() > name.spoilt) name = {{name.files.back()}, 0};
   }
 }
 

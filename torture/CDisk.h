@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 
 /// What a disk may hold after a power cut, by what POSIX promises and nothing more: a write is
 /// kept, lost or torn as long as its file is not synced, and a name stands for any of the files
@@ -32,16 +33,10 @@ class CDisk {
     std::vector<int> files{0};
     size_t spoilt = 0;  ///< so many of them
   };
-  struct SKey {
-    int folder;
-    std::string name;
-    bool operator<(const SKey& other) const {
-      return folder != other.folder ? folder < other.folder : name < other.name;
-    }
-  };
+  using CKey = std::pair<int, std::string>;  ///< the folder, and the name in it
 
   void sync(int number);
 
   std::map<int, SFile> mFiles;  ///< and folders
-  std::map<SKey, SName> mNames;
+  std::map<CKey, SName> mNames;
 };

@@ -48,14 +48,12 @@ bool isOurs(const std::string& path) {
   return sRecord.isOn && path.compare(0, sRecord.folder.size(), sRecord.folder) == 0;
 }
 
-/// Whether an open file is beneath the folder that is watched.
-bool isOurs(int file, std::string* found = nullptr) {
-  if (!sRecord.isOn || file < 0) return false;
+/// Where an open file is; empty when it is not beneath the folder.
+std::string ourPath(int file) {
   char buffer[PATH_MAX];
-  const ssize_t size = ::readlink(pathOf(file).c_str(), buffer, sizeof buffer);
+  const ssize_t size = sRecord.isOn ? ::readlink(pathOf(file).c_str(), buffer, sizeof buffer) : -1;
   const std::string path(buffer, size > 0 ? static_cast<size_t>(size) : 0);
-  if (found != nullptr) *found = path;
-  return isOurs(path);
+  return isOurs(path) ? path : std::string();
 }
 
 /// 0 for a file that does not exist. The system uses the numbers of removed files again.
@@ -87,7 +85,7 @@ void noteNames(int result, const std::string& path, const std::string& other = {
 
 void note(SCall::EKind kind, int file, long offset = 0, const std::string& bytes = {}) {
   const SKeptError kept;
-  if (isOurs(file)) sRecord.calls.push_back({kind, numberOf(file), offset, bytes});
+  if (!ourPath(file).empty()) sRecord.calls.push_back({kind, numberOf(file), offset, bytes});
 }
 
 /// What was written last, ending at the file's position.
@@ -100,7 +98,7 @@ void noteWrite(int file, const char* bytes, ssize_t size) {
 
 void noteCopy(int to, int from, ssize_t size) {
   const SKeptError kept;
-  if (size <= 0 || !isOurs(to)) return;
+  if (size <= 0 || ourPath(to).empty()) return;
   std::string bytes(static_cast<size_t>(size), '\0');
   const long end = ::lseek(from, 0, SEEK_CUR);
   if (::pread(from, &bytes[0], bytes.size(), end - size) == size) noteWrite(to, &bytes[0], size);
@@ -118,8 +116,8 @@ int openFile(const char* name, const std::string& path, int flags, Parameters...
                      ((flags & O_CREAT) != 0 && sRecord.isOn && ::stat(path.c_str(), &info) != 0);
   const int file = call<int>(name, parameters...);
   const SKeptError kept;
-  std::string found;
-  if (!isOurs(file, &found)) return file;
+  const std::string found = ourPath(file);
+  if (found.empty()) return file;
   numberOf(file, isNew);
   if (isNew && (flags & __O_TMPFILE) == 0) noteName(found);
   if ((flags & O_TRUNC) != 0) note(SCall::Resize, file);
@@ -160,9 +158,6 @@ int open64(const char* path, int flags, mode_t mode) {
 int openat(int folder, const char* path, int flags, mode_t mode) {
   return openFile("openat", pathIn(folder, path), flags, folder, path, flags, mode);
 }
-int openat64(int folder, const char* path, int flags, mode_t mode) {
-  return openFile("openat64", pathIn(folder, path), flags, folder, path, flags, mode);
-}
 ssize_t write(int file, const void* bytes, size_t size) {
   const auto done = call<ssize_t>("write", file, bytes, size);
   noteWrite(file, static_cast<const char*>(bytes), done);
@@ -177,9 +172,6 @@ int ftruncate(int file, off_t size) noexcept {
   const int result = call<int>("ftruncate", file, size);
   if (result == 0) note(SCall::Resize, file, size);
   return result;
-}
-int ftruncate64(int file, off_t size) noexcept {
-  return ::ftruncate(file, size);
 }
 int fsync(int file) {
   return noteSync(call<int>("fsync", file), file);

@@ -35,6 +35,7 @@ const SScene kScenes[] = {
     {"a new file", false},
     {"a new file, plain file system", false, false, true},
     {"an old file"},
+    {"a new file behind a link", false, true},
     {"a link", true, true},
     {"a link, plain file system", true, true, true},
     {"a backup first", true, false, false, true},
@@ -56,6 +57,15 @@ CPrepare contentOf(int size) {
       return (!scene.keepsBackup || CAtomicFile::keepAsBackup(name, backup, error)) &&
              CAtomicFile::write(name, content, {}, error);
     };
+  };
+}
+
+/// A new file that must not replace one that appeared meanwhile.
+CSave newFile(const QString& name, const SScene&) {
+  return [=](QString& error) {
+    const QString other = name + ".new";
+    return CAtomicFile::write(other, "new", {}, error) &&
+           CAtomicFile::renameToNew(other, name, error);
   };
 }
 
@@ -240,11 +250,9 @@ int main(int argc, char** argv) {
     for (const int size : sizes) {
       cuts.cutEvery(scene, contentOf(size), QString("%1 bytes").arg(size));
     }
-    if (scene.keepsBackup) {
-      cuts.cutEvery(scene, reader, "a reader");
-    } else {
-      cuts.cutEvery(scene, parameterFile, "a parameter file");
-    }
+    if (!scene.exists && !scene.isLink) cuts.cutEvery(scene, newFile, "under another name first");
+    if (scene.keepsBackup) cuts.cutEvery(scene, reader, "a reader");
+    if (!scene.keepsBackup) cuts.cutEvery(scene, parameterFile, "a parameter file");
   }
   return tally.finish(cuts.figures());
 }

@@ -24,10 +24,7 @@ struct SPlan {
   std::array<int, CallCount> calls{};
 };
 SPlan sPlan;
-bool sIsPlain = false;
-
-// Not from <fcntl.h>, which declares open() with other parameters.
-constexpr int kUnnamedFile = 020000000;
+std::array<bool, CallCount> sRefused{};
 
 /// Counts a call; true when it is to fail. What a call does then is the caller's affair.
 bool strikes(ECall call) {
@@ -50,6 +47,10 @@ Function real(const char* name) {
 /// The call, or its failure.
 template <class Result, class... Parameters>
 Result pass(ECall call, const char* name, Parameters... parameters) {
+  if (sRefused[call]) {
+    errno = EOPNOTSUPP;
+    return static_cast<Result>(-1);
+  }
   const bool fails = strikes(call);
   const int error = errno;
   const bool isDone = !fails || call == Close || sPlan.mode == KillAfter;  // Linux closes anyway
@@ -61,20 +62,13 @@ Result pass(ECall call, const char* name, Parameters... parameters) {
   return static_cast<Result>(-1);
 }
 
-int openFile(const char* name, const char* path, int flags, mode_t mode) {
-  if (sIsPlain && (flags & kUnnamedFile) != 0) {
-    errno = EOPNOTSUPP;
-    return -1;
-  }
-  return pass<int>(Open, name, path, flags, mode);
-}
-
 }  // namespace
 
 namespace NFaults {
 
-__attribute__((visibility("default"))) void usePlainFileSystem(bool isPlain) {
-  sIsPlain = isPlain;
+__attribute__((visibility("default"))) void refuse(std::initializer_list<ECall> calls) {
+  sRefused.fill(false);
+  for (const ECall call : calls) sRefused[call] = true;
 }
 
 __attribute__((visibility("default"))) void arm(ECall call, int nth, int error, EMode mode) {
@@ -90,8 +84,10 @@ __attribute__((visibility("default"))) bool hasStruck() {
   return sPlan.hasStruck;
 }
 __attribute__((visibility("default"))) const char* name(ECall call) {
-  static const char* const kNames[] = {"open",   "read",  "fstat",  "write",  "fsync",  "rename",
-                                       "linkat", "close", "fchmod", "fchown", "unlink", "sendfile"};
+  static const char* const kNames[] = {"open",      "read",      "fstat",     "write",
+                                       "fsync",     "rename",    "linkat",    "close",
+                                       "fchmod",    "fchown",    "unlink",    "sendfile",
+                                       "renameat2", "fgetxattr", "fsetxattr", "fremovexattr"};
   return kNames[call];
 }
 
@@ -102,10 +98,10 @@ __attribute__((visibility("default"))) const char* name(ECall call) {
 extern "C" {
 
 int open(const char* path, int flags, mode_t mode) {
-  return openFile("open", path, flags, mode);
+  return pass<int>(Open, "open", path, flags, mode);
 }
 int open64(const char* path, int flags, mode_t mode) {
-  return openFile("open64", path, flags, mode);
+  return pass<int>(Open, "open64", path, flags, mode);
 }
 int openat(int folder, const char* path, int flags, mode_t mode) {
   return pass<int>(Open, "openat", folder, path, flags, mode);
@@ -138,13 +134,9 @@ int renameat(int folder, const char* from, int other, const char* to) noexcept {
   return pass<int>(Rename, "renameat", folder, from, other, to);
 }
 int renameat2(int folder, const char* from, int other, const char* to, unsigned flags) noexcept {
-  return pass<int>(Rename, "renameat2", folder, from, other, to, flags);
+  return pass<int>(RenameToNew, "renameat2", folder, from, other, to, flags);
 }
 int link(const char* from, const char* to) noexcept {
-  if (sIsPlain) {
-    errno = EPERM;
-    return -1;
-  }
   return pass<int>(Link, "link", from, to);
 }
 int linkat(int folder, const char* from, int other, const char* to, int flags) noexcept {
@@ -161,6 +153,21 @@ int fchown(int file, uid_t user, gid_t group) noexcept {
 }
 int unlink(const char* path) noexcept {
   return pass<int>(Unlink, "unlink", path);
+}
+int unlinkat(int folder, const char* path, int flags) noexcept {
+  return pass<int>(Unlink, "unlinkat", folder, path, flags);
+}
+ssize_t fgetxattr(int file, const char* name, void* value, size_t size) noexcept {
+  return pass<ssize_t>(GetAttribute, "fgetxattr", file, name, value, size);
+}
+ssize_t flistxattr(int file, char* names, size_t size) noexcept {
+  return pass<ssize_t>(GetAttribute, "flistxattr", file, names, size);
+}
+int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
+  return pass<int>(SetAttribute, "fsetxattr", file, name, value, size, flags);
+}
+int fremovexattr(int file, const char* name) noexcept {
+  return pass<int>(RemoveAttribute, "fremovexattr", file, name);
 }
 ssize_t sendfile(int to, int from, off_t* offset, size_t size) noexcept {
   return pass<ssize_t>(SendFile, "sendfile", to, from, offset, size);

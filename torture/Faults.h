@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+
 /// System calls that fail on demand. The library stands in front of the C library, so that the
 /// calls of Qt pass through it too; only the process that arms it is affected.
 namespace NFaults {
@@ -17,6 +19,10 @@ enum ECall {
   Chown,
   Unlink,
   SendFile,
+  RenameToNew,
+  GetAttribute,
+  SetAttribute,
+  RemoveAttribute,
   CallCount
 };
 enum EMode {
@@ -27,8 +33,8 @@ enum EMode {
   KillAfter    ///< and behind it
 };
 
-/// As on a file system that has neither unnamed files nor second names.
-void usePlainFileSystem(bool isPlain);
+/// Calls that fail until others are named, as on a file system that does not have them.
+void refuse(std::initializer_list<ECall> calls);
 /// nth counts from 1; error is what errno becomes.
 void arm(ECall call, int nth, int error, EMode mode);
 /// Ends the faults; how often each call was made since arm() is kept.

@@ -6,12 +6,18 @@
 #include "ICParameterFile.h"
 #include "Torture.h"
 
+#include <QDataStream>
 #include <QDir>
 
+#include <fcntl.h>
 #include <grp.h>
+#include <linux/posix_acl.h>
+#include <linux/posix_acl_xattr.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -20,6 +26,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <vector>
 
 using namespace NTorture;
 
@@ -27,23 +34,96 @@ namespace {
 
 constexpr quint32 kVersion = 0x10000;
 
-/// What is saved, onto what.
+/// How a scene goes about it.
+enum EHow {
+  Exists = 1,
+  IsLink = 2,
+  IsPlain = 4,  ///< the file system, which has neither second names nor rights
+  KeepsBackup = 8,
+  HasRights = 16,
+  MovesAfter = 32  ///< the file is new, and gets its name only then
+};
 struct SScene {
   const char* name;
-  bool exists = true;
-  bool isLink = false;
-  bool isPlain = false;  ///< the file system
-  bool keepsBackup = false;
+  int how;
   QFileDevice::Permissions permissions;
+
+  bool is(EHow what) const { return (how & what) != 0; }
 };
+constexpr QFileDevice::Permissions kOwnersOnly = QFile::ReadOwner | QFile::WriteOwner;
 const SScene kScenes[] = {
-    {"a new file", false, false, false, false, {}},
-    {"an old file", true, false, false, false, {}},
-    {"a link, with permissions", true, true, false, false, QFile::ReadOwner | QFile::WriteOwner},
-    {"a backup first", true, false, false, true, {}},
-    {"a new file, plain file system", false, false, true, false, {}},
-    {"a backup first, plain file system", true, false, true, true, {}},
+    {"a new file", 0, {}},
+    {"an old file", Exists, {}},
+    {"a new file with permissions", 0, kOwnersOnly},
+    {"a link, with permissions", Exists | IsLink, kOwnersOnly},
+    {"a file with rights", Exists | HasRights, {}},
+    {"a backup first", Exists | KeepsBackup, {}},
+    {"a backup first, plain file system", Exists | KeepsBackup | IsPlain, {}},
+    {"a name that is free", MovesAfter, {}},
+    {"a name that is free, plain file system", MovesAfter | IsPlain, kOwnersOnly},
 };
+
+constexpr uid_t kOwner = 100;
+constexpr uid_t kNamed[] = {101, 102};
+constexpr uid_t kStranger = 103;
+constexpr gid_t kGroups[] = {200, 201,
+                             202};  // the file's, that of who saves, one that a list names
+
+/// An access control list as the system keeps it, with any rights.
+QByteArray anyList(CRandom& random) {
+  QByteArray list;
+  QDataStream stream(&list, QIODevice::WriteOnly);
+  stream.setByteOrder(QDataStream::LittleEndian);
+  stream << quint32(POSIX_ACL_XATTR_VERSION);
+  const auto add = [&](quint16 tag, quint32 id) {
+    stream << tag << static_cast<quint16>(random.below(8)) << id;
+  };
+  constexpr auto kNobody = static_cast<quint32>(ACL_UNDEFINED_ID);
+  add(ACL_USER_OBJ, kNobody);
+  for (const uid_t user : kNamed) {
+    if (random.oneIn(2)) add(ACL_USER, user);
+  }
+  add(ACL_GROUP_OBJ, kNobody);
+  if (random.oneIn(2)) add(ACL_GROUP, kGroups[2]);
+  add(ACL_MASK, kNobody);
+  add(ACL_OTHER, kNobody);
+  return list;
+}
+
+/// False where the file system or the user cannot do that.
+bool setList(const QString& fileName, const char* kind, const QByteArray& list) {
+  return ::setxattr(qPrintable(fileName), kind, list.constData(), static_cast<size_t>(list.size()),
+                    0) == 0;
+}
+bool giveAway(const QString& fileName) {
+  return ::chown(qPrintable(fileName), kOwner, kGroups[0]) == 0;
+}
+
+/// What the system lets everybody but the owner do with a file: bits for each user in each set of
+/// groups. Only the superuser can try.
+QByteArray rightsOf(const QString& fileName) {
+  QByteArray rights;
+  for (const uid_t user : {kNamed[0], kNamed[1], kStranger}) {
+    for (unsigned set = 0; set < 8; ++set) {
+      std::vector<gid_t> groups;
+      for (unsigned i = 0; i < 3; ++i) {
+        if ((set >> i & 1U) != 0) groups.push_back(kGroups[i]);
+      }
+      const gid_t own = ::getegid();
+      int bits = 0;
+      ::setgroups(groups.size(), groups.data());
+      ::setegid(kStranger);
+      ::seteuid(user);
+      for (const int right : {R_OK, W_OK, X_OK}) {
+        if (::faccessat(AT_FDCWD, qPrintable(fileName), right, AT_EACCESS) == 0) bits |= right;
+      }
+      ::seteuid(0);
+      ::setegid(own);
+      rights.append(static_cast<char>(bits));
+    }
+  }
+  return rights;
+}
 
 QByteArray pattern(int size, unsigned seed) {
   CRandom random(seed);
@@ -59,21 +139,32 @@ class CStage {
       : mScene(scene), mNew(content), mTally(tally), mPath(path) {
     clear();
     QDir().mkpath(mPath);
-    if (scene.exists) writeFile(target(), mOld);
-    if (scene.isLink) QFile::link("file", mPath + "/link");
-    NFaults::usePlainFileSystem(scene.isPlain);
+    if (scene.is(Exists)) writeFile(target(), mOld);
+    if (scene.is(IsLink)) QFile::link("file", mPath + "/link");
+    if (scene.is(HasRights)) {
+      CRandom random(9);
+      setList(target(), "system.posix_acl_access", anyList(random));
+      setList(target(), "user.note", "kept");
+      giveAway(target());
+    }
+    if (!scene.is(IsPlain)) return;
+    QFile::setPermissions(target(), kOwnersOnly);  // what a new file has, and keeps
+    NFaults::refuse({NFaults::Link, NFaults::RenameToNew, NFaults::Chmod, NFaults::Chown,
+                     NFaults::GetAttribute, NFaults::RemoveAttribute});
   }
   ~CStage() {
-    NFaults::usePlainFileSystem(false);
+    NFaults::refuse({});
     clear();
   }
 
   QString target() const { return mPath + "/file"; }
   void saveWith(const std::function<bool(const QString&, QString&)>& save) {
-    const QString name = mPath + (mScene.isLink ? "/link" : "/file");
+    const QString name = mPath + (mScene.is(IsLink) ? "/link" : "/file");
+    const QString first = mScene.is(MovesAfter) ? mPath + "/first" : name;
     QString backup;
-    mSaved = (!mScene.keepsBackup || CAtomicFile::keepAsBackup(name, backup, mError)) &&
-             save(name, mError);
+    mSaved = (!mScene.is(KeepsBackup) || CAtomicFile::keepAsBackup(name, backup, mError)) &&
+             save(first, mError) &&
+             (!mScene.is(MovesAfter) || CAtomicFile::renameToNew(first, name, mError));
   }
   void save() {
     saveWith([this](const QString& name, QString& error) {
@@ -84,22 +175,24 @@ class CStage {
   void check(const QString& what, bool mayLeaveFiles = false) const {
     const bool exists = QFile::exists(target());
     const QByteArray found = exists ? readFile(target()) : QByteArray();
-    const bool isOld = mScene.exists ? found == mOld : !exists;
+    const bool isOld = mScene.is(Exists) ? found == mOld : !exists;
     const bool isNew = exists && found == mNew;
     const QString message =
         QString("%1, %2 bytes, %3: ").arg(mScene.name).arg(mNew.size()).arg(what);
     mTally.check(isOld || isNew, message + QString("torn, %1 bytes").arg(found.size()));
     mTally.check(isNew || !mSaved, message + "reported as saved");
-    mTally.check(isOld || mSaved || !mError.contains("the old one is kept"), message + mError);
-    mTally.check(!mScene.isLink || QFileInfo(mPath + "/link").isSymLink(),
+    const bool saysKept = mError.contains("the old one is kept");
+    mTally.check(!saysKept || (isOld && mScene.is(Exists)), message + mError);
+    mTally.check(!mScene.is(IsLink) || QFileInfo(mPath + "/link").isSymLink(),
                  message + "link is gone");
-    mTally.check(!mScene.keepsBackup || isOld || readFile(target() + ".bak") == mOld,
+    mTally.check(!mScene.is(KeepsBackup) || isOld || readFile(target() + ".bak") == mOld,
                  message + "no backup");
-    const QStringList more = QDir(mPath).entryList({"file?*"}, QDir::Files | QDir::Hidden);
-    mTally.check(mayLeaveFiles || more.isEmpty() || more == QStringList("file.bak"),
-                 message + "left " + more.join(' '));
+    QStringList more = QDir(mPath).entryList(QDir::Files | QDir::Hidden);
+    for (const char* known : {"file", "link", "file.bak", "first"}) more.removeAll(known);
+    mTally.check(mayLeaveFiles || more.isEmpty(), message + "left " + more.join(' '));
   }
   bool isSaved() const { return mSaved; }
+  const QString& error() const { return mError; }
 
  private:
   void clear() const { QDir(mPath).removeRecursively(); }
@@ -143,6 +236,7 @@ class CSaves {
   /// Every call of a save is its process's last.
   void killAtEveryCall() {
     for (const SScene& scene : kScenes) {
+      if (scene.is(MovesAfter) && scene.is(IsPlain)) continue;  // copied, as nothing else is left
       const QByteArray content = pattern(16385, 2);
       forEveryCall(
           scene, content, [](CStage& stage) { stage.save(); },
@@ -207,6 +301,8 @@ class CSaves {
           filler.resize(qMax<qint64>(filler.size() - pages * page.size(), 0));
           stage.save();
           failures += stage.isSaved() ? 0 : 1;
+          mTally.check(stage.isSaved() || stage.error().endsWith(": No space left on device."),
+                       stage.error());
           stage.check(QString("a disk of %1 pages").arg(pages));
         }
       }
@@ -230,6 +326,52 @@ class CSaves {
       mTally.check(!stage.isSaved(), "saved in a read-only folder");
       stage.check("read-only folder");
     });
+  }
+
+  /// Whatever of a file's rights cannot be kept, nobody else may do more with it than before.
+  void loseRights() {
+    apart("rights", [this] {
+      CRandom random(10);
+      QDir().mkpath(folder("rights"));
+      const QString name = folder("rights/file");
+      writeFile(name, "probe");
+      if (!giveAway(name) || !setList(name, "system.posix_acl_access", anyList(random))) {
+        std::printf("saves: skipped, lost rights: owners or lists cannot be set here\n");
+        return;
+      }
+      for (const QString& path : {mFolder.path(), folder("rights")}) {
+        QFile::setPermissions(path, QFileDevice::Permissions(0x7777));
+      }
+      ::setegid(kGroups[1]);
+      for (int i = mOptions.pick(300, 5000); i > 0; --i) loseSome(name, random);
+    });
+  }
+
+  void loseSome(const QString& name, CRandom& random) {
+    const char* const kDefault = "system.posix_acl_default";
+    QFile::remove(name);
+    ::removexattr(qPrintable(folder("rights")), kDefault);
+    writeFile(name, "old");
+    giveAway(name);
+    ::chmod(qPrintable(name), static_cast<mode_t>(random.below(01000)));
+    if (random.oneIn(2)) setList(name, "system.posix_acl_access", anyList(random));
+    if (random.oneIn(2)) setList(folder("rights"), kDefault, anyList(random));
+    const QByteArray before = rightsOf(name);
+
+    const bool losesGroup = random.oneIn(2);
+    const bool losesList = random.oneIn(2);
+    NFaults::refuse({losesGroup ? NFaults::Chown : NFaults::SendFile,
+                     losesList ? NFaults::SetAttribute : NFaults::SendFile});
+    QString error;
+    const bool isSaved = CAtomicFile::write(name, "new", {}, error);
+    NFaults::refuse({});
+    const QByteArray after = rightsOf(name);
+    bool isMore = false;
+    for (int i = 0; i < before.size(); ++i) isMore |= (after.at(i) & ~before.at(i)) != 0;
+    const QString message = QString("rights, list %1, group %2: ").arg(!losesList).arg(!losesGroup);
+    mTally.check(isSaved, message + error);
+    mTally.check(!isMore, message + before.toHex() + " became " + after.toHex());
+    mTally.check(losesGroup || losesList || after == before, message + "not kept");
   }
 
   /// What cannot be read, or kept as a backup, is told.
@@ -339,5 +481,6 @@ int main(int argc, char** argv) {
   saves.killAtRandom();
   saves.fillTheDisk();
   saves.lockTheFolder();
+  saves.loseRights();
   return tally.finish(saves.figures());
 }

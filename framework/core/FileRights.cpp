@@ -10,7 +10,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstddef>
 #include <vector>
 
 namespace {
@@ -54,30 +53,36 @@ bool copyUserAttributes(int from, int to) {
   return isKept;
 }
 
-mode_t entryBits(const QByteArray& list, int entry) {
-  constexpr int kPlace = offsetof(posix_acl_xattr_entry, e_perm);
-  return qFromLittleEndian<quint16>(list.constData() + entry + kPlace) & kAll;
-}
-
+// Each entry of a list: two bytes of what it is for, two of rights, four of a user or group.
 int entryTag(const QByteArray& list, int entry) {
   return qFromLittleEndian<quint16>(list.constData() + entry);
+}
+
+mode_t entryBits(const QByteArray& list, int entry) {
+  return qFromLittleEndian<quint16>(list.constData() + entry + 2) & kAll;
+}
+
+void setEntryBits(QByteArray& list, int entry, mode_t bits) {
+  qToLittleEndian(static_cast<quint16>(bits), list.data() + entry + 2);
 }
 
 mode_t makeMode(mode_t mode, mode_t group, mode_t others) {
   return (mode & ~mode_t(077)) | (group << 3U) | others;
 }
 
-/// The members of the old group are others now, and some others are members of the new one.
+/// The members of the old group are others now, and somebody else is in the new one, perhaps along
+/// with a group that the list names.
 void dropGroup(mode_t& mode, QByteArray& list) {
   const mode_t groupOrMask = (mode >> 3U) & kAll;
   mode_t shared = groupOrMask & mode;
+  int group = 0;
   for (int entry = kListHead; entry < list.size(); entry += kListEntry) {
-    if (entryTag(list, entry) != ACL_GROUP_OBJ) continue;
-    shared &= entryBits(list, entry);
-    qToLittleEndian(static_cast<quint16>(shared),
-                    list.data() + entry + offsetof(posix_acl_xattr_entry, e_perm));
+    const int tag = entryTag(list, entry);
+    if (tag == ACL_GROUP_OBJ) group = entry;
+    if (tag == ACL_GROUP_OBJ || tag == ACL_GROUP) shared &= entryBits(list, entry);
   }
-  mode = makeMode(mode, list.isEmpty() ? shared : groupOrMask, shared);
+  if (group != 0) setEntryBits(list, group, shared);
+  mode = makeMode(mode, group != 0 ? groupOrMask : shared, shared);
 }
 
 /// The group's bits of the mode were the mask of the list. Whoever the list named belongs to the

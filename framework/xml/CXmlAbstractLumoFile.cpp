@@ -55,9 +55,14 @@ bool CXmlAbstractLumoFile::save(const QString& fileName, QString& error) {
 
 bool CXmlAbstractLumoFile::save(const QString& fileName, const QString& encoding, QString& error) {
   QString reason;
+  QString notKept;
   const QByteArray bytes = mDocument.toByteArray(encoding, reason);
-  const bool saved = !bytes.isEmpty() && CAtomicFile::write(fileName, bytes, mPermissions, reason);
+  const bool saved =
+      !bytes.isEmpty() && CAtomicFile::write(fileName, bytes, mPermissions, reason, &notKept);
   error = saved ? QString() : tr("File \"%1\": %2").arg(fileName, reason);
+  if (!notKept.isEmpty()) {
+    CMessageBoardHelper::setWarning(tr("File \"%1\": %2").arg(fileName, notKept), mLogfile);
+  }
   return saved;
 }
 

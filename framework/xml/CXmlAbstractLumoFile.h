@@ -35,12 +35,14 @@ class KTOFRAMEWORK_EXPORT CXmlAbstractLumoFile {
                    QString& error);
 
   /// Permissions that a save gives the file; none (the default) keeps those of the file that is
-  /// replaced.
+  /// replaced. Owner, group, access control list and "user" attributes are kept in either case, as
+  /// CAtomicFile::write() says.
   virtual QFileDevice::Permissions permissions() const { return mPermissions; }
   virtual void setPermissions(QFileDevice::Permissions permissions) { mPermissions = permissions; }
 
   /// Writes the document in UTF-16, replacing the file in one step: afterwards there is either the
-  /// old file or the new one. On failure error says why.
+  /// old file or the new one. On failure error says why. An owner, group, access control list or
+  /// attribute that could not be kept is told as a warning on the message board and in the logfile.
   virtual bool save(const QString& fileName, QString& error);
   /// The same in "UTF-16" or "UTF-8".
   virtual bool save(const QString& fileName, const QString& encoding, QString& error);

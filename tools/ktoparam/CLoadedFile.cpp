@@ -1,5 +1,6 @@
 #include "CLoadedFile.h"
 
+#include "CAtomicFile.h"
 #include "CInvocation.h"
 #include "COutput.h"
 #include "CSignalShield.h"
@@ -7,6 +8,9 @@
 #include "LibraryMessage.h"
 #include "Suggestion.h"
 #include "Tool.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -59,6 +63,7 @@ bool CLoadedFile::load(const QString& valueFile, const CInvocation& invocation) 
 
 void CLoadedFile::begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version) {
   mFileName = fileName;
+  mIsNew = true;
   mInfo.kind = SFileInfo::Values;
   mInfo.type = type;
   mInfo.typeName = ICParameterFile::fileTypeToStr(type);
@@ -76,7 +81,27 @@ bool CLoadedFile::canSave() {
 }
 
 bool CLoadedFile::save() {
-  return saveAs(mFileName, mInfo.version);
+  return mIsNew ? saveNew() : saveAs(mFileName, mInfo.version);
+}
+
+bool CLoadedFile::saveNew() {
+  mOut.progress().doing(Tool::tr("Writing %1 …").arg(mFileName));
+  const CSignalShield shield;
+  // Another process may make a file of that name meanwhile: this one takes it only while it is
+  // free.
+  const QTemporaryDir folder(QFileInfo(mFileName).path() + QLatin1String("/.kto-XXXXXX"));
+  const QString made = folder.filePath(QStringLiteral("new"));
+  QString error = CAtomicFile::nameProblem(mFileName);
+  if (error.isEmpty() && !folder.isValid()) {
+    error = Tool::tr("the file cannot be written: %1.").arg(folder.errorString());
+  } else if (error.isEmpty() && !mFile->saveParamFile(made, {}, mInfo.version)) {
+    error = LibraryMessage::withoutFileName(mFile->errorMsg(), made);
+  } else if (error.isEmpty() && CAtomicFile::renameToNew(made, mFileName, error)) {
+    return true;
+  }
+  message(error);
+  FileHints::tellWhyUnsaved(mFileName, mOut);
+  return false;
 }
 
 bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {

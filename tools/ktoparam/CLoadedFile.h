@@ -24,7 +24,7 @@ class CLoadedFile {
   /// The value file, and the definitions when the command line names a file of them.
   bool load(const QString& valueFile, const CInvocation& invocation);
 
-  /// A value file that does not exist yet.
+  /// A value file that does not exist yet. Its save fails when there is one by then.
   void begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version);
 
   /// Whether the value file could be saved with the version that it has. To be asked before any
@@ -57,6 +57,7 @@ class CLoadedFile {
   void message(const QString& text) const;
 
  private:
+  bool saveNew();
   bool checkKind(const QString& fileName, SFileInfo::EKind wanted, SFileInfo& info);
   void reportFailure(const QString& fileName) const;
 
@@ -65,4 +66,5 @@ class CLoadedFile {
   SFileInfo mInfo;
   QString mFileName;
   bool mHasDefinitions = false;
+  bool mIsNew = false;
 };

@@ -145,12 +145,14 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   const CCompensationPlot image(*opened.file, findings,
                                 {invocation.value(kTitle), unit, adjustmentUnit});
   QString error;
+  QString notKept;
   const CSignalShield shield;
-  if (!CAtomicFile::write(picture, image.toSvg(), {}, error)) {
+  if (!CAtomicFile::write(picture, image.toSvg(), {}, error, &notKept)) {
     out.message(picture, error);
     FileHints::tellWhyUnsaved(picture, out);
     return ExitFile;
   }
+  if (!notKept.isEmpty()) out.message(picture, notKept);
   if (invocation.wantsJson()) {
     QJsonObject object{{QStringLiteral("file"), fileName},
                        {QStringLiteral("written"), picture},

@@ -1,5 +1,6 @@
 #include "FileHints.h"
 
+#include "CAtomicFile.h"
 #include "COutput.h"
 #include "Suggestion.h"
 #include "Tool.h"
@@ -30,6 +31,8 @@ QString missing(const QFileInfo& place) {
 }  // namespace
 
 QString FileHints::unreadable(const QString& fileName) {
+  const QString problem = CAtomicFile::nameProblem(fileName);
+  if (!problem.isEmpty()) return problem;
   const QFileInfo place(fileName);
   if (place.isDir()) return Tool::tr("this is a folder; name a file.");
   if (place.exists()) return place.isFile() ? QString() : Tool::tr("this is no regular file.");
@@ -41,6 +44,7 @@ QString FileHints::unreadable(const QString& fileName) {
 }
 
 void FileHints::tellWhyUnsaved(const QString& fileName, COutput& out) {
+  if (!CAtomicFile::nameProblem(fileName).isEmpty()) return;
   const QFileInfo folder(QFileInfo(fileName).path());
   if (!folder.exists()) {
     out.message(fileName,

@@ -2,10 +2,28 @@
 #include "CLanguage.h"
 #include "CMessageBoardHelper.h"
 #include "COutput.h"
+#include "LibraryMessage.h"
+#include "Tool.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <optional>
+
+namespace {
+
+/// False, with a message, when a word does not mean what it says: the bytes behind it would be
+/// another file or another value.
+bool areExact(char** bytes, const QStringList& words, COutput& out) {
+  for (const QString& word : words) {
+    if (QFile::encodeName(word) == *bytes++) continue;
+    out.message(word, Tool::tr("this is no valid text in the encoding of the locale."));
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
   const QCoreApplication application(argc, argv);
@@ -21,9 +39,10 @@ int main(int argc, char* argv[]) {
   // What is critical is also the reason of a failed operation, and told with that.
   CMessageBoardHelper::setHandler(
       [&out](CMessageBoardHelper::EMessageKind kind, const QString& text) {
-        if (kind == CMessageBoardHelper::Warning) out.message(text);
+        if (kind == CMessageBoardHelper::Warning) LibraryMessage::print(text, out);
       });
-  const EExitStatus status = CCommandTable().run(words, out);
+  const EExitStatus status =
+      areExact(argv + 1, words, out) ? CCommandTable().run(words, out) : ExitUsage;
   CMessageBoardHelper::setHandler({});
   return out.finish() ? status : ExitFile;
 }

@@ -1,13 +1,18 @@
 #include "CAtomicFile.h"
 #include "QtMessages.h"
 #include "TestFiles.h"
+#include "TestRows.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <grp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
 
+#include <climits>
 #include <csignal>
 
 using namespace NTestFiles;
@@ -52,20 +57,228 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(QFileInfo(mName).permissions(), QFileDevice::Permissions(owner));
   }
 
-  void replacesTheTargetOfALink() {
-    const QString link = mFolder->filePath("link");
+  // The folders real/deep, and links that are made as they are named: link, text.
+  void goesWhereTheSystemGoes_data() {
+    QTest::addColumn<QByteArrayList>("links");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("place");
+    const auto row = [](const char* title, const QByteArrayList& links, const char* name,
+                        const char* place = "real/file") {
+      addRow(title, links, QString(name), QByteArray(place));
+    };
+    row("a link", {"link", "real/file"}, "link");
+    row("behind a linked folder", {"sub", "real/deep"}, "sub/../file");
+    row("in the text of a link", {"sub", "real/deep", "link", "sub/../file"}, "link");
+    row("a chain", {"deep", "real/deep", "real/deep/link", "../file", "link", "deep/link"}, "link");
+    row("blind pieces", {}, ".//real/./deep///../file");
+    row("no text", {"link", "real/\xff"}, "link", "real/\xff");
+    row("a folder that is no text", {"\xfe", "real", "link", "\xfe/deep/../file"}, "link");
+    row("the open folder of a process", {}, "/proc/self/cwd/real/file");
+  }
+  void goesWhereTheSystemGoes() {
+    QFETCH(QByteArrayList, links);
+    QFETCH(QString, name);
+    QFETCH(QByteArray, place);
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir(mFolder->path()).mkpath("real/deep"));
+    QVERIFY(QDir::setCurrent(mFolder->path()));
+    for (int i = 0; i + 1 < links.size(); i += 2) {
+      QCOMPARE(::symlink(links.at(i + 1).constData(), links.at(i).constData()), 0);
+    }
+    QVERIFY(write("file", "another"));
     QString error;
-    QVERIFY(QDir(mFolder->path()).mkdir("sub"));
-    QVERIFY(write(mFolder->filePath("sub/file"), "old"));
-    QVERIFY(QFile::link("sub/file", link));
-    QVERIFY2(CAtomicFile::write(link, "new", {}, error), qPrintable(error));
-    QVERIFY(QFileInfo(link).isSymLink());
-    QCOMPARE(read(mFolder->filePath("sub/file")), QByteArray("new"));
+    for (const QByteArray content : {"first", "second"}) {  // the first one makes the file
+      QVERIFY2(CAtomicFile::write(name, content, {}, error), qPrintable(error));
+      QByteArray found;
+      QVERIFY(CAtomicFile::read(name, found, error));
+      QCOMPARE(found, content);
+      struct stat info {};
+      QCOMPARE(::lstat(place.constData(), &info), 0);
+      QVERIFY(S_ISREG(info.st_mode));
+    }
+    QString backup;
+    QVERIFY2(CAtomicFile::keepAsBackup(name, backup, error), qPrintable(error));
+    QCOMPARE(read(backup), QByteArray("second"));
+    QCOMPARE(read("file"), QByteArray("another"));
+    QVERIFY(!CAtomicFile::isSameFile(name, "file"));
+    const QString absolute = mFolder->filePath(name);
+    QVERIFY(name.startsWith('/') || CAtomicFile::isSameFile(name, absolute));
+    QVERIFY(QDir::setCurrent(before));
+  }
 
-    const QString dangling = mFolder->filePath("dangling");
-    QVERIFY(QFile::link("sub/new", dangling));
-    QVERIFY2(CAtomicFile::write(dangling, "new", {}, error), qPrintable(error));
-    QCOMPARE(read(mFolder->filePath("sub/new")), QByteArray("new"));
+  void knowsFilesThatAreOne() {
+    const QString folder = mFolder->path();
+    QVERIFY(QDir(folder).mkdir("sub"));
+    QVERIFY(QFile::link("sub", mFolder->filePath("link")));
+    const QString other = folder + "/link/../file";
+    QVERIFY(CAtomicFile::isSameFile(mName, other));  // before there is one
+    QVERIFY(!CAtomicFile::isSameFile(mName, folder + "/link/file"));
+    QVERIFY(CAtomicFile::isSameFile(folder + "/no/file", folder + "/no/file"));
+    QVERIFY(!CAtomicFile::isSameFile(folder + "/no/file", mName));
+    QVERIFY(write(mName, "text"));
+    QCOMPARE(::link(qPrintable(mName), qPrintable(mName + '2')), 0);
+    QVERIFY(CAtomicFile::isSameFile(mName, mName + '2'));
+  }
+
+  void refusesNamesThatCouldMeanAnother_data() {
+    QTest::addColumn<QString>("name");
+    addRow("bytes that were no text", QString(QChar::ReplacementCharacter));
+    addRow("half of a pair", QString(QChar(0xd800)));
+    addRow("what would end the name", QString("file") + QChar::Null);
+  }
+  void refusesNamesThatCouldMeanAnother() {
+    QFETCH(QString, name);
+    name.prepend(mFolder->path() + '/');
+    const QString expected =
+        "the name is no valid text in the encoding of the locale, so it could mean another file. "
+        "Rename the file, or set the locale of its name.";
+    for (const char* bytes : {"file", "?", "\xff", "\xef\xbf\xbd"}) {
+      QFile file(mFolder->path() + '/' + QFile::decodeName(bytes));
+      QVERIFY(file.open(QFile::WriteOnly));
+    }
+    QString error;
+    QByteArray content;
+    QVERIFY(!CAtomicFile::read(name, content, error));
+    QCOMPARE(error, expected);
+    QVERIFY(!CAtomicFile::write(name, "new", {}, error));
+    QCOMPARE(error, expected);
+    QVERIFY(!CAtomicFile::keepAsBackup(name, error, error));
+    QCOMPARE(error, expected);
+    QVERIFY(!CAtomicFile::renameToNew(mName, name, error));
+    QCOMPARE(error, expected);
+  }
+
+  void takesTheLongestNames() {
+    const QString name = mFolder->filePath(QString(NAME_MAX, 'x'));
+    QString error;
+    for (const QByteArray content : {"first", "second"}) {
+      QVERIFY2(CAtomicFile::write(name, content, {}, error), qPrintable(error));
+      QCOMPARE(read(name), content);
+    }
+  }
+
+  void makesOnlyWhatIsNotThere() {
+    QString error;
+    const QString made = mFolder->filePath("made");
+    QVERIFY(write(made, "made"));
+    QVERIFY2(CAtomicFile::renameToNew(made, mName, error), qPrintable(error));
+    QCOMPARE(read(mName), QByteArray("made"));
+    QVERIFY(!QFile::exists(made));
+    QVERIFY(write(made, "later"));
+    QVERIFY(!CAtomicFile::renameToNew(made, mName, error));
+    QCOMPARE(error, QString("the file exists already and is not replaced."));
+    QCOMPARE(read(mName), QByteArray("made"));
+    QVERIFY(!CAtomicFile::renameToNew(mFolder->filePath("no/file"), mName, error));
+  }
+
+  // In a sticky folder that all may write to, as the kernel's protected_symlinks.
+  void followsNoLinkOfAStranger_data() {
+    addColumns<QString, uid_t, uid_t, int, bool>("name", "linkOwner", "folderOwner", "mode",
+                                                 "isFollowed");
+    for (const char* name : {"link", "folder/file"}) {
+      addRow(qPrintable(QString("stranger's %1").arg(name)), QString(name), 100U, 0U, 01777, false);
+      addRow(qPrintable(QString("own %1").arg(name)), QString(name), 0U, 100U, 01777, true);
+    }
+    addRow("of the folder's owner", QString("link"), 100U, 100U, 01777, true);
+    addRow("not sticky", QString("link"), 100U, 0U, 0777, true);
+    addRow("not shared", QString("link"), 100U, 0U, 01775, true);
+  }
+  void followsNoLinkOfAStranger() {
+    if (::geteuid() != 0) QSKIP("Only the superuser can give links away.");
+    QFETCH(QString, name);
+    QFETCH(uid_t, linkOwner);
+    QFETCH(uid_t, folderOwner);
+    QFETCH(int, mode);
+    QFETCH(bool, isFollowed);
+    const QString folder = mFolder->filePath("shared");
+    QVERIFY(QDir(mFolder->path()).mkpath("shared"));
+    QVERIFY(write(mName, "old"));
+    for (const QString& link : QStringList{folder + "/link", folder + "/folder"}) {
+      QVERIFY(QFile::link(link.endsWith('k') ? "../file" : "..", link));
+      QCOMPARE(::lchown(qPrintable(link), linkOwner, 0), 0);
+    }
+    QCOMPARE(::chown(qPrintable(folder), folderOwner, 0), 0);
+    QCOMPARE(::chmod(qPrintable(folder), mode_t(mode)), 0);
+    QString error;
+    QString backup;
+    name.prepend(folder + '/');
+    QCOMPARE(CAtomicFile::keepAsBackup(name, backup, error), isFollowed);
+    QCOMPARE(CAtomicFile::write(name, "new", {}, error), isFollowed);
+    QCOMPARE(read(mName), QByteArray(isFollowed ? "new" : "old"));
+    if (isFollowed) return;
+    QCOMPARE(error,
+             QString("on the way to the file is a symbolic link that belongs to somebody else, in "
+                     "a folder that everybody can write to. It is not followed for writing."));
+    if (name.endsWith("/link")) return;
+    QVERIFY(!CAtomicFile::renameToNew(mName, folder + "/folder/new", error));
+  }
+
+  // The file of user 100 and group 200 is saved by somebody else.
+  void keepsRights_data() {
+    addColumns<uid_t, gid_t, int, QString, int, uid_t, gid_t>("user", "group", "mode", "notKept",
+                                                              "newMode", "newUser", "newGroup");
+    const QString lost = "the file is saved, but these could not be kept: ";
+    addRow("superuser", 0U, 0U, 06764, QString(), 06764, 100U, 200U);
+    addRow("owner", 100U, 200U, 0640, QString(), 0640, 100U, 200U);
+    addRow("colleague", 101U, 200U, 06664, lost + "owner.", 0664, 101U, 200U);
+    addRow("stranger", 101U, 201U, 06764, lost + "owner, group.", 0744, 101U, 201U);
+    addRow("stranger, group shut out", 101U, 201U, 0707, lost + "owner, group.", 0700, 101U, 201U);
+  }
+  void keepsRights() {
+    if (::geteuid() != 0) QSKIP("Only the superuser can be somebody else.");
+    QFETCH(uid_t, user);
+    QFETCH(gid_t, group);
+    QFETCH(int, mode);
+    QFETCH(QString, notKept);
+    QVERIFY(write(mName, "old"));
+    QCOMPARE(::chown(qPrintable(mName), 100, 200), 0);
+    QCOMPARE(::chmod(qPrintable(mName), mode_t(mode)), 0);
+    QCOMPARE(::chmod(qPrintable(mFolder->path()), 0777U), 0);
+    QString error;
+    QString text;
+    QCOMPARE(::setgroups(0, nullptr), 0);
+    QCOMPARE(::setegid(group), 0);
+    QCOMPARE(::seteuid(user), 0);
+    const bool isSaved = CAtomicFile::write(mName, "new", {}, error, &text);
+    QCOMPARE(::seteuid(0), 0);
+    QCOMPARE(::setegid(0), 0);
+    QVERIFY2(isSaved, qPrintable(error));
+    QCOMPARE(text, notKept);
+    struct stat info {};
+    QCOMPARE(::stat(qPrintable(mName), &info), 0);
+    QTEST(int(info.st_mode & 07777U), "newMode");
+    QTEST(info.st_uid, "newUser");
+    QTEST(info.st_gid, "newGroup");
+  }
+
+  void keepsListsAndAttributes() {
+    // User 100 may read and write; the group may not, although its bits are those of the mask.
+    const QByteArray list = QByteArray::fromHex(
+        "02000000"
+        "01000600ffffffff"
+        "0200060064000000"
+        "04000000ffffffff"
+        "10000600ffffffff"
+        "20000000ffffffff");
+    const QByteArray name = QFile::encodeName(mName);
+    const auto set = [&name](const char* attribute, const QByteArray& value) {
+      return ::setxattr(name.constData(), attribute, value.constData(), size_t(value.size()), 0);
+    };
+    const auto get = [&name](const char* attribute) {
+      char value[100];
+      const auto size = ::getxattr(name.constData(), attribute, value, sizeof(value));
+      return QByteArray(value, int(qMax<ssize_t>(size, 0)));
+    };
+    QVERIFY(write(mName, "old"));
+    if (set("user.note", "by hand") != 0 || set("system.posix_acl_access", list) != 0) {
+      QSKIP("The file system has no lists or attributes.");
+    }
+    QString error;
+    QString notKept = "?";
+    QVERIFY(CAtomicFile::write(mName, "new", {}, error, &notKept));
+    QCOMPARE(notKept, QString());
+    QCOMPARE(get("user.note"), QByteArray("by hand"));
+    QCOMPARE(get("system.posix_acl_access"), list);
   }
 
   void refusesWhatIsNoRegularFile_data() {
@@ -109,10 +322,11 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
     for (const int size : {5000, 16000, 100000}) {
       QVERIFY(!CAtomicFile::write(mName, QByteArray(size, 'x'), {}, error));
-      QVERIFY2(error.startsWith("the file cannot be written, the old one is kept: "),
-               qPrintable(error));
+      QCOMPARE(error, QString("the file cannot be written, the old one is kept: File too large."));
       QCOMPARE(read(mName), QByteArray("old"));
     }
+    QVERIFY(!CAtomicFile::write(mName + "new", QByteArray(5000, 'x'), {}, error));
+    QCOMPARE(error, QString("the file cannot be written: File too large."));
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
     std::signal(SIGXFSZ, handler);
     QCOMPARE(QDir(mFolder->path()).entryList(QDir::Files | QDir::Hidden), QStringList("file"));

@@ -66,8 +66,6 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool isDefEmpty() const = 0;
   /// Text of the last error.
   virtual QString errorMsg() const = 0;
-  /// Line of the file at which the last load failed; 0 when there is none, or errorMsg() tells it.
-  virtual int errorLine() const = 0;
   /// Version under which the last value file was loaded: major number in the upper 16 bits, minor
   /// number in the lower; 0 when none was loaded.
   virtual quint32 paramFileVersion() const = 0;
@@ -113,7 +111,6 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool importParamFile(ICParameterFile* source, const QString& sourceHardwareId,
                                const QString& destinationHardwareId,
                                NParamDef::EImportMissing missing = NParamDef::ImportDefault) = 0;
-  virtual NParamDef::SImportResult importResult() const = 0;
 
   // --- Changes since loading or clearChanged(). A save does not touch them.
 
@@ -183,8 +180,6 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// a name that is known, or an id that another name has (0 and 0xFFFFFFFF are no ids).
   virtual CParamDefItem* addDef(const CParamDefItem& definition) = 0;
   virtual CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, quint32 id) = 0;
-  /// The names of all definitions, by id and then by name.
-  virtual QStringList defNames() const = 0;
 
   // --- Sub-devices and trees of the active hardware id. Nodes are owned by this object.
 
@@ -192,18 +187,15 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual QList<quint8> subDeviceIds() const = 0;
   virtual QList<quint8> subDeviceIds(NParamDef::ESubDeviceTypes type) const = 0;
   virtual bool doesSubDeviceExist(quint8 subDevId) const = 0;
-  /// Makes the target's tree and values a deep copy of the source's. The target keeps its type and
-  /// name when it has them.
-  virtual bool copySubDevice(quint8 source, quint8 target) = 0;
 
   /// The root group, created empty when missing, which marks nothing changed.
   virtual ICParamTreeNode* rootGroup(quint8 subDevId) = 0;
-  /// The group at a path of names separated by "/" or "\"; null when there is none. Empty pieces
-  /// are skipped, an empty path is the root group.
-  virtual ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) = 0;
-  /// As existingSubGroup(), creating the groups that are missing. Null and a message when a piece
-  /// of the path names a parameter.
+  /// The group at a path of names separated by "/" or "\", with the groups of the path that were
+  /// missing. Empty pieces are skipped, an empty path is the root group. Null and a message when a
+  /// piece of the path names a parameter.
   virtual ICParamTreeNode* subGroup(const QString& path, quint8 subDevId) = 0;
+  /// As subGroup(), but creates nothing: null when there is no such group.
+  virtual ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) = 0;
   /// The group of that name in a group, created when missing. Null and a message when there is a
   /// parameter of that name, or the parent is no group of the active hardware id.
   virtual ICParamTreeNode* addGroup(ICParamTreeNode* parent, const QString& name) = 0;
@@ -212,10 +204,10 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name) = 0;
   virtual ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name,
                                         const CParamVal& value) = 0;
-  /// Deletes a node of the active hardware id, all below it and their values. Refuses a root.
-  virtual bool deleteNode(ICParamTreeNode* node) = 0;
   /// The parameter of that name below a node, at any depth; null when there is none.
   virtual ICParamTreeNode* findParameter(ICParamTreeNode* node, const QString& name) const = 0;
+  /// Deletes a node of the active hardware id, all below it and their values. Refuses a root.
+  virtual bool deleteNode(ICParamTreeNode* node) = 0;
 
   /// Sets every parameter below a node to its definition's default. Stops, with false, at the
   /// first that cannot be set, an empty group included: those before it are then set.
@@ -225,6 +217,16 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual void removeAllProperties(ICParamTreeNode* node) = 0;
   virtual void removeAllProperties() = 0;
 
+  // --- Added later. The order of all virtual operations is fixed: new ones go to the end.
+
+  /// Line of the file at which the last load failed; 0 when there is none, or errorMsg() tells it.
+  virtual int errorLine() const = 0;
+  virtual NParamDef::SImportResult importResult() const = 0;
+  /// The names of all definitions, by id and then by name.
+  virtual QStringList defNames() const = 0;
+  /// Makes the target's tree and values a deep copy of the source's. The target keeps its type and
+  /// name when it has them.
+  virtual bool copySubDevice(quint8 source, quint8 target) = 0;
   /// As setParamValue(), but an equal value (compared as CParameterFileHelper::compareValues()
   /// does) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
   /// node. False, without a message, when there is no such value.

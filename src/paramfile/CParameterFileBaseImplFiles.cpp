@@ -155,5 +155,5 @@ bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
   return readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
                        tr("importParamFile() Loading parameter value file failed"), source,
                        kOwnSubDevIds) &&
-         importTrees(source.trees[source.hardwareId], *destination, destinationId, missing);
+         importParameters(source.trees[source.hardwareId], *destination, destinationId, missing);
 }

@@ -4,6 +4,7 @@
 #include "CParamFileElement.h"
 #include "CParamVal.h"
 #include "NktoGlobal.h"
+#include "SFileBeginning.h"
 #include "ktoParameter_export.h"
 
 #include <QByteArray>
@@ -37,14 +38,21 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   static const QHash<NktoGlobal::EParamFileType, QString> mFileTypeStrHash;
 
   static QString fileTypeToStr(NktoGlobal::EParamFileType type);  ///< empty for an unknown type
-  /// The type whose name occurs anywhere in the text, e.g. in the line with the root tag; else -1.
+  /// The type whose name occurs in the text, e.g. in the line with the root tag; of several the one
+  /// that stands first; -1 when there is none.
   static NktoGlobal::EParamFileType fileTypeFromStr(const QString& text);
 
   /// The type by the root tag, which must stand at the very start of one of the first three lines
   /// (and within the first MiB); -1 when it does not, when the tag names no type, or when the file
-  /// cannot be read.
+  /// cannot be read. A file that is not detected may well be one that loads: readBeginning() asks
+  /// the parser.
   static NktoGlobal::EParamFileType detectFileType(const QByteArray& data);
   static NktoGlobal::EParamFileType detectFileType(const QString& fileName);
+
+  /// Root tag, version and comment, found as a load finds them: in every encoding and wherever the
+  /// tag stands. Of a file no more is read than that takes, as a rule.
+  static SFileBeginning readBeginning(const QByteArray& data);
+  static SFileBeginning readBeginning(const QString& fileName);
 
   /// The comment in the Head of an XML file; what follows the Head is not looked at. Empty when
   /// there is none or the data is damaged before.

@@ -26,7 +26,7 @@ class ICLogfile;
 ///
 /// A file of motors is a value file of type FILE_TYPE_MOTOR_PARAMETERS, version 1, whose hardware
 /// ids are the names of the motors. A file that cannot be read contributes no names; the reason is
-/// in the logfile.
+/// in the logfile, and nothing is posted to the message board.
 ///
 /// An object reads motor names in the background, on a thread of its own. It is itself used from
 /// the one thread that it lives in, whose event loop delivers the signals.
@@ -75,7 +75,7 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
 
   explicit CParameterFileHelper(QObject* parent = nullptr);
   /// The logfile may be null, is not owned and must outlive the object. A reading in the background
-  /// writes to it, and posts to the message board, from its own thread.
+  /// writes to it from its own thread.
   CParameterFileHelper(ICLogfile* logfile, QObject* parent);
   /// Waits until a reading that has begun is done.
   ~CParameterFileHelper() override;

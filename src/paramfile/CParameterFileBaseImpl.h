@@ -121,6 +121,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void removeAllProperties(ICParamTreeNode* node) override;
   void removeAllProperties() override;
 
+  /// A value file that does not load is then not posted to the message board: errorMsg() and the
+  /// logfile tell.
+  void setQuiet(bool quiet) { mIsQuiet = quiet; }
+
   /// Takes the text before the first separator off a group path.
   static QString getNextSubPath(QString& path);
 
@@ -186,6 +190,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CXMLMetaData mMetaData;
   QString mHardwareId;
   quint32 mVersion = 0;
+  bool mIsQuiet = false;
   CSubDeviceTypes mSubDevTypes;
   CSubDeviceNames mSubDevNames;
   std::unique_ptr<CParameterFileErrorHandler> mOwnErrorHandler;

@@ -82,6 +82,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
                                            const QString& context, SLoadedValues& loaded,
                                            int asSubDevId) {
   CParamValueFile file(mFileType, mLogfile, mErrorHandler);
+  file.setQuiet(mIsQuiet);
   const QString version = CStr::revisionToString(revision);
   const CParamValueFile::EResult result =
       asSubDevId == kOwnSubDevIds

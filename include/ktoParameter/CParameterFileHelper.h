@@ -58,7 +58,7 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   /// there is none or the data is damaged before.
   static QString comment(const QByteArray& data);
   /// The revision number in the version attribute of an XML file's root, as CStr::stringToRevision
-  /// gives it; 0 when there is none or it is no revision. What follows is not looked at.
+  /// gives it; 0 when there is none or it is not a revision. What follows is not looked at.
   static quint32 fileVersion(const QByteArray& data);
 
   /// True when the values are equal under the definition: as numbers for an unsigned type, as exact
@@ -100,7 +100,9 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   QMap<QString, CParamFileElement> motorNames() const;
 
  Q_SIGNALS:
-  // Both are emitted, in this order, when a reading has ended.
+  // Both are emitted, in this order, when a reading has ended, with what motorNames() gives at that
+  // time. When the event loop delivers the end only after another reading was begun, these are the
+  // names which that one has found so far; its own end is signalled too.
   void readMotorNamesFinisched(const QMap<QString, CParamFileElement>& motorNames);
   void readMotorNamesFinisched();
 

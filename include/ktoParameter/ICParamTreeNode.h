@@ -23,7 +23,9 @@ class KTOPARAMETER_EXPORT ICParamTreeNode {
 
   virtual ICParamTreeNode* rootPtr() = 0;          ///< the node itself when it has no parent
   virtual ICParamTreeNode* parentPtr() const = 0;  ///< null for a root
-  virtual int siblingNo() const = 0;               ///< position among the siblings, 0 for a root
+  /// Position among the siblings; 0 for a root, -1 when its parent does not list it. Costs a search
+  /// through the siblings.
+  virtual int siblingNo() const = 0;
   virtual int childCnt() const = 0;
   virtual ICParamTreeNode* childPtr(int index) const = 0;  ///< null outside 0 to childCnt() - 1
   /// The first direct child of exactly that name; null when there is none.

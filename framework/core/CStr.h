@@ -27,7 +27,8 @@ class KTOFRAMEWORK_EXPORT CStr {
 
   /// A decimal floating point number with one optional sign, or "inf" or "nan" in any case.
   /// Denormal numbers are read. Out of range fails in both directions: "1e400", and "1e-400",
-  /// which is not 0 and would become 0.
+  /// which is not 0 and would become 0. Only up to 1.79769313486232e308, which the largest number
+  /// is when it is written with 15 digits, it stands for the largest number.
   static bool strToF64(const QString& text, double& value);
 
   /// "major.minor" or "major", each a decimal number from 0 to 65535 without a sign. The result

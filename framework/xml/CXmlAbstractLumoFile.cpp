@@ -110,5 +110,5 @@ void CXmlAbstractLumoFile::createNewDocument(const QString& rootTag, const QStri
 }
 
 void CXmlAbstractLumoFile::setMessageBoardCritical(const QString& text) const {
-  CMessageBoardHelper::setCritical(text, mLogfile);
+  if (!mIsQuiet) CMessageBoardHelper::setCritical(text, mLogfile);
 }

@@ -68,8 +68,10 @@ class KTOFRAMEWORK_EXPORT CXmlAbstractLumoFile {
   const CDomDoc& domDocument() const { return mDocument; }
 
   ICLogfile* logfile() const { return mLogfile; }
-  /// Posts a critical message for the user.
+  /// Posts a critical message for the user and writes it to the logfile; a quiet file does neither,
+  /// and leaves the reporting to whoever uses it.
   void setMessageBoardCritical(const QString& text) const;
+  void setQuiet(bool quiet) { mIsQuiet = quiet; }
 
  protected:
   /// Why the last open failed, without the file's name.
@@ -83,4 +85,5 @@ class KTOFRAMEWORK_EXPORT CXmlAbstractLumoFile {
   CDomDoc mDocument;
   QFileDevice::Permissions mPermissions;
   QString mOpenError;
+  bool mIsQuiet = false;
 };

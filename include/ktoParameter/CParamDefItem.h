@@ -13,8 +13,8 @@ class CParamDefItemData;
 ///
 /// An implicitly shared value. The owner of a set of definitions can install a flag that every edit
 /// raises which really changes something; a copy of an item never has the flag of its original.
-/// Adders append, never sort, and ignore what is there already; they cost the same however long the
-/// list is.
+/// Adders append, never sort, and ignore what is there already; in a long list they hardly cost
+/// more than in a short one.
 class KTOPARAMETER_EXPORT CParamDefItem {
  public:
   /// The type texts, each at the position of its NParamDef::EParamType.
@@ -48,7 +48,7 @@ class KTOPARAMETER_EXPORT CParamDefItem {
   void setChanged();
 
   unsigned int id() const;  ///< 0xFFFFFFFF when not set
-  bool valid() const;       ///< an id is set
+  bool valid() const;       ///< the id is not 0xFFFFFFFF; 0 counts as one here
   QString name() const;
   NParamDef::EParamType type() const;
   QString typeStr() const;
@@ -102,9 +102,10 @@ class KTOPARAMETER_EXPORT CParamDefItem {
   void addVisibleValue(qint64 value);
   void addVisibleValues(const QList<qint64>& values);
 
-  /// Reads "id#value#value…", the id in decimal or with "0x", the values in decimal only, and adds
-  /// the values. Without an id and a value nothing changes; at the first value that is no number it
-  /// stops, what stands before is kept, and it returns false.
+  /// Reads "id#value#value…", the id in decimal or with "0x", the values in decimal only; sets the
+  /// controlling id and adds the values to those that are there. False when it does not succeed:
+  /// without an id or a value nothing changes; at the first value that is not a number it stops,
+  /// and what stands before is kept.
   bool setVisible(const QString& text);
 
   /// The first name that is not empty, in list order; null when there is none.

@@ -8,8 +8,10 @@
 ///
 /// Unsigned numbers are written with "0x" and lowercase hexadecimal digits, signed ones in decimal,
 /// floating point numbers with 15 significant digits; a value made from a text keeps it unchanged.
-/// Numbers are read from the text when they are asked for: "0x" means hexadecimal, everything else
-/// is decimal, blanks round the number are ignored. Copies share the text.
+/// Numbers are read from the text when they are asked for; blanks round the number are ignored. For
+/// integers "0x" means hexadecimal and everything else is decimal. Floating point numbers are
+/// decimal, "inf" or "nan": "0x10" is not one. So an unsigned value has no number as a double.
+/// Copies share the text.
 class KTOPARAMETER_EXPORT CParamVal {
  public:
   CParamVal() = default;  ///< a null text
@@ -23,13 +25,13 @@ class KTOPARAMETER_EXPORT CParamVal {
   CParamVal(short number);
   CParamVal(int number);
   CParamVal(long long number);
-  CParamVal(double number);
+  CParamVal(double number);  ///< of more digits than 15 the rest is lost
 
   bool isEmpty() const { return mText.isEmpty(); }  ///< null or without a character
   bool isNull() const { return mText.isNull(); }    ///< no value at all; "" is not null
   QString asStr() const { return mText; }
 
-  /// Each reads a number of exactly its type. False when the text is no number or does not fit;
+  /// Each reads a number of exactly its type. False when the text is not a number or does not fit;
   /// the output is then untouched.
   bool value(unsigned char& number) const;
   bool value(unsigned short& number) const;

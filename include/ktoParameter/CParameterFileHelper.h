@@ -4,6 +4,7 @@
 #include "CParamFileElement.h"
 #include "CParamVal.h"
 #include "NktoGlobal.h"
+#include "SFileBeginning.h"
 #include "ktoParameter_export.h"
 
 #include <QByteArray>
@@ -25,7 +26,7 @@ class ICLogfile;
 ///
 /// A file of motors is a value file of type FILE_TYPE_MOTOR_PARAMETERS, version 1, whose hardware
 /// ids are the names of the motors. A file that cannot be read contributes no names; the reason is
-/// in the logfile.
+/// in the logfile, and nothing is posted to the message board.
 ///
 /// An object reads motor names in the background, on a thread of its own. It is itself used from
 /// the one thread that it lives in, whose event loop delivers the signals.
@@ -37,20 +38,27 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   static const QHash<NktoGlobal::EParamFileType, QString> mFileTypeStrHash;
 
   static QString fileTypeToStr(NktoGlobal::EParamFileType type);  ///< empty for an unknown type
-  /// The type whose name occurs anywhere in the text, e.g. in the line with the root tag; else -1.
+  /// The type whose name occurs in the text, e.g. in the line with the root tag; of several the one
+  /// that stands first; -1 when there is none.
   static NktoGlobal::EParamFileType fileTypeFromStr(const QString& text);
 
   /// The type by the root tag, which must stand at the very start of one of the first three lines
   /// (and within the first MiB); -1 when it does not, when the tag names no type, or when the file
-  /// cannot be read.
+  /// cannot be read. A file that is not detected may well be one that loads: readBeginning() asks
+  /// the parser.
   static NktoGlobal::EParamFileType detectFileType(const QByteArray& data);
   static NktoGlobal::EParamFileType detectFileType(const QString& fileName);
+
+  /// Root tag, version and comment, found as a load finds them: in every encoding and wherever the
+  /// tag stands. Of a file no more is read than that takes, as a rule.
+  static SFileBeginning readBeginning(const QByteArray& data);
+  static SFileBeginning readBeginning(const QString& fileName);
 
   /// The comment in the Head of an XML file; what follows the Head is not looked at. Empty when
   /// there is none or the data is damaged before.
   static QString comment(const QByteArray& data);
   /// The revision number in the version attribute of an XML file's root, as CStr::stringToRevision
-  /// gives it; 0 when there is none or it is no revision. What follows is not looked at.
+  /// gives it; 0 when there is none or it is not a revision. What follows is not looked at.
   static quint32 fileVersion(const QByteArray& data);
 
   /// True when the values are equal under the definition: as numbers for an unsigned type, as exact
@@ -67,7 +75,7 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
 
   explicit CParameterFileHelper(QObject* parent = nullptr);
   /// The logfile may be null, is not owned and must outlive the object. A reading in the background
-  /// writes to it, and posts to the message board, from its own thread.
+  /// writes to it from its own thread.
   CParameterFileHelper(ICLogfile* logfile, QObject* parent);
   /// Waits until a reading that has begun is done.
   ~CParameterFileHelper() override;
@@ -92,7 +100,9 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   QMap<QString, CParamFileElement> motorNames() const;
 
  Q_SIGNALS:
-  // Both are emitted, in this order, when a reading has ended.
+  // Both are emitted, in this order, when a reading has ended, with what motorNames() gives at that
+  // time. When the event loop delivers the end only after another reading was begun, these are the
+  // names which that one has found so far; its own end is signalled too.
   void readMotorNamesFinisched(const QMap<QString, CParamFileElement>& motorNames);
   void readMotorNamesFinisched();
 

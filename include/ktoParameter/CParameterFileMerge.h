@@ -12,7 +12,7 @@ class ICParameterFile;
 ///
 /// - What only theirs changed is taken: values, ids, the group of a parameter, what was added and
 ///   removed, hardware ids and sub-devices with all they hold, types and names of sub-devices,
-///   author, comment and version. What both changed in the same way is no conflict.
+///   author, comment and version. What both changed in the same way is not a conflict.
 /// - A group goes when theirs removed it and nothing is left in it, and comes back when theirs put
 ///   something into one that ours removed.
 /// - What theirs added or moved stands behind what it stands behind in theirs, and behind what ours
@@ -35,7 +35,8 @@ class KTOPARAMETER_EXPORT CParameterFileMerge {
 
   /// Changes ours, whose changed hardware ids are marked so; tree nodes of those are no longer
   /// valid. When the active hardware id goes, the first one becomes active. False, with errorMsg()
-  /// and ours as it was, when the files are of different types; conflicts are no failure.
+  /// and ours as it was, when the files are of different types or not objects of this library;
+  /// conflicts are not a failure.
   bool run();
   QString errorMsg() const { return mErrorMsg; }
 

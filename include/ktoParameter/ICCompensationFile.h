@@ -15,9 +15,10 @@ class ICLogfile;
 /// from and written to XML with the root element "C_COMPENSATION_FORMAT".
 ///
 /// Editing checks nothing but indices; the check operations tell what is wrong with a table and
-/// change nothing. They compare the texts as floating point numbers, one that is no number counts
-/// as 0. Versions are texts such as "1.5". A file loads when it has none, the expected text, or the
-/// same main number; the sub-number never matters. An object is used from one thread at a time.
+/// change nothing. They compare the texts as floating point numbers, one that is not a number
+/// counts as 0. Versions are texts such as "1.5". A file loads when it has none, the expected text,
+/// or the same main number; the sub-number never matters. An object is used from one thread at a
+/// time.
 class KTOPARAMETER_EXPORT ICCompensationFile {
  public:
   /// Result of every load and save; errorMsg() says more. Only a buffer that cannot be opened gives
@@ -54,7 +55,8 @@ class KTOPARAMETER_EXPORT ICCompensationFile {
   virtual void clear() = 0;
 
   /// A load begins with all that clear() does but for the format for saving. When an element is
-  /// missing, what was read before it stays.
+  /// missing, what was read before it stays. The old format is posted to the message board as a
+  /// debug warning.
   virtual int load(const QString& fileName, const QString& version) = 0;
   virtual int loadFromBuffer(const QByteArray& buffer, const QString& version) = 0;
 

@@ -20,11 +20,12 @@ class KTOPARAMETER_EXPORT ICParamTreeNode {
   virtual QString name() const = 0;
   virtual unsigned int id() const = 0;         ///< 0xFFFFFFFF for a group, 0 for "no id"
   virtual unsigned char subDevId() const = 0;  ///< 0xFF when not set
-  virtual CParamVal value() const = 0;         ///< of a parameter; null for a group
 
   virtual ICParamTreeNode* rootPtr() = 0;          ///< the node itself when it has no parent
   virtual ICParamTreeNode* parentPtr() const = 0;  ///< null for a root
-  virtual int siblingNo() const = 0;               ///< position among the siblings, 0 for a root
+  /// Position among the siblings; 0 for a root, -1 when its parent does not list it. Costs a search
+  /// through the siblings.
+  virtual int siblingNo() const = 0;
   virtual int childCnt() const = 0;
   virtual ICParamTreeNode* childPtr(int index) const = 0;  ///< null outside 0 to childCnt() - 1
   /// The first direct child of exactly that name; null when there is none.
@@ -35,6 +36,11 @@ class KTOPARAMETER_EXPORT ICParamTreeNode {
   virtual QVariant property(QString key) const = 0;     ///< invalid when there is none
   virtual bool removeProperty(const QString& key) = 0;  ///< true when there was one
   virtual void removeAllProperties() = 0;
+
+  // --- Added later. The order of all virtual operations is fixed: new ones go to the end.
+
+  /// The value of a parameter; null for a group.
+  virtual CParamVal value() const;
 
  protected:
   ICParamTreeNode() = default;

@@ -41,10 +41,10 @@ class KTOPARAMETER_EXPORT ICSettingsTreeNode {
 
   /// The value's text, which is not checked against the type; but a save refuses a value of any
   /// type but a string that is empty or white space, since the file could not be loaded. On a node
-  /// that is no value this empties it, whatever is passed.
+  /// that is not a value this empties it, whatever is passed.
   virtual void setValue(const CParamVal& value) = 0;
   virtual CParamVal value() const = 0;
-  /// Free text; empty on a node that is no value, whatever is passed.
+  /// Free text; empty on a node that is not a value, whatever is passed.
   virtual void setUnit(const QString& unit) = 0;
   virtual QString unit() const = 0;
   /// Free text, for groups too; that of the root is not saved.
@@ -58,7 +58,9 @@ class KTOPARAMETER_EXPORT ICSettingsTreeNode {
 
   virtual ICSettingsTreeNode* rootPtr() = 0;          ///< the node itself when it has no parent
   virtual ICSettingsTreeNode* parentPtr() const = 0;  ///< null for the root
-  virtual int siblingNo() const = 0;  ///< position among the siblings, 0 for the root
+  /// Position among the siblings; 0 for the root, -1 when its parent does not list it. Costs a
+  /// search through the siblings.
+  virtual int siblingNo() const = 0;
   virtual int childCnt() const = 0;
   virtual ICSettingsTreeNode* childPtr(int index) const = 0;  ///< null outside 0 to childCnt() - 1
 

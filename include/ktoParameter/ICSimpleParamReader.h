@@ -23,7 +23,8 @@ class ICParameterFile;
 ///
 /// The access right decides what a reader may do: with NParamDef::ReadOnly nothing is changed, with
 /// NParamDef::ReadWrite values, types and names of sub-devices, with NParamDef::FullAccess missing
-/// files, definitions and values are created too, and groups and parameters may be deleted.
+/// files, definitions and values are created too, and groups and parameters may be deleted. It does
+/// not hold back addDef(), what is done through paramDefPtr() and parameterFile(), and saving.
 ///
 /// Operations that fail return false. Those with an `err` append messages to it, each with a line
 /// break at its end, and never clear it; a message may also come with true, for what was repaired.
@@ -31,9 +32,14 @@ class ICParameterFile;
 class KTOPARAMETER_EXPORT ICSimpleParamReader {
  public:
   /// A reader whose parameter file joins the group of all objects of ICParameterFile::create(), so
-  /// that values and definitions of other files are found too. The caller owns the reader. The
-  /// hardware id is the one that loading expects and that new values come under; with an empty one,
-  /// the first of the value file. The logfile is not owned; with a null one the reader has a silent
+  /// that values and copies of definitions of other files are found too. What is changed, created
+  /// or handed out as a pointer is always this reader's own: the getters with a default look for a
+  /// definition here only and create it here, setParam() changes a value here only, and a value of
+  /// another file that is not a number is not replaced.
+  ///
+  /// The caller owns the reader. The hardware id is the one that loading expects and that new
+  /// values come under; with an empty one, the first of the value file, which is the smallest. The
+  /// logfile is not owned; with a null one the reader has a silent
   /// one of its own. Versions have the major number in the upper 16 bits, the minor in the lower:
   /// 0x10000 is "1.0".
   static ICSimpleParamReader* create(NktoGlobal::EParamFileType fileType, const QString& hardwareId,
@@ -58,8 +64,13 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   virtual unsigned int paramFileVersion() const = 0;
 
   /// Loads a definition file and a value file; a name without any suffix gets "xpdef" and "xparam".
-  /// With FullAccess a file that cannot be loaded is reported in `err` but tolerated: it starts
-  /// empty and is written on save. Otherwise it ends the loading with false.
+  /// With FullAccess a file that cannot be loaded is reported in `err` but tolerated; a save writes
+  /// it when something of it was created or changed by then. Otherwise it ends the loading with
+  /// false. The names of the files are taken in any case.
+  ///
+  /// Without closeFiles() before it, a load adds to what is there: the file's definitions and
+  /// values replace those of the same names, and changes that were not saved go to the new files
+  /// with the next save.
   virtual bool load(const QString& defFile, const QString& paramFile, QString& err) = 0;
   /// Loads the pair of a path to either file, or to both without the suffix: the last suffix is
   /// taken off, and then names are made as above. So a base name with a dot in it, which looks like
@@ -73,7 +84,7 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   /// Author and comment, from the next save on, of those files that were not loaded.
   virtual void setMetaData(const QString& author, const QString& comment) = 0;
 
-  /// Something changed since loading. A save does not reset this.
+  /// Something changed since the reader was made or closed. Neither a load nor a save resets this.
   virtual bool changed() const = 0;
   /// Writes each file in which something changed, one independent of the other. False when one
   /// could not be written, which is then the file it was; the reason is logged and posted to the
@@ -82,7 +93,8 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   /// it is not replaced.
   virtual bool saveFiles() = 0;
   /// Saves what changed, or drops it, and empties the reader in either case, so that it can load
-  /// again; returns what saving did. The hardware id is empty then too: the next load takes the
+  /// again; returns what saving did. What could not be saved is lost then: call saveFiles() first
+  /// where it must not be. The hardware id is empty then too: the next load takes the
   /// first of its file, unless parameterFile()->addHardwareId() names one before.
   virtual bool closeFiles(bool save) = 0;
 
@@ -100,7 +112,8 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
 
   virtual unsigned int idByName(const QString& name) const = 0;  ///< 0xFFFFFFFF for an unknown one
   virtual QString nameById(unsigned int id) const = 0;           ///< empty for an unknown one
-  virtual bool containsDef(const QString& name) const = 0;       ///< a definition with an id
+  /// A definition whose id is not 0xFFFFFFFF; 0, which stands for no id too, counts.
+  virtual bool containsDef(const QString& name) const = 0;
   virtual bool containsVal(const QString& name, unsigned char subDevId) const = 0;
   /// A copy; invalid for an unknown name.
   virtual CParamDefItem paramDef(const QString& name) const = 0;
@@ -126,7 +139,10 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   // created, and `defOut`, unless null, gets the definition (null when there is none).
   //
   // With FullAccess a missing definition is created with the type and the default, a missing value
-  // with the default in the group, whose path is created too. Without, both are failures.
+  // with the default in the group, whose path is created too. Without, both are failures. So is an
+  // id that another definition has: neither is created then. A path of which a piece names a
+  // parameter is not a failure: the definition is created, but the value is not, and `val` is the
+  // default; parameterFile()->errorMsg() tells of it.
 
   /// `val` becomes the value as it is stored, or the default when there is none.
   virtual bool getParam(unsigned char subDevId, const QString& name, const QString& group,
@@ -136,9 +152,11 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
                         QString& val, const QString& def, QString& err, unsigned int id = 0,
                         CParamDefItem** defOut = nullptr) = 0;
 
-  /// A number. A missing definition or value leaves `val` as it is, without FullAccess. A stored
-  /// text that is no number, or out of the type's range, gives the default and a message; it is
-  /// also replaced by the default, except with ReadOnly, where the result is false.
+  /// A number. A default is stored with 15 significant digits, so that `val`, which is what is
+  /// stored, may differ from it in the last bits. A missing definition or value leaves `val` as it
+  /// is, without FullAccess. A stored text that is not a number, or out of the type's range, gives
+  /// the default and a message; it is also replaced by the default, except with ReadOnly, where the
+  /// result is false.
   virtual bool getParam(unsigned char subDevId, const QString& name, const QString& group,
                         double& val, double def, QString& err, unsigned int id = 0,
                         CParamDefItem** defOut = nullptr) = 0;
@@ -170,8 +188,8 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
                         long long& val, long long def, QString& err, unsigned int id = 0,
                         CParamDefItem** defOut = nullptr) = 0;
 
-  // --- Deleting, which needs FullAccess. What does not exist is a warning in `err`, not a failure.
-  // Definitions stay.
+  // --- Deleting, which needs FullAccess. What does not exist is a warning in `err`, not a failure;
+  // nor is the root group (an empty path), which is not deleted. Definitions stay.
 
   /// Deletes a group and all below it.
   virtual bool deleteGroup(unsigned char subDevId, const QString& group, QString& err) = 0;

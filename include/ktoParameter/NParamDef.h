@@ -48,7 +48,7 @@ enum EImportMissing : int {
 /// What an import did, in numbers of parameters.
 struct SImportResult {
   int taken = 0;      ///< got the source's value, which differed
-  int equal = 0;      ///< had the source's value already
+  int equal = 0;      ///< had the source's text already, or for an unsigned type its number
   int defaulted = 0;  ///< missing in the source, got the default
   int kept = 0;       ///< missing in the source, kept their value
   int added = 0;      ///< defined here, held only by the source until now
@@ -133,7 +133,7 @@ struct SBitValue {
   bool operator!=(const SBitValue& other) const { return !(*this == other); }
 };
 
-/// The id of a parameter or definition that has none, and of every group.
+/// The id of a definition that has none, and of every group. A parameter without an id has 0.
 inline constexpr quint32 NO_ID = 0xFFFFFFFF;
 
 /// The parameter whose choices name the units of all others.

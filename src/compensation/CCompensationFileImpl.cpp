@@ -19,6 +19,23 @@ CParamVal valueOf(QLatin1String tag, const CDomElement& parent) {
   return CDomDoc::existingSubElementAsString(tag, parent, kMissingValue);
 }
 
+CCompensationPoint readPoint(const CDomElement& element,
+                             ICCompensationFile::EDataPointFormat format) {
+  const bool isCurrent = format == ICCompensationFile::CurrentFormat;
+  const auto lacks = [&element](QLatin1String tag) {
+    return CDomDoc::existingSubElement(tag, element).isNull();
+  };
+  CCompensationPoint::EGaps gaps;
+  gaps.setFlag(CCompensationPoint::NoPosition, lacks(TAG_POSITION));
+  gaps.setFlag(CCompensationPoint::NoAdjustment, lacks(isCurrent ? TAG_ADJUST : TAG_ERROR));
+  gaps.setFlag(CCompensationPoint::OtherAdjustment, !lacks(isCurrent ? TAG_ERROR : TAG_ADJUST));
+  CCompensationPoint point;
+  point.setPosition(valueOf(TAG_POSITION, element));
+  point.setAdjustment(valueOf(adjustmentTag(format), element));
+  point.setGaps(gaps);
+  return point;
+}
+
 }  // namespace
 
 CCompensationFileImpl::CCompensationFileImpl(ICLogfile* logfile)
@@ -95,12 +112,8 @@ int CCompensationFileImpl::readCompensationPoints() {
     CMessageBoardHelper::setFormDebugWarning(tr("Old compensation data point format found."),
                                              logfile());
   }
-  const QLatin1String tag = adjustmentTag(mDetectedFormat);
   for (; !element.isNull(); element = element.nextSiblingElement(TAG_POINT)) {
-    CCompensationPoint point;
-    point.setPosition(valueOf(TAG_POSITION, element));
-    point.setAdjustment(valueOf(tag, element));
-    appendPoint(point);
+    appendPoint(readPoint(element, mDetectedFormat));
   }
   return Ok;
 }

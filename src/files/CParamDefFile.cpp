@@ -220,6 +220,10 @@ bool CParamDefFile::readBitsetFromDom(const CDomElement& section,
   return true;
 }
 
+bool CParamDefFile::readBitsetFromDom(QDomElement& section, QList<NParamDef::SBitValue>& bits) {
+  return readBitsetFromDom(CDomDoc::fromDom(section).documentElement(), bits);
+}
+
 bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& definition) {
   const CDomElement section = CDomDoc::existingSubElement(TAG_VISIBLE_VALUES, param);
   if (section.isNull()) {

@@ -43,6 +43,7 @@ class CParamDefFile : public CParamBaseFile {
   bool readNamedI64ValuesFromDom(const CDomElement& section,
                                  QList<NParamDef::SNamedI64Value>& values);
   bool readBitsetFromDom(const CDomElement& section, QList<NParamDef::SBitValue>& bits);
+  bool readBitsetFromDom(QDomElement& section, QList<NParamDef::SBitValue>& bits);
   /// Puts a definition under its name and id; false with a message when the name is taken.
   bool enterDefinition(const CParamDefItem& definition);
 

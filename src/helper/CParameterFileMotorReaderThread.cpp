@@ -8,11 +8,11 @@
 namespace {
 
 // Ten times what the deepest nesting of a file takes; the default depends on the system and may be
-// less than that. The rest is for what the application does in its logfile and message board.
+// less than that. The rest is for what the application does in its logfile.
 constexpr uint kStackSize = 2 * 1024 * 1024;
 
 /// An exception that left a thread would end the process. They come from memory that runs out and
-/// from what the application installed: its logfile, its message board.
+/// from the application's logfile.
 template <typename TWork>
 void guarded(const TWork& work) {
   try {

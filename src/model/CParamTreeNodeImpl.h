@@ -22,11 +22,11 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
   QString name() const override { return dataRef().name(); }
   unsigned int id() const override { return dataRef().id(); }
   unsigned char subDevId() const override { return dataRef().subDevId(); }
-  CParamVal value() const override { return mValue; }
   void setProperty(QString key, QVariant value) override { dataPtr()->setProperty(key, value); }
   QVariant property(QString key) const override { return dataRef().property(key); }
   bool removeProperty(const QString& key) override { return dataPtr()->removeProperty(key); }
   void removeAllProperties() override { dataPtr()->removeAllProperties(); }
+  CParamVal value() const override { return mValue; }
 
   void setValue(const CParamVal& value) { mValue = value; }
 

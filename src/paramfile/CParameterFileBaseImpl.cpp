@@ -63,12 +63,12 @@ void CParameterFileBaseImpl::clearRootNodes() {
   mTrees.clear();
 }
 
-bool CParameterFileBaseImpl::setErrorMsg(const QString& text, const QString& context) const {
+bool CParameterFileBaseImpl::setErrorMsg(const QString& text, const QString& context,
+                                         quint32 level) const {
   mErrorMsg = text;
   mErrorLine = 0;
-  if (mLogfile != nullptr && mLogfile->isLevelEnabled(ICLogfile::kLevelErrors)) {
-    mLogfile->write(ICLogfile::kLevelErrors,
-                    context.isEmpty() ? text : QStringLiteral("%1 : %2").arg(context, text));
+  if (mLogfile != nullptr && mLogfile->isLevelEnabled(level)) {
+    mLogfile->write(level, context.isEmpty() ? text : QStringLiteral("%1 : %2").arg(context, text));
   }
   return false;
 }

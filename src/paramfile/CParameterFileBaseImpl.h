@@ -5,6 +5,7 @@
 #include "CParamValueFile.h"
 #include "CParameterFileErrorHandler.h"
 #include "CUniqueList.h"
+#include "ICLogfile.h"
 #include "ICParameterFile.h"
 
 #include <QCoreApplication>
@@ -54,10 +55,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
 
   bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
                        const QString& destinationHardwareId,
-                       NParamDef::EImportMissing missing) override;
+                       NParamDef::EImportMissing missing = NParamDef::ImportDefault) override;
   bool importParamFile(ICParameterFile* source, const QString& sourceHardwareId,
                        const QString& destinationHardwareId,
-                       NParamDef::EImportMissing missing) override;
+                       NParamDef::EImportMissing missing = NParamDef::ImportDefault) override;
   NParamDef::SImportResult importResult() const override { return mImportResult; }
 
   bool defChanged() const override { return mDefinitions.isChanged(); }
@@ -120,6 +121,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void removeAllProperties(ICParamTreeNode* node) override;
   void removeAllProperties() override;
 
+  /// A value file that does not load is then not posted to the message board: errorMsg() and the
+  /// logfile tell.
+  void setQuiet(bool quiet) { mIsQuiet = quiet; }
+
   /// Takes the text before the first separator off a group path.
   static QString getNextSubPath(QString& path);
 
@@ -138,8 +143,9 @@ class CParameterFileBaseImpl : public ICParameterFile {
   bool ownIsReferenced(quint32 id) const { return mDefinitions.isReferenced(id); }
   QList<quint32> ownReferencedBy(quint32 id) const { return mDefinitions.referencedBy(id); }
 
-  /// Stores the text as the last error and logs it; returns false.
-  bool setErrorMsg(const QString& text, const QString& context = QString()) const;
+  /// Stores the text as the last error and logs it, when that level is on; returns false.
+  bool setErrorMsg(const QString& text, const QString& context = QString(),
+                   quint32 level = ICLogfile::kLevelErrors) const;
 
  private:
   struct SLoadedValues;
@@ -155,8 +161,9 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void takeOver(SLoadedValues&& loaded, quint32 revision);
   bool firstHardwareId(QString& hardwareId, const CHardwareIdTrees& trees) const;
   CSubDeviceTrees* importDestination(QString& hardwareId);
-  bool importTrees(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
-                   const QString& destinationHardwareId, NParamDef::EImportMissing missing);
+  /// Copies the values of the parameters that the destination defines.
+  bool importParameters(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
+                        const QString& destinationHardwareId, NParamDef::EImportMissing missing);
   bool checkNewDefinition(const CParamDefItem& definition) const;
   static bool isReservedName(const QString& name);
   static QString reservedNameMessage(const QString& name);
@@ -183,6 +190,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CXMLMetaData mMetaData;
   QString mHardwareId;
   quint32 mVersion = 0;
+  bool mIsQuiet = false;
   CSubDeviceTypes mSubDevTypes;
   CSubDeviceNames mSubDevNames;
   std::unique_ptr<CParameterFileErrorHandler> mOwnErrorHandler;

@@ -82,6 +82,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
                                            const QString& context, SLoadedValues& loaded,
                                            int asSubDevId) {
   CParamValueFile file(mFileType, mLogfile, mErrorHandler);
+  file.setQuiet(mIsQuiet);
   const QString version = CStr::revisionToString(revision);
   const CParamValueFile::EResult result =
       asSubDevId == kOwnSubDevIds
@@ -155,5 +156,5 @@ bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
   return readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
                        tr("importParamFile() Loading parameter value file failed"), source,
                        kOwnSubDevIds) &&
-         importTrees(source.trees[source.hardwareId], *destination, destinationId, missing);
+         importParameters(source.trees[source.hardwareId], *destination, destinationId, missing);
 }

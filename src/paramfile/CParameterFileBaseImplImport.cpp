@@ -27,7 +27,7 @@ bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
         tr("Other instance does not contain source hardware id \"%1\". Import failed.")
             .arg(sourceId));
   }
-  return importTrees(trees->second, *destination, destinationId, missing);
+  return importParameters(trees->second, *destination, destinationId, missing);
 }
 
 bool CParameterFileBaseImpl::firstHardwareId(QString& hardwareId,
@@ -52,10 +52,10 @@ CSubDeviceTrees* CParameterFileBaseImpl::importDestination(QString& hardwareId) 
   return &trees->second;
 }
 
-bool CParameterFileBaseImpl::importTrees(const CSubDeviceTrees& source,
-                                         CSubDeviceTrees& destination,
-                                         const QString& destinationHardwareId,
-                                         NParamDef::EImportMissing missing) {
+bool CParameterFileBaseImpl::importParameters(const CSubDeviceTrees& source,
+                                              CSubDeviceTrees& destination,
+                                              const QString& destinationHardwareId,
+                                              NParamDef::EImportMissing missing) {
   CParamImport import(mDefinitions, mLogfile);
   QString error;
   if (!import.plan(source, destination, missing, error)) {

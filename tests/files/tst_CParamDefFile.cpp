@@ -103,6 +103,10 @@ class tst_CParamDefFile : public QObject {
       const QString name = param.firstChildElement("Name").text();
       CParamDefFile::appendParamDefinitionToDom(copies, throughQt.paramDefinitions().at(name));
       QVERIFY(thereAndBack.readParamDefinitionFromDom(copies.lastChildElement()));
+      QDomElement bitSet = param.firstChildElement("BitSet");
+      QList<NParamDef::SBitValue> bits;
+      QVERIFY(throughQt.readBitsetFromDom(bitSet, bits));
+      QVERIFY(bits == throughQt.paramDefinitions().at(name).bitset());
     }
     const CParamDefinitions& definitions = direct.paramDefinitions();
     QCOMPARE(throughQt.paramDefinitions().size(), definitions.size());

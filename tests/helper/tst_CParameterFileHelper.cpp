@@ -29,6 +29,10 @@ class tst_CParameterFileHelper : public QObject {
       QCOMPARE(CParameterFileHelper::fileTypeToStr(type), QString(name));
       const QString tag = QStringLiteral("  <%1 version=\"1.0\">").arg(QString(name));
       QCOMPARE(CParameterFileHelper::fileTypeFromStr(tag), type);
+      // Of several the first in the text, whatever the order in which they are kept.
+      for (const auto& other : names) {
+        QCOMPARE(CParameterFileHelper::fileTypeFromStr(tag + other.second), type);
+      }
     }
   }
 
@@ -46,14 +50,17 @@ class tst_CParameterFileHelper : public QObject {
     const auto row = [](const char* name, const QByteArray& data, int type) {
       addRow(name, data, type);
     };
-    const auto utf16 = [](const char* text) {
-      return QTextCodec::codecForName("UTF-16")->fromUnicode(text);
+    const auto utf16 = [](const char* text, const char* codec = "UTF-16") {
+      return QTextCodec::codecForName(codec)->fromUnicode(text);
     };
     row("first line", "<LumoParameters version=\"1.0\">", 2);
     row("third line", "<?xml version=\"1.0\"?>\n<!-- text -->\n<C_SETTINGS_FORMAT>\n", 0);
     row("CR LF", "<?xml version=\"1.0\"?>\r\n<LumoMotorParameters>\r\n", 9);
     row("UTF-16", utf16("<?xml version=\"1.0\"?>\n<LumoLogicDataBase/>"), 7);
     row("UTF-16 with CR LF", utf16("<?xml version=\"1.0\"?>\r\n<LumoLogicDataBase/>\r\n"), 7);
+    for (const char* codec : {"UTF-16LE", "UTF-16BE"}) {
+      row(codec, utf16("\n<LumoLogicDataBase/>", codec).mid(2), 7);  // without the mark
+    }
     row("UTF-8 with mark", "\xEF\xBB\xBF<LumoTypePlateData/>", 10);
     row("fourth line", "<?xml version=\"1.0\"?>\n\n\n<LumoParameters>", -1);
     row("unknown tag decides", "<LumoOther>\n<LumoParameters>", -1);
@@ -73,10 +80,41 @@ class tst_CParameterFileHelper : public QObject {
     QCOMPARE(static_cast<int>(CParameterFileHelper::detectFileType(fileName)), type);
   }
 
+  void readsBeginnings_data() {
+    addColumns<QByteArray, QString, QString, QString>("data", "tag", "version", "error");
+    const auto row = [](const char* name, const QByteArray& data, const char* tag,
+                        const char* version,
+                        const char* error) { addRow(name, data, tag, version, error); };
+    const QByteArray far = "<!--" + QByteArray(17 << 20, 'x') + "-->";
+    row("damaged behind", "<?xml version=\"1.0\"?><LumoOther version=\"01.0\"><P></Q>", "LumoOther",
+        "01.0", "");
+    row("far behind", far + "<LumoParameters version=\"1.2\"/>", "LumoParameters", "1.2", "");
+    row("the attribute that loads", "<C_SETTINGS_FORMAT version=\"1\" Version=\"2\"/>",
+        "C_SETTINGS_FORMAT", "2", "");
+    row("no XML", "\ntext", "", "",
+        "Line 2: a character or mark-up stands here that XML does not allow.");
+    row("damaged far behind", far + "\n<A", "", "",
+        "Line 2: the document ends within a tag, text or comment.");
+  }
+  void readsBeginnings() {
+    QFETCH(QByteArray, data);
+    const QTemporaryDir folder;
+    const QString fileName = folder.filePath("file");
+    QVERIFY(NTestFiles::write(fileName, data));
+    for (const SFileBeginning& found : {CParameterFileHelper::readBeginning(data),
+                                        CParameterFileHelper::readBeginning(fileName)}) {
+      QVERIFY(found.isRead);
+      QTEST(found.rootTag, "tag");
+      QTEST(found.version, "version");
+      QTEST(found.error, "error");
+    }
+  }
+
   void detectsNothingWithoutAFile() {
     const QTemporaryDir folder;
     for (const QString& name : {folder.filePath("missing"), folder.path()}) {
       QCOMPARE(CParameterFileHelper::detectFileType(name), FILE_TYPE_NONE);
+      QVERIFY(!CParameterFileHelper::readBeginning(name).isRead);
     }
   }
 

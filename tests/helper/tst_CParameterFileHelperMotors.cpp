@@ -1,5 +1,4 @@
 #include "CDeviceElement.h"
-#include "CMessageBoardHelper.h"
 #include "CParameterFileHelper.h"
 #include "CTestLogfile.h"
 #include "MotorFiles.h"
@@ -55,12 +54,7 @@ class tst_CParameterFileHelperMotors : public QObject {
     qputenv("TZ", "UTC");
   }
 
-  void init() {
-    mFolder = std::make_unique<CMotorFolder>();
-    CMessageBoardHelper::setHandler([](CMessageBoardHelper::EMessageKind, const QString&) {});
-  }
-
-  void cleanup() { CMessageBoardHelper::setHandler(nullptr); }
+  void init() { mFolder = std::make_unique<CMotorFolder>(); }
 
   void readsAFile_data() {
     addColumns<QString, QByteArray, QStringList>("fileName", "content", "names");
@@ -313,11 +307,8 @@ class tst_CParameterFileHelperMotors : public QObject {
 
   void readersDoNotDisturbEachOther() {
     const QList<CParamFileElement> files = writeHundredsOfFiles();
-    std::atomic<int> criticals{0};
-    CMessageBoardHelper::setHandler([&](auto...) { ++criticals; });
     CTestLogfile logfile;
     const QMap<QString, QString> expected = CParameterFileHelper::readMotorNames(files, &logfile);
-    const int criticalsOfOne = criticals.exchange(0);
     const int errorsOfOne = logfile.errors().size();
 
     CParameterFileHelper first(&logfile, nullptr);
@@ -330,7 +321,6 @@ class tst_CParameterFileHelperMotors : public QObject {
     QVERIFY(waitForEnd(firstEnd) && waitForEnd(secondEnd));
     QCOMPARE(first.motorNames().keys(), expected.keys());
     QCOMPARE(second.motorNames(), first.motorNames());
-    QCOMPARE(criticals.load(), 3 * criticalsOfOne);
     QCOMPARE(logfile.errors().size(), 4 * errorsOfOne);
   }
 

@@ -1,12 +1,12 @@
 #include "CParameterFileMotorReaderThread.h"
 
-#include "CMessageBoardHelper.h"
+#include "CParameterFileHelper.h"
 #include "CTestLogfile.h"
+#include "KeptMessages.h"
 #include "MotorFiles.h"
 
 #include <QtTest>
 
-#include <atomic>
 #include <memory>
 #include <stdexcept>
 
@@ -17,12 +17,7 @@ using CMotorNames = QMap<QString, CParamFileElement>;
 class tst_CParameterFileMotorReaderThread : public QObject {
   Q_OBJECT
  private slots:
-  void init() {
-    mFolder = std::make_unique<CMotorFolder>();
-    CMessageBoardHelper::setHandler([](CMessageBoardHelper::EMessageKind, const QString&) {});
-  }
-
-  void cleanup() { CMessageBoardHelper::setHandler(nullptr); }
+  void init() { mFolder = std::make_unique<CMotorFolder>(); }
 
   void readsAList() {
     CParamFileElement a = mFolder->put("a", {"M3", "M1"}, "two motors");
@@ -96,17 +91,14 @@ class tst_CParameterFileMotorReaderThread : public QObject {
     QCOMPARE(names.keys(), QStringList("Deep"));
   }
 
-  void postsCriticalsFromItsThread() {
-    std::atomic<int> criticals{0};
-    std::atomic<int> fromHere{0};
-    CMessageBoardHelper::setHandler([&](CMessageBoardHelper::EMessageKind kind, const QString&) {
-      if (kind == CMessageBoardHelper::Critical) ++criticals;
-      if (QThread::currentThread() == QCoreApplication::instance()->thread()) ++fromHere;
-    });
+  void passesOverFilesInSilence() {
+    const SKeptMessages kept;
+    CTestLogfile logfile;
     const auto bad = mFolder->put("bad", {"M", "M"});
-    readList({bad, bad});
-    QCOMPARE(criticals.load(), 2);
-    QCOMPARE(fromHere.load(), 0);
+    readList({bad, bad}, &logfile);
+    CParameterFileHelper::readMotorNames(mFolder->path() + "/bad", &logfile);
+    QCOMPARE(kept.texts, QStringList());
+    QCOMPARE(logfile.errors().size(), 3);
   }
 
   void survivesExceptions() {
@@ -114,9 +106,6 @@ class tst_CParameterFileMotorReaderThread : public QObject {
                                          mFolder->put("b", {"B"})};
     CTestLogfile throwing([] { throw std::runtime_error("disk"); });
     QCOMPARE(readList(files, &throwing).keys(), QStringList({"A", "B"}));
-
-    CMessageBoardHelper::setHandler([](auto...) { throw std::runtime_error("board"); });
-    QCOMPARE(readList(files).keys(), QStringList({"A", "B"}));
   }
 
  private:

@@ -88,7 +88,7 @@ class tst_ParameterFileImport : public QObject {
 
   void tellsTheLogWhatItDid() {
     SLoggedSmall small;
-    QVERIFY(small.file.importParamFile(makeSource().get(), "", "", NParamDef::ImportDefault));
+    QVERIFY(small.file.importParamFile(makeSource().get(), "", ""));
     QCOMPARE(small.log.lines,
              QStringList({"Mode of sub device 1: Default value is used.",
                           "Secret of sub device 1: The parameter is not defined and is skipped."}));
@@ -100,7 +100,7 @@ class tst_ParameterFileImport : public QObject {
     file.cloneHardwareIdFromInstance("A", makeSmall().get());
     file.clearChanged();
     const QString before = NParamFileText::all(file);
-    QVERIFY(!file.importParamFile(makeSource().get(), "A", "A", NParamDef::ImportDefault));
+    QVERIFY(!file.importParamFile(makeSource().get(), "A", "A"));
     const QString message = "Definition of parameter \"Mode\" not found. Import failed.";
     QCOMPARE(file.errorMsg(), message);
     QCOMPARE(log.lines, QStringList({"Mode of sub device 1: Definition is missing.", message}));

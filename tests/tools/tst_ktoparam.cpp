@@ -1,6 +1,11 @@
 #include "CWorkplace.h"
+#include "ICCompensationFile.h"
+#include "ICParameterFile.h"
+#include "ICSettingsFile.h"
+#include "KeptMessages.h"
 #include "TestRows.h"
 
+#include <QDirIterator>
 #include <QtTest>
 
 namespace {
@@ -22,6 +27,23 @@ QVector<SStep> readSession(const QString& fileName) {
     if (line.startsWith('=')) steps.last().run.status = text.toInt();
   }
   return steps;
+}
+
+/// As one of all kinds of file.
+bool loads(const QString& fileName) {
+  using namespace NktoGlobal;
+  const std::unique_ptr<ICSettingsFile> settings(ICSettingsFile::create(nullptr));
+  const std::unique_ptr<ICCompensationFile> table(ICCompensationFile::create(nullptr));
+  const std::unique_ptr<ICParameterFile> file(
+      ICParameterFile::createSingle(FILE_TYPE_PARAMETERS, nullptr));
+  bool isLoaded = settings->load(fileName, "1.0") == ICSettingsFile::NoError ||
+                  table->load(fileName, "1.0") == ICCompensationFile::Ok ||
+                  file->loadParamDefFile(fileName, 0x10000);
+  for (int type = FILE_TYPE_PARAMETERS; !isLoaded && type <= FILE_TYPE_OPTION_MODUL_DB; ++type) {
+    file->setFileType(static_cast<EParamFileType>(type));
+    isLoaded = file->loadParamFile(fileName, {}, 0x10000);
+  }
+  return isLoaded;
 }
 
 bool mayChangeFiles(const SStep& step) {
@@ -64,6 +86,20 @@ class tst_ktoparam : public QObject {
       QCOMPARE(lines({step.command, run}), lines(step));
       QVERIFY2((workplace.files() != before) == mayChangeFiles(step), qPrintable(step.command));
     }
+  }
+
+  void knowsEveryFileThatLoads() {
+    const SKeptMessages quiet;
+    QStringList loaded;
+    for (const char* folder : {KTO_TEST_DATA, KTO_TOOL_TESTS "/files", KTO_CORPUS}) {
+      for (QDirIterator i(folder, QDir::Files, QDirIterator::Subdirectories); i.hasNext();) {
+        if (loads(i.next())) loaded.append(i.filePath());
+      }
+    }
+    QVERIFY(loaded.size() > 100);
+    const SRun run = CWorkplace().run(QStringList("detect") + loaded);
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.err, "");
   }
 
   void examplesOfHelpWork_data() {

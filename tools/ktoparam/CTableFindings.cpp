@@ -23,12 +23,13 @@ void addNumberProblem(const QString& what, const CParamVal& value, QStringList& 
   }
 }
 
-void addMissing(const SPointParts& parts, ICCompensationFile::EDataPointFormat format,
-                QStringList& problems) {
-  if (!parts.position) problems.append(Tool::tr("without a position, which counts as 0"));
-  const bool isOld = format == ICCompensationFile::OldFormat;
-  if (isOld ? parts.error : parts.adjustment) return;
-  const bool hasOther = isOld ? parts.adjustment : parts.error;
+void addMissing(const CCompensationPoint& point, QStringList& problems) {
+  const CCompensationPoint::EGaps gaps = point.gaps();
+  if (gaps.testFlag(CCompensationPoint::NoPosition)) {
+    problems.append(Tool::tr("without a position, which counts as 0"));
+  }
+  if (!gaps.testFlag(CCompensationPoint::NoAdjustment)) return;
+  const bool hasOther = gaps.testFlag(CCompensationPoint::OtherAdjustment);
   problems.append(hasOther ? Tool::tr("its adjustment is not in the format of the first point and "
                                       "counts as 0")
                            : Tool::tr("without an adjustment, which counts as 0"));
@@ -42,12 +43,12 @@ QSet<int> badIndices(const ICCompensationFile& table) {
 
 }  // namespace
 
-CTableFindings::CTableFindings(const ICCompensationFile& table, const QVector<SPointParts>& parts)
+CTableFindings::CTableFindings(const ICCompensationFile& table)
     : mTable(table), mHeader(table.header()) {
   checkRange();
   const QSet<int> bad = badIndices(table);
   for (int i = 0; i < table.count(); ++i) {
-    QStringList found = problems(i, parts.value(i));
+    QStringList found = problems(i);
     if (found.isEmpty() && bad.contains(i)) {
       found.append(Tool::tr("not in the range, which is none"));
     }
@@ -70,10 +71,10 @@ void CTableFindings::checkRange() {
   }
 }
 
-QStringList CTableFindings::problems(int index, const SPointParts& parts) const {
+QStringList CTableFindings::problems(int index) const {
   const CCompensationPoint point = mTable.point(index);
   QStringList found;
-  addMissing(parts, mTable.detectedDataPointFormat(), found);
+  addMissing(point, found);
   addNumberProblem(Tool::tr("the position"), point.position(), found);
   addNumberProblem(Tool::tr("the adjustment"), point.adjustment(), found);
   if (mHasNumbers) found += rangeProblems(index);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ICCompensationFile.h"
-#include "SPointParts.h"
 
 #include <QMap>
 #include <QStringList>
@@ -10,8 +9,7 @@
 /// table finds, and beyond that texts that are no numbers and points that lack something.
 class CTableFindings {
  public:
-  /// The parts of the points stand in the order of the table.
-  CTableFindings(const ICCompensationFile& table, const QVector<SPointParts>& parts);
+  explicit CTableFindings(const ICCompensationFile& table);
 
   bool isEmpty() const { return mRange.isEmpty() && mPoints.isEmpty(); }
   const QStringList& ofRange() const { return mRange; }
@@ -22,7 +20,7 @@ class CTableFindings {
 
  private:
   void checkRange();
-  QStringList problems(int index, const SPointParts& parts) const;
+  QStringList problems(int index) const;
   QStringList rangeProblems(int index) const;
   QString orderProblem(int index) const;
   double position(int index) const { return mTable.point(index).position().asF64(); }

@@ -43,7 +43,7 @@ EExitStatus check(const CInvocation& invocation, COutput& out) {
   const SOpenedFile<ICCompensationFile> opened = OpenedFile::compensation(fileName, out);
   if (!opened.file) return ExitFile;
   const ICCompensationFile& table = *opened.file;
-  const CTableFindings findings(table, SPointParts::read(fileName));
+  const CTableFindings findings(table);
   if (invocation.wantsJson()) {
     QJsonObject object{{QStringLiteral("file"), fileName}};
     CompensationTexts::addTable(table, findings, object);
@@ -62,10 +62,10 @@ EExitStatus check(const CInvocation& invocation, COutput& out) {
 // --- convert
 
 // Reading takes the adjustments of one format only, so those of the other would be gone.
-bool losesAdjustments(const QString& fileName, EFormat format) {
-  const QVector<SPointParts> points = SPointParts::read(fileName);
-  return std::any_of(points.begin(), points.end(), [format](const SPointParts& parts) {
-    return format == ICCompensationFile::OldFormat ? parts.adjustment : parts.error;
+bool losesAdjustments(const ICCompensationFile& table) {
+  const QList<CCompensationPoint> points = table.allPoints();
+  return std::any_of(points.begin(), points.end(), [](const CCompensationPoint& point) {
+    return point.gaps().testFlag(CCompensationPoint::OtherAdjustment);
   });
 }
 
@@ -95,7 +95,7 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
   if (!opened.file) return ExitFile;
   ICCompensationFile& table = *opened.file;
   const EFormat found = table.detectedDataPointFormat();
-  if (losesAdjustments(fileName, found)) {
+  if (losesAdjustments(table)) {
     out.message(fileName, Tool::tr("there are adjustments in both formats, and only those in the "
                                    "format of the first point are read; converting would lose the "
                                    "others."));
@@ -108,7 +108,7 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
     if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFile;
     table.setDataPointSaveFormat(wanted);
     const CSignalShield shield;
-    if (table.save(written, opened.version) != ICCompensationFile::Ok) {
+    if (table.save(written, opened.info.writtenVersion) != ICCompensationFile::Ok) {
       out.message(written, LibraryMessage::withoutFileName(table.errorMsg(), written));
       FileHints::tellWhyUnsaved(written, out);
       return ExitFile;
@@ -138,7 +138,7 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   if (!opened.file) return ExitFile;
   if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFile;
 
-  const CTableFindings findings(*opened.file, SPointParts::read(fileName));
+  const CTableFindings findings(*opened.file);
   const QString unit = invocation.value(kUnit);
   const QString adjustmentUnit =
       invocation.isSet(kAdjustmentUnit) ? invocation.value(kAdjustmentUnit) : unit;

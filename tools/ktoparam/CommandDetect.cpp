@@ -52,8 +52,8 @@ QVector<SCommand> detectCommands() {
   command.name = QStringLiteral("detect");
   command.summary = Tool::tr("Tell the type, the version and the comment of files.");
   command.details = Tool::tr(
-      "The type is the name of the root element, which must stand at the beginning of one "
-      "of the first three lines. The exit status is 1 when a type is not known.");
+      "The type is the name of the root element, when it is that of a parameter file. The exit "
+      "status is 1 when a type is not known.");
   command.arguments = {
       {QStringLiteral("FILE"), Tool::tr("Any files."), EWord::File, SArgument::OneOrMore}};
   command.options = {CommonOptions::json()};

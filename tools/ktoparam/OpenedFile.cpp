@@ -4,20 +4,7 @@
 #include "LibraryMessage.h"
 #include "Tool.h"
 
-#include <QFile>
-#include <QXmlStreamReader>
-
 namespace {
-
-// As a text, since a revision number does not tell "1.0" from "01.0". A file that cannot be read
-// is reported by the load that follows.
-QString versionText(const QString& fileName) {
-  QFile file(fileName);
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  QXmlStreamReader xml(&file);
-  xml.readNextStartElement();
-  return xml.attributes().value(QLatin1String("Version")).toString();
-}
 
 template <class File>
 SOpenedFile<File> open(const QString& fileName, SFileInfo::EKind kind, const QString& wanted,
@@ -30,9 +17,8 @@ SOpenedFile<File> open(const QString& fileName, SFileInfo::EKind kind, const QSt
     return opened;
   }
   opened.info = *info;
-  opened.version = versionText(fileName);
   opened.file.reset(File::create(nullptr));
-  if (opened.file->load(fileName, opened.version) != 0) {
+  if (opened.file->load(fileName, info->writtenVersion) != 0) {
     out.message(fileName, LibraryMessage::withoutFileName(opened.file->errorMsg(), fileName));
     opened.file.reset();
   }

@@ -12,7 +12,6 @@ class COutput;
 template <class File>
 struct SOpenedFile {
   SFileInfo info;
-  QString version;             ///< exactly as it stands in the file, so that a save keeps it
   std::unique_ptr<File> file;  ///< null when the file cannot be loaded
 };
 

@@ -3,36 +3,21 @@
 #include "COutput.h"
 #include "CParameterFileHelper.h"
 #include "CStr.h"
+#include "DisplayText.h"
 #include "FileHints.h"
 #include "Tool.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
 
 namespace {
 
-// Enough for any Head; the values behind it need not be read.
-constexpr qint64 kHeadBytes = 16LL * 1024 * 1024;
-constexpr int kRootBytes = 64 * 1024;
-constexpr int kRootLines = 3;
+// Definition files are not a file type of the library.
 const QLatin1String kDefinitionRoot("LumoParamDefinition");
 
-// Definition files are no file type of the library; their root tag is looked for as the types' are.
-bool beginsDefinitions(const QByteArray& head) {
-  QTextStream stream(head.left(kRootBytes), QIODevice::ReadOnly);
-  stream.setCodec("UTF-8");
-  for (int i = 0; i < kRootLines && !stream.atEnd(); ++i) {
-    const QString line = stream.readLine();
-    if (line.startsWith(QLatin1Char('<') + kDefinitionRoot)) return true;
-  }
-  return false;
-}
-
-SFileInfo::EKind kindOf(NktoGlobal::EParamFileType type) {
+SFileInfo::EKind kindOf(const QString& rootTag, NktoGlobal::EParamFileType type) {
   switch (type) {
     case NktoGlobal::FILE_TYPE_NONE:
-      return SFileInfo::Unknown;
+      return rootTag == kDefinitionRoot ? SFileInfo::Definitions : SFileInfo::Unknown;
     case NktoGlobal::FILE_TYPE_XML_SETTINGS:
       return SFileInfo::Settings;
     case NktoGlobal::FILE_TYPE_COMPENSATION:
@@ -42,19 +27,26 @@ SFileInfo::EKind kindOf(NktoGlobal::EParamFileType type) {
   }
 }
 
-SFileInfo infoOf(const QByteArray& head) {
+QString reasonOf(const SFileBeginning& beginning, bool isEmpty) {
+  if (isEmpty) return Tool::tr("the file is empty.");
+  if (!beginning.error.isEmpty()) return beginning.error;
+  return Tool::tr("the root element <%1> is not that of a parameter file.")
+      .arg(DisplayText::shown(beginning.rootTag));
+}
+
+SFileInfo infoOf(const SFileBeginning& beginning, bool isEmpty) {
+  const QString& tag = beginning.rootTag;
   SFileInfo info;
-  info.isEmpty = head.isEmpty();
-  if (beginsDefinitions(head)) {
-    info.kind = SFileInfo::Definitions;
-    info.typeName = kDefinitionRoot;
+  info.type = CParameterFileHelper::mFileTypeStrHash.key(tag, NktoGlobal::FILE_TYPE_NONE);
+  info.kind = kindOf(tag, info.type);
+  if (info.kind == SFileInfo::Unknown) {
+    info.reason = reasonOf(beginning, isEmpty);
   } else {
-    info.type = CParameterFileHelper::detectFileType(head);
-    info.kind = kindOf(info.type);
-    info.typeName = CParameterFileHelper::fileTypeToStr(info.type);
+    info.typeName = tag;
   }
-  info.version = CParameterFileHelper::fileVersion(head);
-  info.comment = CParameterFileHelper::comment(head);
+  info.writtenVersion = beginning.version;
+  CStr::stringToRevision(beginning.version, info.version);
+  info.comment = beginning.comment;
   return info;
 }
 
@@ -66,18 +58,14 @@ std::optional<SFileInfo> SFileInfo::read(const QString& fileName, COutput& out) 
     out.message(fileName, problem);
     return {};
   }
-  QFile file(fileName);
-  if (!file.open(QIODevice::ReadOnly)) {
-    out.message(fileName, Tool::tr("the file cannot be opened: %1.").arg(file.errorString()));
+  const qint64 size = QFileInfo(fileName).size();
+  out.progress().reading(fileName, size);
+  const SFileBeginning beginning = CParameterFileHelper::readBeginning(fileName);
+  if (!beginning.isRead) {
+    out.message(fileName, beginning.error);
     return {};
   }
-  out.progress().reading(fileName, file.size());
-  const QByteArray head = file.read(kHeadBytes);
-  if (file.error() != QFileDevice::NoError) {
-    out.message(fileName, Tool::tr("the file cannot be read: %1.").arg(file.errorString()));
-    return {};
-  }
-  return infoOf(head);
+  return infoOf(beginning, size == 0);
 }
 
 bool SFileInfo::mayReplace(const QString& fileName, EKind kind, COutput& out) {
@@ -102,11 +90,7 @@ QString SFileInfo::refusal(const QString& wanted) const {
     default:
       break;
   }
-  if (isEmpty) return Tool::tr("the file is empty. %1").arg(wanted);
-  return Tool::tr(
-             "the type of this file is not known: its root element must be that of a parameter "
-             "file and stand at the beginning of one of the first three lines. %1")
-      .arg(wanted);
+  return reason + QLatin1Char(' ') + wanted;
 }
 
 QString SFileInfo::anyKind() {

@@ -14,10 +14,11 @@ struct SFileInfo {
 
   EKind kind = Unknown;
   NktoGlobal::EParamFileType type = NktoGlobal::FILE_TYPE_NONE;  ///< none for definitions
-  QString typeName;     ///< the name of the root element; empty for an unknown kind
-  quint32 version = 0;  ///< as CStr::stringToRevision() packs it; 0 when there is none
+  QString typeName;        ///< the name of the root element; empty for an unknown kind
+  quint32 version = 0;     ///< as CStr::stringToRevision() packs it; 0 when there is none
+  QString writtenVersion;  ///< exactly as it stands in the file, "01.0" for example
   QString comment;
-  bool isEmpty = false;  ///< the file has no content
+  QString reason;  ///< why the kind is not known
 
   /// Nothing, with a message, when the file cannot be read.
   static std::optional<SFileInfo> read(const QString& fileName, COutput& out);

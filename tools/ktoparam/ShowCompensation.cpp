@@ -37,7 +37,7 @@ EExitStatus Show::compensation(const CInvocation& invocation, COutput& out) {
   const SOpenedFile<ICCompensationFile> opened = OpenedFile::compensation(fileName, out);
   if (!opened.file) return ExitFile;
   const ICCompensationFile& table = *opened.file;
-  const CTableFindings findings(table, SPointParts::read(fileName));
+  const CTableFindings findings(table);
   const SHead head = headOf(table);
   if (invocation.wantsJson()) {
     QJsonObject object = headJson(fileName, opened.info, head);

@@ -8,36 +8,46 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 class ICParameterFile;
 
-/// What a value means under its definition, as people read and type it. Numbers look the same in
-/// every language; the names of the states of a check box are translated.
+/// How a value is shown to people. Numbers look the same in every language. CParamValueRules reads
+/// what is typed, and judges it.
 class KTOPARAMETER_EXPORT CParamValueText {
   Q_DECLARE_TR_FUNCTIONS(CParamValueText)
 
  public:
+  /// The language in which the states of a check box are named; other names stand in the file.
+  enum ELanguage : int { Translated, English };
+
   /// The name of a parameter's unit, empty when it has none. The unit is the id of another
   /// parameter, whose value chooses among the names: the value in this sub-device, else in the
   /// first that has one, else its default.
   static QString unitName(const ICParameterFile& file, const CParamDefItem& definition,
                           quint8 subDevId);
 
-  /// The names to choose from: those of an enumeration, of radio buttons, or of the states of a
-  /// check box. Empty for a definition that has none of these.
-  static QStringList choices(const CParamDefItem& definition);
-  /// The name among them for a value; empty when there is none.
-  static QString choiceName(const CParamDefItem& definition, const CParamVal& value);
-  /// The named bits that are active in a value; one that is inverted is active while clear.
-  static QStringList activeBits(const CParamDefItem& definition, const CParamVal& value);
+  /// What to choose from: an enumeration, radio buttons and the states of a check box. Empty for a
+  /// definition that has none of these.
+  static QList<NParamDef::SNamedI64Value> choices(const CParamDefItem& definition,
+                                                  ELanguage language = Translated);
+  /// The states of a check box alone: "checked", "unchecked" and, where there is it, "undefined".
+  static QList<NParamDef::SNamedI64Value> states(const CParamDefItem& definition,
+                                                 ELanguage language = Translated);
+  /// The name of the first choice that is a value; empty when there is none.
+  static QString choiceName(const CParamDefItem& definition, const CParamVal& value,
+                            ELanguage language = Translated);
+  /// The named bits that are active in a value; one that is inverted is active while clear. Nothing
+  /// for a definition without named bits and for a value that is not of its type.
+  static std::optional<QStringList> activeBits(const CParamDefItem& definition,
+                                               const CParamVal& value);
+  /// The bits of the type that have no name; 0 for a definition without named bits.
+  static quint64 unnamedBits(const CParamDefItem& definition);
 
-  /// The choice or, behind each other, the active bits; else an integer in decimal, and any other
-  /// value as its text. Bits without a name stand at the end in hexadecimal.
+  /// The choice or the active bits, joined by " | "; else an integer in decimal, and any other
+  /// value as its text. Bits without a name follow the others in hexadecimal.
   static QString shown(const CParamDefItem& definition, const CParamVal& value);
-  /// As shown(), but with bits as a number: a text from which read() makes the value again.
+  /// As shown(), but with bits as a number: a text from which CParamValueRules::read() makes the
+  /// value again.
   static QString editable(const CParamDefItem& definition, const CParamVal& value);
-
-  /// Makes a value of a name or a number, written as the tool chain writes its type; a text that is
-  /// both is taken as the name. False, and no change, when it is neither. Limits and choices are
-  /// not looked at.
-  static bool read(const CParamDefItem& definition, const QString& text, CParamVal& value);
 };

@@ -8,8 +8,8 @@ class ICParameterFile;
 /// Compares the values of two parameter files. Parameters are told by their names within a
 /// sub-device; the order within a group, empty groups and the Head are no differences.
 ///
-/// Values are compared as CParameterFileHelper::compareValues() does when `definitions` defines
-/// them, else as texts. It may be one of the files, or null.
+/// Values are compared as CParamValueRules::areEqual() does when `definitions` defines them, else
+/// as texts. It may be one of the files, or null.
 ///
 /// Nothing is changed; the active hardware ids are others meanwhile, and restored. Both files may
 /// be the same object. The effort grows with the number of parameters.

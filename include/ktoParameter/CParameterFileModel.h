@@ -43,13 +43,13 @@ class KTOPARAMETER_EXPORT CParameterFileModel : public QAbstractItemModel {
   enum ERole : int {
     RawValueRole = Qt::UserRole + 1,  ///< QString: the text in the file, no text for groups
     RawDefaultRole,                   ///< QString, no text without a definition
-    ChoicesRole,                      ///< QStringList: what CParamValueText::choices() gives
+    ChoicesRole,                      ///< QStringList: the names of CParamValueText::choices()
     IsGroupRole,                      ///< bool, true for sub-devices too
     IsDefinedRole,                    ///< bool: a parameter that has a definition
-    IsDefaultRole,                    ///< bool: a parameter that has its default as value
+    IsDefaultRole,                    ///< bool: the value equals the default
     SubDeviceRole,                    ///< int
     IdRole,                           ///< unsigned int: the parameter's, no value for groups
-    ChangedRole,                      ///< bool: edited through setAndMarkParamValue()
+    ChangedRole,                      ///< bool: edited, also by setAndMarkParamValue()
     WarningRole,                      ///< bool
     WarningMessageRole,               ///< QString
     ErrorRole,                        ///< bool

@@ -1,5 +1,7 @@
 #include "CDefinitionChecker.h"
 
+#include <QSet>
+
 CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
     : mIndex(index), mUnits(index.find(NParamDef::UNIT_PARAMETER_NAME)) {}
 
@@ -11,11 +13,11 @@ CParamFindings CDefinitionChecker::run() {
   return mFindings;
 }
 
-void CDefinitionChecker::check(const CParamDefItem& definition, const CValueRules& rules) {
+void CDefinitionChecker::check(const CParamDefItem& definition, const CParamValueRules& rules) {
   checkId(definition);
-  checkLimit(definition, definition.minVal());
-  checkLimit(definition, definition.maxVal());
-  if (rules.minimum() && rules.maximum() && *rules.maximum() < *rules.minimum()) {
+  const std::optional<CExactNumber> minimum = checkLimit(definition, definition.minVal());
+  const std::optional<CExactNumber> maximum = checkLimit(definition, definition.maxVal());
+  if (minimum && maximum && *maximum < *minimum) {
     add(SParamFinding::MinimumAboveMaximum, definition, definition.minVal().asStr(),
         tr("The minimum %1 is above the maximum %2.")
             .arg(definition.minVal().asStr(), definition.maxVal().asStr()));
@@ -40,16 +42,19 @@ void CDefinitionChecker::checkId(const CParamDefItem& definition) {
   }
 }
 
-void CDefinitionChecker::checkLimit(const CParamDefItem& definition, const CParamVal& limit) {
+std::optional<CExactNumber> CDefinitionChecker::checkLimit(const CParamDefItem& definition,
+                                                           const CParamVal& limit) {
   if (limit.isEmpty() || !CExactNumber::isNumberType(definition.type())) {
-    return;
+    return {};
   }
   const std::optional<CExactNumber> number = CExactNumber::of(limit, definition.type());
   if (!number || number->isNan()) {
     add(SParamFinding::LimitNotOfType, definition, limit.asStr(),
         tr("The limit \"%1\" is no number of the type %2 that others can be compared with.")
             .arg(limit.asStr(), definition.typeStr()));
+    return {};
   }
+  return number;
 }
 
 void CDefinitionChecker::checkLimitIds(const CParamDefItem& definition, const QList<quint32>& ids) {
@@ -80,7 +85,8 @@ void CDefinitionChecker::checkReferences(const CParamDefItem& definition) {
   }
 }
 
-void CDefinitionChecker::checkDefault(const CParamDefItem& definition, const CValueRules& rules) {
+void CDefinitionChecker::checkDefault(const CParamDefItem& definition,
+                                      const CParamValueRules& rules) {
   const CParamVal value = definition.defVal();
   if (value.isEmpty()) {
     return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CDefinitionIndex.h"
+#include "CExactNumber.h"
 #include "SParamFinding.h"
 
 #include <QCoreApplication>
@@ -17,12 +18,13 @@ class CDefinitionChecker {
  private:
   using CNamedValues = QList<NParamDef::SNamedI64Value>;
 
-  void check(const CParamDefItem& definition, const CValueRules& rules);
+  void check(const CParamDefItem& definition, const CParamValueRules& rules);
   void checkId(const CParamDefItem& definition);
-  void checkLimit(const CParamDefItem& definition, const CParamVal& limit);
+  /// The limit as a number, nothing when it limits nothing.
+  std::optional<CExactNumber> checkLimit(const CParamDefItem& definition, const CParamVal& limit);
   void checkLimitIds(const CParamDefItem& definition, const QList<quint32>& ids);
   void checkReferences(const CParamDefItem& definition);
-  void checkDefault(const CParamDefItem& definition, const CValueRules& rules);
+  void checkDefault(const CParamDefItem& definition, const CParamValueRules& rules);
   void checkChoices(const CParamDefItem& definition, const CNamedValues& choices);
   void checkBits(const CParamDefItem& definition);
   void add(SParamFinding::ECode code, const CParamDefItem& definition, const QString& value,

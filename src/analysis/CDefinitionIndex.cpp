@@ -42,6 +42,6 @@ QString CDefinitionIndex::nameOf(quint32 id) {
   return isKnown ? known->second : mFile.nameById(id);
 }
 
-CValueRules CDefinitionIndex::rulesOf(const CParamDefItem& definition) {
-  return CValueRules(definition, [this](quint32 id) { return find(id); });
+CParamValueRules CDefinitionIndex::rulesOf(const CParamDefItem& definition) {
+  return CParamValueRules(definition, [this](quint32 id) { return find(id); });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CValueRules.h"
+#include "CParamValueRules.h"
 
 #include <QStringList>
 
@@ -19,7 +19,7 @@ class CDefinitionIndex {
   CParamDefItem find(quint32 id);                 ///< likewise; none has "no id"
   /// The first name of an id that is one.
   QString nameOf(quint32 id);
-  CValueRules rulesOf(const CParamDefItem& definition);
+  CParamValueRules rulesOf(const CParamDefItem& definition);
 
   static bool isId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
 

@@ -8,14 +8,13 @@
 
 namespace {
 
-bool isSame(const CSubDeviceTree& treeA, const CParamTreeNodeImpl& a, const CSubDeviceTree& treeB,
-            const CParamTreeNodeImpl& b) {
+bool isSame(const CParamTreeNodeImpl& a, const CParamTreeNodeImpl& b) {
   if (a.name() != b.name() || a.id() != b.id() || a.childCount() != b.childCount() ||
-      (a.isParam() && treeA.value(a.name()) != treeB.value(b.name()))) {
+      a.value() != b.value()) {
     return false;
   }
   for (int i = 0; i < a.childCount(); ++i) {
-    if (!isSame(treeA, *a.childNode(i), treeB, *b.childNode(i))) {
+    if (!isSame(*a.childNode(i), *b.childNode(i))) {
       return false;
     }
   }
@@ -23,7 +22,7 @@ bool isSame(const CSubDeviceTree& treeA, const CParamTreeNodeImpl& a, const CSub
 }
 
 bool isSame(const CSubDeviceTree& a, const CSubDeviceTree& b) {
-  return isSame(a, *a.root(), b, *b.root());
+  return isSame(*a.root(), *b.root());
 }
 
 bool isSame(const CSubDeviceTrees& a, const CSubDeviceTrees& b) {

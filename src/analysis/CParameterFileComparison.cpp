@@ -1,7 +1,7 @@
 #include "CParameterFileComparison.h"
 
 #include "CHardwareIdSelection.h"
-#include "CParameterFileHelper.h"
+#include "CParamValueRules.h"
 #include "Counterparts.h"
 #include "SParamEntry.h"
 
@@ -139,8 +139,8 @@ class CComparison {
       return true;
     }
     return mDefinitions != nullptr &&
-           CParameterFileHelper::compareValues(oldOne.value, newOne.value,
-                                               mDefinitions->paramDef(newOne.name));
+           CParamValueRules::areEqual(oldOne.value, newOne.value,
+                                      mDefinitions->paramDef(newOne.name));
   }
 
   SParamDifference& addParameter(SParamDifference::EKind kind, const SParamEntry* oldOne,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CKeyedMap.h"
-#include "CValueRules.h"
+#include "CParamValueRules.h"
 
 #include <deque>
 
@@ -15,7 +15,7 @@ class CRuledDefinitions {
   struct SRuled {
     QString name;
     quint32 id;
-    CValueRules rules;
+    CParamValueRules rules;
   };
 
   explicit CRuledDefinitions(CDefinitionIndex& definitions) : mDefinitions(definitions) {}

@@ -1,7 +1,6 @@
 #include "CSubDeviceMerge.h"
 
-#include "CExactNumber.h"
-#include "CParameterFileHelper.h"
+#include "CParamValueRules.h"
 #include "ICParameterFile.h"
 #include "ThreeWay.h"
 
@@ -131,7 +130,8 @@ CParamVal CSubDeviceMerge::settleValue(int key) {
     case NThreeWay::Theirs:
       return theirs;
     case NThreeWay::Conflict: {
-      if (!isEqualAsDefined(key, ours, theirs)) {
+      if (!CParamValueRules::areEqual(ours, theirs,
+                                      mDefinitions.paramDef(mOurs.data(key).name()))) {
         SMergeConflict& conflict = addConflict(key, SMergeConflict::Value);
         conflict.base = base.asStr();
         conflict.ours = ours.asStr();
@@ -142,13 +142,6 @@ CParamVal CSubDeviceMerge::settleValue(int key) {
     default:
       return ours;
   }
-}
-
-/// What is no number is compared as text, or it would be equal to 0.
-bool CSubDeviceMerge::isEqualAsDefined(int key, const CParamVal& a, const CParamVal& b) const {
-  const CParamDefItem definition = mDefinitions.paramDef(mOurs.data(key).name());
-  return CExactNumber::of(a, definition.type()) && CExactNumber::of(b, definition.type()) &&
-         CParameterFileHelper::compareValues(a, b, definition);
 }
 
 quint32 CSubDeviceMerge::settleId(int key) {

@@ -41,7 +41,6 @@ class CSubDeviceMerge {
   void settleInBoth(int key);
   int settleGroupOf(int key);
   CParamVal settleValue(int key);
-  bool isEqualAsDefined(int key, const CParamVal& a, const CParamVal& b) const;
   quint32 settleId(int key);
   bool isChanged(int key, const CTreeOutline& side) const;
   SMergeConflict& addConflict(int key, SMergeConflict::ESubject subject,

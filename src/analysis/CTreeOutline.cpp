@@ -31,7 +31,7 @@ std::vector<bool> ascending(const std::vector<int>& numbers) {
 
 }  // namespace
 
-CTreeOutline::CTreeOutline(const CSubDeviceTree* tree, CNodeKeys& keys) : mTree(tree) {
+CTreeOutline::CTreeOutline(const CSubDeviceTree* tree, CNodeKeys& keys) {
   if (tree != nullptr) {
     mNodes.resize(1);
     mNodes[CNodeKeys::kRoot].node = tree->root();
@@ -67,7 +67,8 @@ void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys&
 }
 
 CParamVal CTreeOutline::value(int key) const {
-  return contains(key) ? mTree->value(data(key).name()) : CParamVal();
+  const CParamTreeNodeImpl* node = at(key).node;
+  return node != nullptr ? node->value() : CParamVal();
 }
 
 QString CTreeOutline::groupPath(int key) const {

@@ -37,6 +37,5 @@ class CTreeOutline {
   void add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys& keys);
   void markPlaced(int group, const CTreeOutline& base, std::vector<bool>& placed) const;
 
-  const CSubDeviceTree* mTree;
   std::vector<SNode> mNodes;
 };

@@ -1,6 +1,6 @@
 #include "CParamImport.h"
 
-#include "CParameterFileHelper.h"
+#include "CParamValueRules.h"
 #include "Counterparts.h"
 #include "ICLogfile.h"
 
@@ -93,8 +93,8 @@ bool CParamImport::planValue(CParamTreeNodeImpl* param, const CParamVal& value) 
     return false;
   }
   const CParamDefItem* definition = mDefinitions.find(param->name());
-  if (CParameterFileHelper::compareValues(param->value(), value,
-                                          definition != nullptr ? *definition : CParamDefItem())) {
+  if (CParamValueRules::mayStay(param->value(), value,
+                                definition != nullptr ? *definition : CParamDefItem())) {
     return false;
   }
   mNewValues.push_back({param, value});

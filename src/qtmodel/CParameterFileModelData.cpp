@@ -1,7 +1,7 @@
 // What stands in the tree, and its editing.
 
+#include "CParamValueRules.h"
 #include "CParamValueText.h"
-#include "CParameterFileHelper.h"
 #include "CParameterFileModel.h"
 #include "CParameterFileModelPrivate.h"
 #include "ICParamTreeNode.h"
@@ -54,6 +54,12 @@ qint64 numberOfState(const SCheckValues& states, int state) {
   return state == Qt::PartiallyChecked && states.hasUndefined ? states.undefined : states.unchecked;
 }
 
+QStringList choiceNames(const CParamDefItem& definition) {
+  QStringList names;
+  for (const SNamedI64Value& each : CParamValueText::choices(definition)) names.append(each.name);
+  return names;
+}
+
 QString nameOf(const ICParameterFile& file, const ICParamTreeNode& node) {
   if (node.parentPtr()) return node.name();
   const QString name = file.subDevName(node.subDevId());
@@ -89,23 +95,23 @@ QVariant CParameterFileModel::parameterData(const ICParamTreeNode& node, int col
     case Qt::DisplayRole:
       return shownText(node, definition, column);
     case Qt::EditRole:
-      return isValue ? QVariant(CParamValueText::editable(definition, d->valueOf(node)))
+      return isValue ? QVariant(CParamValueText::editable(definition, node.value()))
                      : shownText(node, definition, column);
     case Qt::CheckStateRole:
-      return isValue ? checkState(definition, d->valueOf(node)) : QVariant();
+      return isValue ? checkState(definition, node.value()) : QVariant();
     case Qt::ToolTipRole:
       return toolTip(node, definition.hint());
     case RawValueRole:
-      return d->valueOf(node).asStr();
+      return node.value().asStr();
     case RawDefaultRole:
       return definition.defVal().asStr();
     case ChoicesRole:
-      return CParamValueText::choices(definition);
+      return choiceNames(definition);
     case IsDefinedRole:
       return !definition.name().isEmpty();
     case IsDefaultRole:
       return !definition.name().isEmpty() &&
-             CParameterFileHelper::compareValues(d->valueOf(node), definition.defVal(), definition);
+             CParamValueRules::areEqual(node.value(), definition.defVal(), definition);
     case IdRole:
       return node.id();
     default:
@@ -119,7 +125,7 @@ QVariant CParameterFileModel::shownText(const ICParamTreeNode& node,
     case NameColumn:
       return node.name();
     case ValueColumn:
-      return CParamValueText::shown(definition, d->valueOf(node));
+      return CParamValueText::shown(definition, node.value());
     case UnitColumn:
       return d->unitOf(node);
     case DefaultColumn:
@@ -187,18 +193,21 @@ bool CParameterFileModel::setText(const QModelIndex& index, const CParamDefItem&
                                   const QString& text) {
   // What an editor leaves as it was is no edit, even where another value has the same name.
   if (text == index.data(Qt::EditRole).toString()) return true;
-  CParamVal value(text);
-  CParamValueText::read(definition, text, value);
-  return setValue(index, value);
+  CParamVal value;
+  QString problem;
+  const CParamValueRules rules(definition, *d->file);
+  return rules.read(text, value, problem) ? setValue(index, value) : refuse(index, problem);
 }
 
 bool CParameterFileModel::setValue(const QModelIndex& index, const CParamVal& value) {
-  const ICParamTreeNode& item = *node(index);
+  ICParamTreeNode& item = *node(index);
   const QString problem = d->problem(item, value);
   if (!problem.isEmpty()) return refuse(index, problem);
-  if (!d->file->setAndMarkParamValue(item.name(), value, item.subDevId())) {
-    return refuse(index, tr("There is no such value."));
+  if (CParamValueRules::mayStay(item.value(), value, d->definitionOf(item))) return true;
+  if (!d->file->setParamValue(item.name(), value, item.subDevId())) {
+    return refuse(index, d->file->errorMsg());
   }
+  item.setProperty(PROPERTY_CHANGED, true);
   rowChanged(index);
   refreshUnitsOf(item.name());
   return true;

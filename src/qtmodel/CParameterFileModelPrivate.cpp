@@ -1,8 +1,8 @@
 #include "CParameterFileModelPrivate.h"
 
+#include "CParamValueRules.h"
 #include "CParamValueText.h"
 #include "CParameterFileModel.h"
-#include "CValueRules.h"
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 
@@ -17,10 +17,6 @@ void CParameterFileModelPrivate::readSubDevices() {
 
 CParamDefItem CParameterFileModelPrivate::definitionOf(const ICParamTreeNode& node) const {
   return node.isParam() ? file->paramDef(node.name()) : CParamDefItem();
-}
-
-CParamVal CParameterFileModelPrivate::valueOf(const ICParamTreeNode& node) const {
-  return node.isParam() ? file->paramValue(node.name(), node.subDevId()) : CParamVal();
 }
 
 QString CParameterFileModelPrivate::unitOf(const ICParamTreeNode& node) {
@@ -39,12 +35,9 @@ QString CParameterFileModelPrivate::problem(const ICParamTreeNode& node,
   if (definition.name().isEmpty()) {
     return CParameterFileModel::tr("The parameter is not defined.");
   }
-  const CValueRules rules(definition, [this](quint32 id) { return file->paramDef(id); });
-  const auto violations = rules.violations(value, [this, &node](const QString& name) {
-    return file->paramValue(name, node.subDevId());
-  });
-  for (const CValueRules::SViolation& violation : violations) {
-    if (violation.kind != CValueRules::UnnamedBits) return violation.text;
+  const CParamValueRules rules(definition, *file);
+  for (const auto& violation : rules.violations(value, *file, node.subDevId())) {
+    if (!violation.isWarning()) return violation.text;
   }
   return {};
 }

@@ -14,7 +14,6 @@ class CParameterFileModelPrivate {
   void readSubDevices();
 
   CParamDefItem definitionOf(const ICParamTreeNode& node) const;
-  CParamVal valueOf(const ICParamTreeNode& node) const;
   /// The unit's name. Definitions that have no such unit are asked for it once, since the file
   /// reports each time that there is none.
   QString unitOf(const ICParamTreeNode& node);

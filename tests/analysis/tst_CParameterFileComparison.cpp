@@ -38,6 +38,18 @@ class tst_CParameterFileComparison : public QObject {
     QCOMPARE(back.filter("removed").size(), expected.filter("added").size());
   }
 
+  void comparesAsDefined() {
+    const auto oldFile = fromText("[A:1] U=abc V=0x10 R=1.0 S=1 X=1");
+    const auto newFile = fromText("[A:1] U=0 V=16 R=1 S=01 X=01");
+    newFile->addDef("U", NParamDef::PARAM_TYPE_U8, 1);
+    newFile->addDef("V", NParamDef::PARAM_TYPE_U8, 2);
+    newFile->addDef("R", NParamDef::PARAM_TYPE_F64, 3);
+    newFile->addDef("S", NParamDef::PARAM_TYPE_STR, 4);
+    QCOMPARE(texts(CParameterFileComparison::compare(*oldFile, *newFile, newFile.get())),
+             QStringList({"value-changed A:1 U [>] abc>0", "value-changed A:1 S [>] 1>01",
+                          "value-changed A:1 X [>] 1>01"}));
+  }
+
   void listsTypesAndNamesOnce() {
     const auto oldFile = fromText("[A:1] [B:1] [B:2] [C:3]");
     const auto newFile = fromText("[B:1] [B:2] [A:1] [D:3]");

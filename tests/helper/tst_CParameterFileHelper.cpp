@@ -151,25 +151,6 @@ class tst_CParameterFileHelper : public QObject {
     QFETCH(QString, text);
     QTEST(CParameterFileHelper::fileVersion(text.toUtf8()), "version");
   }
-
-  void comparesValues_data() {
-    addColumns<QString, QString, QString, bool>("type", "a", "b", "equal");
-    for (const char* type : {"u8", "u16", "u32", "u64"}) addTextRow(type, "0xA", "10", true);
-    for (const char* type : {"i8", "i64", "f64", "str", "undef"}) {
-      addTextRow(type, "5", "05", false);
-    }
-    addRow("large", "u8", "0xffffffffffffffff", "1", false);
-    addRow("not converted", "u32", "x", "0", true);  // what does not convert counts as 0
-    addRow("same", "i32", "5", "5", true);
-  }
-  void comparesValues() {
-    QFETCH(QString, type);
-    QFETCH(QString, a);
-    QFETCH(QString, b);
-    CParamDefItem def;
-    def.setType(type);
-    QTEST(CParameterFileHelper::compareValues(a, b, def), "equal");
-  }
 };
 
 QTEST_APPLESS_MAIN(tst_CParameterFileHelper)

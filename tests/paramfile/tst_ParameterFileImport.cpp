@@ -57,6 +57,19 @@ class tst_ParameterFileImport : public QObject {
     QVERIFY(!file->isChanged());
   }
 
+  /// Also where it counts as 0, and numbers that are written in another way.
+  void takesWhatReplacesNoNumber() {
+    const auto source = makeSmall();
+    const auto file = makeSmall();
+    source->setParamValue("Speed", "0", 1);
+    file->setParamValue("Speed", "abc", 1);
+    file->setParamValue("Mode", "-01", 1);
+    QVERIFY(file->importParamFile(source.get(), "", ""));
+    QCOMPARE(counts(*file), QList<int>({2, 0, 0, 0, 0, 0}));
+    QCOMPARE(file->paramValue("Speed", 1).asStr(), "0");
+    QCOMPARE(file->paramValue("Mode", 1).asStr(), "-1");
+  }
+
   void keepsWhatTheSourceLacksWhenAsked() {
     const auto source = makeSource();
     const auto file = makeSmall();

@@ -38,8 +38,7 @@ QStringList outline(const Model& model) {
 void outline(const ICParameterFile& file, const ICParamTreeNode& node, int depth,
              QStringList& lines) {
   const QString name = depth == 0 ? file.subDevName(node.subDevId()) : node.name();
-  const QString value =
-      node.isParam() ? file.paramValue(node.name(), node.subDevId()).asStr() : QString();
+  const QString value = node.value().asStr();
   lines += QString(depth, ' ') + name + '=' + value;
   for (int i = 0; i < node.childCnt(); ++i) outline(file, *node.childPtr(i), depth + 1, lines);
 }
@@ -226,8 +225,34 @@ class tst_CParameterFileModel : public QObject {
     QVERIFY(model.setData(index, "4"));  // a name before a number
     QCOMPARE(file->paramValue("Mode", 1).asStr(), "3");
 
+    file->setParamValue("Speed", "abc", 1);
+    const QModelIndex speed = model.indexOf("Speed", 1, Model::ValueColumn);
+    QVERIFY(model.setData(speed, "0"));  // which "abc" counts as elsewhere
+    QCOMPARE(speed.data(Model::RawValueRole).toString(), "0x0");
+    QVERIFY(speed.data(Model::ChangedRole).toBool());
+    file->paramDefPtr("Speed")->setDefVal("x");
+    QVERIFY(!speed.data(Model::IsDefaultRole).toBool());
+
     file->clear();
     model.setFile(nullptr);
+  }
+
+  /// The group answers with the first one's value, an edit goes to the own.
+  void showsItsOwnFileOfAGroup() {
+    const auto make = [](const QString& value) {
+      CParameterFilePtr file(ICParameterFile::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+      file->addHardwareId("A");
+      if (file->paramDef("P").name().isEmpty()) file->addDef("P", NParamDef::PARAM_TYPE_U8, 1);
+      file->addParameter(file->rootGroup(1), "P", value);
+      return file;
+    };
+    const CParameterFilePtr first = make("0x1");
+    SWatched second(make("0x2"));
+    const QModelIndex index = second.value("P", 1);
+    QCOMPARE(index.data(Model::RawValueRole).toString(), "0x2");
+    QVERIFY(second.model.setData(index, "5"));
+    QCOMPARE(index.data(Model::RawValueRole).toString(), "0x5");
+    QCOMPARE(first->rootGroup(1)->childPtr("P")->value().asStr(), "0x1");
   }
 
   void undefinedParameters() {

@@ -1,7 +1,7 @@
 #include "CAssignments.h"
 
 #include "CLoadedFile.h"
-#include "CParameterFileHelper.h"
+#include "CParamValueText.h"
 #include "DisplayText.h"
 #include "ParameterLookup.h"
 #include "Suggestion.h"
@@ -11,11 +11,19 @@
 
 namespace {
 
-// An unsigned value that is no number compares as 0, but setting it to 0 is a change.
-bool isSame(const CParamVal& oldValue, const CParamVal& newValue, const CParamDefItem& definition) {
-  unsigned long long number = 0;
-  return CParameterFileHelper::compareValues(oldValue, newValue, definition) &&
-         (oldValue == newValue || oldValue.value(number));
+/// What could have been typed instead.
+QString choiceHelp(const CParamDefItem& definition, const CParamValueRules& rules,
+                   const QString& text) {
+  QStringList names;
+  QStringList choices;
+  for (const auto& each : CParamValueText::choices(definition, CParamValueText::English)) {
+    names.append(each.name);
+    choices.append(QStringLiteral("%1 (%2)").arg(QString::number(each.value), each.name));
+  }
+  if (names.contains(text)) return {};
+  const QString suggestion = Suggestion::didYouMean(text, names);
+  if (rules.allowsOtherValues()) return suggestion;
+  return suggestion + Tool::tr(" They are: %1.").arg(Suggestion::listed(choices));
 }
 
 }  // namespace
@@ -30,7 +38,7 @@ bool CAssignments::check(std::optional<quint8> subDevice) {
   }
   // Limits may be set by the same command, so they are looked at when all values are known.
   for (const SAssignment& each : qAsConst(mAssignments)) {
-    if (each.isReadable && !checkRange(each)) isGood = false;
+    if (each.rules && !judge(each)) isGood = false;
   }
   return isGood;
 }
@@ -84,31 +92,35 @@ bool CAssignments::convert(SAssignment& assignment) {
       return refuse(assignment, Tool::tr("not defined in the definition file; without --def its "
                                          "value is set unchecked."));
     }
-    const QString problem = ValueInput::valueOf(definition, assignment.text, assignment.newValue);
-    if (!problem.isEmpty()) return refuse(assignment, problem);
+    const CParamValueRules rules(definition, mFile);
+    QString problem;
+    if (!rules.read(assignment.text, assignment.newValue, problem)) {
+      return refuse(assignment, problem + choiceHelp(definition, rules, assignment.text));
+    }
+    assignment.rules = rules;
   }
-  assignment.isReadable = true;
-  assignment.isChange = !isSame(assignment.oldValue, assignment.newValue, definition);
+  assignment.isChange =
+      !CParamValueRules::mayStay(assignment.oldValue, assignment.newValue, definition);
   mNewValues.insert({assignment.subDevId, assignment.name}, assignment.newValue);
   return true;
 }
 
-bool CAssignments::checkRange(const SAssignment& assignment) const {
-  const CParamDefItem definition = mFile.paramDef(assignment.name);
-  if (!ValueInput::isNumber(definition.type())) return true;
-  const QString problem = ValueInput::rangeProblem(
-      assignment.newValue, limits(definition.minVal(), definition.minIds(), assignment.subDevId),
-      limits(definition.maxVal(), definition.maxIds(), assignment.subDevId));
-  return problem.isEmpty() || refuse(assignment, problem);
-}
-
-QList<ValueInput::SLimit> CAssignments::limits(const CParamVal& own, const QList<unsigned int>& ids,
-                                               quint8 subDevId) const {
-  QList<ValueInput::SLimit> found{{own, {}}};
-  for (const unsigned int id : ids) {
-    const QString name = mFile.nameById(id);
-    const CParamVal current = mFile.paramValue(name, subDevId);
-    found.append({mNewValues.value({subDevId, name}, current), name});
+bool CAssignments::judge(const SAssignment& assignment) const {
+  const auto valueOf = [&](const QString& name) {
+    const auto newValue = mNewValues.constFind({assignment.subDevId, name});
+    return newValue != mNewValues.cend() ? *newValue : mFile.paramValue(name, assignment.subDevId);
+  };
+  bool isGood = true;
+  for (const auto& violation : assignment.rules->violations(assignment.newValue, valueOf)) {
+    const bool isChoice = violation.kind == CParamValueRules::NotAChoice;
+    const QString help =
+        isChoice ? choiceHelp(mFile.paramDef(assignment.name), *assignment.rules, assignment.text)
+                 : QString();
+    if (violation.isWarning()) {
+      refuse(assignment, Tool::tr("warning: %1").arg(violation.text));
+    } else {
+      isGood = refuse(assignment, violation.text + help);
+    }
   }
-  return found;
+  return isGood;
 }

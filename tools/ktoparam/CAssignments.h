@@ -1,7 +1,6 @@
 #pragma once
 
-#include "CParamVal.h"
-#include "ValueInput.h"
+#include "CParamValueRules.h"
 
 #include <QHash>
 #include <QPair>
@@ -20,8 +19,9 @@ struct SAssignment {
   quint8 subDevId = 0;
   CParamVal oldValue;
   CParamVal newValue;
-  bool isReadable = false;  ///< there is a new value
-  bool isChange = false;    ///< and it is not the old one
+  std::optional<CParamValueRules>
+      rules;              ///< that judge the new value; nothing when it is not known
+  bool isChange = false;  ///< the new value is known and is not the old one
 };
 
 /// The assignments of one command line to the active hardware id: all of them are checked, then
@@ -30,7 +30,8 @@ class CAssignments {
  public:
   CAssignments(CLoadedFile& loaded, const QVector<SAssignment>& assignments);
 
-  /// Reports everything that is wrong. With definitions, types, choices and limits are checked.
+  /// Reports everything that is wrong. With definitions, what CParamValueRules
+  /// judges is checked; its warnings are reported and do not count.
   bool check(std::optional<quint8> subDevice);
   bool hasChanges() const;
   /// To be called after a good check().
@@ -43,9 +44,7 @@ class CAssignments {
   bool refuseUnknown(const SAssignment& assignment);
   bool locate(SAssignment& assignment, std::optional<quint8> subDevice);
   bool convert(SAssignment& assignment);
-  bool checkRange(const SAssignment& assignment) const;
-  QList<ValueInput::SLimit> limits(const CParamVal& own, const QList<unsigned int>& ids,
-                                   quint8 subDevId) const;
+  bool judge(const SAssignment& assignment) const;
 
   CLoadedFile& mLoaded;
   ICParameterFile& mFile;

@@ -65,8 +65,9 @@ EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bo
   const bool isDryRun = mInvocation.isSet(CommonOptions::kDryRun);
   CParamDifferences changes;
   if (isDryRun || mInvocation.wantsJson()) {
+    // As texts: whatever is written in another way is a change of the file.
     changes = CParameterFileComparison::compareHardwareIds(*mBefore, file.hardwareId(), file,
-                                                           file.hardwareId(), &file);
+                                                           file.hardwareId());
   }
   if (mInvocation.wantsJson()) {
     mOut.json({{QStringLiteral("file"), mLoaded.fileName()},

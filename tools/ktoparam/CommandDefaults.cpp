@@ -1,7 +1,7 @@
 #include "CInvocation.h"
 #include "CLoadedFile.h"
 #include "COutput.h"
-#include "CParameterFileHelper.h"
+#include "CParamValueRules.h"
 #include "CValueEdit.h"
 #include "Commands.h"
 #include "ParameterLookup.h"
@@ -69,8 +69,8 @@ SEditCounts setDefaults(ICParameterFile& file, std::optional<quint8> subDevice,
         ++counts.unknown;
       } else if (definition.defVal().isNull()) {
         ++counts.kept;
-      } else if (CParameterFileHelper::compareValues(file.paramValue(name, id), definition.defVal(),
-                                                     definition)) {
+      } else if (CParamValueRules::mayStay(file.paramValue(name, id), definition.defVal(),
+                                           definition)) {
         ++counts.equal;
       } else {
         file.setParamValue(name, definition.defVal(), id) ? ++counts.defaulted : ++counts.failed;

@@ -20,18 +20,16 @@ QString parameterSubject(const QString& path, const ICParamTreeNode& node) {
                         : QStringLiteral("%1 (%2)").arg(subject, QString::number(node.id()));
 }
 
-void addGroup(const ICParameterFile& file, const ICParamTreeNode& group, const QString& path,
-              CTextLines& lines) {
+void addGroup(const ICParamTreeNode& group, const QString& path, CTextLines& lines) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
     if (child.isParam()) {
-      lines.add(parameterSubject(path, child),
-                file.paramValue(child.name(), child.subDevId()).asStr());
+      lines.add(parameterSubject(path, child), child.value().asStr());
       continue;
     }
     const QString childPath = path + child.name() + QLatin1Char('/');
     if (child.childCnt() == 0) lines.addBare(childPath);
-    addGroup(file, child, childPath, lines);
+    addGroup(child, childPath, lines);
   }
 }
 
@@ -40,7 +38,7 @@ void addSubDevice(ICParameterFile& file, quint8 id, CTextLines& lines) {
   lines.add(place + QLatin1String(" type"),
             ICParameterFile::subDeviceTypeToStr(file.subDevType(id)));
   lines.addUnlessEmpty(place + QLatin1String(" name"), file.subDevName(id));
-  addGroup(file, *file.rootGroup(id), place + QLatin1Char('/'), lines);
+  addGroup(*file.rootGroup(id), place + QLatin1Char('/'), lines);
 }
 
 EExitStatus values(const QString& fileName, COutput& out) {

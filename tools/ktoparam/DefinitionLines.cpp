@@ -1,8 +1,8 @@
 #include "DefinitionLines.h"
 
 #include "CParamDefItem.h"
+#include "CParamValueText.h"
 #include "CTextLines.h"
-#include "ValueTexts.h"
 
 namespace {
 
@@ -38,11 +38,10 @@ class CLines {
   CTextLines& mLines;
 };
 
-void addCheck(const NParamDef::SCheckValues& states, CLines& lines) {
-  if (!states.isValid()) return;
-  lines.add(ValueTexts::kChecked, QString::number(states.checked));
-  lines.add(ValueTexts::kUnchecked, QString::number(states.unchecked));
-  if (states.hasUndefined) lines.add(ValueTexts::kUndefined, QString::number(states.undefined));
+void addStates(const QList<NParamDef::SNamedI64Value>& states, CLines& lines) {
+  for (const NParamDef::SNamedI64Value& each : states) {
+    lines.add(each.name, QString::number(each.value));
+  }
 }
 
 void addBits(const QList<NParamDef::SBitValue>& bits, CLines& lines) {
@@ -72,7 +71,7 @@ void DefinitionLines::add(const CParamDefItem& definition, CTextLines& out) {
     lines.add(QStringLiteral("other values"), QStringLiteral("allowed"));
   }
   lines.addChoices(QStringLiteral("radio"), definition.radios());
-  addCheck(definition.checkVals(), lines);
+  addStates(CParamValueText::states(definition, CParamValueText::English), lines);
   addBits(definition.bitset(), lines);
   if (definition.hasVisibleValues()) {
     lines.add(QStringLiteral("visible when %1").arg(definition.visibleId()),

@@ -3,6 +3,7 @@
 #include "COutput.h"
 #include "CTable.h"
 #include "DisplayText.h"
+#include "ICParameterFile.h"
 #include "JsonTexts.h"
 #include "Tool.h"
 #include "ValueTexts.h"

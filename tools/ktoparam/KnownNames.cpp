@@ -1,8 +1,8 @@
 #include "KnownNames.h"
 
 #include "CLoadedFile.h"
+#include "CParamValueText.h"
 #include "ParameterLookup.h"
-#include "ValueInput.h"
 
 #include <QSet>
 
@@ -67,7 +67,7 @@ QStringList KnownNames::parameters(const QStringList& files, const SPart& part, 
 QStringList KnownNames::choices(const QStringList& files, const QString& parameter, COutput& out) {
   QStringList names;
   visit(files, SFileInfo::Definitions, out, [&](const ICParameterFile& file) {
-    names += ValueInput::choiceNames(file.paramDef(parameter));
+    for (const auto& each : CParamValueText::choices(file.paramDef(parameter))) names += each.name;
   });
   return names;
 }

@@ -1,6 +1,7 @@
 #include "SValueView.h"
 
-#include "CParameterFileHelper.h"
+#include "CParamValueRules.h"
+#include "CParamValueText.h"
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 #include "JsonTexts.h"
@@ -26,16 +27,16 @@ SValueView SValueView::of(const ICParameterFile& file, const ICParamTreeNode& no
   view.name = node.name();
   view.id = node.id();
   view.subDevId = node.subDevId();
-  view.value = file.paramValue(view.name, view.subDevId);
+  view.value = node.value();
 
   const CParamDefItem definition = file.paramDef(view.name);
   if (definition.name().isEmpty()) return view;
-  view.unit = ValueTexts::unitName(file, definition, view.subDevId);
-  view.choice = ValueTexts::choiceName(definition, view.value);
-  view.bits = ValueTexts::activeBits(definition, view.value);
+  view.unit = CParamValueText::unitName(file, definition, view.subDevId);
+  view.choice = CParamValueText::choiceName(definition, view.value, CParamValueText::English);
+  view.bits = CParamValueText::activeBits(definition, view.value);
   view.meaning = ValueTexts::meaning(definition, view.value);
   view.defaultValue = definition.defVal();
-  view.isDefault = CParameterFileHelper::compareValues(view.value, definition.defVal(), definition);
+  view.isDefault = CParamValueRules::areEqual(view.value, definition.defVal(), definition);
   return view;
 }
 

@@ -19,7 +19,7 @@ struct SValueView {
   CParamVal value;
   QString unit;
   QString choice;                         ///< name of the choice, radio button or check box state
-  std::optional<QStringList> bits;        ///< the active ones; nothing without named bits
+  std::optional<QStringList> bits;        ///< see CParamValueText::activeBits()
   QString meaning;                        ///< see ValueTexts::meaning()
   std::optional<CParamVal> defaultValue;  ///< nothing without a definition
   bool isDefault = false;

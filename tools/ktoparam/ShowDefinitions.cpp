@@ -1,12 +1,12 @@
 #include "CInvocation.h"
 #include "CLoadedFile.h"
 #include "COutput.h"
+#include "CParamValueText.h"
 #include "CTable.h"
 #include "DisplayText.h"
 #include "JsonTexts.h"
 #include "Show.h"
 #include "Tool.h"
-#include "ValueTexts.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -52,19 +52,13 @@ QString named(qint64 value, const QString& name) {
   return QStringLiteral("%1=%2").arg(QString::number(value), DisplayText::shown(name));
 }
 
-void appendCheck(const SCheckValues& states, QStringList& parts) {
-  if (!states.isValid()) return;
-  parts.append(named(states.checked, ValueTexts::kChecked));
-  parts.append(named(states.unchecked, ValueTexts::kUnchecked));
-  if (states.hasUndefined) parts.append(named(states.undefined, ValueTexts::kUndefined));
-}
-
 QString choicesCell(const CParamDefItem& definition) {
   QStringList parts;
-  for (const SNamedI64Value& each : definition.enums()) parts.append(named(each.value, each.name));
+  for (const SNamedI64Value& each :
+       CParamValueText::choices(definition, CParamValueText::English)) {
+    parts.append(named(each.value, each.name));
+  }
   if (definition.hasEnums() && definition.isEnumEditable()) parts.append(QStringLiteral("…"));
-  for (const SNamedI64Value& each : definition.radios()) parts.append(named(each.value, each.name));
-  appendCheck(definition.checkVals(), parts);
   for (const SBitValue& bit : definition.bitset()) {
     const QString place = bit.invert ? Tool::tr("not bit %1") : Tool::tr("bit %1");
     parts.append(QStringLiteral("%1=%2").arg(place.arg(bit.pos), DisplayText::shown(bit.name)));
@@ -73,7 +67,7 @@ QString choicesCell(const CParamDefItem& definition) {
 }
 
 QStringList toCells(const ICParameterFile& file, const CParamDefItem& definition) {
-  const QString unit = ValueTexts::unitName(file, definition, kNoSubDevice);
+  const QString unit = CParamValueText::unitName(file, definition, kNoSubDevice);
   return {QString::number(definition.id()),
           DisplayText::shown(definition.name()),
           definition.typeStr(),
@@ -98,9 +92,9 @@ QJsonArray toJson(const QList<SNamedI64Value>& choices) {
 QJsonValue toJson(const SCheckValues& states) {
   if (!states.isValid()) return {};
   const QString undefined = states.hasUndefined ? QString::number(states.undefined) : QString();
-  return QJsonObject{{ValueTexts::kChecked, QString::number(states.checked)},
-                     {ValueTexts::kUnchecked, QString::number(states.unchecked)},
-                     {ValueTexts::kUndefined, textOrNull(undefined)}};
+  return QJsonObject{{QStringLiteral("checked"), QString::number(states.checked)},
+                     {QStringLiteral("unchecked"), QString::number(states.unchecked)},
+                     {QStringLiteral("undefined"), textOrNull(undefined)}};
 }
 
 QJsonArray toJson(const QList<SBitValue>& bits) {
@@ -125,7 +119,7 @@ QJsonObject toJson(const ICParameterFile& file, const CParamDefItem& definition)
   const auto names = [&file](const QList<unsigned int>& ids) {
     return QJsonArray::fromStringList(limitNames(file, ids));
   };
-  const QString unit = ValueTexts::unitName(file, definition, kNoSubDevice);
+  const QString unit = CParamValueText::unitName(file, definition, kNoSubDevice);
   return {{QStringLiteral("id"), qint64(definition.id())},
           {QStringLiteral("name"), definition.name()},
           {QStringLiteral("type"), definition.typeStr()},

@@ -64,14 +64,23 @@ bool CExactNumber::isNumberType(NParamDef::EParamType type) {
   return type >= NParamDef::PARAM_TYPE_U8 && type <= NParamDef::PARAM_TYPE_F64;
 }
 
+bool CExactNumber::isUnsigned(NParamDef::EParamType type) {
+  return type >= NParamDef::PARAM_TYPE_U8 && type <= NParamDef::PARAM_TYPE_U64;
+}
+
 int CExactNumber::widthOf(NParamDef::EParamType type) {
-  if (type >= NParamDef::PARAM_TYPE_U8 && type <= NParamDef::PARAM_TYPE_U64) {
+  if (isUnsigned(type)) {
     return 8 << (type - NParamDef::PARAM_TYPE_U8);
   }
   if (type >= NParamDef::PARAM_TYPE_I8 && type <= NParamDef::PARAM_TYPE_I64) {
     return 8 << (type - NParamDef::PARAM_TYPE_I8);
   }
   return 0;
+}
+
+quint64 CExactNumber::allBits(NParamDef::EParamType type) {
+  const int width = widthOf(type);
+  return width > 0 ? ~0ULL >> (64 - width) : 0;
 }
 
 bool CExactNumber::isNan() const {
@@ -95,6 +104,10 @@ QString CExactNumber::decimal() const {
     return QString::number(mReal, 'g', std::numeric_limits<double>::max_digits10);
   }
   return mIsNegative ? QStringLiteral("-%1").arg(mMagnitude) : QString::number(mMagnitude);
+}
+
+CParamVal CExactNumber::written(NParamDef::EParamType type) const {
+  return isUnsigned(type) ? CParamVal(bits()) : CParamVal(decimal());
 }
 
 // A real that is no integer here is a fraction of less than 53 bits, or beyond all integers.

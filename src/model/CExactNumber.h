@@ -16,13 +16,17 @@ class CExactNumber {
   /// Nothing when the text is no number of the type, or the type has none.
   static std::optional<CExactNumber> of(const CParamVal& value, NParamDef::EParamType type);
   static bool isNumberType(NParamDef::EParamType type);
+  static bool isUnsigned(NParamDef::EParamType type);
   /// Bits of an integer type, 0 for every other one.
   static int widthOf(NParamDef::EParamType type);
+  static quint64 allBits(NParamDef::EParamType type);  ///< the same as a mask
 
   bool isNan() const;
   std::optional<qint64> asI64() const;  ///< nothing when it is not exactly that
   quint64 bits() const;                 ///< of an integer, a negative one as two's complement
   QString decimal() const;
+  /// An integer, as the tool chain writes this type.
+  CParamVal written(NParamDef::EParamType type) const;
 
   /// False when one of them is "nan".
   friend bool operator<(const CExactNumber& a, const CExactNumber& b);

@@ -1,0 +1,330 @@
+#include "CParamValueRules.h"
+
+#include "CExactNumber.h"
+#include "CKeyedMap.h"
+#include "CParamValueText.h"
+#include "ICParameterFile.h"
+
+#include <optional>
+
+using namespace NParamDef;
+
+namespace {
+
+using Rules = CParamValueRules;
+using CViolations = QVector<Rules::SViolation>;
+
+/// The lists that name values; one bit each.
+enum EList : unsigned int { Enumeration = 1, Radios = 2, States = 4 };
+constexpr EList kLists[] = {Enumeration, Radios, States};
+
+/// A limit of the definition's own, or that of a parameter, whose value is asked for each time.
+struct SLimit {
+  QString parameter;  // empty for the definition's own
+  EParamType type;
+  CParamVal text;
+  std::optional<CExactNumber> number;  // nothing when it limits nothing
+};
+
+/// A number as it stands in the file, and in decimal when it does not stand there so.
+QString shownNumber(const CParamVal& text, const CExactNumber& number) {
+  const QString trimmed = text.asStr().trimmed();
+  return trimmed.contains(QLatin1Char('x'), Qt::CaseInsensitive)
+             ? QStringLiteral("%1 (%2)").arg(trimmed, number.decimal())
+             : trimmed;
+}
+
+QString rangeOf(EParamType type) {
+  const bool isUnsigned = CExactNumber::isUnsigned(type);
+  const quint64 largest = CExactNumber::allBits(type) >> (isUnsigned ? 0 : 1);
+  const QString smallest =
+      isUnsigned ? QStringLiteral("0") : QStringLiteral("-%1").arg(largest + 1);
+  return CParamValueRules::tr("%1 to %2").arg(smallest, QString::number(largest));
+}
+
+QString noRealProblem(const QString& text) {
+  QString withPoint = text;
+  withPoint.replace(QLatin1Char(','), QLatin1Char('.'));
+  return CExactNumber::of(withPoint, PARAM_TYPE_F64)
+             ? CParamValueRules::tr("\"%1\" is no number; decimals stand behind a point: %2.")
+                   .arg(text, withPoint)
+             : CParamValueRules::tr("\"%1\" is no number of the type %2.")
+                   .arg(text, CParamDefItem::typeToString(PARAM_TYPE_F64));
+}
+
+QString noNumberProblem(const QString& text, EParamType type) {
+  return type == PARAM_TYPE_F64 ? noRealProblem(text)
+                                : CParamValueRules::tr("\"%1\" is no number of the type %2 (%3).")
+                                      .arg(text, CParamDefItem::typeToString(type), rangeOf(type));
+}
+
+QString notInListProblem(EList list, const QString& value) {
+  switch (list) {
+    case Enumeration:
+      return CParamValueRules::tr("%1 is not one of the choices.").arg(value);
+    case Radios:
+      return CParamValueRules::tr("%1 is not one of the radio buttons.").arg(value);
+    case States:
+      break;
+  }
+  return CParamValueRules::tr("%1 is not one of the check box's states.").arg(value);
+}
+
+SLimit withValue(const SLimit& limit, const Rules::CValueByName& valueByName) {
+  if (limit.parameter.isEmpty()) {
+    return limit;
+  }
+  const CParamVal text = valueByName(limit.parameter);
+  return {limit.parameter, limit.type, text, CExactNumber::of(text, limit.type)};
+}
+
+Rules::SViolation below(const QString& value, const SLimit& limit) {
+  const QString minimum = shownNumber(limit.text, *limit.number);
+  if (limit.parameter.isEmpty()) {
+    return {Rules::BelowMinimum,
+            CParamValueRules::tr("%1 is below the minimum %2.").arg(value, minimum)};
+  }
+  return {Rules::BelowLimitParameter, CParamValueRules::tr("%1 is below %2, the value of \"%3\".")
+                                          .arg(value, minimum, limit.parameter)};
+}
+
+Rules::SViolation above(const QString& value, const SLimit& limit) {
+  const QString maximum = shownNumber(limit.text, *limit.number);
+  if (limit.parameter.isEmpty()) {
+    return {Rules::AboveMaximum,
+            CParamValueRules::tr("%1 is above the maximum %2.").arg(value, maximum)};
+  }
+  return {Rules::AboveLimitParameter, CParamValueRules::tr("%1 is above %2, the value of \"%3\".")
+                                          .arg(value, maximum, limit.parameter)};
+}
+
+/// The value of the first choice of that name; a choice without a name is not found.
+std::optional<qint64> valueOfName(const CParamDefItem& definition, const QString& name) {
+  if (name.isEmpty()) {
+    return {};
+  }
+  bool isFound = false;
+  qint64 value = definition.enumValueOfName(name, isFound);
+  if (!isFound) {
+    value = definition.radioValueOfName(name, isFound);
+  }
+  if (isFound) {
+    return value;
+  }
+  for (const auto language : {CParamValueText::Translated, CParamValueText::English}) {
+    for (const SNamedI64Value& state : CParamValueText::states(definition, language)) {
+      if (state.name == name) {
+        return state.value;
+      }
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+class CParamValueRulesData : public QSharedData {
+ public:
+  CParamValueRulesData(const CParamDefItem& item, const Rules::CDefinitionById& definitionById);
+
+  /// The first of the lists in which a number has to be.
+  std::optional<EList> firstBinding() const;
+  CViolations violations(const CParamVal& value, const Rules::CValueByName& valueByName) const;
+
+  const CParamDefItem definition;
+  const EParamType type;
+
+ private:
+  void addLimits(const CParamVal& own, const QList<quint32>& ids,
+                 const Rules::CDefinitionById& definitionById, QVector<SLimit>& limits) const;
+  void addChoices(EList list, const QList<SNamedI64Value>& choices, bool isBinding);
+  unsigned int listsOf(const CExactNumber& number) const;
+  void compareWithLimits(const CParamVal& value, const CExactNumber& number,
+                         const Rules::CValueByName& valueByName, CViolations& found) const;
+  void compareWithChoices(const CParamVal& value, const CExactNumber& number,
+                          CViolations& found) const;
+  void compareWithBits(const CExactNumber& number, CViolations& found) const;
+
+  QVector<SLimit> mMinima;
+  QVector<SLimit> mMaxima;
+  CKeyedMap<qint64, unsigned int> mLists;  // the lists that name a number
+  unsigned int mBinding = 0;               // the lists in which a number has to be
+  quint64 mUnnamedBits = 0;
+};
+
+CParamValueRulesData::CParamValueRulesData(const CParamDefItem& item,
+                                           const Rules::CDefinitionById& definitionById)
+    : definition(item), type(item.type()) {
+  if (!CExactNumber::isNumberType(type)) {
+    return;
+  }
+  addLimits(item.minVal(), item.minIds(), definitionById, mMinima);
+  addLimits(item.maxVal(), item.maxIds(), definitionById, mMaxima);
+  addChoices(Enumeration, item.enums(), !item.isEnumEditable());
+  addChoices(Radios, item.radios(), true);
+  addChoices(States, CParamValueText::states(item), true);
+  mUnnamedBits = CParamValueText::unnamedBits(item);
+}
+
+void CParamValueRulesData::addLimits(const CParamVal& own, const QList<quint32>& ids,
+                                     const Rules::CDefinitionById& definitionById,
+                                     QVector<SLimit>& limits) const {
+  const std::optional<CExactNumber> number = CExactNumber::of(own, type);
+  if (number && !number->isNan()) {
+    limits.append({{}, type, own, number});
+  }
+  for (const quint32 id : ids) {
+    const CParamDefItem parameter = definitionById(id);
+    if (CExactNumber::isNumberType(parameter.type())) {
+      limits.append({parameter.name(), parameter.type(), {}, {}});
+    }
+  }
+}
+
+void CParamValueRulesData::addChoices(EList list, const QList<SNamedI64Value>& choices,
+                                      bool isBinding) {
+  for (const SNamedI64Value& choice : choices) {
+    mLists[choice.value] |= list;
+  }
+  if (isBinding && !choices.isEmpty()) {
+    mBinding |= list;
+  }
+}
+
+std::optional<EList> CParamValueRulesData::firstBinding() const {
+  for (const EList list : kLists) {
+    if ((mBinding & list) != 0) {
+      return list;
+    }
+  }
+  return {};
+}
+
+unsigned int CParamValueRulesData::listsOf(const CExactNumber& number) const {
+  const std::optional<qint64> choice = number.asI64();
+  const auto lists = choice ? mLists.find(*choice) : mLists.end();
+  return lists != mLists.end() ? lists->second : 0;
+}
+
+CViolations CParamValueRulesData::violations(const CParamVal& value,
+                                             const Rules::CValueByName& valueByName) const {
+  if (!CExactNumber::isNumberType(type)) {
+    return {};
+  }
+  const std::optional<CExactNumber> number = CExactNumber::of(value, type);
+  if (!number) {
+    return {{Rules::NotOfType, noNumberProblem(value.asStr(), type)}};
+  }
+  CViolations found;
+  compareWithLimits(value, *number, valueByName, found);
+  compareWithChoices(value, *number, found);
+  compareWithBits(*number, found);
+  return found;
+}
+
+void CParamValueRulesData::compareWithLimits(const CParamVal& value, const CExactNumber& number,
+                                             const Rules::CValueByName& valueByName,
+                                             CViolations& found) const {
+  if ((mMinima.isEmpty() && mMaxima.isEmpty()) || listsOf(number) != 0) {
+    return;
+  }
+  if (number.isNan()) {
+    found.append(
+        {Rules::NotComparable,
+         CParamValueRules::tr("%1 cannot be compared with the limits.").arg(value.asStr())});
+    return;
+  }
+  for (const SLimit& each : mMinima) {
+    const SLimit limit = withValue(each, valueByName);
+    if (limit.number && number < *limit.number) {
+      found.append(below(shownNumber(value, number), limit));
+    }
+  }
+  for (const SLimit& each : mMaxima) {
+    const SLimit limit = withValue(each, valueByName);
+    if (limit.number && *limit.number < number) {
+      found.append(above(shownNumber(value, number), limit));
+    }
+  }
+}
+
+void CParamValueRulesData::compareWithChoices(const CParamVal& value, const CExactNumber& number,
+                                              CViolations& found) const {
+  const unsigned int missing = mBinding & ~listsOf(number);
+  for (const EList list : kLists) {
+    if ((missing & list) != 0) {
+      found.append({Rules::NotAChoice, notInListProblem(list, shownNumber(value, number))});
+    }
+  }
+}
+
+void CParamValueRulesData::compareWithBits(const CExactNumber& number, CViolations& found) const {
+  QStringList positions;
+  for (quint64 bits = number.bits() & mUnnamedBits; bits != 0; bits &= bits - 1) {
+    positions.append(QString::number(qCountTrailingZeroBits(bits)));
+  }
+  if (!positions.isEmpty()) {
+    found.append({Rules::UnnamedBits, CParamValueRules::tr("Bits are set that have no name: %1.")
+                                          .arg(positions.join(QLatin1String(", ")))});
+  }
+}
+
+CParamValueRules::CParamValueRules(const CParamDefItem& definition,
+                                   const CDefinitionById& definitionById)
+    : d(new CParamValueRulesData(definition, definitionById)) {}
+
+CParamValueRules::CParamValueRules(const CParamDefItem& definition, const ICParameterFile& file)
+    : CParamValueRules(definition, [&file](quint32 id) { return file.paramDef(id); }) {}
+
+CParamValueRules::CParamValueRules(const CParamValueRules& other) = default;
+CParamValueRules& CParamValueRules::operator=(const CParamValueRules& other) = default;
+CParamValueRules::~CParamValueRules() = default;
+
+bool CParamValueRules::read(const QString& text, CParamVal& value, QString& problem) const {
+  const std::optional<qint64> chosen = valueOfName(d->definition, text);
+  const QString written = chosen ? QString::number(*chosen) : text;
+  if (!CExactNumber::isNumberType(d->type)) {
+    value = CParamVal(written);
+    return true;
+  }
+  const std::optional<CExactNumber> number = CExactNumber::of(written, d->type);
+  if (number) {
+    value = d->type == PARAM_TYPE_F64 ? CParamVal(written.trimmed()) : number->written(d->type);
+    return true;
+  }
+  const std::optional<EList> list = d->firstBinding();
+  problem = list && !chosen ? notInListProblem(*list, QStringLiteral("\"%1\"").arg(text))
+                            : noNumberProblem(written, d->type);
+  return false;
+}
+
+CViolations CParamValueRules::violations(const CParamVal& value,
+                                         const CValueByName& valueByName) const {
+  return d->violations(value, valueByName);
+}
+
+CViolations CParamValueRules::violations(const CParamVal& value, const ICParameterFile& file,
+                                         quint8 subDevId) const {
+  return d->violations(
+      value, [&file, subDevId](const QString& name) { return file.paramValue(name, subDevId); });
+}
+
+bool CParamValueRules::allowsOtherValues() const {
+  return !d->firstBinding();
+}
+
+bool CParamValueRules::areEqual(const CParamVal& a, const CParamVal& b,
+                                const CParamDefItem& definition) {
+  if (a == b) {
+    return true;
+  }
+  const std::optional<CExactNumber> x = CExactNumber::of(a, definition.type());
+  const std::optional<CExactNumber> y = CExactNumber::of(b, definition.type());
+  return x && y && !x->isNan() && !y->isNan() && !(*x < *y) && !(*y < *x);
+}
+
+bool CParamValueRules::mayStay(const CParamVal& value, const CParamVal& newValue,
+                               const CParamDefItem& definition) {
+  return CExactNumber::isUnsigned(definition.type()) ? areEqual(value, newValue, definition)
+                                                     : value == newValue;
+}

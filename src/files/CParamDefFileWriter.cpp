@@ -98,7 +98,7 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
 bool CParamDefFile::limitsFit(const CParamDefItem& definition) {
   const CParamVal min = definition.minVal();
   const CParamVal max = definition.maxVal();
-  if (min.isNull() || max.isNull()) {
+  if (min.isEmpty() || max.isEmpty()) {
     return true;
   }
   switch (definition.type()) {

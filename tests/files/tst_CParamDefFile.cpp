@@ -150,6 +150,16 @@ class tst_CParamDefFile : public QObject {
     QCOMPARE(read(fileName), QByteArray("old"));
   }
 
+  void anEmptiedLimitLimitsNothing() {
+    QTemporaryDir folder;
+    auto file = makeFile();
+    CParamDefItem* a = file->addDef("A", NParamDef::PARAM_TYPE_I32, 7);
+    a->setMaxVal(-1);
+    for (const char* min : {"-2", ""}) a->setMinVal(min);
+    QVERIFY2(file->saveParamDefFile(folder.filePath("a"), 0x10000), qPrintable(file->errorMsg()));
+    QVERIFY2(file->loadParamDefFile(folder.filePath("a"), 0x10000), qPrintable(file->errorMsg()));
+  }
+
   void logsASuccessfulLoad() {
     CKeptLines log(8);
     CParamDefFile file(&log, nullptr);

@@ -201,8 +201,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// The group at a path of names separated by "/" or "\"; null when there is none. Empty pieces
   /// are skipped, an empty path is the root group.
   virtual ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) = 0;
-  /// As existingSubGroup(), creating the groups that are missing. Null and a message when a piece
-  /// of the path names a parameter.
+  /// As existingSubGroup(), creating what is missing, the sub-device too. Null and a message, and
+  /// nothing is created, when a piece of the path names a parameter or cannot name a group, or when
+  /// the groups would be nested deeper than 1,019.
   virtual ICParamTreeNode* subGroup(const QString& path, quint8 subDevId) = 0;
   /// The group of that name in a group, created when missing. Null and a message when there is a
   /// parameter of that name, or the parent is no group of the active hardware id.

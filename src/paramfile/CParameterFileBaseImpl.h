@@ -171,8 +171,9 @@ class CParameterFileBaseImpl : public ICParameterFile {
   const CSubDeviceTree* activeTreeOf(const CParamTreeNodeImpl* node) const;
   CParamTreeNodeImpl* checkParent(ICParamTreeNode* parent, const QString& name,
                                   CSubDeviceTree*& tree);
-  CParamTreeNodeImpl* addGroupTo(CSubDeviceTree& tree, CParamTreeNodeImpl* parent,
-                                 const QString& name);
+  CParamTreeNodeImpl* followPath(QStringList& path, quint8 subDevId);
+  bool checkNewGroups(const CParamTreeNodeImpl* parent, const QStringList& names,
+                      quint8 subDevId) const;
   ICParamTreeNode* addDefinedParameter(ICParamTreeNode* parent, const QString& name,
                                        const CParamVal* value);
 

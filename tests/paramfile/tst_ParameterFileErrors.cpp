@@ -78,6 +78,11 @@ class tst_ParameterFileErrors : public QObject {
     FAILS(f.subGroup("G/Inner/Speed/x", 1),
           "SubDevice 1 : Adding group \"Speed\" to parent \"Inner\" failed because there is alrady "
           "a parameter with the same name!");
+    FAILS(f.subGroup("G/New/[standard constructed]", 1),
+          "The name \"[standard constructed]\" is reserved.");
+    FAILS(
+        f.subGroup(QString("g/").repeated(1020), 9),
+        "SubDevice 9 : Adding group \"g\" failed because groups can be nested 1019 deep at most!");
     FAILS(f.addGroup(f.rootGroup(1), ""), "A group needs a name.");
     FAILS(f.addGroup(f.rootGroup(1), "[standard constructed]"),
           "The name \"[standard constructed]\" is reserved.");

@@ -125,8 +125,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool isChanged() const = 0;
   virtual void clearChanged() = 0;
 
-  /// Writes all definitions, by id and then by name. Fails when two names bear one id, since the
-  /// file could not be read.
+  /// Writes all definitions, by id and then by name. Fails, among other reasons, when two of them
+  /// bear one id or one name, since the file could not be read.
   virtual bool saveParamDefFile(const QString& fileName, quint32 revision) = 0;
   /// Writes one hardware id, or all of them for an empty one. Without any hardware id nothing is
   /// written, successfully. The Head's date is the day of saving.
@@ -152,24 +152,29 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual QString subDevName(quint8 subDevId) const = 0;
   virtual void setSubDevName(quint8 subDevId, const QString& name) = 0;
 
-  // --- Definitions and values
+  // --- Definitions and values. 0 and 0xFFFFFFFF mean "no id": several definitions may bear them,
+  // and by them, as by an unknown id, no name, definition or value is found, with a message.
 
-  /// 0xFFFFFFFF and a message for an unknown name.
+  /// The definition's id, which may mean "no id". 0xFFFFFFFF and a message for an unknown name.
   virtual quint32 idByName(const QString& name) const = 0;
-  /// An empty text and a message for an unknown id.
+  /// An empty text for an unknown id.
   virtual QString nameById(quint32 id) const = 0;
   /// The parameters of a sub-device, in tree order.
   virtual QStringList paramNames(quint8 subDevId) const = 0;
-  /// A copy; invalid for an unknown name or id.
+  /// A copy; nameless and without an id for an unknown name or id.
   virtual CParamDefItem paramDef(const QString& name) const = 0;
   /// The stored definition, valid until clear() or destruction; changes through it set
-  /// defChanged(). Null and a message for an unknown name.
+  /// defChanged(). A new name or id counts at once, and the old one finds nothing. When that makes
+  /// two definitions share one, the one that got it last is found, and saveParamDefFile() fails.
+  /// Null and a message for an unknown name.
   virtual CParamDefItem* paramDefPtr(const QString& name) = 0;
   virtual CParamDefItem paramDef(quint32 id) const = 0;
   /// The value; null when there is none.
   virtual CParamVal paramValue(const QString& name, quint8 subDevId) const = 0;
   virtual CParamVal paramValue(quint32 id, quint8 subDevId) const = 0;
-  /// Whether a definition refers to this one by its visibility or as its unit.
+  /// Whether a loaded definition with visible values refers to this id by its visibility or as its
+  /// unit; 0 is an id here, the unit of all that have none. By name, this is asked with the
+  /// definition's id: nothing refers to a definition without one.
   virtual bool isReferenced(const QString& name) const = 0;
   virtual bool isReferenced(quint32 id) const = 0;
   /// Ids of the definitions that refer to this one.
@@ -179,8 +184,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool setParamValue(const QString& name, const CParamVal& value, quint8 subDevId) = 0;
   virtual bool setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
 
-  /// Adds a definition and returns it as paramDefPtr() does. Null and a message for an empty name,
-  /// a name that is known, or an id that another name has (0 and 0xFFFFFFFF are no ids).
+  /// Adds a definition and returns it as paramDefPtr() does. Null and a message for an empty or
+  /// reserved name, a name that is known, or an id that another definition has.
   virtual CParamDefItem* addDef(const CParamDefItem& definition) = 0;
   virtual CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, quint32 id) = 0;
   /// The names of all definitions, by id and then by name.
@@ -228,7 +233,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
 
   /// As setParamValue(), but an equal value (compared as CParameterFileHelper::compareValues()
   /// does) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
-  /// node. False, without a message, when there is no such value.
+  /// node. False when there is no such value, with a message only for an unknown id.
   virtual bool setAndMarkParamValue(const QString& name, const CParamVal& value,
                                     quint8 subDevId) = 0;
   virtual bool setAndMarkParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;

@@ -55,9 +55,6 @@ class tst_ParameterFileErrors : public QObject {
     FAILS(f.setParamValue("%1", CParamVal("x"), 1),
           "setParamValue() failed because there is no parameter value for sub device 1 and name "
           "\"%1\"");
-    FAILS(f.setParamValue(99, CParamVal("x"), 1),
-          "setParamValue() failed because there is no parameter value for sub device 1 and name "
-          "\"\"");
 
     FAILS(f.addDef("", NParamDef::PARAM_TYPE_U8, 9), "A parameter definition needs a name.");
     FAILS(f.addDef("[standard constructed]", NParamDef::PARAM_TYPE_U8, 9),

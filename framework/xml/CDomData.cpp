@@ -180,10 +180,10 @@ SDomText CDomData::addText(std::string_view utf8) {
   return added;
 }
 
-quint32 CDomData::createElement(quint32 parent, const QString& tag) {
+quint32 CDomData::createElement(quint32 parent, const QString& tag, quint32 line) {
   const std::string utf8 = tag.toStdString();
   const bool known = findName(utf8) != kNone;
-  const quint32 index = appendElement(parent, internName(utf8), 0);
+  const quint32 index = appendElement(parent, internName(utf8), line);
   if (!known && !NXmlText::isName(tag)) {
     setInvalid({index, SDomInvalidText::Tag, kNone, {}}, NXmlText::readable(tag));
   }
@@ -209,9 +209,18 @@ void CDomData::setText(quint32 element, const QString& text) {
   mNodes[element].firstChild = kNone;
   mNodes[element].lastChild = kNone;
   if (!text.isEmpty()) {
-    const SDomText added = addUtf16(text, element, SDomInvalidText::Text, kNone);
-    appendText(element, SDomNode::Text, added);
+    appendText(element, SDomNode::Text, text);
   }
+}
+
+void CDomData::appendAttribute(quint32 element, const QString& name, const QString& value) {
+  const quint32 nameIndex = internName(name.toStdString());
+  appendAttribute(element, nameIndex,
+                  addUtf16(value, element, SDomInvalidText::Attribute, nameIndex));
+}
+
+void CDomData::appendText(quint32 element, SDomNode::EKind kind, const QString& text) {
+  appendText(element, kind, addUtf16(text, element, SDomInvalidText::Text, kNone));
 }
 
 SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,

@@ -128,12 +128,16 @@ class CDomData {
   void dropLastText(const SDomText& text) { mText.resize(text.begin); }
   quint32 textEnd() const { return static_cast<quint32>(mText.size()); }
 
-  // Building by an application: texts are checked, the first that XML cannot hold is remembered.
-  quint32 createElement(quint32 parent, const QString& tag);
+  // Building by an application: texts are kept whole and checked, and the first that XML cannot
+  // hold is remembered.
+  quint32 createElement(quint32 parent, const QString& tag, quint32 line = 0);
   /// The same for a tag that is known to be one.
   quint32 createElement(quint32 parent, QLatin1String tag);
   void setAttribute(quint32 element, QLatin1String name, const QString& value);
   void setText(quint32 element, const QString& text);
+  /// The element must not have the attribute yet.
+  void appendAttribute(quint32 element, const QString& name, const QString& value);
+  void appendText(quint32 element, SDomNode::EKind kind, const QString& text);
 
  private:
   /// The node that is all the content of another and is text; or kNone.

@@ -66,20 +66,18 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
     if (step.node.isElement()) {
       const auto line = static_cast<quint32>(std::max(step.node.lineNumber(), 0));
       const QDomElement element = step.node.toElement();
-      const quint32 copy =
-          data.appendElement(step.parent, data.internName(element.tagName().toStdString()), line);
+      const quint32 copy = data.createElement(step.parent, element.tagName(), line);
       const QDomNamedNodeMap attributes = element.attributes();
       for (int i = 0; i < attributes.count(); ++i) {
         const QDomAttr attribute = attributes.item(i).toAttr();
-        data.appendAttribute(copy, data.internName(attribute.name().toStdString()),
-                             data.addText(attribute.value().toStdString()));
+        data.appendAttribute(copy, attribute.name(), attribute.value());
       }
       if (!element.firstChild().isNull()) {
         todo.push_back({element.firstChild(), copy});
       }
     } else if (step.node.isText() || step.node.isCDATASection()) {
       const auto kind = step.node.isCDATASection() ? SDomNode::CData : SDomNode::Text;
-      data.appendText(step.parent, kind, data.addText(step.node.nodeValue().toStdString()));
+      data.appendText(step.parent, kind, step.node.nodeValue());
     } else {
       data.appendNode(step.parent, SDomNode::Other);
     }

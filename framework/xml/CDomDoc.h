@@ -54,7 +54,8 @@ class KTOFRAMEWORK_EXPORT CDomDoc {
   /// class would refuse to read.
   QByteArray toByteArray(const QString& encoding, QString& error) const;
 
-  /// A document with a copy of the element, and all beneath it, as its root.
+  /// A document with a copy of the element, and all beneath it, as its root. Texts that XML cannot
+  /// hold are copied whole; a document with one cannot be written.
   static CDomDoc fromDom(const QDomElement& element);
 
   // Typed access. On failure the value is untouched and error names tag, attribute, text and line.

@@ -83,6 +83,7 @@ void appendNarrowed(QStringView ascii, std::string& utf8) {
 }  // namespace
 
 int appendUtf8(QStringView text, std::string& utf8) {
+  int invalid = -1;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const qsizetype run = printableRun(text, i);
     appendNarrowed(text.mid(i, run), utf8);
@@ -94,18 +95,29 @@ int appendUtf8(QStringView text, std::string& utf8) {
     if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
       c = QChar::surrogateToUcs4(text[i], text[i + 1]);
       ++i;
-    } else if (!isCharacter(c)) {
-      return static_cast<int>(i);
+    } else if (invalid < 0 && !isCharacter(c)) {
+      invalid = static_cast<int>(i);
     }
     appendCodePoint(c, utf8);
   }
-  return -1;
+  return invalid;
 }
 
-QString toQString(std::string_view utf8) {
-  if (utf8.empty()) {
-    return QLatin1String("");  // an empty view may have no data
+namespace {
+
+constexpr size_t kSurrogateSize = 3;  ///< of one, in bytes
+
+/// Where the next lone surrogate begins, which UTF-8 proper does not hold; or npos.
+size_t nextSurrogate(std::string_view utf8, size_t begin) {
+  size_t at = utf8.find('\xED', begin);
+  while (at != std::string_view::npos && (static_cast<uchar>(utf8[at + 1]) & 0x20U) == 0) {
+    at = utf8.find('\xED', at + 1);
   }
+  return at;
+}
+
+/// UTF-8 without surrogates.
+QString plainToQString(std::string_view utf8) {
   // QString::fromUtf8() drops a leading U+FEFF as a byte order mark; in a text it is a character.
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
   int marks = 0;
@@ -115,6 +127,26 @@ QString toQString(std::string_view utf8) {
   }
   const QString text = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
   return marks == 0 ? text : QString(marks, QChar(QChar::ByteOrderMark)) + text;
+}
+
+}  // namespace
+
+QString toQString(std::string_view utf8) {
+  if (utf8.empty()) {
+    return QLatin1String("");  // an empty view may have no data
+  }
+  size_t surrogate = nextSurrogate(utf8, 0);
+  if (surrogate == std::string_view::npos) {
+    return plainToQString(utf8);
+  }
+  QString text;
+  size_t begin = 0;
+  for (; surrogate != std::string_view::npos; surrogate = nextSurrogate(utf8, begin)) {
+    text += plainToQString(utf8.substr(begin, surrogate - begin));
+    text += QChar(0xD000U | (utf8[surrogate + 1] & 0x3FU) << 6U | (utf8[surrogate + 2] & 0x3FU));
+    begin = surrogate + kSurrogateSize;
+  }
+  return text + plainToQString(utf8.substr(begin));
 }
 
 QString readable(QStringView text) {

@@ -26,10 +26,10 @@ bool isName(const QString& name);
 void appendCodePoint(char32_t c, std::string& utf8);
 
 /// Appends the text as UTF-8. Returns the index of the first unit that XML cannot hold (a control
-/// character, a lone surrogate, U+FFFE, U+FFFF), which ends the conversion, or -1.
+/// character, a lone surrogate, U+FFFE, U+FFFF), or -1; such units are appended like all others.
 int appendUtf8(QStringView text, std::string& utf8);
 
-/// UTF-8 as a QString, which is never null.
+/// What appendUtf8() made, or other UTF-8, as a QString, which is never null.
 QString toQString(std::string_view utf8);
 
 /// A text for messages, with everything but printable characters written as \uXXXX.

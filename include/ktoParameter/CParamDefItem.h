@@ -7,12 +7,14 @@
 #include <QSharedDataPointer>
 #include <QStringList>
 
+class CDefinitionKeys;
 class CParamDefItemData;
 
 /// The definition of one parameter: id, name, type, limits, choices, bits and when it is visible.
 ///
 /// An implicitly shared value. The owner of a set of definitions can install a flag that every edit
-/// raises which really changes something; a copy of an item never has the flag of its original.
+/// raises which really changes something; a copy of an item never has the flag of its original, and
+/// an item that is assigned to loses its own, unless it is one of a parameter file: that stays one.
 /// Adders append, never sort, and ignore what is there already; in a long list they hardly cost
 /// more than in a short one.
 class KTOPARAMETER_EXPORT CParamDefItem {
@@ -118,6 +120,8 @@ class KTOPARAMETER_EXPORT CParamDefItem {
   qint64 radioValueOfName(const QString& name, bool& ok) const;
 
  private:
+  friend class CDefinitionKeys;
+
   template <typename F, typename V>
   void setField(F CParamDefItemData::*field, const V& value);
   template <typename L, typename V>
@@ -125,6 +129,7 @@ class KTOPARAMETER_EXPORT CParamDefItem {
 
   QSharedDataPointer<CParamDefItemData> d;
   bool* mChanged = nullptr;
+  CDefinitionKeys* mKeys = nullptr;  ///< what finds it by name and id, when it is one of a set
 };
 
 Q_DECLARE_TYPEINFO(CParamDefItem, Q_MOVABLE_TYPE);

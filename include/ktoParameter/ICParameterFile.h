@@ -171,18 +171,21 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual QString subDevName(quint8 subDevId) const = 0;
   virtual void setSubDevName(quint8 subDevId, const QString& name) = 0;
 
-  // --- Definitions and values
+  // --- Definitions and values. 0 and 0xFFFFFFFF mean "no id": several definitions may bear them,
+  // and by them, as by an unknown id, no name, definition or value is found, with a message.
 
-  /// 0xFFFFFFFF and a message for an unknown name.
+  /// The definition's id, which may mean "no id". 0xFFFFFFFF and a message for an unknown name.
   virtual quint32 idByName(const QString& name) const = 0;
-  /// An empty text and a message for an unknown id.
+  /// An empty text for an unknown id.
   virtual QString nameById(quint32 id) const = 0;
   /// The parameters of a sub-device, in tree order.
   virtual QStringList paramNames(quint8 subDevId) const = 0;
-  /// A copy; invalid for an unknown name or id.
+  /// A copy; nameless and without an id for an unknown name or id.
   virtual CParamDefItem paramDef(const QString& name) const = 0;
   /// The stored definition, valid until clear() or destruction; changes through it set
-  /// defChanged(). Null and a message for an unknown name.
+  /// defChanged(). A new name or id counts at once, and the old one finds nothing. When that makes
+  /// two definitions share one, the one that got it last is found, and saveParamDefFile() fails.
+  /// Null and a message for an unknown name.
   virtual CParamDefItem* paramDefPtr(const QString& name) = 0;
   virtual CParamDefItem paramDef(quint32 id) const = 0;
   /// The value; null when there is none.
@@ -191,7 +194,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// Whether a definition refers to this one. Those count that were loaded from a file, have an id
   /// other than 0 and are visible by the values of a parameter: they refer to that parameter, and
   /// to the one of their unit (the id 0 when they have none). What edits add or remove does not
-  /// count, and nothing is forgotten before clear().
+  /// count, and nothing is forgotten before clear(). By name, this is asked with the definition's
+  /// id: nothing refers to a definition without one.
   virtual bool isReferenced(const QString& name) const = 0;
   virtual bool isReferenced(quint32 id) const = 0;
   /// Ids of the definitions that refer to this one.
@@ -201,8 +205,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool setParamValue(const QString& name, const CParamVal& value, quint8 subDevId) = 0;
   virtual bool setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
 
-  /// Adds a definition and returns it as paramDefPtr() does. Null and a message for an empty name,
-  /// a name that is known, or an id that another name has (0 and 0xFFFFFFFF are not ids).
+  /// Adds a definition and returns it as paramDefPtr() does. Null and a message for an empty or
+  /// reserved name, a name that is known, or an id that another definition has (0 and 0xFFFFFFFF are
+  /// not ids).
   virtual CParamDefItem* addDef(const CParamDefItem& definition) = 0;
   virtual CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, quint32 id) = 0;
 
@@ -216,8 +221,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// The root group, created empty when missing, which marks nothing changed.
   virtual ICParamTreeNode* rootGroup(quint8 subDevId) = 0;
   /// The group at a path of names separated by "/" or "\", with the groups of the path that were
-  /// missing. Empty pieces are skipped, an empty path is the root group. Null and a message when a
-  /// piece of the path names a parameter.
+  /// missing, the sub-device too. Empty pieces are skipped, an empty path is the root group. Null
+  /// and a message, and nothing is created, when a piece of the path names a parameter or cannot
+  /// name a group, or when groups would be nested deeper than 1,019.
   virtual ICParamTreeNode* subGroup(const QString& path, quint8 subDevId) = 0;
   /// As subGroup(), but creates nothing: null when there is no such group.
   virtual ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) = 0;
@@ -262,7 +268,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool copySubDevice(quint8 source, quint8 target) = 0;
   /// As setParamValue(), but an equal value (compared as CParameterFileHelper::compareValues()
   /// does) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
-  /// node. False, without a message, when there is no such value.
+  /// node. False when there is no such value, with a message only for an unknown id.
   virtual bool setAndMarkParamValue(const QString& name, const CParamVal& value,
                                     quint8 subDevId) = 0;
   virtual bool setAndMarkParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;

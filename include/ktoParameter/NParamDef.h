@@ -136,6 +136,12 @@ struct SBitValue {
 /// The id of a definition that has none, and of every group. A parameter without an id has 0.
 inline constexpr quint32 NO_ID = 0xFFFFFFFF;
 
+/// Whether an id is one of a definition: 0 stands for none, too, so several definitions may bear 0
+/// or NO_ID, and neither finds any.
+inline constexpr bool isRealId(quint32 id) {
+  return id != 0 && id != NO_ID;
+}
+
 /// The parameter whose choices name the units of all others.
 inline const QLatin1String UNIT_PARAMETER_NAME("AllUnits");
 

@@ -35,8 +35,8 @@ bool CParamDefFile::readDefinitions() {
   if (data.isNull()) {
     return failAt(domDocument().documentElement(), tr("There is no data section !"));
   }
-  const int count = data.childElementCount();
-  mDefinitions.reserve(static_cast<size_t>(count));
+  const auto count = static_cast<size_t>(data.childElementCount());
+  mDefinitions.reserve(count);
   mNameById.reserve(count);
   for (CDomElement param = data.firstChildElement(TAG_PARAM); !param.isNull();
        param = param.nextSiblingElement(TAG_PARAM)) {
@@ -239,8 +239,7 @@ bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& d
 }
 
 bool CParamDefFile::checkUnique(const CParamDefItem& definition) {
-  const bool idIsTaken = isRealId(definition.id()) && mNameById.contains(definition.id());
-  if (idIsTaken || mDefinitions.count(definition.name()) > 0) {
+  if (mNameById.count(definition.id()) > 0 || mDefinitions.count(definition.name()) > 0) {
     mErrorMsg =
         tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(definition.id()));
     return false;
@@ -254,7 +253,9 @@ bool CParamDefFile::enterDefinition(const CParamDefItem& definition) {
     return false;
   }
   mDefinitions.emplace(definition.name(), definition);
-  mNameById.insert(definition.id(), definition.name());
+  if (NParamDef::isRealId(definition.id())) {
+    mNameById.emplace(definition.id(), definition.name());
+  }
   return true;
 }
 

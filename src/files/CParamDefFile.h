@@ -4,7 +4,6 @@
 #include "CParamBaseFile.h"
 #include "CParamDefItem.h"
 
-#include <QHash>
 #include <QVector>
 
 using CParamDefinitions = CKeyedMap<QString, CParamDefItem>;
@@ -29,12 +28,10 @@ class CParamDefFile : public CParamBaseFile {
             const QString& version);
 
   static void sortByIdAndName(QVector<const CParamDefItem*>& definitions);
-  /// 0 and 0xFFFFFFFF mean that there is no id, so several definitions may bear them.
-  static bool isRealId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
 
   /// What the last open() read.
   const CParamDefinitions& paramDefinitions() const { return mDefinitions; }
-  const QHash<quint32, QString>& nameByIdHash() const { return mNameById; }
+  const CKeyedMap<quint32, QString>& nameByIdHash() const { return mNameById; }
 
   /// Reads one "Param" into the definitions.
   bool readParamDefinitionFromDom(const CDomElement& param);
@@ -80,5 +77,5 @@ class CParamDefFile : public CParamBaseFile {
   static void appendChoicesToDom(CDomElement param, const CParamDefItem& definition);
 
   CParamDefinitions mDefinitions;
-  QHash<quint32, QString> mNameById;
+  CKeyedMap<quint32, QString> mNameById;  // of those that have an id
 };

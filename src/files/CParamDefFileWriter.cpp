@@ -79,7 +79,8 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
   }
   const CParamDefItem* previous = nullptr;
   for (const CParamDefItem* definition : sorted) {
-    if (previous != nullptr && isRealId(definition->id()) && previous->id() == definition->id()) {
+    if (previous != nullptr && NParamDef::isRealId(definition->id()) &&
+        previous->id() == definition->id()) {
       mErrorMsg = tr("The definitions \"%1\" and \"%2\" bear the same id %3.")
                       .arg(previous->name(), definition->name(), QString::number(previous->id()));
     } else if (definition->name() == CParamNodeData::mStandardConstructedStr) {
@@ -98,7 +99,7 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
 bool CParamDefFile::limitsFit(const CParamDefItem& definition) {
   const CParamVal min = definition.minVal();
   const CParamVal max = definition.maxVal();
-  if (min.isNull() || max.isNull()) {
+  if (min.isEmpty() || max.isEmpty()) {
     return true;
   }
   switch (definition.type()) {

@@ -6,8 +6,6 @@
 #include "ICParameterFile.h"
 #include "NLumoXmlTags.h"
 
-#include <QMap>
-
 using namespace NLumoXmlTags;
 
 namespace {
@@ -141,15 +139,14 @@ bool CParamValueFile::save(const QString& fileName, const QString& version,
 /// Reading ignores blanks round a hardware id; of two that differ in nothing else it would find one
 /// twice.
 bool CParamValueFile::idsStayApart(const CHardwareIdTrees& trees) {
-  QMap<QString, QString> idByTrimmed;
+  std::map<QString, QString> idByTrimmed;
   for (const auto& entry : trees) {
-    const QString known = idByTrimmed.value(entry.first.trimmed());
-    if (!known.isNull()) {
+    const auto [known, isNew] = idByTrimmed.emplace(entry.first.trimmed(), entry.first);
+    if (!isNew) {
       mErrorMsg = tr("The hardware ids \"%1\" and \"%2\" differ in nothing but blanks around them.")
-                      .arg(known, entry.first);
+                      .arg(known->second, entry.first);
       return false;
     }
-    idByTrimmed.insert(entry.first.trimmed(), entry.first);
   }
   return true;
 }

@@ -1,6 +1,7 @@
 #include "CParamDefItem.h"
 
 #include "CChoiceList.h"
+#include "CDefinitionKeys.h"
 #include "CStr.h"
 #include "CUniqueList.h"
 
@@ -9,6 +10,7 @@
 #include <limits>
 #include <set>
 #include <tuple>
+#include <utility>
 
 using NParamDef::EParamType;
 using NParamDef::SBitValue;
@@ -130,8 +132,14 @@ CParamDefItem::CParamDefItem(const QString& name, EParamType type, unsigned int 
 CParamDefItem::CParamDefItem(const CParamDefItem& other) : d(other.d) {}
 
 CParamDefItem& CParamDefItem::operator=(const CParamDefItem& other) {
-  if (this != &other) d = other.d;
-  mChanged = nullptr;
+  if (!mKeys) {
+    d = other.d;
+    mChanged = nullptr;
+  } else if (d != other.d) {
+    const QSharedDataPointer<CParamDefItemData> old = std::exchange(d, other.d);
+    mKeys->update(this, old->name, old->id);
+    setChanged();
+  }
   return *this;
 }
 
@@ -253,11 +261,15 @@ bool CParamDefItem::hasVisibleValues() const {
 }
 
 void CParamDefItem::setId(unsigned int id) {
+  const unsigned int oldId = this->id();
   setField(&CParamDefItemData::id, id);
+  if (mKeys && id != oldId) mKeys->update(this, name(), oldId);
 }
 
 void CParamDefItem::setName(const QString& name) {
+  const QString oldName = this->name();
   setField(&CParamDefItemData::name, name);
+  if (mKeys && name != oldName) mKeys->update(this, oldName, id());
 }
 
 void CParamDefItem::setType(EParamType type) {

@@ -1,55 +1,55 @@
 #include "CDefinitionStore.h"
 
 CDefinitionStore::CDefinitionStore(const CDefinitionStore& other)
-    : mNameById(other.mNameById), mReferences(other.mReferences), mMetaData(other.mMetaData) {
-  mByName.reserve(other.mByName.size());
-  for (const auto& [name, definition] : other.mByName) {
-    store(name, definition);
+    : mReferences(other.mReferences), mMetaData(other.mMetaData) {
+  mKeys.reserve(other.mDefinitions.size());
+  for (const CParamDefItem& definition : other.mDefinitions) {
+    append(definition);
   }
 }
 
 void CDefinitionStore::clear() {
-  mByName.clear();
-  mNameById.clear();
+  mKeys.clear();
+  mDefinitions.clear();
   mReferences.clear();
   mMetaData = CXMLMetaData();
   mChanged = false;
 }
 
-const CParamDefItem* CDefinitionStore::find(const QString& name) const {
-  const auto it = mByName.find(name);
-  return it == mByName.end() ? nullptr : &it->second;
-}
-
 CParamDefItem* CDefinitionStore::findForEdit(const QString& name) {
-  const auto it = mByName.find(name);
-  return it == mByName.end() ? nullptr : &it->second;
+  CParamDefItem* definition = mKeys.byName(name);
+  if (definition != nullptr) {
+    definition->setChangedFlag(&mChanged);
+  }
+  return definition;
 }
 
 QVector<const CParamDefItem*> CDefinitionStore::sorted() const {
   QVector<const CParamDefItem*> definitions;
-  definitions.reserve(static_cast<int>(mByName.size()));
-  for (const auto& entry : mByName) {
-    definitions.append(&entry.second);
+  definitions.reserve(static_cast<int>(mDefinitions.size()));
+  for (const CParamDefItem& definition : mDefinitions) {
+    definitions.append(&definition);
   }
   CParamDefFile::sortByIdAndName(definitions);
   return definitions;
 }
 
 CParamDefItem* CDefinitionStore::add(const CParamDefItem& definition) {
-  mNameById.insert(definition.id(), definition.name());
   mChanged = true;
-  return store(definition.name(), definition);
+  return append(definition);
 }
 
-void CDefinitionStore::unite(const CParamDefinitions& definitions,
-                             const QHash<quint32, QString>& nameById) {
-  mByName.reserve(mByName.size() + definitions.size());
+void CDefinitionStore::unite(const CParamDefinitions& definitions) {
+  mKeys.reserve(mDefinitions.size() + definitions.size());
   for (const auto& [name, definition] : definitions) {
-    store(name, definition);
-  }
-  for (auto it = nameById.cbegin(); it != nameById.cend(); ++it) {
-    mNameById.insert(it.key(), it.value());
+    CParamDefItem* known = mKeys.byName(name);
+    if (known == nullptr) {
+      append(definition);
+    } else {
+      known->setChangedFlag(nullptr);  // a load marks nothing
+      *known = definition;
+      known->setChangedFlag(&mChanged);
+    }
   }
 }
 
@@ -67,8 +67,9 @@ void CDefinitionStore::updateReferenceIdList(const CParamDefinitions& definition
   }
 }
 
-CParamDefItem* CDefinitionStore::store(const QString& name, const CParamDefItem& definition) {
-  CParamDefItem& stored = mByName.insert_or_assign(name, definition).first->second;
-  stored.setChangedFlag(&mChanged);
-  return &stored;
+CParamDefItem* CDefinitionStore::append(const CParamDefItem& definition) {
+  CParamDefItem* added = &mDefinitions.emplace_back(definition);
+  added->setChangedFlag(&mChanged);
+  mKeys.add(added);
+  return added;
 }

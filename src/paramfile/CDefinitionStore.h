@@ -1,19 +1,23 @@
 #pragma once
 
+#include "CDefinitionKeys.h"
 #include "CParamDefFile.h"
 #include "CParamDefItem.h"
 #include "CUniqueList.h"
 #include "CXMLMetaData.h"
 
-#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QVector>
 
+#include <deque>
+
 /// The definitions of a parameter file by name and id, and which of them refer to which.
 ///
 /// Definitions are handed out as pointers, which stay valid until clear(): the store is never
-/// implicitly shared, and a definition that is loaded again takes the place of the old one.
+/// implicitly shared, and a definition that is loaded again takes the place of the old one. An edit
+/// through such a pointer may make two definitions share a name or an id: a lookup then finds the
+/// one that got it last, and a save fails.
 class CDefinitionStore {
  public:
   CDefinitionStore() = default;
@@ -22,20 +26,20 @@ class CDefinitionStore {
   CDefinitionStore& operator=(const CDefinitionStore&) = delete;
 
   void clear();
-  bool isEmpty() const { return mByName.empty(); }
+  bool isEmpty() const { return mDefinitions.empty(); }
   /// Null for an unknown name.
-  const CParamDefItem* find(const QString& name) const;
+  const CParamDefItem* find(const QString& name) const { return mKeys.byName(name); }
   /// The definition, whose edits mark this store changed; null for an unknown name.
   CParamDefItem* findForEdit(const QString& name);
-  /// Empty for an unknown id.
-  QString nameById(quint32 id) const { return mNameById.value(id); }
+  /// Null for an unknown id, and for those that mean "no id".
+  const CParamDefItem* findById(quint32 id) const { return mKeys.byId(id); }
   /// By id and then by name.
   QVector<const CParamDefItem*> sorted() const;
 
   /// Adds a definition whose name is not known, and marks the store changed.
   CParamDefItem* add(const CParamDefItem& definition);
   /// Takes over what a file holds; names and ids that are known become the file's.
-  void unite(const CParamDefinitions& definitions, const QHash<quint32, QString>& nameById);
+  void unite(const CParamDefinitions& definitions);
   /// Enters the references of definitions by visibility and unit, by ascending id.
   void updateReferenceIdList(const CParamDefinitions& definitions);
   QList<quint32> referencedBy(quint32 id) const { return mReferences.value(id).list(); }
@@ -47,10 +51,10 @@ class CDefinitionStore {
   void setMetaData(const CXMLMetaData& metaData) { mMetaData = metaData; }
 
  private:
-  CParamDefItem* store(const QString& name, const CParamDefItem& definition);
+  CParamDefItem* append(const CParamDefItem& definition);
 
-  CParamDefinitions mByName;  // never shared, so the pointers stay
-  QHash<quint32, QString> mNameById;
+  std::deque<CParamDefItem> mDefinitions;  // which stay where they are
+  CDefinitionKeys mKeys;
   QMap<quint32, CUniqueList<quint32>> mReferences;
   CXMLMetaData mMetaData;
   bool mChanged = false;

@@ -87,7 +87,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   QStringList paramNames(quint8 subDevId) const override;
   CParamDefItem paramDef(const QString& name) const override;
   CParamDefItem* paramDefPtr(const QString& name) override;
-  CParamDefItem paramDef(quint32 id) const override { return paramDef(nameById(id)); }
+  CParamDefItem paramDef(quint32 id) const override;
   CParamVal paramValue(const QString& name, quint8 subDevId) const override;
   CParamVal paramValue(quint32 id, quint8 subDevId) const override;
   bool isReferenced(const QString& name) const override;
@@ -137,7 +137,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
 
  protected:
   // The answers of this object alone, without a group and without a message.
-  QString ownNameById(quint32 id) const { return mDefinitions.nameById(id); }
+  QString ownNameById(quint32 id) const;
   const CParamDefItem* ownDefinition(const QString& name) const { return mDefinitions.find(name); }
   CParamVal ownParamValue(const QString& name, quint8 subDevId) const;
   bool ownIsReferenced(quint32 id) const { return mDefinitions.isReferenced(id); }
@@ -178,8 +178,9 @@ class CParameterFileBaseImpl : public ICParameterFile {
   const CSubDeviceTree* activeTreeOf(const CParamTreeNodeImpl* node) const;
   CParamTreeNodeImpl* checkParent(ICParamTreeNode* parent, const QString& name,
                                   CSubDeviceTree*& tree);
-  CParamTreeNodeImpl* addGroupTo(CSubDeviceTree& tree, CParamTreeNodeImpl* parent,
-                                 const QString& name);
+  CParamTreeNodeImpl* followPath(QStringList& path, quint8 subDevId);
+  bool checkNewGroups(const CParamTreeNodeImpl* parent, const QStringList& names,
+                      quint8 subDevId) const;
   ICParamTreeNode* addDefinedParameter(ICParamTreeNode* parent, const QString& name,
                                        const CParamVal* value);
 

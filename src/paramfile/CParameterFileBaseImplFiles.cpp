@@ -36,7 +36,7 @@ bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 r
   }
   const CParamDefinitions& definitions = file.paramDefinitions();
   mDefinitions.updateReferenceIdList(definitions);
-  mDefinitions.unite(definitions, file.nameByIdHash());
+  mDefinitions.unite(definitions);
   mDefinitions.setMetaData(file.headMetaData());
   return true;
 }

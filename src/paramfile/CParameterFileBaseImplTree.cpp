@@ -44,6 +44,16 @@ ICParamTreeNode* searchParameter(const ICParamTreeNode& node, const QString& nam
   return nullptr;
 }
 
+/// The names in a group path.
+QStringList piecesOf(QString path) {
+  QStringList pieces;
+  while (!path.isEmpty()) {
+    pieces += CParameterFileBaseImpl::getNextSubPath(path);
+  }
+  pieces.removeAll(QString());
+  return pieces;
+}
+
 }  // namespace
 
 CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() {
@@ -135,27 +145,38 @@ QString CParameterFileBaseImpl::getNextSubPath(QString& path) {
 }
 
 ICParamTreeNode* CParameterFileBaseImpl::existingSubGroup(const QString& path, quint8 subDevId) {
-  CSubDeviceTree* tree = activeTree(subDevId);
-  CParamTreeNodeImpl* group = tree != nullptr ? tree->root() : nullptr;
-  QString rest = path;
-  while (group != nullptr && !rest.isEmpty()) {
-    const QString piece = getNextSubPath(rest);
-    if (!piece.isEmpty()) {
-      group = tree->group(group, piece);
-    }
+  QStringList rest = piecesOf(path);
+  CParamTreeNodeImpl* group = followPath(rest, subDevId);
+  return rest.isEmpty() ? group : nullptr;
+}
+
+ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& path, quint8 subDevId) {
+  QStringList missing = piecesOf(path);
+  CParamTreeNodeImpl* group = followPath(missing, subDevId);
+  if (!checkNewGroups(group, missing, subDevId)) {
+    return nullptr;
+  }
+  CSubDeviceTree& tree = createActiveTree(subDevId);
+  group = group != nullptr ? group : tree.root();
+  for (const QString& name : qAsConst(missing)) {
+    group = tree.addGroup(group, name);
+    setHwIdChanged(mHardwareId);
   }
   return group;
 }
 
-ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& path, quint8 subDevId) {
-  CSubDeviceTree& tree = createActiveTree(subDevId);
-  CParamTreeNodeImpl* group = tree.root();
-  QString rest = path;
-  while (group != nullptr && !rest.isEmpty()) {
-    const QString piece = getNextSubPath(rest);
-    if (!piece.isEmpty()) {
-      group = addGroupTo(tree, group, piece);
+/// The last group of a path that exists, null when not even the sub-device does; `path` keeps the
+/// pieces behind it.
+CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path, quint8 subDevId) {
+  CSubDeviceTree* tree = activeTree(subDevId);
+  CParamTreeNodeImpl* group = tree != nullptr ? tree->root() : nullptr;
+  while (group != nullptr && !path.isEmpty()) {
+    CParamTreeNodeImpl* next = tree->group(group, path.first());
+    if (next == nullptr) {
+      break;
     }
+    group = next;
+    path.removeFirst();
   }
   return group;
 }
@@ -167,35 +188,42 @@ ICParamTreeNode* CParameterFileBaseImpl::addGroup(ICParamTreeNode* parent, const
   }
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = checkParent(parent, name, tree);
-  return group != nullptr ? addGroupTo(*tree, group, name) : nullptr;
-}
-
-CParamTreeNodeImpl* CParameterFileBaseImpl::addGroupTo(CSubDeviceTree& tree,
-                                                       CParamTreeNodeImpl* parent,
-                                                       const QString& name) {
-  CParamTreeNodeImpl* existing = tree.group(parent, name);
-  if (existing != nullptr) {
+  CParamTreeNodeImpl* existing = group != nullptr ? tree->group(group, name) : nullptr;
+  if (group == nullptr || existing != nullptr) {
     return existing;
   }
-  const CParamTreeNodeImpl* parameter = tree.node(name);
-  if (parameter != nullptr && parameter->parent() == parent) {
-    setErrorMsg(tr("SubDevice %1 : Adding group \"%2\" to parent \"%3\" failed because there is "
-                   "alrady a parameter with the same name!")
-                    .arg(QString::number(tree.subDevId()), name, parent->name()));
-    return nullptr;
-  }
-  if (name.isEmpty() || isReservedName(name)) {
-    setErrorMsg(name.isEmpty() ? tr("A group needs a name.") : reservedNameMessage(name));
-    return nullptr;
-  }
-  if (depthOf(parent) >= kMaxGroupDepth) {
-    setErrorMsg(tr("SubDevice %1 : Adding group \"%2\" failed because groups can be nested %3 "
-                   "deep at most!")
-                    .arg(QString::number(tree.subDevId()), name, QString::number(kMaxGroupDepth)));
+  if (!checkNewGroups(group, {name}, tree->subDevId())) {
     return nullptr;
   }
   setHwIdChanged(mHardwareId);
-  return tree.addGroup(parent, name);
+  return tree->addGroup(group, name);
+}
+
+/// Whether groups, each within the one before it, can be added to a parent, which has none of the
+/// first name. Null stands for the root group of a sub-device that does not exist yet.
+bool CParameterFileBaseImpl::checkNewGroups(const CParamTreeNodeImpl* parent,
+                                            const QStringList& names, quint8 subDevId) const {
+  const CParamTreeNodeImpl* parameter =
+      parent != nullptr && !names.isEmpty() ? activeTree(subDevId)->node(names.first()) : nullptr;
+  if (parameter != nullptr && parameter->parent() == parent) {
+    return setErrorMsg(
+        tr("SubDevice %1 : Adding group \"%2\" to parent \"%3\" failed because there "
+           "is alrady a parameter with the same name!")
+            .arg(QString::number(subDevId), names.first(), parent->name()));
+  }
+  int depth = parent != nullptr ? depthOf(parent) : 0;
+  for (const QString& name : names) {
+    if (name.isEmpty() || isReservedName(name)) {
+      return setErrorMsg(name.isEmpty() ? tr("A group needs a name.") : reservedNameMessage(name));
+    }
+    if (depth++ >= kMaxGroupDepth) {
+      return setErrorMsg(
+          tr("SubDevice %1 : Adding group \"%2\" failed because groups can be nested %3 deep at "
+             "most!")
+              .arg(QString::number(subDevId), name, QString::number(kMaxGroupDepth)));
+    }
+  }
+  return true;
 }
 
 /// The parent of a new node must be a group of the active hardware id.

@@ -1,12 +1,16 @@
 // Access to definitions and values.
 
-#include "CParamDefFile.h"
 #include "CParameterFileBaseImpl.h"
 #include "CParameterFileHelper.h"
 
 CParamDefItem CParameterFileBaseImpl::paramDef(const QString& name) const {
   const CParamDefItem* definition = mDefinitions.find(name);
   return definition != nullptr ? *definition : CParamDefItem();
+}
+
+QString CParameterFileBaseImpl::ownNameById(quint32 id) const {
+  const CParamDefItem* definition = mDefinitions.findById(id);
+  return definition != nullptr ? definition->name() : QString();
 }
 
 CParamVal CParameterFileBaseImpl::ownParamValue(const QString& name, quint8 subDevId) const {
@@ -16,7 +20,7 @@ CParamVal CParameterFileBaseImpl::ownParamValue(const QString& name, quint8 subD
 
 quint32 CParameterFileBaseImpl::idByName(const QString& name) const {
   const CParamDefItem definition = paramDef(name);
-  if (!definition.valid()) {
+  if (definition.name().isEmpty()) {
     setErrorMsg(tr("There is no parameter defined with name \"%1\".").arg(name),
                 tr("Parameter file idByName() failed"));
   }
@@ -50,18 +54,26 @@ CParamVal CParameterFileBaseImpl::paramValue(const QString& name, quint8 subDevI
   return ownParamValue(name, subDevId);
 }
 
+// By an id that no definition has, nothing is found: not even what has an empty name.
+
+CParamDefItem CParameterFileBaseImpl::paramDef(quint32 id) const {
+  const QString name = nameById(id);
+  return name.isEmpty() ? CParamDefItem() : paramDef(name);
+}
+
 CParamVal CParameterFileBaseImpl::paramValue(quint32 id, quint8 subDevId) const {
-  return paramValue(nameById(id), subDevId);
+  const QString name = nameById(id);
+  return name.isEmpty() ? CParamVal() : paramValue(name, subDevId);
 }
 
 bool CParameterFileBaseImpl::isReferenced(const QString& name) const {
-  const CParamDefItem definition = paramDef(name);
-  return definition.valid() && isReferenced(definition.id());
+  const quint32 id = paramDef(name).id();
+  return NParamDef::isRealId(id) && isReferenced(id);
 }
 
 QList<quint32> CParameterFileBaseImpl::referencedBy(const QString& name) const {
-  const CParamDefItem definition = paramDef(name);
-  return definition.valid() ? referencedBy(definition.id()) : QList<quint32>();
+  const quint32 id = paramDef(name).id();
+  return NParamDef::isRealId(id) ? referencedBy(id) : QList<quint32>();
 }
 
 bool CParameterFileBaseImpl::setParamValue(const QString& name, const CParamVal& value,
@@ -82,7 +94,8 @@ bool CParameterFileBaseImpl::setParamValue(const QString& name, const CParamVal&
 }
 
 bool CParameterFileBaseImpl::setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) {
-  return setParamValue(nameById(id), value, subDevId);
+  const QString name = nameById(id);
+  return !name.isEmpty() && setParamValue(name, value, subDevId);
 }
 
 bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CParamVal& value,
@@ -103,7 +116,8 @@ bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CPa
 
 bool CParameterFileBaseImpl::setAndMarkParamValue(quint32 id, const CParamVal& value,
                                                   quint8 subDevId) {
-  return setAndMarkParamValue(nameById(id), value, subDevId);
+  const QString name = nameById(id);
+  return !name.isEmpty() && setAndMarkParamValue(name, value, subDevId);
 }
 
 CParamDefItem* CParameterFileBaseImpl::addDef(const CParamDefItem& definition) {
@@ -128,11 +142,11 @@ bool CParameterFileBaseImpl::checkNewDefinition(const CParamDefItem& definition)
     return setErrorMsg(tr("There is already a parameter defined with name \"%1\".").arg(name),
                        context);
   }
-  const QString owner = ownNameById(definition.id());
-  if (CParamDefFile::isRealId(definition.id()) && !owner.isEmpty()) {
+  const CParamDefItem* owner = mDefinitions.findById(definition.id());
+  if (owner != nullptr) {
     return setErrorMsg(tr("Parameter \"%1\" cannot have the id %2, which belongs to parameter "
                           "\"%3\".")
-                           .arg(name, QString::number(definition.id()), owner),
+                           .arg(name, QString::number(definition.id()), owner->name()),
                        context);
   }
   return true;

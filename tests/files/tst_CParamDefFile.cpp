@@ -117,6 +117,27 @@ class tst_CParamDefFile : public QObject {
     }
   }
 
+  void qtDomTakesAndGivesTextsWholeThatNoFileHolds() {
+    QString hint;
+    for (const int unit : {0xFEFF, 0, 0xD800, 0x10, 0xDC00, 0xD7FF, 0xD83D, 0xDD29, 0xFFFE}) {
+      hint += QChar(unit);
+    }
+    CParamDefItem definition("A", NParamDef::PARAM_TYPE_U8, 7);
+    definition.setHint(hint);
+    QDomDocument document;
+    QDomElement section = document.createElement("Data");
+    CParamDefFile::appendParamDefinitionToDom(section, definition);
+    QCOMPARE(section.firstChildElement().firstChildElement("Hint").text(), hint);
+    CParamDefFile file(nullptr, nullptr);
+    QVERIFY(file.readParamDefinitionFromDom(section.firstChildElement()));
+    QCOMPARE(file.paramDefinitions().at("A").hint(), hint);
+    QString error;
+    QVERIFY(CDomDoc::fromDom(section).toByteArray("UTF-8", error).isEmpty());
+    QVERIFY(!file.save("never", file.paramDefinitions(), "1.0"));
+    QCOMPARE(file.errorMsg(), QString("File \"never\": <Param> \"A\": the text of <Hint> holds the "
+                                      "character \\u0000, which XML cannot hold."));
+  }
+
   void aDefinitionIsEnteredOnce() {
     CParamDefFile file(nullptr, nullptr);
     QVERIFY(file.enterDefinition(CParamDefItem("Speed", NParamDef::PARAM_TYPE_F64, 7)));
@@ -152,6 +173,16 @@ class tst_CParamDefFile : public QObject {
     QVERIFY(!file->saveParamDefFile(fileName, 0x10000));
     QCOMPARE(file->errorMsg(), reason.replace("@FILE@", fileName));
     QCOMPARE(read(fileName), QByteArray("old"));
+  }
+
+  void anEmptiedLimitLimitsNothing() {
+    QTemporaryDir folder;
+    auto file = makeFile();
+    CParamDefItem* a = file->addDef("A", NParamDef::PARAM_TYPE_I32, 7);
+    a->setMaxVal(-1);
+    for (const char* min : {"-2", ""}) a->setMinVal(min);
+    QVERIFY2(file->saveParamDefFile(folder.filePath("a"), 0x10000), qPrintable(file->errorMsg()));
+    QVERIFY2(file->loadParamDefFile(folder.filePath("a"), 0x10000), qPrintable(file->errorMsg()));
   }
 
   void logsASuccessfulLoad() {

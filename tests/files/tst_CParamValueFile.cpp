@@ -240,16 +240,19 @@ class tst_CParamValueFile : public QObject {
   void savesNothingThatCouldNotBeRead() {
     QTemporaryDir folder;
     const QString name = folder.filePath("a.xparam");
-    auto file = makeFile();
-    for (const char* id : {"HW", "HW "}) {
-      QVERIFY(file->addHardwareId(id));
-      file->rootGroup(0);
+    for (const QString& id : {QString("HW"), QString()}) {
+      auto file = makeFile();
+      for (const QString& each : {id, QString(id + ' ')}) {
+        QVERIFY(file->addHardwareId(each));
+        file->rootGroup(0);
+      }
+      QVERIFY(!file->saveParamFile(name, QString(), 0x10000));
+      QCOMPARE(
+          file->errorMsg(),
+          QString("The hardware ids \"%1\" and \"%1 \" differ in nothing but blanks around them.")
+              .arg(id));
+      QVERIFY(file->saveParamFile(name, id + ' ', 0x10000));
     }
-    QVERIFY(!file->saveParamFile(name, QString(), 0x10000));
-    QCOMPARE(
-        file->errorMsg(),
-        QString("The hardware ids \"HW\" and \"HW \" differ in nothing but blanks around them."));
-    QVERIFY(file->saveParamFile(name, "HW ", 0x10000));
   }
 
   void anEmptyNameIsNone() {

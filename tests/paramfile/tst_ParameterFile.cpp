@@ -81,6 +81,9 @@ class tst_ParameterFile : public QObject {
     QCOMPARE(file->paramDefPtr("Speed"), speed);
     QCOMPARE(speed->type(), NParamDef::PARAM_TYPE_I64);
     QCOMPARE(file->nameById(5), QString("Speed"));
+    QVERIFY(file->nameById(1).isEmpty());
+    QVERIFY(file->addDef("One", NParamDef::PARAM_TYPE_U8, 1));
+    file->clearChanged();
     speed->setHint(speed->hint());
     QVERIFY(!file->defChanged());
     speed->setHint("changed");
@@ -90,6 +93,79 @@ class tst_ParameterFile : public QObject {
     copy.paramDefPtr("Speed")->setHint("too");
     QVERIFY(copy.defChanged());
     QCOMPARE(file->paramDef("Speed").hint(), QString("changed"));
+  }
+
+  void editedDefinitionsAreFoundByWhatTheyAreNow() {
+    const auto file = makeSmall();
+    QVector<CParamDefItem*> definitions;
+    for (const QString& name : file->defNames()) definitions += file->paramDefPtr(name);
+    std::mt19937 random(4711);
+    for (int edit = 0; edit < 2000; ++edit) {
+      CParamDefItem& definition = *definitions.at(int(random() % 4));
+      const auto id = quint32(random() % 8);
+      const QString name = QString("D%1").arg(random() % 8);
+      file->clearChanged();
+      const bool isEdit = id != definition.id() || name != definition.name();
+      if (edit % 2 == 0) definition = CParamDefItem(name, NParamDef::PARAM_TYPE_U8, id);
+      if (edit % 2 == 1) definition.setId(id), definition.setName(name);
+      QVERIFY(file->defChanged() || !isEdit);
+      for (int i = 0; i < 8; ++i) {
+        const QString someName = QString("D%1").arg(i);
+        const QString found = file->nameById(quint32(i));
+        bool isName = false;
+        bool isId = false;
+        for (const CParamDefItem* each : qAsConst(definitions)) {
+          isName |= each->name() == someName;
+          isId |= each->id() == quint32(i) && (found == each->name());
+        }
+        QCOMPARE(file->paramDef(someName).name(), isName ? someName : QString());
+        QVERIFY2(isId != found.isEmpty(), qPrintable(found));
+      }
+    }
+  }
+
+  void anEditedDefinitionClashesByWhatItIsNow() {
+    const auto file = makeSmall();
+    CParamDefItem* speed = file->paramDefPtr("Speed");
+    speed->setName("Velocity");
+    speed->setId(7);
+    QVERIFY(!file->addDef("New", NParamDef::PARAM_TYPE_U8, 7));
+    QCOMPARE(file->errorMsg(), QString("Parameter \"New\" cannot have the id 7, which belongs to "
+                                       "parameter \"Velocity\"."));
+    QVERIFY(!file->addDef("Velocity", NParamDef::PARAM_TYPE_U8, 8));
+    QVERIFY(file->addDef("Speed", NParamDef::PARAM_TYPE_U8, 1));
+    speed->setChangedFlag(nullptr);
+    file->clearChanged();
+    file->paramDefPtr("Velocity")->setHint("changed");
+    QVERIFY(file->defChanged());
+  }
+
+  void whatHasNoIdIsNotFoundByOne() {
+    for (const auto create : {&ICParameterFile::create, &ICParameterFile::createSingle}) {
+      const CParameterFilePtr file(create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+      file->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000);
+      file->addDef("None", NParamDef::PARAM_TYPE_U8, NParamDef::NO_ID);
+      file->addDef("Zero", NParamDef::PARAM_TYPE_U8, 0);
+      QVERIFY(file->addParameter(file->rootGroup(1), "None"));
+      QVERIFY(file->addParameter(file->rootGroup(1), "Zero"));
+      auto& impl = dynamic_cast<CParameterFileBaseImpl&>(*file);
+      CSubDeviceTree& tree = impl.allTrees().begin()->second.at(1);
+      QVERIFY(tree.addParameter(tree.root(), "", 3, CParamVal("nameless")));
+      const QString before = NParamFileText::all(*file);
+      QCOMPARE(file->idByName("None"), NParamDef::NO_ID);
+      QCOMPARE(file->idByName("Zero"), 0u);
+      QCOMPARE(file->errorMsg(), QString());
+      QVERIFY(file->isReferenced(0u) && !file->isReferenced("Zero"));
+      QVERIFY(file->referencedBy("Zero").isEmpty());
+      for (const quint32 id : {0u, NParamDef::NO_ID, 77777u}) {
+        QVERIFY(!file->setParamValue(id, CParamVal(1U), 1));
+        QCOMPARE(file->errorMsg(), QString("There is no parameter defined with id %1.").arg(id));
+        QVERIFY(!file->setAndMarkParamValue(id, CParamVal(1U), 1));
+        QVERIFY(file->paramValue(id, 1).isNull());
+        QVERIFY(file->paramDef(id).name().isEmpty());
+      }
+      QCOMPARE(NParamFileText::all(*file), before);
+    }
   }
 
   void referencesComeFromVisibleDefinitions() {

@@ -55,9 +55,6 @@ class tst_ParameterFileErrors : public QObject {
     FAILS(f.setParamValue("%1", CParamVal("x"), 1),
           "setParamValue() failed because there is no parameter value for sub device 1 and name "
           "\"%1\"");
-    FAILS(f.setParamValue(99, CParamVal("x"), 1),
-          "setParamValue() failed because there is no parameter value for sub device 1 and name "
-          "\"\"");
 
     FAILS(f.addDef("", NParamDef::PARAM_TYPE_U8, 9), "A parameter definition needs a name.");
     FAILS(f.addDef("[standard constructed]", NParamDef::PARAM_TYPE_U8, 9),
@@ -78,6 +75,11 @@ class tst_ParameterFileErrors : public QObject {
     FAILS(f.subGroup("G/Inner/Speed/x", 1),
           "SubDevice 1 : Adding group \"Speed\" to parent \"Inner\" failed because there is alrady "
           "a parameter with the same name!");
+    FAILS(f.subGroup("G/New/[standard constructed]", 1),
+          "The name \"[standard constructed]\" is reserved.");
+    FAILS(
+        f.subGroup(QString("g/").repeated(1020), 9),
+        "SubDevice 9 : Adding group \"g\" failed because groups can be nested 1019 deep at most!");
     FAILS(f.addGroup(f.rootGroup(1), ""), "A group needs a name.");
     FAILS(f.addGroup(f.rootGroup(1), "[standard constructed]"),
           "The name \"[standard constructed]\" is reserved.");

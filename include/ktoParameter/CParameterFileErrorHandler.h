@@ -26,7 +26,8 @@ class KTOPARAMETER_EXPORT CParameterFileErrorHandler {
   virtual bool handleHardwareIdError(const QString& expectedId, const QString& fileId,
                                      QString& errorMsg);
   /// Chooses among the ids of a file: the one equal to hardwareId, or the first when hardwareId is
-  /// empty; the choice is stored in hardwareId.
+  /// empty; the choice is stored in hardwareId. Accepted with one that the file does not have, a
+  /// load goes on and makes it the active one; an import fails.
   virtual bool handleHardwareIdError(QString& hardwareId, const QStringList& availableIds,
                                      QString& errorMsg);
 

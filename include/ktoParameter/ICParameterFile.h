@@ -166,7 +166,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// defChanged(). Null and a message for an unknown name.
   virtual CParamDefItem* paramDefPtr(const QString& name) = 0;
   virtual CParamDefItem paramDef(quint32 id) const = 0;
-  /// The value; null when there is none.
+  /// The value; null when there is none, since a null value is stored as an empty text.
   virtual CParamVal paramValue(const QString& name, quint8 subDevId) const = 0;
   virtual CParamVal paramValue(quint32 id, quint8 subDevId) const = 0;
   /// Whether a definition refers to this one by its visibility or as its unit.

@@ -123,12 +123,14 @@ class tst_ParameterFileImport : public QObject {
     QVERIFY(!first->paramDefPtr("Speed"));
     QVERIFY(first->isDefEmpty());
 
-    QVERIFY(first->addParameter(first->rootGroup(1), "Speed"));
+    ICParamTreeNode* speed = first->addParameter(first->rootGroup(1), "Speed");
+    QVERIFY(speed);
     QVERIFY(second->addParameter(second->rootGroup(1), "Speed", CParamVal(4U)));
     QCOMPARE(second->paramValue("Speed", 1), CParamVal(3U));
     QVERIFY(first->setAndMarkParamValue(7U, CParamVal("0x03"), 1));
     QVERIFY(!first->isChanged() || first->changedList() == QStringList("A"));
     QVERIFY(first->setParamValue("Speed", CParamVal(), 1));
+    QVERIFY(!second->paramValue("Speed", 1).isNull() && first->deleteNode(speed));
     QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
 
     first.reset();

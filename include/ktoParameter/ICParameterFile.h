@@ -55,7 +55,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual ~ICParameterFile();
 
   /// Installs a handler, which is not owned and must outlive its use here; it is told this object
-  /// with setParameterFile(). Null goes back to the object's own handler.
+  /// with setParameterFile(). Null goes back to the object's own handler. A handler that is asked
+  /// may change this object, clear it, or install another one, which is asked from then on.
   virtual void setErrorHandler(CParameterFileErrorHandler* handler) = 0;
 
   virtual NktoGlobal::EParamFileType fileType() const = 0;
@@ -95,7 +96,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool loadParamDefFile(const QString& fileName, quint32 revision) = 0;
   /// Adds a file's values: a group is merged into the one of its name, a value that is there takes
   /// the file's. The active hardware id becomes the given one, or the file's first for an empty
-  /// one. Marks nothing changed.
+  /// one; one that the error handler settles becomes active even when the file does not have it.
+  /// Marks nothing changed.
   virtual bool loadParamFile(const QString& fileName, const QString& hardwareId,
                              quint32 revision) = 0;
   /// As loadParamFile(), with the first sub-device of each hardware id of the file under the given
@@ -106,7 +108,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// Takes values over, all or nothing. Every parameter of the destination gets the source's value
   /// of the same sub-device and name, or else what `missing` says; parameters that this object
   /// defines and only the source holds are added, undefined ones are skipped. An empty source id is
-  /// the source's first, an empty destination the active one. Counts are in importResult().
+  /// the source's first, an empty destination the active one; one that was added and holds nothing
+  /// gets its trees now. A source id that the source does not have fails, also when the error
+  /// handler accepted it. Counts are in importResult().
   virtual bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
                                const QString& destinationHardwareId,
                                NParamDef::EImportMissing missing = NParamDef::ImportDefault) = 0;

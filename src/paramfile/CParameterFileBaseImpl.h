@@ -130,6 +130,9 @@ class CParameterFileBaseImpl : public ICParameterFile {
   /// An empty name would be written as such.
   void removeSubDevName(quint8 subDevId) { mSubDevNames.remove(subDevId); }
 
+  /// Stores the text as the last error and logs it; returns false.
+  bool setErrorMsg(const QString& text, const QString& context = QString()) const;
+
  protected:
   // The answers of this object alone, without a group and without a message.
   QString ownNameById(quint32 id) const { return mDefinitions.nameById(id); }
@@ -137,9 +140,6 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CParamVal ownParamValue(const QString& name, quint8 subDevId) const;
   bool ownIsReferenced(quint32 id) const { return mDefinitions.isReferenced(id); }
   QList<quint32> ownReferencedBy(quint32 id) const { return mDefinitions.referencedBy(id); }
-
-  /// Stores the text as the last error and logs it; returns false.
-  bool setErrorMsg(const QString& text, const QString& context = QString()) const;
 
  private:
   struct SLoadedValues;
@@ -154,9 +154,12 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void appendParameterRootNodes(CHardwareIdTrees&& trees);
   void takeOver(SLoadedValues&& loaded, quint32 revision);
   bool firstHardwareId(QString& hardwareId, const CHardwareIdTrees& trees) const;
-  CSubDeviceTrees* importDestination(QString& hardwareId);
-  bool importTrees(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
-                   const QString& destinationHardwareId, NParamDef::EImportMissing missing);
+  QString importDestination(const QString& hardwareId) const;
+  bool checkDestination(const QString& hardwareId) const;
+  bool importHardwareId(const CHardwareIdTrees& source, const QString& sourceHardwareId,
+                        const QString& destinationHardwareId, NParamDef::EImportMissing missing);
+  bool importParameters(const CSubDeviceTrees& source, const QString& destinationHardwareId,
+                        NParamDef::EImportMissing missing);
   bool checkNewDefinition(const CParamDefItem& definition) const;
   static bool isReservedName(const QString& name);
   static QString reservedNameMessage(const QString& name);

@@ -82,6 +82,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
                                            const QString& context, SLoadedValues& loaded,
                                            int asSubDevId) {
   CParamValueFile file(mFileType, mLogfile, mErrorHandler);
+  file.followErrorHandler(mErrorHandler);
   const QString version = CStr::revisionToString(revision);
   const CParamValueFile::EResult result =
       asSubDevId == kOwnSubDevIds
@@ -145,15 +146,11 @@ bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
                                              const QString& sourceHardwareId,
                                              const QString& destinationHardwareId,
                                              NParamDef::EImportMissing missing) {
-  QString destinationId = destinationHardwareId;
-  CSubDeviceTrees* destination = importDestination(destinationId);
-  if (destination == nullptr) {
-    return false;
-  }
   SLoadedValues source;
   source.hardwareId = sourceHardwareId;
-  return readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
+  return checkDestination(destinationHardwareId) &&
+         readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
                        tr("importParamFile() Loading parameter value file failed"), source,
                        kOwnSubDevIds) &&
-         importTrees(source.trees[source.hardwareId], *destination, destinationId, missing);
+         importHardwareId(source.trees, source.hardwareId, destinationHardwareId, missing);
 }

@@ -1,8 +1,11 @@
 #include "CAtomicFile.h"
 
+#include "FilePlace.h"
+#include "FileRights.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QRandomGenerator>
 
 #include <fcntl.h>
 #include <sys/sendfile.h>
@@ -10,127 +13,203 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+#include <cstdio>
 
 namespace {
 
-QString systemError(int code) {
-  return QString::fromLocal8Bit(std::strerror(code));
+constexpr mode_t kOwnersOnly = S_IRUSR | S_IWUSR;
+constexpr mode_t kAsUsual = 0666;  // less what the process or the folder takes away
+
+/// With the search path that the name may begin with, as Qt reads it.
+QByteArray bytesOf(const QString& fileName) {
+  return QFile::encodeName(QFileInfo(fileName).filePath());
 }
 
-/// The file at the end of a chain of symbolic links; an empty name for a ring of them.
-QString linkTarget(const QString& fileName) {
-  QFileInfo file(fileName);
-  for (int depth = 0; file.isSymLink(); ++depth) {
-    if (depth == 40) {  // as many as the system itself follows
-      return QString();
-    }
-    file.setFile(file.symLinkTarget());
-  }
-  return file.absoluteFilePath();
+mode_t toMode(QFileDevice::Permissions permissions) {
+  const auto bits = static_cast<mode_t>(permissions);  // a hexadecimal digit each
+  return (((bits >> 12U) | (bits >> 8U)) & 07U) << 6U | ((bits >> 4U) & 07U) << 3U | (bits & 07U);
 }
 
-/// A renamed file is safe only when its folder is on the disk too: without this the old file may
-/// come back after a power cut.
-bool syncFolder(const QString& folder) {
-  const int handle =
-      ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) {
-    return false;
+/// A file that did not exist before, removed again unless it is kept.
+class CNewFile {
+ public:
+  CNewFile(const CFileHandle& folder, const QByteArray& name, mode_t mode)
+      : mFolder(folder),
+        mName(name),
+        mFile(::openat(folder.number(), name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                       mode)),
+        mOpenError(errno) {}
+  CNewFile(const CNewFile&) = delete;
+  CNewFile& operator=(const CNewFile&) = delete;
+  ~CNewFile() {
+    if (mFile.isOpen() && !mIsKept) ::unlinkat(mFolder.number(), mName.constData(), 0);
   }
-  const bool synced = ::fsync(handle) == 0;
-  const int code = errno;
-  ::close(handle);
-  errno = code;
-  return synced;
+
+  /// The operations return 0, or the system's error.
+  int openError() const { return mFile.isOpen() ? 0 : mOpenError; }
+  int write(const QByteArray& content) const;
+  int append(const CFileHandle& source) const;
+  int sync() const { return ::fsync(number()) == 0 ? 0 : errno; }
+  int replace(const QByteArray& name);
+  void keep() { mIsKept = true; }
+  int number() const { return mFile.number(); }
+
+ private:
+  const CFileHandle& mFolder;
+  const QByteArray mName;
+  const CFileHandle mFile;
+  const int mOpenError;
+  bool mIsKept = false;
+};
+
+int CNewFile::write(const QByteArray& content) const {
+  for (int done = 0; done < content.size();) {
+    const auto left = static_cast<size_t>(content.size() - done);
+    const ssize_t written = ::write(number(), content.constData() + done, left);
+    if (written < 0 && errno != EINTR) return errno;
+    done += static_cast<int>(qMax<ssize_t>(written, 0));
+  }
+  return 0;
 }
 
-/// Gives the temporary file the permissions asked for, or exactly those of the file that it is to
-/// replace; Qt's own copy takes what this user may do for what the owner may.
-bool setMode(QSaveFile& file, const QString& target, QFileDevice::Permissions permissions) {
-  struct stat old {};
-  const bool exists = ::stat(QFile::encodeName(target).constData(), &old) == 0;
-  if (exists && ::fchown(file.handle(), old.st_uid, old.st_gid) != 0) {
-    // Only the superuser can give files away; the file then belongs to whoever saved it.
-  }
-  if (permissions) {
-    return file.setPermissions(permissions);
-  }
-  return !exists || ::fchmod(file.handle(), old.st_mode & 07777U) == 0;
-}
-
-/// Brings the whole content to the disk, under the temporary name. Every step is checked here,
-/// since QSaveFile::commit() overlooks a failing flush and a failing sync.
-bool fill(QSaveFile& file, const QByteArray& content, QString& reason) {
-  if (file.write(content) != content.size() || !file.flush()) {
-    reason = file.errorString();
-    return false;
-  }
-  if (::fsync(file.handle()) != 0) {
-    reason = systemError(errno);
-    return false;
-  }
-  return true;
-}
-
-/// Copies what is left of one open file to another and brings it to the disk: 0, or the system's
-/// error.
-int copyContent(int source, int target) {
+int CNewFile::append(const CFileHandle& source) const {
   constexpr size_t kChunkBytes = size_t(1) << 30U;
   ssize_t copied = 0;
   do {
-    copied = ::sendfile(target, source, nullptr, kChunkBytes);
+    copied = ::sendfile(number(), source.number(), nullptr, kChunkBytes);
   } while (copied > 0 || (copied < 0 && errno == EINTR));
-  return copied < 0 || ::fsync(target) != 0 ? errno : 0;
+  return copied == 0 ? 0 : errno;
 }
 
-/// An open file, closed at the end of its life.
-struct SHandle {
-  const int number;
-  ~SHandle() {
-    if (number >= 0) {
-      ::close(number);
-    }
-  }
-};
+/// Takes the name from the file that has it.
+int CNewFile::replace(const QByteArray& name) {
+  mIsKept =
+      ::renameat(mFolder.number(), mName.constData(), mFolder.number(), name.constData()) == 0;
+  return mIsKept ? 0 : errno;
+}
 
-/// Copies a file, with its permissions, to one that does not exist yet: 0, or the system's error.
-int copyToNewFile(const QByteArray& source, const QByteArray& target) {
-  struct stat info = {};
-  const SHandle from{::open(source.constData(), O_RDONLY | O_CLOEXEC)};
-  if (from.number < 0 || ::fstat(from.number, &info) != 0) {
-    return errno;
-  }
-  const SHandle to{::open(target.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR)};
-  if (to.number < 0) {
-    return errno;
-  }
-  const bool permitted = ::fchmod(to.number, info.st_mode & 07777U) == 0;
-  const int code = permitted ? copyContent(from.number, to.number) : errno;
-  if (code != 0) {
-    ::unlink(target.constData());
-  }
+/// Short, since a name may be as long as the system allows. A forked process must not have the
+/// same one.
+QByteArray temporaryName() {
+  return ".kto-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+}
+
+/// A new name is safe only when its folder is on the disk too: without this the old file may come
+/// back after a power cut.
+int syncFolder(const CFileHandle& folder) {
+  const CFileHandle readable(::openat(folder.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return readable.isOpen() && ::fsync(readable.number()) == 0 ? 0 : errno;
+}
+
+CFileHandle openToRead(const SFilePlace& place) {
+  return CFileHandle(
+      ::openat(place.folder.number(), place.name.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+}
+
+/// Copies a file, with its rights, to one that does not exist yet: 0, or the system's error.
+int copyToNew(const SFilePlace& source, const CFileHandle& folder, const QByteArray& name) {
+  const CFileHandle from = openToRead(source);
+  if (!from.isOpen()) return errno;
+  CNewFile copy(folder, name, kOwnersOnly);
+  int lost = 0;  // the file itself still has it
+  int code = copy.openError();
+  if (code == 0) code = copy.append(from);
+  if (code == 0) code = FileRights::copy(from.number(), copy.number(), {}, lost);
+  if (code == 0) code = copy.sync();
+  if (code == 0) copy.keep();
   return code;
 }
 
 /// Gives a file a second name, or makes a copy where the file system does not have such names.
 /// Neither replaces a file. Returns 0, or the system's error.
-int addName(const QString& fileName, const QString& newName) {
-  const QByteArray source = QFile::encodeName(fileName);
-  const QByteArray target = QFile::encodeName(newName);
-  if (::link(source.constData(), target.constData()) == 0) {
+int addName(const SFilePlace& file, const CFileHandle& folder, const QByteArray& name) {
+  if (::linkat(file.folder.number(), file.name.constData(), folder.number(), name.constData(), 0) ==
+      0) {
     return 0;
   }
-  return errno == EEXIST ? errno : copyToNewFile(source, target);
+  return errno == EEXIST ? errno : copyToNew(file, folder, name);
+}
+
+/// Gives a file a new name, which must be free: 0, or the system's error.
+int moveToNew(const SFilePlace& file, const SFilePlace& free) {
+  if (::renameat2(file.folder.number(), file.name.constData(), free.folder.number(),
+                  free.name.constData(), RENAME_NOREPLACE) == 0) {
+    return 0;
+  }
+  if (errno == EEXIST) return errno;
+  const int code = addName(file, free.folder, free.name);  // not every file system can refuse
+  if (code == 0) ::unlinkat(file.folder.number(), file.name.constData(), 0);
+  return code;
+}
+
+/// Finds what is to be replaced or backed up: 0, or the system's error; ELOOP is also that of
+/// anything but a regular file or a free name.
+int findFile(const QString& fileName, SFilePlace& place, bool& exists) {
+  const QByteArray path = bytesOf(fileName);
+  struct stat info = {};
+  exists = ::stat(path.constData(), &info) == 0;
+  const bool isOther = exists && !S_ISREG(info.st_mode);
+  if (isOther || !QFileInfo(fileName).isNativePath()) return ELOOP;
+  return place.find(path, SFilePlace::FollowLast);
+}
+
+/// Puts a new file in the place of the old one, if there is one: 0, or the system's error.
+int replace(const SFilePlace& place, bool exists, const QByteArray& content,
+            std::optional<mode_t> mode, int& lost) {
+  const CFileHandle old = exists ? openToRead(place) : CFileHandle();
+  if (exists && !old.isOpen()) return errno;
+  CNewFile file(place.folder, temporaryName(), exists || mode ? kOwnersOnly : kAsUsual);
+  int code = file.openError();
+  if (code == 0) code = file.write(content);
+  if (code == 0 && exists) {
+    code = FileRights::copy(old.number(), file.number(), mode, lost);
+  } else if (code == 0 && mode) {
+    code = FileRights::setMode(file.number(), *mode);
+  }
+  if (code == 0) code = file.sync();
+  return code == 0 ? file.replace(place.name) : code;
+}
+
+QString strangersLink() {
+  return CAtomicFile::tr(
+      "on the way to the file is a symbolic link that belongs to somebody else, in a folder that "
+      "everybody can write to. It is not followed for writing.");
+}
+
+QString unsyncedFolder(int code) {
+  return CAtomicFile::tr(
+             "the file is written, but its folder could not be brought to the disk: %1.")
+      .arg(qt_error_string(code));
+}
+
+QString notKeptText(int lost) {
+  QStringList words;
+  if ((lost & FileRights::Owner) != 0) words += CAtomicFile::tr("owner");
+  if ((lost & FileRights::Group) != 0) words += CAtomicFile::tr("group");
+  if ((lost & FileRights::AccessList) != 0) words += CAtomicFile::tr("access control list");
+  if ((lost & FileRights::Attributes) != 0) words += CAtomicFile::tr("attributes");
+  if (words.isEmpty()) return QString();
+  return CAtomicFile::tr("the file is saved, but these could not be kept: %1.")
+      .arg(words.join(QLatin1String(", ")));
 }
 
 }  // namespace
 
+QString CAtomicFile::nameProblem(const QString& fileName) {
+  if (fileName.isEmpty()) return tr("no file is named.");
+  // U+FFFD is what bytes become that are no text, here or before the name came here.
+  const bool isExact = QFile::decodeName(QFile::encodeName(fileName)) == fileName &&
+                       !fileName.contains(QChar::ReplacementCharacter) &&
+                       !fileName.contains(QChar::Null);
+  if (isExact) return QString();
+  return tr(
+      "the name is no valid text in the encoding of the locale, so it could mean another file. "
+      "Rename the file, or set the locale of its name.");
+}
+
 bool CAtomicFile::read(const QString& fileName, QByteArray& content, QString& error) {
-  if (fileName.isEmpty()) {  // Qt would print a warning
-    error = tr("no file is named.");
-    return false;
-  }
+  error = nameProblem(fileName);
+  if (!error.isEmpty()) return false;
   const QFileInfo info(fileName);
   if (info.exists() && !info.isFile()) {
     error = tr("this is not a regular file.");
@@ -159,60 +238,90 @@ bool CAtomicFile::read(const QString& fileName, QByteArray& content, QString& er
 }
 
 bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
-                        QFileDevice::Permissions permissions, QString& error) {
-  const QString target = linkTarget(fileName);
-  const QFileInfo info(target);
-  if (target.isEmpty() || (info.exists() && !info.isFile())) {
-    error = tr("this is not a regular file and is not replaced.");
+                        QFileDevice::Permissions permissions, QString& error, QString* notKept) {
+  error = nameProblem(fileName);
+  if (!error.isEmpty()) return false;
+  SFilePlace place;
+  bool exists = false;
+  int code = findFile(fileName, place, exists);
+  if (code == ELOOP || place.hasStrangersLink) {
+    error = code == ELOOP ? tr("this is not a regular file and is not replaced.") : strangersLink();
     return false;
   }
-  QSaveFile file(target);
-  if (!file.open(QIODevice::WriteOnly)) {
-    error = tr("the file cannot be written: %1.").arg(file.errorString());
+  const auto mode = permissions ? std::optional<mode_t>(toMode(permissions)) : std::nullopt;
+  int lost = 0;
+  if (code == 0) code = replace(place, exists, content, mode, lost);
+  if (code != 0) {
+    const QString reason = qt_error_string(code);
+    error = exists ? tr("the file cannot be written, the old one is kept: %1.").arg(reason)
+                   : tr("the file cannot be written: %1.").arg(reason);
     return false;
   }
-  QString reason;
-  if (!setMode(file, target, permissions)) {
-    reason = tr("its permissions cannot be set");
-  }
-  if (!reason.isEmpty() || !fill(file, content, reason)) {
-    file.cancelWriting();
-    error = tr("the file cannot be written, the old one is kept: %1.").arg(reason);
-    return false;
-  }
-  if (!file.commit()) {
-    error = tr("the file cannot be replaced, the old one is kept: %1.").arg(file.errorString());
-    return false;
-  }
-  if (!syncFolder(info.absolutePath())) {
-    error = tr("the file is written, but its folder could not be brought to the disk: %1.")
-                .arg(systemError(errno));
-    return false;
-  }
-  return true;
+  if (notKept != nullptr) *notKept = notKeptText(lost);
+  code = syncFolder(place.folder);
+  if (code != 0) error = unsyncedFolder(code);
+  return code == 0;
 }
 
 bool CAtomicFile::keepAsBackup(const QString& fileName, QString& backupName, QString& error) {
   constexpr int kMaxBackups = 10000;
-  const QFileInfo source(linkTarget(fileName));
-  if (!source.isFile()) {
+  error = nameProblem(fileName);
+  if (!error.isEmpty()) return false;
+  SFilePlace file;
+  SFilePlace beside;
+  bool exists = false;
+  int code = findFile(fileName, file, exists);
+  if (code == ELOOP || !exists) {
     error = tr("this is not a regular file and is not kept as a backup.");
     return false;
   }
-  QString name = fileName + QLatin1String(".bak");
-  int code = addName(source.filePath(), name);
+  if (file.hasStrangersLink) {
+    error = strangersLink();
+    return false;
+  }
+  if (code == 0) code = beside.find(bytesOf(fileName), SFilePlace::KeepLast);
+  QByteArray suffix = ".bak";
+  if (code == 0) code = addName(file, beside.folder, beside.name + suffix);
   for (int number = 1; code == EEXIST && number < kMaxBackups; ++number) {
-    name = fileName + QLatin1String(".bak.") + QString::number(number);
-    code = addName(source.filePath(), name);
+    suffix = ".bak." + QByteArray::number(number);
+    code = addName(file, beside.folder, beside.name + suffix);
   }
-  const QString folder = QFileInfo(name).absolutePath();
-  if (code == 0 && !syncFolder(folder)) {
-    code = errno;
-  }
+  if (code == 0) code = syncFolder(beside.folder);
+  const QString name = fileName + QLatin1String(suffix);
   if (code != 0) {
-    error = tr("the file cannot be kept as \"%1\": %2.").arg(name, systemError(code));
+    error = tr("the file cannot be kept as \"%1\": %2.").arg(name, qt_error_string(code));
     return false;
   }
   backupName = name;
   return true;
+}
+
+bool CAtomicFile::renameToNew(const QString& fileName, const QString& newName, QString& error) {
+  error = nameProblem(newName);
+  if (!error.isEmpty()) return false;
+  SFilePlace file;
+  SFilePlace free;
+  int code = file.find(bytesOf(fileName), SFilePlace::KeepLast);
+  if (code == 0) code = free.find(bytesOf(newName), SFilePlace::KeepLast);
+  if (free.hasStrangersLink) {
+    error = strangersLink();
+    return false;
+  }
+  if (code == 0) code = moveToNew(file, free);
+  if (code != 0) {
+    error = code == EEXIST ? tr("the file exists already and is not replaced.")
+                           : tr("the file cannot be written: %1.").arg(qt_error_string(code));
+    return false;
+  }
+  code = syncFolder(free.folder);
+  if (code != 0) error = unsyncedFolder(code);
+  return code == 0;
+}
+
+bool CAtomicFile::isSameFile(const QString& fileName, const QString& otherName) {
+  SFilePlace file;
+  SFilePlace other;
+  const bool areFound = file.find(bytesOf(fileName), SFilePlace::FollowLast) == 0 &&
+                        other.find(bytesOf(otherName), SFilePlace::FollowLast) == 0;
+  return areFound ? file.isSame(other) : fileName == otherName;
 }

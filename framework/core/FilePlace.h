@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <unistd.h>
+
+#include <utility>
+
+/// An open file or folder, closed at the end of its life.
+class CFileHandle {
+ public:
+  explicit CFileHandle(int number = -1) : mNumber(number) {}
+  CFileHandle(CFileHandle&& other) noexcept : mNumber(other.mNumber) { other.mNumber = -1; }
+  CFileHandle& operator=(CFileHandle&& other) noexcept {
+    std::swap(mNumber, other.mNumber);
+    return *this;
+  }
+  ~CFileHandle() {
+    if (isOpen()) ::close(mNumber);
+  }
+
+  bool isOpen() const { return mNumber >= 0; }
+  int number() const { return mNumber; }
+
+ private:
+  int mNumber;
+};
+
+/// Where a name leads, in bytes, as the system resolves it. The folder stays open, so that nobody
+/// can put another one in its place meanwhile.
+struct SFilePlace {
+  enum ELastLink { FollowLast, KeepLast };
+
+  CFileHandle folder;  ///< good for the calls that end in "at", not for reading it
+  QByteArray name;     ///< of a file in it, which need not exist; a folder may be "." or ".."
+  /// On the way is a symbolic link of somebody else in a sticky folder that all may write to. The
+  /// system's protection of such links would not follow it.
+  bool hasStrangersLink = false;
+
+  /// Follows every link on the way, the last one only if told. 0, or the system's error.
+  int find(const QByteArray& path, ELastLink last);
+
+  /// Whether both are one file, which need not exist.
+  bool isSame(const SFilePlace& other) const;
+
+ private:
+  int enter(int from, const char* name);
+  bool isStrangersLink(const struct stat& link) const;
+};

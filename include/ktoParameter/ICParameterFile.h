@@ -5,6 +5,7 @@
 #include "ICParamTreeNode.h"
 #include "NParamDef.h"
 #include "NktoGlobal.h"
+#include "SParamFinding.h"
 #include "ktoParameter_export.h"
 
 #include <QDate>
@@ -148,7 +149,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual void setDefMetaData(const QString& author, const QString& comment) = 0;
   virtual void setMetaData(const QString& author, const QString& comment) = 0;
 
-  // --- Sub-device types and names, which all hardware ids share
+  // --- Sub-device types and names, which all hardware ids share: where those of a file differ, the
+  // last one counts, and loadFindings() tells
 
   virtual NParamDef::ESubDeviceTypes subDevType(quint8 subDevId) const = 0;
   /// Marks the active hardware id changed when the stored type changes; likewise the name.
@@ -237,6 +239,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool setAndMarkParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
   /// Puts a hardware id on the changed list.
   virtual void setHwIdChanged(const QString& hardwareId) = 0;
+  /// What the last value file that was loaded holds and a save would not write again: types and
+  /// names of sub-devices that its later hardware ids replaced, with their lines in it.
+  virtual CParamFindings loadFindings() const = 0;
 
  protected:
   ICParameterFile() = default;

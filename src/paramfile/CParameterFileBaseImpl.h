@@ -120,6 +120,8 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void removeAllProperties(ICParamTreeNode* node) override;
   void removeAllProperties() override;
 
+  CParamFindings loadFindings() const override { return mLoadFindings; }
+
   /// Takes the text before the first separator off a group path.
   static QString getNextSubPath(QString& path);
 
@@ -186,6 +188,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CXMLMetaData mMetaData;
   QString mHardwareId;
   quint32 mVersion = 0;
+  CParamFindings mLoadFindings;
   CSubDeviceTypes mSubDevTypes;
   CSubDeviceNames mSubDevNames;
   std::unique_ptr<CParameterFileErrorHandler> mOwnErrorHandler;

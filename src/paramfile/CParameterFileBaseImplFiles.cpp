@@ -27,6 +27,7 @@ struct CParameterFileBaseImpl::SLoadedValues {
   CSubDeviceNames names;
   QString hardwareId;  ///< the expected one, and after loading the one that was settled
   CXMLMetaData metaData;
+  CParamFindings findings;
 };
 
 bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 revision) {
@@ -91,6 +92,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
           : file.loadAsSubDevId(fileName, version, static_cast<quint8>(asSubDevId), loaded.trees,
                                 loaded.types, loaded.names, loaded.hardwareId);
   loaded.metaData = file.headMetaData();
+  loaded.findings = file.findings();
   return result == CParamValueFile::Ok || failedLoad(file, context);
 }
 
@@ -98,6 +100,7 @@ void CParameterFileBaseImpl::takeOver(SLoadedValues&& loaded, quint32 revision) 
   mHardwareId = loaded.hardwareId;
   mMetaData = loaded.metaData;
   mVersion = revision;
+  mLoadFindings = loaded.findings;
   for (auto it = loaded.types.cbegin(); it != loaded.types.cend(); ++it) {
     mSubDevTypes.insert(it.key(), it.value());
   }

@@ -23,8 +23,8 @@ class KTOPARAMETER_EXPORT CParamLineIndex {
   int hardwareIdLine(const QString& hardwareId) const;
   int parameterLine(const QString& hardwareId, quint8 subDevId, const QString& name) const;
 
-  /// Gives the findings about this file their lines, and leaves the others as they are. A missing
-  /// parameter gets the line of its hardware id.
+  /// Gives the findings about this file their lines, and leaves the others as they are, as well as
+  /// those of a load, which have theirs. A missing parameter gets the line of its hardware id.
   void addLines(CParamFindings& findings) const;
 
  private:

@@ -28,8 +28,9 @@ class KTOPARAMETER_EXPORT CParameterFileErrorHandler {
   virtual bool handleHardwareIdError(const QString& expectedId, const QString& fileId,
                                      QString& errorMsg);
   /// Chooses among the ids of a file, which are in ascending order, at every load and import of a
-  /// file of values: the one equal to hardwareId, or the first when hardwareId is
-  /// empty; the choice is stored in hardwareId.
+  /// file of values: the one equal to hardwareId, or the first when hardwareId is empty; the choice
+  /// is stored in hardwareId. Accepted with one that the file does not have, a load goes on and
+  /// makes it the active one; an import fails.
   virtual bool handleHardwareIdError(QString& hardwareId, const QStringList& availableIds,
                                      QString& errorMsg);
 

@@ -5,6 +5,7 @@
 #include "ICParamTreeNode.h"
 #include "NParamDef.h"
 #include "NktoGlobal.h"
+#include "SParamFinding.h"
 #include "ktoParameter_export.h"
 
 #include <QDate>
@@ -60,7 +61,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual ~ICParameterFile();
 
   /// Installs a handler, which is not owned and must outlive its use here; it is told this object
-  /// with setParameterFile(). Null goes back to the object's own handler.
+  /// with setParameterFile(). Null goes back to the object's own handler. A handler that is asked
+  /// may change this object, clear it, or install another one, which is asked from then on.
   virtual void setErrorHandler(CParameterFileErrorHandler* handler) = 0;
 
   virtual NktoGlobal::EParamFileType fileType() const = 0;
@@ -104,7 +106,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool loadParamDefFile(const QString& fileName, quint32 revision) = 0;
   /// Adds a file's values: a group is merged into the one of its name, a value that is there takes
   /// the file's. The active hardware id becomes the given one, or the file's first for an empty
-  /// one. Marks nothing changed.
+  /// one; one that the error handler settles becomes active even when the file does not have it.
+  /// Marks nothing changed.
   virtual bool loadParamFile(const QString& fileName, const QString& hardwareId,
                              quint32 revision) = 0;
   /// As loadParamFile(), with the first sub-device of each hardware id of the file under the given
@@ -119,7 +122,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// Takes values over, all or nothing. Every parameter of the destination gets the source's value
   /// of the same sub-device and name, or else what `missing` says; parameters that this object
   /// defines and only the source holds are added, undefined ones are skipped. An empty source id is
-  /// the source's first, an empty destination the active one. Counts are in importResult().
+  /// the source's first, an empty destination the active one; one that was added and holds nothing
+  /// gets its trees now. A source id that the source does not have fails, also when the error
+  /// handler accepted it. Counts are in importResult().
   virtual bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
                                const QString& destinationHardwareId,
                                NParamDef::EImportMissing missing = NParamDef::ImportDefault) = 0;
@@ -163,7 +168,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual void setDefMetaData(const QString& author, const QString& comment) = 0;
   virtual void setMetaData(const QString& author, const QString& comment) = 0;
 
-  // --- Sub-device types and names, which all hardware ids share
+  // --- Sub-device types and names, which all hardware ids share: where those of a file differ, the
+  // last one counts, and loadFindings() tells
 
   virtual NParamDef::ESubDeviceTypes subDevType(quint8 subDevId) const = 0;
   /// Marks the active hardware id changed when the stored type changes; likewise the name.
@@ -188,7 +194,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// Null and a message for an unknown name.
   virtual CParamDefItem* paramDefPtr(const QString& name) = 0;
   virtual CParamDefItem paramDef(quint32 id) const = 0;
-  /// The value; null when there is none.
+  /// The value; null when there is none, since a null value is stored as an empty text.
   virtual CParamVal paramValue(const QString& name, quint8 subDevId) const = 0;
   virtual CParamVal paramValue(quint32 id, quint8 subDevId) const = 0;
   /// Whether a definition refers to this one. Those count that were loaded from a file, have an id
@@ -274,6 +280,9 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool setAndMarkParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
   /// Puts a hardware id on the changed list.
   virtual void setHwIdChanged(const QString& hardwareId) = 0;
+  /// What the last value file that was loaded holds and a save would not write again: types and
+  /// names of sub-devices that its later hardware ids replaced, with their lines in it.
+  virtual CParamFindings loadFindings() const = 0;
 
  protected:
   ICParameterFile() = default;

@@ -74,7 +74,7 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   virtual bool load(const QString& defFile, const QString& paramFile, QString& err) = 0;
   /// Loads the pair of a path to either file, or to both without the suffix: the last suffix is
   /// taken off, and then names are made as above. So a base name with a dot in it, which looks like
-  /// a suffix, means one file for both; use the form with two names for it.
+  /// a suffix, means one file for both, which saveFiles() refuses; use the form with two names.
   virtual bool load(const QString& path, QString& err) = 0;
   virtual QString paramDefFileName() const = 0;  ///< empty before load() and after closeFiles()
   virtual QString paramFileName() const = 0;     ///< likewise
@@ -87,10 +87,12 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   /// Something changed since the reader was made or closed. Neither a load nor a save resets this.
   virtual bool changed() const = 0;
   /// Writes each file in which something changed, one independent of the other. False when one
-  /// could not be written, which is then the file it was; the reason is logged and posted to the
-  /// message board. A file that could not be loaded is kept under its name and ".bak" (".bak.1" and
-  /// so on when there is one) before it is replaced, which is posted too; when it cannot be kept,
-  /// it is not replaced.
+  /// could not be written, which is then the file it was; the reason is logged, posted to the
+  /// message board and, of the last one that failed, parameterFile()->errorMsg(). When both names
+  /// lead to one file, links included, nothing is written. A file that could not be loaded is kept
+  /// under its name and ".bak" (".bak.1" and so on when there is one) before it is replaced, which
+  /// is posted too; when it cannot be kept, it is not replaced. Without any value no value file is
+  /// written, successfully; types and names of sub-devices are not saved then, which is logged.
   virtual bool saveFiles() = 0;
   /// Saves what changed, or drops it, and empties the reader in either case, so that it can load
   /// again; returns what saving did. What could not be saved is lost then: call saveFiles() first

@@ -5,7 +5,8 @@
 #include <QList>
 #include <QString>
 
-/// One thing that a check found, and where. Definitions have neither hardware id nor sub-device.
+/// One thing that a check or a load found, and where. Definitions have neither hardware id nor
+/// sub-device.
 struct KTOPARAMETER_EXPORT SParamFinding {
   enum ESeverity : int {
     Info = 0,     ///< nothing is wrong
@@ -52,7 +53,11 @@ struct KTOPARAMETER_EXPORT SParamFinding {
     BitDoubled,              ///< "bit-doubled", warning
     BitNotOfType,            ///< "bit-not-of-type", warning: the type has no such bit
     CheckValuesNotValid,     ///< "check-values-not-valid", error: states with the same value
-    DefinitionIdDoubled      ///< "definition-id-doubled", error: such a file cannot be saved
+    DefinitionIdDoubled,     ///< "definition-id-doubled", error: such a file cannot be saved
+
+    // Of a sub-device, found while a file is loaded. All its hardware ids share types and names.
+    SubDeviceTypeReplaced,  ///< "sub-device-type-replaced", warning: by that of a later hardware id
+    SubDeviceNameReplaced   ///< "sub-device-name-replaced", warning: likewise
   };
 
   static constexpr int kNoSubDevice = -1;
@@ -66,10 +71,10 @@ struct KTOPARAMETER_EXPORT SParamFinding {
   QString hardwareId;           ///< empty for a definition
   int subDevId = kNoSubDevice;  ///< 0 to 255, or kNoSubDevice
   QString groupPath;            ///< names joined by "/"; empty for the root group
-  QString name;                 ///< of the parameter or definition
+  QString name;                 ///< of the parameter or definition; empty for a sub-device
   QString value;                ///< the text that is wrong, empty where there is none
   QString text;                 ///< a translated sentence
-  int line = 0;                 ///< in its file, from 1; 0 when CParamLineIndex has not told it
+  int line = 0;  ///< in its file, from 1; 0 when neither load nor CParamLineIndex tells
 };
 
 using CParamFindings = QList<SParamFinding>;

@@ -77,6 +77,9 @@ int CParamLineIndex::parameterLine(const QString& hardwareId, quint8 subDevId,
 void CParamLineIndex::addLines(CParamFindings& findings) const {
   for (SParamFinding& finding : findings) {
     int line = 0;
+    if (finding.code >= SParamFinding::SubDeviceTypeReplaced) {
+      continue;  // found with its line
+    }
     if (finding.subDevId != SParamFinding::kNoSubDevice) {
       line = parameterLine(finding.hardwareId, static_cast<quint8>(finding.subDevId), finding.name);
     } else {

@@ -102,11 +102,14 @@ class CValueChecker {
 CParamFindings CParameterFileChecker::checkValues(ICParameterFile& file, const QString& hardwareId,
                                                   EMissing missing) {
   const CHardwareIdSelection restored(file);
+  if (!hardwareId.isEmpty() && !file.selectHardwareId(hardwareId)) {
+    return {};
+  }
   CValueChecker checker(file);
   for (const QString& id : hardwareId.isEmpty() ? file.hardwareIds() : QStringList(hardwareId)) {
     checker.checkHardwareId(id, missing == ReportMissing);
   }
-  return checker.findings();
+  return file.loadFindings() + checker.findings();
 }
 
 CParamFindings CParameterFileChecker::checkDefinitions(const ICParameterFile& file) {

@@ -39,13 +39,13 @@ bool CParamBaseFile::existingParamSubElemetStr(const QDomElement& paramElement, 
 }
 
 bool CParamBaseFile::handleVersionError(const QString& version, const QString& otherVersion) {
-  mVersionError = !mErrorHandler->handleFileVersionError(version, otherVersion);
+  mVersionError = !errorHandler().handleFileVersionError(version, otherVersion);
   return !mVersionError;
 }
 
 bool CParamBaseFile::handleValueFileVersionError(const QString& version,
                                                  const QString& otherVersion) {
-  mVersionError = !mErrorHandler->handleValueFileVersionError(version, otherVersion);
+  mVersionError = !errorHandler().handleValueFileVersionError(version, otherVersion);
   return !mVersionError;
 }
 

@@ -16,6 +16,10 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
   CParamBaseFile(ICLogfile* logfile, CParameterFileErrorHandler* handler);
   ~CParamBaseFile() override;
 
+  /// Asks the handler to which this pointer points at the moment of the question, since a handler
+  /// that is asked may put another one in its place. The pointer must outlive this object.
+  void followErrorHandler(CParameterFileErrorHandler* const& handler) { mAskedHandler = &handler; }
+
   QString errorMsg() const { return mErrorMsg; }
   /// Line of the element that failed, 0 when a message tells the line itself or has none.
   int errorLine() const { return mErrorLine; }
@@ -39,7 +43,7 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
  protected:
   /// For the derived files, which both decide by the handler's rule for value files.
   bool handleValueFileVersionError(const QString& version, const QString& otherVersion);
-  CParameterFileErrorHandler& errorHandler() { return *mErrorHandler; }
+  CParameterFileErrorHandler& errorHandler() { return **mAskedHandler; }
 
   /// Opens the file with its version check; the version error tells a rejected version from others.
   bool openChecked(const QString& fileName, const QString& rootTag, const QString& version);
@@ -58,4 +62,5 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
  private:
   const std::unique_ptr<CParameterFileErrorHandler> mDefaultHandler;
   CParameterFileErrorHandler* const mErrorHandler;
+  CParameterFileErrorHandler* const* mAskedHandler = &mErrorHandler;
 };

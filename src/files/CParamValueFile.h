@@ -4,8 +4,10 @@
 #include "CSubDeviceTree.h"
 #include "NParamDef.h"
 #include "NktoGlobal.h"
+#include "SParamFinding.h"
 
 #include <QMap>
+#include <QPair>
 
 #include <functional>
 #include <map>
@@ -68,9 +70,18 @@ class CParamValueFile : public CParamBaseFile {
   bool save(const QString& fileName, const CSubDeviceTrees& trees, const CSubDeviceTypes& types,
             const CSubDeviceNames& names, const QString& hardwareId, const QString& version);
 
+  /// The types and names of sub-devices that a load replaced by those of a later hardware id.
+  const CParamFindings& findings() const { return mFindings; }
+
   bool handleVersionError(const QString& version, const QString& otherVersion) override;
 
  private:
+  /// A type or name of a sub-device, and where it stands.
+  struct SGiven {
+    QString text;
+    int line = 0;
+  };
+
   /// Reads the sub-devices of one "Data".
   using CSubDeviceReader = std::function<EResult(const CDomElement& data, CSubDeviceTrees& trees)>;
 
@@ -92,6 +103,11 @@ class CParamValueFile : public CParamBaseFile {
                                        CSubDeviceNames& names);
   EResult readSubDevice(const CDomElement& element, quint8 subDevId, CSubDeviceTrees& trees,
                         CSubDeviceTypes& types, CSubDeviceNames& names);
+  void readTypeAndName(const CDomElement& element, quint8 subDevId, CSubDeviceTypes& types,
+                       CSubDeviceNames& names);
+  void noteGiven(SParamFinding::ECode code, quint8 subDevId, const CDomElement& given);
+  void noteReplaced(SParamFinding::ECode code, quint8 subDevId, const SGiven& earlier,
+                    const SGiven& later);
   EResult readGroupsAndParamsFromDom(const CDomElement& element, CSubDeviceTree& tree,
                                      CParamTreeNodeImpl* parent);
   EResult readGroupFromDom(const CDomElement& element, CSubDeviceTree& tree,
@@ -111,4 +127,7 @@ class CParamValueFile : public CParamBaseFile {
   void appendParameterToDom(CDomElement element, const CParamTreeNodeImpl& parameter);
 
   QString mRootTag;
+  QString mReadHardwareId;  ///< of the "Data" that is being read
+  QMap<QPair<SParamFinding::ECode, quint8>, SGiven> mGiven;
+  CParamFindings mFindings;
 };

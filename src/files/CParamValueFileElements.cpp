@@ -62,6 +62,7 @@ EResult CParamValueFile::readHardwareId(const CDomElement& data, QString& hardwa
     return failed(NoHardwareId, data);
   }
   hardwareId = hardwareId.trimmed();
+  mReadHardwareId = hardwareId;
   return Ok;
 }
 
@@ -123,16 +124,56 @@ EResult CParamValueFile::readSubDevice(const CDomElement& element, quint8 subDev
   } else {
     known->second.merge(std::move(tree));
   }
-  const NParamDef::ESubDeviceTypes type = ICParameterFile::subDeviceTypeFromStr(
-      CDomDoc::existingSubElementAsString(TAG_TYPE, element, QString()));
+  readTypeAndName(element, subDevId, types, names);
+  return Ok;
+}
+
+void CParamValueFile::readTypeAndName(const CDomElement& element, quint8 subDevId,
+                                      CSubDeviceTypes& types, CSubDeviceNames& names) {
+  const CDomElement typeElement = element.firstChildElement(TAG_TYPE);
+  const NParamDef::ESubDeviceTypes type = ICParameterFile::subDeviceTypeFromStr(typeElement.text());
   if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED) {
     types.insert(subDevId, type);
+    noteGiven(SParamFinding::SubDeviceTypeReplaced, subDevId, typeElement);
   }
-  const QString name = CDomDoc::existingSubElementAsString(TAG_NAME, element, QString());
+  const CDomElement nameElement = element.firstChildElement(TAG_NAME);
+  const QString name = nameElement.text();
   if (!name.isEmpty()) {
     names.insert(subDevId, name);
+    noteGiven(SParamFinding::SubDeviceNameReplaced, subDevId, nameElement);
   }
-  return Ok;
+}
+
+void CParamValueFile::noteGiven(SParamFinding::ECode code, quint8 subDevId,
+                                const CDomElement& given) {
+  SGiven& known = mGiven[{code, subDevId}];
+  const SGiven later{given.text(), given.lineNumber()};
+  if (known.line > 0 && known.text != later.text) {
+    noteReplaced(code, subDevId, known, later);
+  }
+  known = later;
+}
+
+/// What is replaced here is not in the file any more after the next save.
+void CParamValueFile::noteReplaced(SParamFinding::ECode code, quint8 subDevId,
+                                   const SGiven& earlier, const SGiven& later) {
+  const QString pattern = code == SParamFinding::SubDeviceNameReplaced
+                              ? tr("The name \"%1\" replaces \"%2\" of line %3: all hardware ids "
+                                   "share the names of sub-devices.")
+                              : tr("The type \"%1\" replaces \"%2\" of line %3: all hardware ids "
+                                   "share the types of sub-devices.");
+  SParamFinding finding;
+  finding.severity = SParamFinding::severityOf(code);
+  finding.code = code;
+  finding.hardwareId = mReadHardwareId;
+  finding.subDevId = subDevId;
+  finding.value = later.text;
+  finding.text = pattern.arg(later.text, earlier.text, QString::number(earlier.line));
+  finding.line = later.line;
+  mFindings.append(finding);
+  logDetail(
+      tr("Line %1, sub device %2:").arg(QString::number(later.line), QString::number(subDevId)) +
+      QLatin1Char(' ') + finding.text);
 }
 
 EResult CParamValueFile::readGroupsAndParamsFromDom(const CDomElement& element,

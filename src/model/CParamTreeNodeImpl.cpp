@@ -36,7 +36,7 @@ void CParamTreeNodeImpl::setSubDevId(unsigned char subDevId) {
 
 CParamTreeNodeImpl* CParamTreeNodeImpl::cloneMe() const {
   auto copy = std::make_unique<CParamTreeNodeImpl>(dataRef());
-  copy->setValue(mValue);
+  copy->mValue = mValue;
   for (int i = 0; i < childCount(); ++i) copy->addChild(childNode(i)->cloneMe());
   return copy.release();
 }

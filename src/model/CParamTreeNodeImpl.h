@@ -28,7 +28,10 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
   void removeAllProperties() override { dataPtr()->removeAllProperties(); }
   CParamVal value() const override { return mValue; }
 
-  void setValue(const CParamVal& value) { mValue = value; }
+  /// Null would say that there is no such parameter, so it is kept as an empty text.
+  void setValue(const CParamVal& value) {
+    mValue = value.isNull() ? CParamVal(QLatin1String("")) : value;
+  }
 
   /// The same child as childPtr(), as what it is.
   CParamTreeNodeImpl* childNode(int index) const {

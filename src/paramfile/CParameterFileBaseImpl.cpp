@@ -18,6 +18,7 @@ CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& oth
       mMetaData(other.mMetaData),
       mHardwareId(other.mHardwareId),
       mVersion(other.mVersion),
+      mLoadFindings(other.mLoadFindings),
       mSubDevTypes(other.mSubDevTypes),
       mSubDevNames(other.mSubDevNames),
       mDefinitions(other.mDefinitions) {
@@ -54,6 +55,7 @@ void CParameterFileBaseImpl::clear() {
   mMetaData = CXMLMetaData();
   mHardwareId.clear();
   mVersion = 0;
+  mLoadFindings.clear();
   mSubDevTypes.clear();
   mSubDevNames.clear();
   mImportResult = NParamDef::SImportResult();

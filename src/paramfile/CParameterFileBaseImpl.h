@@ -121,6 +121,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void removeAllProperties(ICParamTreeNode* node) override;
   void removeAllProperties() override;
 
+  CParamFindings loadFindings() const override { return mLoadFindings; }
   /// A value file that does not load is then not posted to the message board: errorMsg() and the
   /// logfile tell.
   void setQuiet(bool quiet) { mIsQuiet = quiet; }
@@ -135,6 +136,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
   /// An empty name would be written as such.
   void removeSubDevName(quint8 subDevId) { mSubDevNames.remove(subDevId); }
 
+  /// Stores the text as the last error and logs it, when that level is on; returns false.
+  bool setErrorMsg(const QString& text, const QString& context = QString(),
+                   quint32 level = ICLogfile::kLevelErrors) const;
+
  protected:
   // The answers of this object alone, without a group and without a message.
   QString ownNameById(quint32 id) const;
@@ -142,10 +147,6 @@ class CParameterFileBaseImpl : public ICParameterFile {
   CParamVal ownParamValue(const QString& name, quint8 subDevId) const;
   bool ownIsReferenced(quint32 id) const { return mDefinitions.isReferenced(id); }
   QList<quint32> ownReferencedBy(quint32 id) const { return mDefinitions.referencedBy(id); }
-
-  /// Stores the text as the last error and logs it, when that level is on; returns false.
-  bool setErrorMsg(const QString& text, const QString& context = QString(),
-                   quint32 level = ICLogfile::kLevelErrors) const;
 
  private:
   struct SLoadedValues;
@@ -160,10 +161,13 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void appendParameterRootNodes(CHardwareIdTrees&& trees);
   void takeOver(SLoadedValues&& loaded, quint32 revision);
   bool firstHardwareId(QString& hardwareId, const CHardwareIdTrees& trees) const;
-  CSubDeviceTrees* importDestination(QString& hardwareId);
-  /// Copies the values of the parameters that the destination defines.
-  bool importParameters(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
+  QString importDestination(const QString& hardwareId) const;
+  bool checkDestination(const QString& hardwareId) const;
+  bool importHardwareId(const CHardwareIdTrees& source, const QString& sourceHardwareId,
                         const QString& destinationHardwareId, NParamDef::EImportMissing missing);
+  /// Copies the values of the parameters that the destination defines.
+  bool importParameters(const CSubDeviceTrees& source, const QString& destinationHardwareId,
+                        NParamDef::EImportMissing missing);
   bool checkNewDefinition(const CParamDefItem& definition) const;
   static bool isReservedName(const QString& name);
   static QString reservedNameMessage(const QString& name);
@@ -192,6 +196,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   QString mHardwareId;
   quint32 mVersion = 0;
   bool mIsQuiet = false;
+  CParamFindings mLoadFindings;
   CSubDeviceTypes mSubDevTypes;
   CSubDeviceNames mSubDevNames;
   std::unique_ptr<CParameterFileErrorHandler> mOwnErrorHandler;

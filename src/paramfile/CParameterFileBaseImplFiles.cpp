@@ -27,6 +27,7 @@ struct CParameterFileBaseImpl::SLoadedValues {
   CSubDeviceNames names;
   QString hardwareId;  ///< the expected one, and after loading the one that was settled
   CXMLMetaData metaData;
+  CParamFindings findings;
 };
 
 bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 revision) {
@@ -83,6 +84,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
                                            int asSubDevId) {
   CParamValueFile file(mFileType, mLogfile, mErrorHandler);
   file.setQuiet(mIsQuiet);
+  file.followErrorHandler(mErrorHandler);
   const QString version = CStr::revisionToString(revision);
   const CParamValueFile::EResult result =
       asSubDevId == kOwnSubDevIds
@@ -91,6 +93,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
           : file.loadAsSubDevId(fileName, version, static_cast<quint8>(asSubDevId), loaded.trees,
                                 loaded.types, loaded.names, loaded.hardwareId);
   loaded.metaData = file.headMetaData();
+  loaded.findings = file.findings();
   return result == CParamValueFile::Ok || failedLoad(file, context);
 }
 
@@ -98,6 +101,7 @@ void CParameterFileBaseImpl::takeOver(SLoadedValues&& loaded, quint32 revision) 
   mHardwareId = loaded.hardwareId;
   mMetaData = loaded.metaData;
   mVersion = revision;
+  mLoadFindings = loaded.findings;
   for (auto it = loaded.types.cbegin(); it != loaded.types.cend(); ++it) {
     mSubDevTypes.insert(it.key(), it.value());
   }
@@ -146,15 +150,11 @@ bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
                                              const QString& sourceHardwareId,
                                              const QString& destinationHardwareId,
                                              NParamDef::EImportMissing missing) {
-  QString destinationId = destinationHardwareId;
-  CSubDeviceTrees* destination = importDestination(destinationId);
-  if (destination == nullptr) {
-    return false;
-  }
   SLoadedValues source;
   source.hardwareId = sourceHardwareId;
-  return readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
+  return checkDestination(destinationHardwareId) &&
+         readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
                        tr("importParamFile() Loading parameter value file failed"), source,
                        kOwnSubDevIds) &&
-         importParameters(source.trees[source.hardwareId], *destination, destinationId, missing);
+         importHardwareId(source.trees, source.hardwareId, destinationHardwareId, missing);
 }

@@ -7,9 +7,7 @@ bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
                                              const QString& sourceHardwareId,
                                              const QString& destinationHardwareId,
                                              NParamDef::EImportMissing missing) {
-  QString destinationId = destinationHardwareId;
-  CSubDeviceTrees* destination = importDestination(destinationId);
-  if (destination == nullptr) {
+  if (!checkDestination(destinationHardwareId)) {
     return false;
   }
   const auto* other = dynamic_cast<CParameterFileBaseImpl*>(source);
@@ -18,16 +16,8 @@ bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
         tr("Other instance is not from type CParameterFileBaseImpl. Import failed."));
   }
   QString sourceId = sourceHardwareId;
-  if (sourceId.isEmpty() && !firstHardwareId(sourceId, other->mTrees)) {
-    return false;
-  }
-  const auto trees = other->mTrees.find(sourceId);
-  if (trees == other->mTrees.end()) {
-    return setErrorMsg(
-        tr("Other instance does not contain source hardware id \"%1\". Import failed.")
-            .arg(sourceId));
-  }
-  return importParameters(trees->second, *destination, destinationId, missing);
+  return (!sourceId.isEmpty() || firstHardwareId(sourceId, other->mTrees)) &&
+         importHardwareId(other->mTrees, sourceId, destinationHardwareId, missing);
 }
 
 bool CParameterFileBaseImpl::firstHardwareId(QString& hardwareId,
@@ -39,29 +29,45 @@ bool CParameterFileBaseImpl::firstHardwareId(QString& hardwareId,
   return true;
 }
 
-CSubDeviceTrees* CParameterFileBaseImpl::importDestination(QString& hardwareId) {
-  if (hardwareId.isEmpty()) {
-    hardwareId = mHardwareId;
+QString CParameterFileBaseImpl::importDestination(const QString& hardwareId) const {
+  return hardwareId.isEmpty() ? mHardwareId : hardwareId;
+}
+
+/// A hardware id that was added holds nothing yet, and is known by being active only.
+bool CParameterFileBaseImpl::checkDestination(const QString& hardwareId) const {
+  const QString id = importDestination(hardwareId);
+  const bool isAdded = !id.isEmpty() && id == mHardwareId;
+  return isAdded || containsHardwareId(id) ||
+         setErrorMsg(tr("Destination hardware id \"%1\" does not exist. Import failed.").arg(id));
+}
+
+/// Looks at the destination again: an error handler may have changed this object since.
+bool CParameterFileBaseImpl::importHardwareId(const CHardwareIdTrees& source,
+                                              const QString& sourceHardwareId,
+                                              const QString& destinationHardwareId,
+                                              NParamDef::EImportMissing missing) {
+  const auto trees = source.find(sourceHardwareId);
+  if (trees == source.end()) {
+    return setErrorMsg(
+        tr("Other instance does not contain source hardware id \"%1\". Import failed.")
+            .arg(sourceHardwareId));
   }
-  const auto trees = mTrees.find(hardwareId);
-  if (trees == mTrees.end()) {
-    setErrorMsg(
-        tr("Destination hardware id \"%1\" does not exist. Import failed.").arg(hardwareId));
-    return nullptr;
-  }
-  return &trees->second;
+  return checkDestination(destinationHardwareId) &&
+         importParameters(trees->second, importDestination(destinationHardwareId), missing);
 }
 
 bool CParameterFileBaseImpl::importParameters(const CSubDeviceTrees& source,
-                                              CSubDeviceTrees& destination,
                                               const QString& destinationHardwareId,
                                               NParamDef::EImportMissing missing) {
+  CSubDeviceTrees added;  // of a hardware id that holds nothing yet
+  const auto known = mTrees.find(destinationHardwareId);
   CParamImport import(mDefinitions, mLogfile);
   QString error;
-  if (!import.plan(source, destination, missing, error)) {
+  if (!import.plan(source, known != mTrees.end() ? known->second : added, missing, error)) {
     return setErrorMsg(error);
   }
   if (import.apply()) {
+    mTrees.try_emplace(destinationHardwareId, std::move(added));
     setHwIdChanged(destinationHardwareId);
   }
   mImportResult = import.result();

@@ -5,6 +5,7 @@
 
 #include "CAtomicFile.h"
 #include "CMessageBoardHelper.h"
+#include "CParameterFileImpl.h"
 #include "ICLogfile.h"
 
 #include <QFileInfo>
@@ -18,8 +19,8 @@ CSimpleParamReaderImpl::CSimpleParamReaderImpl(bool useCreate, NktoGlobal::EPara
                                      : ICLogfile::createLogfile(ICLogfile::LogFile, QString(), 0)),
       mLogfile(logfile != nullptr ? logfile : mOwnLogfile.get()),
       mAccess(access),
-      mFile(useCreate ? ICParameterFile::create(fileType, mLogfile)
-                      : ICParameterFile::createSingle(fileType, mLogfile)),
+      mFile(useCreate ? std::make_unique<CParameterFileImpl>(fileType, mLogfile)
+                      : std::make_unique<CParameterFileBaseImpl>(fileType, mLogfile)),
       mParamDefFileVersion(paramDefFileVersion),
       mParamFileVersion(paramFileVersion) {
   mFile->addHardwareId(hardwareId);
@@ -67,33 +68,48 @@ void CSimpleParamReaderImpl::setMetaData(const QString& author, const QString& c
 }
 
 bool CSimpleParamReaderImpl::saveFiles() {
+  if (!changed()) {
+    return true;
+  }
+  if (!mParamFileName.isEmpty() && CAtomicFile::isSameFile(mParamDefFileName, mParamFileName)) {
+    return postFailure(mFile->setErrorMsg(
+        tr("Definitions and values are not saved because \"%1\" and \"%2\" are the same file.")
+            .arg(mParamDefFileName, mParamFileName)));
+  }
   const bool definitionsSaved = !mFile->defChanged() || saveDefinitions();
   const bool valuesSaved = mFile->changedList().isEmpty() || saveValues();
   return definitionsSaved && valuesSaved;
 }
 
 bool CSimpleParamReaderImpl::saveDefinitions() {
-  if (mLogfile->isLevelEnabled(ICLogfile::kLevelSaving)) {
-    mLogfile->write(ICLogfile::kLevelSaving,
-                    tr("Saving changed parameter definition file \"%1\".").arg(mParamDefFileName));
-  }
+  logSaving(tr("Saving changed parameter definition file \"%1\".").arg(mParamDefFileName));
   if (!mParamDefFileLoaded && hasMetaData()) {
     mFile->setDefMetaData(mAuthor, mComment);
   }
-  return keepUnread(mParamDefFileName, mParamDefFileUnread) &&
-         postFailure(mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion));
+  return postFailure(keepUnread(mParamDefFileName, mParamDefFileUnread) &&
+                     mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion));
 }
 
 bool CSimpleParamReaderImpl::saveValues() {
-  if (mLogfile->isLevelEnabled(ICLogfile::kLevelSaving)) {
-    mLogfile->write(ICLogfile::kLevelSaving,
-                    tr("Saving changed parameter file \"%1\".").arg(mParamFileName));
-  }
+  logSaving(tr("Saving changed parameter file \"%1\".").arg(mParamFileName));
   if (!mParamFileLoaded && hasMetaData()) {
     mFile->setMetaData(mAuthor, mComment);
   }
-  return keepUnread(mParamFileName, mParamFileUnread) &&
-         postFailure(mFile->saveParamFile(mParamFileName, QString(), mParamFileVersion));
+  if (mFile->hardwareIds().isEmpty()) {
+    logSaving(
+        tr("Parameter file \"%1\" is not written because there are no values. Types and names "
+           "of sub-devices are not saved.")
+            .arg(mParamFileName));
+    return true;
+  }
+  return postFailure(keepUnread(mParamFileName, mParamFileUnread) &&
+                     mFile->saveParamFile(mParamFileName, QString(), mParamFileVersion));
+}
+
+void CSimpleParamReaderImpl::logSaving(const QString& text) const {
+  if (mLogfile->isLevelEnabled(ICLogfile::kLevelSaving)) {
+    mLogfile->write(ICLogfile::kLevelSaving, text);
+  }
 }
 
 /// Nobody knows what a file holds that could not be read, so it is not lost when it is replaced.
@@ -102,9 +118,8 @@ bool CSimpleParamReaderImpl::keepUnread(const QString& fileName, bool& unread) c
     QString backupName;
     QString reason;
     if (!CAtomicFile::keepAsBackup(fileName, backupName, reason)) {
-      CMessageBoardHelper::setCritical(
-          tr("File \"%1\" was not loaded and is not replaced: %2").arg(fileName, reason), mLogfile);
-      return false;
+      return mFile->setErrorMsg(
+          tr("File \"%1\" was not loaded and is not replaced: %2").arg(fileName, reason));
     }
     CMessageBoardHelper::setWarning(
         tr("File \"%1\" was not loaded and is replaced. The old file is kept as \"%2\".")

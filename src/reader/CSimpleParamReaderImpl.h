@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ICParameterFile.h"
+#include "CParameterFileBaseImpl.h"
 #include "ICSimpleParamReader.h"
 
 #include <QCoreApplication>
@@ -120,6 +120,7 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   bool hasMetaData() const { return !mAuthor.isEmpty() || !mComment.isEmpty(); }
   bool saveDefinitions();
   bool saveValues();
+  void logSaving(const QString& text) const;
   bool keepUnread(const QString& fileName, bool& unread) const;
   bool postFailure(bool saved) const;
 
@@ -147,7 +148,7 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   QString mParamDefFileName;
   QString mParamFileName;
   NParamDef::EAccessRight mAccess;
-  std::unique_ptr<ICParameterFile> mFile;
+  std::unique_ptr<CParameterFileBaseImpl> mFile;
   unsigned int mParamDefFileVersion;
   unsigned int mParamFileVersion;
   QString mAuthor;

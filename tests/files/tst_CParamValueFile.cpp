@@ -123,9 +123,13 @@ class tst_CParamValueFile : public QObject {
   }
 
   void loadsTheFirstSubDeviceUnderAnotherId() {
-    auto file = makeFile();
+    CKeptLines log(ICLogfile::kLevelDetail);
+    const auto file = std::make_unique<CParameterFileBaseImpl>(NktoGlobal::FILE_TYPE_NONE, &log);
     QVERIFY(file->loadParamFileAsSubDevId(data("values/valid/TwoHardwareIds.xparam"), 3, QString(),
                                           0x10000));
+    QCOMPARE(log.lines.at(1), QString("Line 18, sub device 3: The type \"Device\" replaces "
+                                      "\"Drive\" of line 10: all hardware ids share the types of "
+                                      "sub-devices."));
     QCOMPARE(file->hardwareId(), QString("HW-A"));
     QCOMPARE(file->subDeviceIds(), QList<quint8>{3});
     QVERIFY(file->selectHardwareId("HW-B"));

@@ -3,10 +3,16 @@
 #include "ExampleDrive.h"
 #include "ParamFileText.h"
 
+#include "TestRows.h"
+
 #include <QTemporaryDir>
-#include <QtTest>
+
+#include <functional>
 
 using namespace NTestFiles;
+
+using CMeddling = std::function<void(ICParameterFile&)>;
+Q_DECLARE_METATYPE(CMeddling)
 
 namespace {
 
@@ -26,6 +32,26 @@ CParameterFilePtr makeSource() {
   source->addParameter(source->rootGroup(4), "Loose");
   return source;
 }
+
+/// Accepts everything, and does something to the file that it serves on the way.
+struct SMeddler : CParameterFileErrorHandler {
+  explicit SMeddler(const CMeddling& toDo) : CParameterFileErrorHandler(nullptr), meddling(toDo) {}
+  using CParameterFileErrorHandler::handleHardwareIdError;
+  bool handleHardwareIdError(QString& /*id*/, const QStringList& /*ids*/,
+                             QString& /*error*/) override {
+    return meddle();
+  }
+  bool handleFileVersionError(const QString& /*one*/, const QString& /*other*/) override {
+    return meddle();
+  }
+  bool meddle() {
+    ++asked;
+    meddling(*parameterfile());
+    return true;
+  }
+  CMeddling meddling;
+  int asked = 0;
+};
 
 CParameterFilePtr makeMember(ICParameterFile* parent) {
   return CParameterFilePtr(
@@ -99,6 +125,46 @@ class tst_ParameterFileImport : public QObject {
                                    .arg(folder.filePath("s")));
   }
 
+  void importsIntoAnAddedId() {
+    const auto file = makeSmall();
+    file->addHardwareId("N");
+    QVERIFY(!file->importParamFile(makeSource().get(), "X", ""));
+    QCOMPARE(file->hardwareIds(), QStringList("A"));
+    QVERIFY2(file->importParamFile(makeSource().get(), "", "N"), qPrintable(file->errorMsg()));
+    QCOMPARE(counts(*file), QList<int>({0, 0, 0, 0, 3, 1}));
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal(20U));
+    QCOMPARE(file->changedList(), QStringList("N"));
+  }
+
+  void handlersMayChangeTheFile_data() {
+    addColumns<QString, CMeddling, QString>("sourceId", "meddling", "message");
+    const QString gone = "Destination hardware id \"A\" does not exist. Import failed.";
+    addRow("accepts an id that is not there", "X", CMeddling([](ICParameterFile&) {}),
+           "Other instance does not contain source hardware id \"X\". Import failed.");
+    addRow("clears", "A", CMeddling([](ICParameterFile& f) { f.clear(); }), gone);
+    addRow("removes", "A", CMeddling([](ICParameterFile& f) { f.removeHardwareId("A"); }), gone);
+  }
+  void handlersMayChangeTheFile() {
+    QFETCH(QString, sourceId);
+    QFETCH(CMeddling, meddling);
+    QFETCH(QString, message);
+    QTemporaryDir folder;
+    QVERIFY(makeSource()->saveParamFile(folder.filePath("s"), QString(), 0x20000));
+    const auto file = makeSmall();
+    file->cloneHardwareId("A", "B");
+    SMeddler first(meddling);
+    file->setErrorHandler(&first);
+    QVERIFY(!file->importParamFile(folder.filePath("s"), sourceId, "A"));
+    QCOMPARE(file->errorMsg(), message);
+    QVERIFY(file->loadParamFile(folder.filePath("s"), "X", 0x20000));
+    QCOMPARE(file->hardwareId(), QString("X"));
+
+    SMeddler second(meddling);
+    first.meddling = [&](ICParameterFile& f) { f.setErrorHandler(&second); };
+    QVERIFY(file->loadParamFile(folder.filePath("s"), "X", 0x10000));
+    QCOMPARE(second.asked, 1);
+  }
+
   void tellsTheLogWhatItDid() {
     SLoggedSmall small;
     QVERIFY(small.file.importParamFile(makeSource().get(), "", ""));
@@ -136,12 +202,14 @@ class tst_ParameterFileImport : public QObject {
     QVERIFY(!first->paramDefPtr("Speed"));
     QVERIFY(first->isDefEmpty());
 
-    QVERIFY(first->addParameter(first->rootGroup(1), "Speed"));
+    ICParamTreeNode* speed = first->addParameter(first->rootGroup(1), "Speed");
+    QVERIFY(speed);
     QVERIFY(second->addParameter(second->rootGroup(1), "Speed", CParamVal(4U)));
     QCOMPARE(second->paramValue("Speed", 1), CParamVal(3U));
     QVERIFY(first->setAndMarkParamValue(7U, CParamVal("0x03"), 1));
     QVERIFY(!first->isChanged() || first->changedList() == QStringList("A"));
     QVERIFY(first->setParamValue("Speed", CParamVal(), 1));
+    QVERIFY(!second->paramValue("Speed", 1).isNull() && first->deleteNode(speed));
     QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
 
     first.reset();

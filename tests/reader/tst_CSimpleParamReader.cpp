@@ -8,6 +8,7 @@
 
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <variant>
 
@@ -333,8 +334,52 @@ class tst_CSimpleParamReader : public QObject {
                                                "the file cannot be kept as \"%1.bak\": File name "
                                                "too long.")
                                            .arg(name)));
+    QCOMPARE("2 " + reader->parameterFile()->errorMsg(), mBoard.texts.first());
     QCOMPARE(read(name), QByteArray("damaged"));
     reader->closeFiles(false);
+  }
+
+  void writesNoFileWithoutValues() {
+    CKeptLines log(ICLogfile::kLevelSaving);
+    QVERIFY(write(mVal, "damaged"));
+    const QByteArray before = state(mFolder->path());
+    const auto reader = makeReader(FullAccess, kHardwareId, &log);
+    QVERIFY(reader->load(mPair, mErr));
+    reader->setSubDevType(1, SUB_DEV_TYPE_DRIVE);
+    mBoard.texts.clear();
+    QVERIFY(reader->saveFiles());
+    QCOMPARE(log.lines.last(), "Parameter file \"" + mVal +
+                                   "\" is not written because there are no values. Types and "
+                                   "names of sub-devices are not saved.");
+    QCOMPARE(mBoard.texts, QStringList());
+    QCOMPARE(state(mFolder->path()), before);
+  }
+
+  void neverPutsDefinitionsAndValuesIntoOneFile_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"dotted.1", "link", "hard"}) QTest::newRow(name) << name;
+  }
+  void neverPutsDefinitionsAndValuesIntoOneFile() {
+    QFETCH(QString, name);
+    const QString val = mFolder->filePath(name + ".xparam");
+    QVERIFY(QFile::link(mDef, mFolder->filePath("link.xparam")));
+    QVERIFY(::link(qPrintable(mDef), qPrintable(mFolder->filePath("hard.xparam"))) == 0);
+    QVERIFY(write(mFolder->filePath("dotted.1"), "neither"));
+    const QByteArray before = state(mFolder->path());
+    const auto reader = makeReader(FullAccess);
+    QVERIFY(name == "dotted.1" ? reader->load(val, mErr) : reader->load(mDef, val, mErr));
+    QVERIFY(reader->saveFiles());
+    int number = 0;
+    QVERIFY(reader->getParam(1, "new", "", number, 5, mErr));
+    mBoard.texts.clear();
+    QVERIFY(!reader->saveFiles());
+    const QString message =
+        QString("Definitions and values are not saved because \"%1\" and \"%2\" are the same file.")
+            .arg(reader->paramDefFileName(), reader->paramFileName());
+    QCOMPARE(reader->parameterFile()->errorMsg(), message);
+    QCOMPARE(mBoard.texts, QStringList("2 " + message));
+    QVERIFY(!reader->closeFiles(true));
+    QCOMPARE(state(mFolder->path()), before);
   }
 
  private:

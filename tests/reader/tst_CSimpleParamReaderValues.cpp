@@ -137,6 +137,8 @@ class tst_CSimpleParamReaderValues : public QObject {
     QCOMPARE(describe(*mDefinition), QString(u8"7 str  \u00fc   "));
     QVERIFY(mReader->getParam(1, "v", "", PARAM_TYPE_U8, val, 300, mErr));
     QCOMPARE(describe(mReader->paramDef("v")), QString("0 u8 300  "));
+    QVERIFY(mReader->getParam(1, "n", "", text, QString(), mErr));
+    QVERIFY(mReader->containsVal("n", 1) && mReader->getParam(1, "n", text, mErr));
     // The default may be the very object that takes the value.
     QVERIFY(mReader->getParam(1, "p", "", text, text, mErr));
     QVERIFY(mReader->getParam(1, "v", "", PARAM_TYPE_U8, val, val, mErr));

@@ -107,10 +107,21 @@ bool CLoadedFile::saveNew() {
 bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
   mOut.progress().doing(Tool::tr("Writing %1 …").arg(fileName));
   const CSignalShield shield;
-  if (mFile->saveParamFile(fileName, {}, version)) return true;
+  if (mFile->saveParamFile(fileName, {}, version)) {
+    tellWhatSavesLose();
+    return true;
+  }
   reportFailure(fileName);
   FileHints::tellWhyUnsaved(fileName, mOut);
   return false;
+}
+
+void CLoadedFile::tellWhatSavesLose() const {
+  for (const SParamFinding& finding : mFile->loadFindings()) {
+    mOut.message(mFileName,
+                 Tool::tr("sub-device %1: %2").arg(QString::number(finding.subDevId), finding.text),
+                 finding.line);
+  }
 }
 
 void CLoadedFile::reportFailure(const QString& fileName) const {

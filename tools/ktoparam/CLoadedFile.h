@@ -30,10 +30,13 @@ class CLoadedFile {
   /// Whether the value file could be saved with the version that it has. To be asked before any
   /// change is shown as made.
   bool canSave();
-  /// Writes the value file back.
+  /// Writes the value file back. What a save loses of the file that was loaded is told.
   bool save();
   /// Writes the value file under another name or version.
   bool saveAs(const QString& fileName, quint32 version);
+
+  /// Tells which types and names of sub-devices stand in the value file but in no save of it.
+  void tellWhatSavesLose() const;
 
   ICParameterFile& file() const { return *mFile; }
   /// About the value file, or else about the definition file.

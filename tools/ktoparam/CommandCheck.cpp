@@ -199,8 +199,9 @@ QVector<SCommand> checkCommands() {
   command.summary = Tool::tr("Find what is wrong with values and definitions.");
   command.details = Tool::tr(
       "Lists all findings with file and line: values that are not of their type, beyond their "
-      "limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad "
-      "definitions. Without a value file, definitions alone are checked. Several value files are "
+      "limits or no choice, unnamed bits, parameters that are not defined, wrong ids, hardware ids "
+      "that give a sub-device different types or names, and bad definitions. Without a value file, "
+      "definitions alone are checked. Several value files are "
       "checked against the same definitions.\n"
       "The exit status is 1 when there are errors or warnings.");
   command.arguments = {{QStringLiteral("FILE"), Tool::tr("Value files, or definition files."),

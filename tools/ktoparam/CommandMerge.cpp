@@ -81,6 +81,7 @@ EExitStatus merge(const CInvocation& invocation, COutput& out) {
     return ExitFile;
   }
   if (!ours.saveAs(output, merging.version())) return ExitFile;
+  theirs.tellWhatSavesLose();
   report(invocation, merging.conflicts(), out);
   return merging.conflicts().isEmpty() ? ExitDone : ExitFindings;
 }

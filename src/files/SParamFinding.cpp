@@ -44,8 +44,10 @@ constexpr SCode kCodes[] = {
     {"bit-not-of-type", SParamFinding::Warning},
     {"check-values-not-valid", SParamFinding::Error},
     {"definition-id-doubled", SParamFinding::Error},
+    {"sub-device-type-replaced", SParamFinding::Warning},
+    {"sub-device-name-replaced", SParamFinding::Warning},
 };
-static_assert(std::size(kCodes) == SParamFinding::DefinitionIdDoubled + 1);
+static_assert(std::size(kCodes) == SParamFinding::SubDeviceNameReplaced + 1);
 
 }  // namespace
 

@@ -226,7 +226,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual void removeAllProperties() = 0;
 
   /// As setParamValue(), but an equal value (compared as CParameterFileHelper::compareValues()
-  /// does) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
+  /// does, so that a text which is not a number counts as 0 for unsigned types and is not replaced
+  /// by 0) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
   /// node. False, without a message, when there is no such value.
   virtual bool setAndMarkParamValue(const QString& name, const CParamVal& value,
                                     quint8 subDevId) = 0;

@@ -48,6 +48,6 @@ class KTOPARAMETER_EXPORT CParamValueText {
   /// value as its text. Bits without a name follow the others in hexadecimal.
   static QString shown(const CParamDefItem& definition, const CParamVal& value);
   /// As shown(), but with bits as a number: a text from which CParamValueRules::read() makes the
-  /// value again.
+  /// value again, unless it is also the name of a choice before that one.
   static QString editable(const CParamDefItem& definition, const CParamVal& value);
 };

@@ -19,11 +19,8 @@ class KTOPARAMETER_EXPORT CParameterFileChecker {
 
   /// First what file.loadFindings() has to tell, whatever the hardware id; then all values of the
   /// hardware ids (of one, unless hardwareId is empty), by hardware id, sub-device and tree order,
-  /// with what is missing at the end of its hardware id. A value that is of its type is compared
-  /// with
-  /// - the definition's limits, and the values of the limit parameters of its sub-device,
-  /// - the choices of an enumeration that is not editable, of radio buttons, of a check box,
-  /// - the named bits.
+  /// with what is missing at the end of its hardware id. A value is judged as
+  /// CParamValueRules::violations() does, with the limit parameters of its sub-device.
   ///
   /// The active hardware id is another one meanwhile, and restored. An unknown hardwareId gives no
   /// findings; file.errorMsg() then tells so, and it may tell of an id that does not exist.

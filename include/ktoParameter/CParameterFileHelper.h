@@ -61,8 +61,9 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   /// gives it; 0 when there is none or it is not a revision. What follows is not looked at.
   static quint32 fileVersion(const QByteArray& data);
 
-  /// True when the values are equal under the definition: as numbers for an unsigned type, as exact
-  /// texts for all others.
+  /// True when the values are equal under the definition: as 64-bit numbers for an unsigned type,
+  /// where a text that is not a number counts as 0, and as exact texts for all others.
+  /// CParamValueRules::areEqual() compares without such surprises.
   static bool compareValues(const CParamVal& a, const CParamVal& b, const CParamDefItem& def);
 
   /// The names of the motors in a file, ascending. The logfile may be null and is not owned.

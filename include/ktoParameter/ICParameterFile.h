@@ -273,7 +273,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// longer valid. The target keeps its type and name when it has them.
   virtual bool copySubDevice(quint8 source, quint8 target) = 0;
   /// As setParamValue(), but an equal value (compared as CParameterFileHelper::compareValues()
-  /// does) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
+  /// does, so that a text which is not a number counts as 0 for unsigned types and is not replaced
+  /// by 0) changes nothing; a changed one gets the property NParamDef::PROPERTY_CHANGED on its
   /// node. False when there is no such value, with a message only for an unknown id.
   virtual bool setAndMarkParamValue(const QString& name, const CParamVal& value,
                                     quint8 subDevId) = 0;

@@ -105,7 +105,7 @@ QVector<SCommand> setCommands() {
       "--def a value must be of its type and within the definition's limits and those of its limit "
       "parameters in the same sub-device, or be one of its choices; the name of a choice, radio "
       "button or check box state (checked, unchecked, undefined) may be given in place of its "
-      "value. "
+      "value, and is looked for before a number. Bits without a name are set with a warning. "
       "Without --def a value is taken as it is typed.\n"
       "Values of other parameters that are limited by a changed one are not looked at.");
   command.arguments = {

@@ -247,7 +247,8 @@ int main(int argc, char** argv) {
     for (const int size : sizes) {
       cuts.cutEvery(scene, contentOf(size), QString("%1 bytes").arg(size));
     }
-    if (!scene.exists && !scene.isLink) cuts.cutEvery(scene, newFile, "under another name first");
+    if (!scene.exists && !scene.isLink && !scene.isPlain)
+      cuts.cutEvery(scene, newFile, "under another name first");
     if (scene.keepsBackup) cuts.cutEvery(scene, reader, "a reader");
     if (!scene.keepsBackup) cuts.cutEvery(scene, parameterFile, "a parameter file");
   }

@@ -388,18 +388,6 @@ class CSaves {
     const bool kept = CAtomicFile::keepAsBackup(name, error, error);
     NFaults::disarm();
     mTally.check(!kept && NFaults::calls(NFaults::Link) == 10000, "backups without an end");
-    for (const auto refused : {NFaults::RenameToNew, NFaults::Link}) {
-      NFaults::refuse({NFaults::RenameToNew, refused});  // file systems that have less and less
-      const bool isMoved = CAtomicFile::renameToNew(name, folder("other"), error) &&
-                           CAtomicFile::renameToNew(folder("other"), name, error);
-      mTally.check(isMoved, "not moved: " + error);
-      writeFile(folder("other"), "kept");
-      mTally.check(!CAtomicFile::renameToNew(name, folder("other"), error), "moved onto a file");
-      mTally.check(error == "the file exists already and is not replaced.", error);
-      mTally.check(readFile(folder("other")) == "kept", "a new file replaced another");
-      QFile::remove(folder("other"));
-    }
-    NFaults::refuse({});
     QFile::resize(name, CAtomicFile::kMaxBytes + 1);
     mTally.check(!CAtomicFile::read(name, content, error), "a file that is too large");
     mTally.check(error == "the file is larger than 512 MiB.", error);

@@ -136,22 +136,10 @@ int moveToNew(const SFilePlace& file, const SFilePlace& free) {
                   free.name.constData(), RENAME_NOREPLACE) == 0) {
     return 0;
   }
-  // Not every file system can refuse, or has second names. A copy could be torn, so what is left is
-  // to look first, although another process may come between.
-  if (errno != EEXIST && ::linkat(file.folder.number(), file.name.constData(), free.folder.number(),
-                                  free.name.constData(), 0) == 0) {
-    ::unlinkat(file.folder.number(), file.name.constData(), 0);
-    return 0;
-  }
-  struct stat info = {};
-  if (errno == EEXIST ||
-      ::fstatat(free.folder.number(), free.name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
-    return EEXIST;
-  }
-  return ::renameat(file.folder.number(), file.name.constData(), free.folder.number(),
-                    free.name.constData()) == 0
-             ? 0
-             : errno;
+  if (errno == EEXIST) return errno;
+  const int code = addName(file, free.folder, free.name);  // not every file system can refuse
+  if (code == 0) ::unlinkat(file.folder.number(), file.name.constData(), 0);
+  return code;
 }
 
 /// Finds what is to be replaced or backed up: 0, or the system's error; ELOOP is also that of

@@ -142,6 +142,33 @@ class tst_ktoparam : public QObject {
     QVERIFY(workplace.files() == before);
   }
 
+  void tellsWhatASaveLost() {
+    const CWorkplace workplace;
+    const QString other = "setpriv --reuid 101 --regid 201 --clear-groups ktoparam ";
+    const QString prepare = "chmod 777 . && chown 100:200 Odd.xparam && ";
+    if (workplace.shell(prepare + other + "--version").status != 0) {
+      QSKIP("Nobody else can run the tool here.");
+    }
+    const SRun run = workplace.shell(other + "set Odd.xparam Loose=x");
+    QCOMPARE(run.err,
+             "ktoparam: Odd.xparam: the file is saved, but these could not be kept: owner, "
+             "group.\n");
+    QCOMPARE(run.status, 0);
+  }
+
+  void refusesWordsThatAreNoText() {
+    const CWorkplace workplace;
+    const QMap<QString, QByteArray> before = workplace.files();
+    for (const char* words : {"show 'Odd\\377.xparam'", "show '\\357\\273\\277Odd.xparam'",
+                              "set Odd.xparam 'Loose=\\377'"}) {
+      const SRun run = workplace.shell(QString("eval ktoparam \"$(printf \"%1\")\"").arg(words));
+      QVERIFY2(run.err.endsWith(": this is no valid text in the encoding of the locale.\n"),
+               qPrintable(run.err));
+      QCOMPARE(run.status, 2);
+    }
+    QVERIFY(workplace.files() == before);
+  }
+
   void reportsResultsThatCannotBeWritten() {
     if (!QFile::exists("/dev/full")) QSKIP("There is no /dev/full here.");
     const SRun run = CWorkplace().run({"detect", "Odd.xparam"}, "/dev/full");

@@ -95,9 +95,9 @@ std::vector<int> CDisk::files(int folder, const std::string& name) const {
 std::string CDisk::content(int number) const {
   const auto found = mFiles.find(number);
   if (found == mFiles.end()) return {};
-  std::string content = found->second.synced;
-  for (const SCall& call : found->second.unsynced) put(content, call);
-  return content;
+  std::string bytes = found->second.synced;
+  for (const SCall& call : found->second.unsynced) put(bytes, call);
+  return bytes;
 }
 
 bool CDisk::always(int number, const std::function<bool(const std::string&)>& holds) const {
@@ -108,11 +108,11 @@ bool CDisk::always(int number, const std::function<bool(const std::string&)>& ho
   if (!holds(kept)) return false;
   for (size_t lost = 0; lost < calls.size(); ++lost) {
     for (const SLoss& loss : lossesOf(calls[lost])) {
-      std::string content = kept;
-      put(content, calls[lost], loss);
-      if (!holds(content)) return false;  // so are all behind it
-      for (size_t next = lost + 1; next < calls.size(); ++next) put(content, calls[next]);
-      if (!holds(content)) return false;
+      std::string left = kept;
+      put(left, calls[lost], loss);
+      if (!holds(left)) return false;  // so are all behind it
+      for (size_t next = lost + 1; next < calls.size(); ++next) put(left, calls[next]);
+      if (!holds(left)) return false;
     }
     put(kept, calls[lost]);
     if (!holds(kept)) return false;

@@ -56,7 +56,7 @@ std::string ourPath(int file) {
   return isOurs(path) ? path : std::string();
 }
 
-/// 0 for a file that does not exist. The system uses the numbers of removed files again.
+/// The system uses the numbers of removed files again.
 int numberOf(const struct stat& info, bool isNew = false) {
   int& number = sRecord.numbers[info.st_ino];
   if (isNew || number == 0) number = ++sRecord.last;
@@ -91,7 +91,7 @@ void note(SCall::EKind kind, int file, long offset = 0, const std::string& bytes
 /// What was written last, ending at the file's position.
 void noteWrite(int file, const char* bytes, ssize_t size) {
   const SKeptError kept;
-  if (size <= 0) return;
+  if (size <= 0 || !sRecord.isOn) return;
   const long end = ::lseek(file, 0, SEEK_CUR);
   note(SCall::Write, file, end - size, std::string(bytes, static_cast<size_t>(size)));
 }

@@ -28,6 +28,6 @@ void start(const std::string& folder);
 void stop();
 /// The calls since the last time, or the start.
 std::vector<SCall> take();
-int numberOf(const std::string& path);
+int numberOf(const std::string& path);  ///< 0 when there is nothing
 
 }  // namespace NCallRecord

@@ -1,5 +1,9 @@
 #include "CDefinitionChecker.h"
 
+#include "CKeyedMap.h"
+
+#include <set>
+
 CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
     : mIndex(index), mUnits(index.find(NParamDef::UNIT_PARAMETER_NAME)) {}
 
@@ -94,15 +98,15 @@ void CDefinitionChecker::checkDefault(const CParamDefItem& definition, const CVa
 
 void CDefinitionChecker::checkChoices(const CParamDefItem& definition,
                                       const CNamedValues& choices) {
-  QSet<qint64> values;
-  QSet<QString> names;
+  CKeyedSet<qint64> values;
+  CKeyedSet<QString> names;
   for (const NParamDef::SNamedI64Value& choice : choices) {
     const QString value = QString::number(choice.value);
-    if (values.contains(choice.value)) {
+    if (!values.insert(choice.value).second) {
       add(SParamFinding::ChoiceValueDoubled, definition, value,
           tr("Another choice has the value %1 of \"%2\", too.").arg(value, choice.name));
     }
-    if (names.contains(choice.name)) {
+    if (!names.insert(choice.name).second) {
       add(SParamFinding::ChoiceNameDoubled, definition, value,
           tr("Another choice than %1 has the name \"%2\", too.").arg(value, choice.name));
     }
@@ -111,17 +115,15 @@ void CDefinitionChecker::checkChoices(const CParamDefItem& definition,
       add(SParamFinding::ChoiceNotOfType, definition, value,
           tr("The choice %1 is no number of the type %2.").arg(value, definition.typeStr()));
     }
-    values.insert(choice.value);
-    names.insert(choice.name);
   }
 }
 
 void CDefinitionChecker::checkBits(const CParamDefItem& definition) {
   const int width = CExactNumber::widthOf(definition.type());
-  QSet<int> positions;
+  std::set<int> positions;
   for (const NParamDef::SBitValue& bit : definition.bitset()) {
     const QString position = QString::number(bit.pos);
-    if (positions.contains(bit.pos)) {
+    if (!positions.insert(bit.pos).second) {
       add(SParamFinding::BitDoubled, definition, position,
           tr("The bit %1 has another name than \"%2\", too.").arg(position, bit.name));
     }
@@ -129,7 +131,6 @@ void CDefinitionChecker::checkBits(const CParamDefItem& definition) {
       add(SParamFinding::BitNotOfType, definition, position,
           tr("The type %1 has no bit %2.").arg(definition.typeStr(), position));
     }
-    positions.insert(bit.pos);
   }
 }
 

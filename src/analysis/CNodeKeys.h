@@ -1,8 +1,12 @@
 #pragma once
 
-#include <QHash>
+#include "CKeyedMap.h"
+
 #include <QString>
 #include <QVector>
+
+#include <map>
+#include <tuple>
 
 /// Numbers for the nodes of several trees, the same for what is the same node: a parameter by its
 /// name, a group by its parent, its name, and its place among the groups of that name.
@@ -15,7 +19,7 @@ class CNodeKeys {
 
   int parameter(const QString& name) { return key(mParameters, name, kNone); }
   int group(int parent, const QString& name, int place) {
-    return key(mGroups, {{parent, place}, name}, parent);
+    return key(mGroups, CGroup(parent, place, name), parent);
   }
 
   int count() const { return mParents.size(); }
@@ -24,18 +28,18 @@ class CNodeKeys {
   int parentOfGroup(int key) const { return mParents.at(key); }
 
  private:
-  template <typename K>
-  int key(QHash<K, int>& keys, const K& identity, int parent) {
-    const auto known = keys.find(identity);
-    if (known != keys.end()) {
-      return *known;
+  using CGroup = std::tuple<int, int, QString>;  // parent, place, name
+
+  template <typename CKeys, typename K>
+  int key(CKeys& keys, const K& identity, int parent) {
+    const auto [known, isNew] = keys.try_emplace(identity, mParents.size());
+    if (isNew) {
+      mParents.append(parent);
     }
-    mParents.append(parent);
-    keys.insert(identity, mParents.size() - 1);
-    return mParents.size() - 1;
+    return known->second;
   }
 
   QVector<int> mParents;
-  QHash<QString, int> mParameters;
-  QHash<QPair<QPair<int, int>, QString>, int> mGroups;
+  CKeyedMap<QString, int> mParameters;
+  std::map<CGroup, int> mGroups;
 };

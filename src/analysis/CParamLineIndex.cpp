@@ -2,31 +2,57 @@
 
 #include "CAtomicFile.h"
 #include "CDomDoc.h"
+#include "CKeyedMap.h"
 #include "CStr.h"
 #include "NLumoXmlTags.h"
+
+#include <map>
 
 using namespace NLumoXmlTags;
 
 namespace {
+
+using CNames = CKeyedMap<QString, int>;
 
 QString nameOf(const CDomElement& element) {
   return CDomDoc::existingSubElementAsString(TAG_NAME, element, QString());
 }
 
 /// Of several with one name, the first stays.
-void addParameters(const CDomElement& element, QHash<QString, int>& lines) {
+void addParameters(const CDomElement& element, CNames& lines) {
   for (CDomElement child = element.firstChildElement(); !child.isNull();
        child = child.nextSiblingElement()) {
     if (child.hasTag(TAG_GROUP)) {
       addParameters(child, lines);
-    } else if (const QString name = nameOf(child);
-               child.hasTag(TAG_PARAM) && !lines.contains(name)) {
-      lines.insert(name, child.lineNumber());
+    } else if (child.hasTag(TAG_PARAM)) {
+      lines.try_emplace(nameOf(child), child.lineNumber());
     }
   }
 }
 
+/// 0 for an unknown name.
+int lineOf(const CNames& lines, const QString& name) {
+  const auto found = lines.find(name);
+  return found != lines.end() ? found->second : 0;
+}
+
 }  // namespace
+
+struct CParamLineIndex::SLines {
+  struct SHardwareId {
+    int line = 0;
+    std::map<quint8, CNames> subDevices;
+  };
+
+  CNames definitions;
+  CKeyedMap<QString, SHardwareId> hardwareIds;
+
+  /// Null for an unknown one.
+  const SHardwareId* find(const QString& hardwareId) const {
+    const auto found = hardwareIds.find(hardwareId);
+    return found != hardwareIds.end() ? &found->second : nullptr;
+  }
+};
 
 bool CParamLineIndex::read(const QString& fileName) {
   *this = CParamLineIndex();
@@ -41,12 +67,15 @@ bool CParamLineIndex::read(const QString& fileName) {
     mErrorMsg = tr("The file is neither a definition file nor a value file.");
     return false;
   }
+  const auto lines = std::make_shared<SLines>();
+  mLines = lines;
   if (root.hasTag(TAG_ROOT_PARAM_DEFINITION)) {
-    addParameters(data, mDefinitions);
+    addParameters(data, lines->definitions);
     return true;
   }
   for (; !data.isNull(); data = data.nextSiblingElement(TAG_DATA)) {
-    SHardwareId& hardwareId = mHardwareIds[data.attribute(ATTR_HARDWARE_ID).trimmed()];
+    SLines::SHardwareId& hardwareId =
+        lines->hardwareIds[data.attribute(ATTR_HARDWARE_ID).trimmed()];
     hardwareId.line = data.lineNumber();
     for (CDomElement element = data.firstChildElement(TAG_SUB_DEVICE); !element.isNull();
          element = element.nextSiblingElement(TAG_SUB_DEVICE)) {
@@ -59,19 +88,23 @@ bool CParamLineIndex::read(const QString& fileName) {
   return true;
 }
 
+int CParamLineIndex::definitionLine(const QString& name) const {
+  return mLines ? lineOf(mLines->definitions, name) : 0;
+}
+
 int CParamLineIndex::hardwareIdLine(const QString& hardwareId) const {
-  const auto found = mHardwareIds.find(hardwareId);
-  return found != mHardwareIds.end() ? found->line : 0;
+  const SLines::SHardwareId* found = mLines ? mLines->find(hardwareId) : nullptr;
+  return found != nullptr ? found->line : 0;
 }
 
 int CParamLineIndex::parameterLine(const QString& hardwareId, quint8 subDevId,
                                    const QString& name) const {
-  const auto found = mHardwareIds.find(hardwareId);
-  if (found == mHardwareIds.end()) {
+  const SLines::SHardwareId* found = mLines ? mLines->find(hardwareId) : nullptr;
+  if (found == nullptr) {
     return 0;
   }
   const auto names = found->subDevices.find(subDevId);
-  return names != found->subDevices.end() ? names->value(name) : 0;
+  return names != found->subDevices.end() ? lineOf(names->second, name) : 0;
 }
 
 void CParamLineIndex::addLines(CParamFindings& findings) const {

@@ -3,10 +3,9 @@
 #include "CDefinitionChecker.h"
 #include "CDefinitionIndex.h"
 #include "CHardwareIdSelection.h"
+#include "CKeyedMap.h"
 #include "CRuledDefinitions.h"
 #include "SParamEntry.h"
-
-#include <QSet>
 
 namespace {
 
@@ -72,12 +71,12 @@ class CValueChecker {
   }
 
   void listMissing() {
-    QSet<QString> present;
+    CKeyedSet<QString> present;
     for (const quint8 subDevId : mFile.subDeviceIds()) {
       for (const QString& name : mFile.paramNames(subDevId)) present.insert(name);
     }
     for (const QString& name : mIndex.names()) {
-      if (!present.contains(name)) {
+      if (present.count(name) == 0) {
         SParamEntry entry;
         entry.name = name;
         add(SParamFinding::ParameterMissing, SParamFinding::kNoSubDevice, entry,

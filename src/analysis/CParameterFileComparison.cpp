@@ -6,7 +6,6 @@
 #include "SParamEntry.h"
 
 #include <QMap>
-#include <QSet>
 
 #include <set>
 
@@ -83,10 +82,9 @@ class CComparison {
   }
 
   void compareTypeAndName(quint8 subDevId) {
-    if (mCompared.contains(subDevId)) {
+    if (!mCompared.insert(subDevId).second) {
       return;
     }
-    mCompared.insert(subDevId);
     addShared(SParamDifference::SubDeviceTypeChanged,
               ICParameterFile::subDeviceTypeToStr(mOldFile.subDevType(subDevId)),
               ICParameterFile::subDeviceTypeToStr(mNewFile.subDevType(subDevId)));
@@ -164,7 +162,7 @@ class CComparison {
   const ICParameterFile* mDefinitions;
   QString mHardwareId;
   int mSubDevId = SParamDifference::kNoSubDevice;
-  QSet<quint8> mCompared;  // types and names
+  std::set<quint8> mCompared;  // types and names
   CParamDifferences mShared;
   CParamDifferences mDifferences;
 };

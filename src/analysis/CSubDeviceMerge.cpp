@@ -1,6 +1,7 @@
 #include "CSubDeviceMerge.h"
 
 #include "CExactNumber.h"
+#include "CKeyedMap.h"
 #include "CParameterFileHelper.h"
 #include "ICParameterFile.h"
 #include "ThreeWay.h"
@@ -210,11 +211,11 @@ void CSubDeviceMerge::keepGroupsAbove(int key) {
 /// place in the order does not follow what ours moved.
 std::list<int> CSubDeviceMerge::orderOf(int group) {
   std::list<int> order;
-  QHash<int, std::list<int>::iterator> places;
+  CKeyedMap<int, std::list<int>::iterator> places;
   for (const int key : mOurs.children(group)) {
     const SOutcome& settled = outcome(key);
     if (settled.isKept && settled.parent == group && !settled.isPlacedByTheirs) {
-      places.insert(key, order.insert(order.end(), key));
+      places.emplace(key, order.insert(order.end(), key));
     }
   }
   auto next = order.begin();    // behind what precedes in theirs
@@ -234,7 +235,7 @@ std::list<int> CSubDeviceMerge::orderOf(int group) {
       next = place;
       steady = place;
     } else {
-      next = std::next(places.value(key));
+      next = std::next(places.at(key));
       steady = isPlaced(mPlacedByOurs, key) ? steady : next;
     }
   }

@@ -1,5 +1,7 @@
 #include "CTreeOutline.h"
 
+#include "CKeyedMap.h"
+
 #include <algorithm>
 
 namespace {
@@ -46,7 +48,7 @@ const CTreeOutline::SNode& CTreeOutline::at(int key) const {
 }
 
 void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys& keys) {
-  QHash<QString, int> places;
+  CKeyedMap<QString, int> places;
   QVector<int> childKeys;
   childKeys.reserve(group.childCount());
   for (int i = 0; i < group.childCount(); ++i) {

@@ -35,8 +35,8 @@ bool CParamDefFile::readDefinitions() {
   if (data.isNull()) {
     return failAt(domDocument().documentElement(), tr("There is no data section !"));
   }
-  const int count = data.childElementCount();
-  mDefinitions.reserve(static_cast<size_t>(count));
+  const auto count = static_cast<size_t>(data.childElementCount());
+  mDefinitions.reserve(count);
   mNameById.reserve(count);
   for (CDomElement param = data.firstChildElement(TAG_PARAM); !param.isNull();
        param = param.nextSiblingElement(TAG_PARAM)) {
@@ -235,7 +235,7 @@ bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& d
 }
 
 bool CParamDefFile::checkUnique(const CParamDefItem& definition) {
-  const bool idIsTaken = isRealId(definition.id()) && mNameById.contains(definition.id());
+  const bool idIsTaken = isRealId(definition.id()) && mNameById.count(definition.id()) > 0;
   if (idIsTaken || mDefinitions.count(definition.name()) > 0) {
     mErrorMsg =
         tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(definition.id()));
@@ -250,7 +250,7 @@ bool CParamDefFile::enterDefinition(const CParamDefItem& definition) {
     return false;
   }
   mDefinitions.emplace(definition.name(), definition);
-  mNameById.insert(definition.id(), definition.name());
+  mNameById.insert_or_assign(definition.id(), definition.name());
   return true;
 }
 

@@ -4,10 +4,10 @@
 #include "CParamBaseFile.h"
 #include "CParamDefItem.h"
 
-#include <QHash>
 #include <QVector>
 
 using CParamDefinitions = CKeyedMap<QString, CParamDefItem>;
+using CNamesById = CKeyedMap<quint32, QString>;
 
 /// Reads and writes parameter definition files.
 class CParamDefFile : public CParamBaseFile {
@@ -34,7 +34,7 @@ class CParamDefFile : public CParamBaseFile {
 
   /// What the last open() read.
   const CParamDefinitions& paramDefinitions() const { return mDefinitions; }
-  const QHash<quint32, QString>& nameByIdHash() const { return mNameById; }
+  const CNamesById& nameByIdHash() const { return mNameById; }
 
   /// Reads one "Param" into the definitions.
   bool readParamDefinitionFromDom(const CDomElement& param);
@@ -79,5 +79,5 @@ class CParamDefFile : public CParamBaseFile {
   static void appendChoicesToDom(CDomElement param, const CParamDefItem& definition);
 
   CParamDefinitions mDefinitions;
-  QHash<quint32, QString> mNameById;
+  CNamesById mNameById;
 };

@@ -26,6 +26,11 @@ CParamDefItem* CDefinitionStore::findForEdit(const QString& name) {
   return it == mByName.end() ? nullptr : &it->second;
 }
 
+QString CDefinitionStore::nameById(quint32 id) const {
+  const auto it = mNameById.find(id);
+  return it == mNameById.end() ? QString() : it->second;
+}
+
 QVector<const CParamDefItem*> CDefinitionStore::sorted() const {
   QVector<const CParamDefItem*> definitions;
   definitions.reserve(static_cast<int>(mByName.size()));
@@ -37,19 +42,18 @@ QVector<const CParamDefItem*> CDefinitionStore::sorted() const {
 }
 
 CParamDefItem* CDefinitionStore::add(const CParamDefItem& definition) {
-  mNameById.insert(definition.id(), definition.name());
+  mNameById.insert_or_assign(definition.id(), definition.name());
   mChanged = true;
   return store(definition.name(), definition);
 }
 
-void CDefinitionStore::unite(const CParamDefinitions& definitions,
-                             const QHash<quint32, QString>& nameById) {
+void CDefinitionStore::unite(const CParamDefinitions& definitions, const CNamesById& nameById) {
   mByName.reserve(mByName.size() + definitions.size());
   for (const auto& [name, definition] : definitions) {
     store(name, definition);
   }
-  for (auto it = nameById.cbegin(); it != nameById.cend(); ++it) {
-    mNameById.insert(it.key(), it.value());
+  for (const auto& [id, name] : nameById) {
+    mNameById.insert_or_assign(id, name);
   }
 }
 

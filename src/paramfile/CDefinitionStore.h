@@ -5,7 +5,6 @@
 #include "CUniqueList.h"
 #include "CXMLMetaData.h"
 
-#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QVector>
@@ -28,14 +27,14 @@ class CDefinitionStore {
   /// The definition, whose edits mark this store changed; null for an unknown name.
   CParamDefItem* findForEdit(const QString& name);
   /// Empty for an unknown id.
-  QString nameById(quint32 id) const { return mNameById.value(id); }
+  QString nameById(quint32 id) const;
   /// By id and then by name.
   QVector<const CParamDefItem*> sorted() const;
 
   /// Adds a definition whose name is not known, and marks the store changed.
   CParamDefItem* add(const CParamDefItem& definition);
   /// Takes over what a file holds; names and ids that are known become the file's.
-  void unite(const CParamDefinitions& definitions, const QHash<quint32, QString>& nameById);
+  void unite(const CParamDefinitions& definitions, const CNamesById& nameById);
   /// Enters the references of definitions by visibility and unit, by ascending id.
   void updateReferenceIdList(const CParamDefinitions& definitions);
   QList<quint32> referencedBy(quint32 id) const { return mReferences.value(id).list(); }
@@ -50,7 +49,7 @@ class CDefinitionStore {
   CParamDefItem* store(const QString& name, const CParamDefItem& definition);
 
   CParamDefinitions mByName;  // never shared, so the pointers stay
-  QHash<quint32, QString> mNameById;
+  CNamesById mNameById;
   QMap<quint32, CUniqueList<quint32>> mReferences;
   CXMLMetaData mMetaData;
   bool mChanged = false;

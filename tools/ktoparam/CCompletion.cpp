@@ -2,6 +2,7 @@
 
 #include "CStr.h"
 #include "CommonOptions.h"
+#include "UniqueNames.h"
 
 #include <QDir>
 
@@ -173,6 +174,5 @@ QStringList CCompletion::replacements(COutput& out) const {
       words.append(mLine.replacement(word));
     }
   }
-  words.removeDuplicates();
-  return words;
+  return uniqueNames(words);
 }

@@ -3,9 +3,8 @@
 #include "DisplayText.h"
 #include "Tool.h"
 
-#include <QSet>
-
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -34,10 +33,10 @@ void addMissing(const SPointParts& parts, ICCompensationFile::EDataPointFormat f
                            : Tool::tr("without an adjustment, which counts as 0"));
 }
 
-QSet<int> badIndices(const ICCompensationFile& table) {
+std::set<int> badIndices(const ICCompensationFile& table) {
   QList<int> bad;
   table.checkAllPoints(&bad);
-  return QSet<int>(bad.begin(), bad.end());
+  return std::set<int>(bad.begin(), bad.end());
 }
 
 }  // namespace
@@ -45,10 +44,10 @@ QSet<int> badIndices(const ICCompensationFile& table) {
 CTableFindings::CTableFindings(const ICCompensationFile& table, const QVector<SPointParts>& parts)
     : mTable(table), mHeader(table.header()) {
   checkRange();
-  const QSet<int> bad = badIndices(table);
+  const std::set<int> bad = badIndices(table);
   for (int i = 0; i < table.count(); ++i) {
     QStringList found = problems(i, parts.value(i));
-    if (found.isEmpty() && bad.contains(i)) {
+    if (found.isEmpty() && bad.count(i) > 0) {
       found.append(Tool::tr("not in the range, which is none"));
     }
     if (!found.isEmpty()) mPoints.insert(i, found);

@@ -8,12 +8,13 @@
 #include "SValueView.h"
 #include "Suggestion.h"
 #include "Tool.h"
+#include "UniqueNames.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
 
-#include <algorithm>
+#include <map>
+#include <set>
 
 namespace {
 
@@ -44,10 +45,10 @@ class CGathering {
       mLoaded.selectHardwareId(hardwareId);
       known += ParameterLookup::allNames(mLoaded.file());
     }
-    known.removeDuplicates();
+    known = uniqueNames(known);
     int reported = 0;
     for (const QString& name : mNames) {
-      if (!mFound.contains(name))
+      if (mFound.count(name) == 0)
         report(name, reported++ < Suggestion::kMaxHelped ? known : QStringList());
     }
     return reported == 0;
@@ -69,14 +70,13 @@ class CGathering {
   }
 
   void report(const QString& name, const QStringList& known) const {
-    const auto elsewhere = mElsewhere.constFind(name);
-    if (elsewhere == mElsewhere.constEnd()) {
+    const auto elsewhere = mElsewhere.find(name);
+    if (elsewhere == mElsewhere.end()) {
       mLoaded.message(Tool::tr("there is no parameter \"%1\".%2")
                           .arg(name, ParameterLookup::didYouMean(name, known)));
       return;
     }
-    QList<quint8> ids = elsewhere->values();
-    std::sort(ids.begin(), ids.end());
+    const QList<quint8> ids(elsewhere->second.begin(), elsewhere->second.end());
     mLoaded.message(Tool::tr("there is no parameter \"%1\" in sub-device %2; it is in %3.")
                         .arg(name, QString::number(*mSubDevice), ParameterLookup::listed(ids)));
   }
@@ -84,8 +84,8 @@ class CGathering {
   CLoadedFile& mLoaded;
   const QStringList mNames;
   const std::optional<quint8> mSubDevice;
-  QSet<QString> mFound;
-  QHash<QString, QSet<quint8>> mElsewhere;  // sub-devices that were not asked for
+  std::set<QString> mFound;
+  std::map<QString, std::set<quint8>> mElsewhere;  // sub-devices that were not asked for
 };
 
 void printTable(const QVector<SFound>& found, COutput& out) {

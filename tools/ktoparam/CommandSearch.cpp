@@ -6,13 +6,14 @@
 #include "DisplayText.h"
 #include "Suggestion.h"
 #include "Tool.h"
+#include "UniqueNames.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <QSet>
 
 #include <optional>
+#include <set>
 
 namespace {
 
@@ -45,7 +46,7 @@ struct SHit {
       }
       hit.choices += found;
     }
-    hit.choices.removeDuplicates();
+    hit.choices = uniqueNames(hit.choices);
     return hit;
   }
 };
@@ -83,7 +84,7 @@ void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& ou
 /// The words of names such as "VelocityLimit", of hints and of choices.
 QStringList knownWords(const ICParameterFile& file) {
   static const QRegularExpression kWord(QStringLiteral("\\p{L}\\p{Ll}+"));
-  QSet<QString> found;
+  std::set<QString> found;
   for (const QString& name : file.defNames()) {
     const CParamDefItem definition = file.paramDef(name);
     const QStringList texts = QStringList{name, definition.hint()} + choiceNames(definition);
@@ -91,9 +92,7 @@ QStringList knownWords(const ICParameterFile& file) {
       found.insert(it.next().captured().toCaseFolded());
     }
   }
-  QStringList words = found.values();
-  words.sort();
-  return words;
+  return QStringList(found.begin(), found.end());
 }
 
 /// For the first word that stands nowhere.

@@ -40,7 +40,8 @@ void CDefinitionChecker::checkId(const CParamDefItem& definition) {
   const QString owner = mIndex.nameOf(definition.id());
   if (!owner.isEmpty() && owner != definition.name()) {
     add(SParamFinding::DefinitionIdDoubled, definition, QString::number(definition.id()),
-        tr("The id %1 is that of \"%2\" already.").arg(QString::number(definition.id()), owner));
+        tr("The id %1 is that of \"%2\" already.")
+            .arg(QString::number(definition.id()), mIndex.shortNameOf(definition.id())));
   }
 }
 
@@ -64,7 +65,7 @@ void CDefinitionChecker::checkLimitIds(const CParamDefItem& definition, const QL
           tr("The limit parameter %1 is not defined.").arg(id));
     } else if (!CExactNumber::isNumberType(limit.type())) {
       add(SParamFinding::LimitParameterNoNumber, definition, QString::number(id),
-          tr("The limit parameter \"%1\" is no number.").arg(limit.name()));
+          tr("The limit parameter \"%1\" is no number.").arg(mIndex.shortNameOf(id)));
     }
   }
 }

@@ -42,15 +42,21 @@ struct CParamLineIndex::SLines {
   struct SHardwareId {
     int line = 0;
     std::map<quint8, CNames> subDevices;
+
+    int lineOf(quint8 subDevId, const QString& name) const {
+      const auto names = subDevices.find(subDevId);
+      return names != subDevices.end() ? ::lineOf(names->second, name) : 0;
+    }
   };
 
   CNames definitions;
   CKeyedMap<QString, SHardwareId> hardwareIds;
 
-  /// Null for an unknown one.
-  const SHardwareId* find(const QString& hardwareId) const {
+  /// One without lines for an unknown id.
+  const SHardwareId& find(const QString& hardwareId) const {
+    static const SHardwareId kNone;
     const auto found = hardwareIds.find(hardwareId);
-    return found != hardwareIds.end() ? &found->second : nullptr;
+    return found != hardwareIds.end() ? found->second : kNone;
   }
 };
 
@@ -93,27 +99,31 @@ int CParamLineIndex::definitionLine(const QString& name) const {
 }
 
 int CParamLineIndex::hardwareIdLine(const QString& hardwareId) const {
-  const SLines::SHardwareId* found = mLines ? mLines->find(hardwareId) : nullptr;
-  return found != nullptr ? found->line : 0;
+  return mLines ? mLines->find(hardwareId).line : 0;
 }
 
 int CParamLineIndex::parameterLine(const QString& hardwareId, quint8 subDevId,
                                    const QString& name) const {
-  const SLines::SHardwareId* found = mLines ? mLines->find(hardwareId) : nullptr;
-  if (found == nullptr) {
-    return 0;
-  }
-  const auto names = found->subDevices.find(subDevId);
-  return names != found->subDevices.end() ? lineOf(names->second, name) : 0;
+  return mLines ? mLines->find(hardwareId).lineOf(subDevId, name) : 0;
 }
 
 void CParamLineIndex::addLines(CParamFindings& findings) const {
+  if (!mLines) {
+    return;
+  }
+  // Looked up once for all that follow each other, since a name may be as long as the file.
+  QString id;
+  const SLines::SHardwareId* hardwareId = &mLines->find(id);
   for (SParamFinding& finding : findings) {
+    if (finding.hardwareId != id) {
+      id = finding.hardwareId;
+      hardwareId = &mLines->find(id);
+    }
     int line = 0;
     if (finding.subDevId != SParamFinding::kNoSubDevice) {
-      line = parameterLine(finding.hardwareId, static_cast<quint8>(finding.subDevId), finding.name);
+      line = hardwareId->lineOf(static_cast<quint8>(finding.subDevId), finding.name);
     } else {
-      line = finding.code == SParamFinding::ParameterMissing ? hardwareIdLine(finding.hardwareId)
+      line = finding.code == SParamFinding::ParameterMissing ? hardwareId->line
                                                              : definitionLine(finding.name);
     }
     finding.line = line > 0 ? line : finding.line;

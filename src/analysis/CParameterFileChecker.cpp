@@ -36,7 +36,7 @@ class CValueChecker {
       return mFile.paramValue(name, subDevId);
     };
     mRuled.beginSubDevice();
-    SParamEntry::visit(mFile, subDevId, [&](const SParamEntry& entry) {
+    SParamEntry::visit(mFile, subDevId, mKeys, [&](const SParamEntry& entry) {
       const CRuledDefinitions::SRuled* ruled = mRuled.find(entry.name);
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
@@ -51,7 +51,7 @@ class CValueChecker {
   }
 
   void addUndefined(quint8 subDevId, const SParamEntry& entry) {
-    const QString owner = mIndex.nameOf(entry.id);
+    const QString owner = mIndex.shortNameOf(entry.id);
     if (owner.isEmpty()) {
       add(SParamFinding::ParameterNotDefined, subDevId, entry, tr("The parameter is not defined."));
     } else {
@@ -87,12 +87,13 @@ class CValueChecker {
 
   void add(SParamFinding::ECode code, int subDevId, const SParamEntry& entry, const QString& text) {
     mFindings.append({SParamFinding::severityOf(code), code, mFile.hardwareId(), subDevId,
-                      entry.groupPath(), entry.name, entry.value.asStr(), text});
+                      mKeys.pathOfGroup(entry.group), entry.name, entry.value.asStr(), text});
   }
 
   ICParameterFile& mFile;
   CDefinitionIndex mIndex;
   CRuledDefinitions mRuled;
+  CNodeKeys mKeys;
   CParamFindings mFindings;
 };
 

@@ -114,9 +114,9 @@ int CSubDeviceMerge::settleGroupOf(int key) {
       return theirs;
     case NThreeWay::Conflict: {
       SMergeConflict& conflict = addConflict(key, SMergeConflict::Group);
-      conflict.base = mBase.contains(key) ? mBase.groupPath(key) : QString();
-      conflict.ours = mOurs.groupPath(key);
-      conflict.theirs = mTheirs.groupPath(key);
+      conflict.base = mBase.contains(key) ? groupPath(mBase, key) : QString();
+      conflict.ours = groupPath(mOurs, key);
+      conflict.theirs = groupPath(mTheirs, key);
       return ours;
     }
     default:
@@ -177,7 +177,7 @@ SMergeConflict& CSubDeviceMerge::addConflict(int key, SMergeConflict::ESubject s
   SMergeConflict conflict;
   conflict.subject = subject;
   conflict.kind = kind;
-  conflict.groupPath = side.groupPath(key);
+  conflict.groupPath = groupPath(side, key);
   conflict.name = side.data(key).name();
   mConflicts.append(conflict);
   return mConflicts.last();

@@ -72,14 +72,6 @@ CParamVal CTreeOutline::value(int key) const {
   return contains(key) ? mTree->value(data(key).name()) : CParamVal();
 }
 
-QString CTreeOutline::groupPath(int key) const {
-  QStringList names;
-  for (int group = parent(key); group > CNodeKeys::kRoot; group = parent(group)) {
-    names.prepend(data(group).name());
-  }
-  return names.join(QLatin1Char('/'));
-}
-
 std::vector<bool> CTreeOutline::placedSince(const CTreeOutline& base, int count) const {
   std::vector<bool> placed(static_cast<size_t>(count));
   for (size_t key = 0; key < mNodes.size(); ++key) {

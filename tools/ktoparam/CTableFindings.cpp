@@ -1,6 +1,7 @@
 #include "CTableFindings.h"
 
 #include "DisplayText.h"
+#include "ShortText.h"
 #include "Tool.h"
 
 #include <cmath>
@@ -9,7 +10,7 @@
 namespace {
 
 QString shown(const CParamVal& value) {
-  return DisplayText::shown(value.asStr());
+  return DisplayText::shown(NShortText::of(value.asStr()));
 }
 
 void addNumberProblem(const QString& what, const CParamVal& value, QStringList& problems) {
@@ -42,7 +43,12 @@ std::set<int> badIndices(const ICCompensationFile& table) {
 }  // namespace
 
 CTableFindings::CTableFindings(const ICCompensationFile& table, const QVector<SPointParts>& parts)
-    : mTable(table), mHeader(table.header()) {
+    : mTable(table),
+      mHeader(table.header()),
+      mMinimum(mHeader.minimum().asF64()),
+      mMaximum(mHeader.maximum().asF64()),
+      mMinimumText(shown(mHeader.minimum())),
+      mMaximumText(shown(mHeader.maximum())) {
   checkRange();
   const std::set<int> bad = badIndices(table);
   for (int i = 0; i < table.count(); ++i) {
@@ -51,8 +57,15 @@ CTableFindings::CTableFindings(const ICCompensationFile& table, const QVector<SP
       found.append(Tool::tr("not in the range, which is none"));
     }
     if (!found.isEmpty()) mPoints.insert(i, found);
-    if (mHighest < 0 ? !std::isnan(position(i)) : position(i) > position(mHighest)) mHighest = i;
+    const double here = position(i);
+    if (mHighest < 0 ? !std::isnan(here) : here > mHighestPosition) setHighest(i, here);
   }
+}
+
+void CTableFindings::setHighest(int index, double position) {
+  mHighest = index;
+  mHighestPosition = position;
+  mHighestText.clear();
 }
 
 QString CTableFindings::ofPoint(int index) const {
@@ -64,12 +77,12 @@ void CTableFindings::checkRange() {
   addNumberProblem(Tool::tr("the maximum"), mHeader.maximum(), mRange);
   mHasNumbers = mRange.isEmpty();
   if (mHasNumbers && !mTable.checkHeader()) {
-    mRange.append(Tool::tr("the minimum %1 is not below the maximum %2")
-                      .arg(shown(mHeader.minimum()), shown(mHeader.maximum())));
+    mRange.append(
+        Tool::tr("the minimum %1 is not below the maximum %2").arg(mMinimumText, mMaximumText));
   }
 }
 
-QStringList CTableFindings::problems(int index, const SPointParts& parts) const {
+QStringList CTableFindings::problems(int index, const SPointParts& parts) {
   const CCompensationPoint point = mTable.point(index);
   QStringList found;
   addMissing(parts, mTable.detectedDataPointFormat(), found);
@@ -87,25 +100,21 @@ QStringList CTableFindings::problems(int index, const SPointParts& parts) const 
 QStringList CTableFindings::rangeProblems(int index) const {
   const double here = position(index);
   QStringList found;
-  if (here < mHeader.minimum().asF64()) {
-    found.append(Tool::tr("below the minimum %1").arg(shown(mHeader.minimum())));
-  }
-  if (here > mHeader.maximum().asF64()) {
-    found.append(Tool::tr("above the maximum %1").arg(shown(mHeader.maximum())));
-  }
+  if (here < mMinimum) found.append(Tool::tr("below the minimum %1").arg(mMinimumText));
+  if (here > mMaximum) found.append(Tool::tr("above the maximum %1").arg(mMaximumText));
   return found;
 }
 
 // Where the point lies among those before it.
-QString CTableFindings::orderProblem(int index) const {
+QString CTableFindings::orderProblem(int index) {
   const double here = position(index);
-  if (mHighest >= 0 && here <= position(mHighest)) {
+  if (mHighest >= 0 && here <= mHighestPosition) {
+    if (mHighestText.isNull()) mHighestText = shown(mTable.point(mHighest).position());
     return Tool::tr("not above the position %1 of point %2")
-        .arg(shown(mTable.point(mHighest).position()), QString::number(mHighest + 1));
+        .arg(mHighestText, QString::number(mHighest + 1));
   }
-  if (index > 0 && here == mHeader.minimum().asF64()) {
-    return Tool::tr("at the minimum %1, where only the first point may be")
-        .arg(shown(mHeader.minimum()));
+  if (index > 0 && here == mMinimum) {
+    return Tool::tr("at the minimum %1, where only the first point may be").arg(mMinimumText);
   }
   return {};
 }

@@ -26,8 +26,11 @@ struct SFound {
 /// Gathers the values of the names asked for, over hardware ids and sub-devices.
 class CGathering {
  public:
-  CGathering(CLoadedFile& loaded, const CInvocation& invocation)
-      : mLoaded(loaded), mNames(invocation.argumentsFrom(1)), mSubDevice(invocation.subDevice()) {}
+  CGathering(CLoadedFile& loaded, const CInvocation& invocation, const CLabels& labels)
+      : mLoaded(loaded),
+        mViews(loaded.file(), labels),
+        mNames(invocation.argumentsFrom(1)),
+        mSubDevice(invocation.subDevice()) {}
 
   QVector<SFound> gather(const QStringList& hardwareIds) {
     QVector<SFound> found;
@@ -64,7 +67,7 @@ class CGathering {
       }
       const ICParamTreeNode* node = file.findParameter(file.rootGroup(id), name);
       if (!node) continue;
-      found.append({hardwareId, SValueView::of(file, *node)});
+      found.append({hardwareId, mViews.of(*node)});
       mFound.insert(name);
     }
   }
@@ -82,6 +85,7 @@ class CGathering {
   }
 
   CLoadedFile& mLoaded;
+  CValueViews mViews;
   const QStringList mNames;
   const std::optional<quint8> mSubDevice;
   std::set<QString> mFound;
@@ -93,7 +97,7 @@ void printTable(const QVector<SFound>& found, COutput& out) {
                 Tool::tr("VALUE"), Tool::tr("UNIT"), Tool::tr("MEANING")});
   for (const SFound& each : found) {
     const SValueView& view = each.view;
-    table.addRow({DisplayText::shown(each.hardwareId), QString::number(view.subDevId),
+    table.addRow({out.labels().shown(each.hardwareId), QString::number(view.subDevId),
                   view.isChanged() ? QStringLiteral("*") : QString(), DisplayText::shown(view.name),
                   DisplayText::shown(view.value.asStr()), DisplayText::shownOrNothing(view.unit),
                   view.meaning},
@@ -106,7 +110,7 @@ void printJson(const CLoadedFile& loaded, const QVector<SFound>& found, COutput&
   QJsonArray values;
   for (const SFound& each : found) {
     QJsonObject value = each.view.toJson();
-    value.insert(QStringLiteral("hardwareId"), each.hardwareId);
+    value.insert(QStringLiteral("hardwareId"), out.labels().of(each.hardwareId));
     value.insert(QStringLiteral("subDevice"), each.view.subDevId);
     values.append(value);
   }
@@ -120,7 +124,7 @@ EExitStatus get(const CInvocation& invocation, COutput& out) {
   if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
     return ExitFindings;
   }
-  CGathering gathering(loaded, invocation);
+  CGathering gathering(loaded, invocation, out.labels());
   const QVector<SFound> found = gathering.gather(hardwareIds);
   if (invocation.wantsJson()) {
     printJson(loaded, found, out);

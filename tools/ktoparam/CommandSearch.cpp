@@ -56,12 +56,12 @@ void printTable(const QVector<SHit>& hits, COutput& out) {
                 Tool::tr("HINT")});
   for (const SHit& hit : hits) {
     QStringList choices;
-    for (const QString& name : hit.choices) choices.append(DisplayText::shown(name));
+    for (const QString& name : hit.choices) choices.append(out.labels().shown(name));
     const CParamDefItem& definition = hit.definition;
     table.addRow({definition.valid() ? QString::number(definition.id()) : QString(),
-                  DisplayText::shown(definition.name()), definition.typeStr(),
+                  out.labels().shown(definition.name()), definition.typeStr(),
                   choices.join(QLatin1String(", ")),
-                  DisplayText::shownOrNothing(definition.hint())});
+                  out.labels().shownOrNothing(definition.hint())});
   }
   if (!table.isEmpty()) table.print(out);
 }
@@ -73,10 +73,10 @@ void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& ou
     array.append(
         QJsonObject{{QStringLiteral("id"),
                      definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue()},
-                    {QStringLiteral("name"), definition.name()},
+                    {QStringLiteral("name"), out.labels().of(definition.name())},
                     {QStringLiteral("type"), definition.typeStr()},
-                    {QStringLiteral("hint"), definition.hint()},
-                    {QStringLiteral("choices"), QJsonArray::fromStringList(hit.choices)}});
+                    {QStringLiteral("hint"), out.labels().of(definition.hint())},
+                    {QStringLiteral("choices"), out.labels().of(hit.choices)}});
   }
   out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("definitions"), array}});
 }

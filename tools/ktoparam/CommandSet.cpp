@@ -43,8 +43,8 @@ void printTable(const ICParameterFile& file, const QVector<SAssignment>& assignm
         {QString::number(each.subDevId), DisplayText::shown(each.name),
          DisplayText::shown(each.oldValue.asStr()),
          each.isChange ? DisplayText::shown(each.newValue.asStr()) : Tool::tr("(unchanged)"),
-         each.isChange ? ValueTexts::change(definition, each.oldValue, each.newValue)
-                       : ValueTexts::meaning(definition, each.oldValue)});
+         each.isChange ? ValueTexts::change(definition, each.oldValue, each.newValue, out.labels())
+                       : ValueTexts::meaning(definition, each.oldValue, out.labels())});
   }
   table.print(out);
 }

@@ -1,42 +1,57 @@
 #include "SValueView.h"
 
+#include "CLabels.h"
 #include "CParameterFileHelper.h"
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 #include "JsonTexts.h"
+#include "ShortText.h"
 #include "ValueTexts.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
 
-QString groupPath(const ICParamTreeNode& node) {
-  QStringList names;
-  const ICParamTreeNode* group = node.parentPtr();
-  for (; group && group->parentPtr(); group = group->parentPtr()) names.prepend(group->name());
-  return names.join(QLatin1Char('/'));
+QString pathOf(const ICParamTreeNode* group) {
+  const bool isRoot = group == nullptr || group->parentPtr() == nullptr;
+  return isRoot ? QString() : NShortText::below(pathOf(group->parentPtr()), group->name());
 }
 
 }  // namespace
 
-SValueView SValueView::of(const ICParameterFile& file, const ICParamTreeNode& node) {
+SValueView CValueViews::of(const ICParamTreeNode& node) {
+  return of(node, pathOf(node.parentPtr()));
+}
+
+SValueView CValueViews::of(const ICParamTreeNode& node, const QString& groupPath) {
+  const QString name = node.name();
   SValueView view;
-  view.group = groupPath(node);
-  view.name = node.name();
+  view.group = groupPath;
+  view.name = mLabels.of(name);
   view.id = node.id();
   view.subDevId = node.subDevId();
-  view.value = file.paramValue(view.name, view.subDevId);
+  view.value = mFile.paramValue(name, view.subDevId);
 
-  const CParamDefItem definition = file.paramDef(view.name);
+  const CParamDefItem definition = mFile.paramDef(name);
   if (definition.name().isEmpty()) return view;
-  view.unit = ValueTexts::unitName(file, definition, view.subDevId);
-  view.choice = ValueTexts::choiceName(definition, view.value);
-  view.bits = ValueTexts::activeBits(definition, view.value);
-  view.meaning = ValueTexts::meaning(definition, view.value);
-  view.defaultValue = definition.defVal();
+  const std::optional<QStringList> bits = ValueTexts::activeBits(definition, view.value);
+  view.unit = unit(definition, view.subDevId);
+  view.choice = mLabels.of(ValueTexts::choiceName(definition, view.value));
+  if (bits) view.bits = mLabels.of(*bits);
+  view.meaning = ValueTexts::meaning(definition, view.value, mLabels);
+  view.defaultValue = CParamVal(mLabels.of(definition.defVal().asStr()));
   view.isDefault = CParameterFileHelper::compareValues(view.value, definition.defVal(), definition);
   return view;
+}
+
+QString CValueViews::unit(const CParamDefItem& definition, quint8 subDevId) {
+  if (mHardwareId != mFile.hardwareId()) {
+    mUnits.clear();
+    mHardwareId = mFile.hardwareId();
+  }
+  const auto [known, isNew] = mUnits.try_emplace({definition.unitId(), subDevId});
+  if (isNew) known->second = mLabels.of(ValueTexts::unitName(mFile, definition, subDevId));
+  return known->second;
 }
 
 QJsonObject SValueView::toJson() const {
@@ -47,7 +62,7 @@ QJsonObject SValueView::toJson() const {
           {QStringLiteral("value"), value.asStr()},
           {QStringLiteral("unit"), textOrNull(unit)},
           {QStringLiteral("choice"), textOrNull(choice)},
-          {QStringLiteral("bits"), bits ? QJsonArray::fromStringList(*bits) : QJsonValue()},
+          {QStringLiteral("bits"), bits ? *bits : QJsonValue()},
           {QStringLiteral("default"), isDefined ? defaultValue->asStr() : QJsonValue()},
           {QStringLiteral("isDefault"), isDefined ? QJsonValue(isDefault) : QJsonValue()}};
 }

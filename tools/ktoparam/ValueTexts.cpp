@@ -1,6 +1,8 @@
 #include "ValueTexts.h"
 
+#include "CLabels.h"
 #include "DisplayText.h"
+#include "ShortText.h"
 
 namespace {
 
@@ -73,21 +75,24 @@ std::optional<QStringList> ValueTexts::activeBits(const CParamDefItem& definitio
   return names;
 }
 
-QString ValueTexts::meaning(const CParamDefItem& definition, const CParamVal& value) {
+QString ValueTexts::meaning(const CParamDefItem& definition, const CParamVal& value,
+                            const CLabels& labels) {
   const QString choice = choiceName(definition, value);
   const std::optional<QStringList> bits = activeBits(definition, value);
   QStringList parts;
   for (const QString& name :
        (choice.isEmpty() ? QStringList() : QStringList(choice)) + bits.value_or(QStringList())) {
-    parts.append(DisplayText::shown(name));
+    parts.append(labels.shown(name));
   }
-  return parts.isEmpty() && !bits ? decimal(definition, value) : parts.join(QLatin1String(" | "));
+  if (parts.isEmpty() && !bits) return decimal(definition, value);
+  const QString joined = parts.join(QLatin1String(" | "));
+  return joined.size() > NShortText::kLongest ? NShortText::of(joined) : joined;
 }
 
 QString ValueTexts::change(const CParamDefItem& definition, const CParamVal& oldValue,
-                           const CParamVal& newValue) {
-  const QString from = meaning(definition, oldValue);
-  const QString to = meaning(definition, newValue);
+                           const CParamVal& newValue, const CLabels& labels) {
+  const QString from = meaning(definition, oldValue, labels);
+  const QString to = meaning(definition, newValue, labels);
   if (from == to) return {};
   return QStringLiteral("%1 → %2").arg(from.isEmpty() ? DisplayText::shown(oldValue.asStr()) : from,
                                        to.isEmpty() ? DisplayText::shown(newValue.asStr()) : to);

@@ -2,9 +2,11 @@
 #include "CLanguage.h"
 #include "CMessageBoardHelper.h"
 #include "COutput.h"
+#include "Tool.h"
 
 #include <QCoreApplication>
 
+#include <new>
 #include <optional>
 
 int main(int argc, char* argv[]) {
@@ -23,7 +25,13 @@ int main(int argc, char* argv[]) {
       [&out](CMessageBoardHelper::EMessageKind kind, const QString& text) {
         if (kind == CMessageBoardHelper::Warning) out.message(text);
       });
-  const EExitStatus status = CCommandTable().run(words, out);
+  EExitStatus status = ExitFile;
+  try {
+    status = CCommandTable().run(words, out);
+  } catch (const std::bad_alloc&) {
+    // What was taken is free again. No file is half written: a save begins when all of it is there.
+    out.message(Tool::tr("there is not enough memory for these files."));
+  }
   CMessageBoardHelper::setHandler({});
   return out.finish() ? status : ExitFile;
 }

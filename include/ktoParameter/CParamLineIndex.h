@@ -4,8 +4,9 @@
 #include "ktoParameter_export.h"
 
 #include <QCoreApplication>
-#include <QHash>
 #include <QString>
+
+#include <memory>
 
 /// The lines on which a definition or value file has its parameters. It is read from the file when
 /// somebody wants to know, since a model that is loaded carries no lines.
@@ -19,7 +20,7 @@ class KTOPARAMETER_EXPORT CParamLineIndex {
   QString errorMsg() const { return mErrorMsg; }
 
   // Lines count from 1; 0 is the line of what the file does not have.
-  int definitionLine(const QString& name) const { return mDefinitions.value(name); }
+  int definitionLine(const QString& name) const;
   int hardwareIdLine(const QString& hardwareId) const;
   int parameterLine(const QString& hardwareId, quint8 subDevId, const QString& name) const;
 
@@ -28,13 +29,8 @@ class KTOPARAMETER_EXPORT CParamLineIndex {
   void addLines(CParamFindings& findings) const;
 
  private:
-  using CNames = QHash<QString, int>;
-  struct SHardwareId {
-    int line = 0;
-    QHash<quint8, CNames> subDevices;
-  };
+  struct SLines;
 
   QString mErrorMsg;
-  CNames mDefinitions;
-  QHash<QString, SHardwareId> mHardwareIds;
+  std::shared_ptr<const SLines> mLines;  // null when nothing was read
 };

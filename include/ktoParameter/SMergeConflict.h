@@ -40,7 +40,8 @@ struct KTOPARAMETER_EXPORT SMergeConflict {
   EKind kind = BothChanged;
   QString hardwareId;           ///< empty for what all hardware ids share
   int subDevId = kNoSubDevice;  ///< 0 to 255, or kNoSubDevice
-  QString groupPath;            ///< of ours, or of theirs when ours removed it
+  QString groupPath;            ///< of ours, or of theirs when ours removed it; names joined by
+                                ///< "/", shortened as NShortText::below() does when long
   QString name;                 ///< of the parameter
   QString base;                 ///< text of the subject, or value of a parameter; null for none
   QString ours;                 ///< likewise; this is what stands in the result

@@ -29,8 +29,9 @@ struct KTOPARAMETER_EXPORT SParamDifference {
   EKind kind = ValueChanged;
   QString hardwareId;           ///< empty for types and names, which all hardware ids share
   int subDevId = kNoSubDevice;  ///< 0 to 255, or kNoSubDevice
-  QString oldGroupPath;         ///< names joined by "/"; empty for the root group, and where there
-                                ///< is no old parameter
+  QString oldGroupPath;         ///< names joined by "/", shortened as NShortText::below() does when
+                                ///< long; empty for the root group, and where there is no old
+                                ///< parameter
   QString newGroupPath;         ///< likewise
   QString name;                 ///< of the parameter
   QString oldValue;             ///< null where there is none

@@ -70,7 +70,8 @@ struct KTOPARAMETER_EXPORT SParamFinding {
   ECode code = ValueNotOfType;
   QString hardwareId;           ///< empty for a definition
   int subDevId = kNoSubDevice;  ///< 0 to 255, or kNoSubDevice
-  QString groupPath;            ///< names joined by "/"; empty for the root group
+  QString groupPath;            ///< names joined by "/", shortened as NShortText::below() does when
+                                ///< long; empty for the root group
   QString name;                 ///< of the parameter or definition; empty for a sub-device
   QString value;                ///< the text that is wrong, empty where there is none
   QString text;                 ///< a translated sentence

@@ -1,6 +1,8 @@
 #include "CDefinitionChecker.h"
 
-#include <QSet>
+#include "CKeyedMap.h"
+
+#include <set>
 
 CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
     : mIndex(index), mUnits(index.find(NParamDef::UNIT_PARAMETER_NAME)) {}
@@ -38,7 +40,8 @@ void CDefinitionChecker::checkId(const CParamDefItem& definition) {
   const QString owner = mIndex.nameOf(definition.id());
   if (!owner.isEmpty() && owner != definition.name()) {
     add(SParamFinding::DefinitionIdDoubled, definition, QString::number(definition.id()),
-        tr("The id %1 is that of \"%2\" already.").arg(QString::number(definition.id()), owner));
+        tr("The id %1 is that of \"%2\" already.")
+            .arg(QString::number(definition.id()), mIndex.shortNameOf(definition.id())));
   }
 }
 
@@ -65,7 +68,7 @@ void CDefinitionChecker::checkLimitIds(const CParamDefItem& definition, const QL
           tr("The limit parameter %1 is not defined.").arg(id));
     } else if (!CExactNumber::isNumberType(limit.type())) {
       add(SParamFinding::LimitParameterNoNumber, definition, QString::number(id),
-          tr("The limit parameter \"%1\" is no number.").arg(limit.name()));
+          tr("The limit parameter \"%1\" is no number.").arg(mIndex.shortNameOf(id)));
     }
   }
 }
@@ -100,15 +103,15 @@ void CDefinitionChecker::checkDefault(const CParamDefItem& definition,
 
 void CDefinitionChecker::checkChoices(const CParamDefItem& definition,
                                       const CNamedValues& choices) {
-  QSet<qint64> values;
-  QSet<QString> names;
+  CKeyedSet<qint64> values;
+  CKeyedSet<QString> names;
   for (const NParamDef::SNamedI64Value& choice : choices) {
     const QString value = QString::number(choice.value);
-    if (values.contains(choice.value)) {
+    if (!values.insert(choice.value).second) {
       add(SParamFinding::ChoiceValueDoubled, definition, value,
           tr("Another choice has the value %1 of \"%2\", too.").arg(value, choice.name));
     }
-    if (names.contains(choice.name)) {
+    if (!names.insert(choice.name).second) {
       add(SParamFinding::ChoiceNameDoubled, definition, value,
           tr("Another choice than %1 has the name \"%2\", too.").arg(value, choice.name));
     }
@@ -117,17 +120,15 @@ void CDefinitionChecker::checkChoices(const CParamDefItem& definition,
       add(SParamFinding::ChoiceNotOfType, definition, value,
           tr("The choice %1 is no number of the type %2.").arg(value, definition.typeStr()));
     }
-    values.insert(choice.value);
-    names.insert(choice.name);
   }
 }
 
 void CDefinitionChecker::checkBits(const CParamDefItem& definition) {
   const int width = CExactNumber::widthOf(definition.type());
-  QSet<int> positions;
+  std::set<int> positions;
   for (const NParamDef::SBitValue& bit : definition.bitset()) {
     const QString position = QString::number(bit.pos);
-    if (positions.contains(bit.pos)) {
+    if (!positions.insert(bit.pos).second) {
       add(SParamFinding::BitDoubled, definition, position,
           tr("The bit %1 has another name than \"%2\", too.").arg(position, bit.name));
     }
@@ -135,7 +136,6 @@ void CDefinitionChecker::checkBits(const CParamDefItem& definition) {
       add(SParamFinding::BitNotOfType, definition, position,
           tr("The type %1 has no bit %2.").arg(definition.typeStr(), position));
     }
-    positions.insert(bit.pos);
   }
 }
 

@@ -1,6 +1,7 @@
 #include "CDefinitionIndex.h"
 
 #include "ICParameterFile.h"
+#include "ShortText.h"
 
 #include <algorithm>
 
@@ -13,8 +14,20 @@ CParamDefItem CDefinitionIndex::find(const QString& name) const {
 }
 
 CParamDefItem CDefinitionIndex::find(quint32 id) {
-  const QString name = nameOf(id);
-  return name.isEmpty() ? CParamDefItem() : find(name);
+  const auto [known, isNew] = mFound.try_emplace(id);
+  if (isNew) {
+    const QString name = nameOf(id);
+    known->second = name.isEmpty() ? CParamDefItem() : find(name);
+  }
+  return known->second;
+}
+
+QString CDefinitionIndex::shortNameOf(quint32 id) {
+  const auto [known, isNew] = mShortNames.try_emplace(id);
+  if (isNew) {
+    known->second = NShortText::of(nameOf(id));
+  }
+  return known->second;
 }
 
 void CDefinitionIndex::readNamesById() {

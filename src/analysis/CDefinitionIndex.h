@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CKeyedMap.h"
 #include "CParamValueRules.h"
 
 #include <QStringList>
@@ -16,9 +17,11 @@ class CDefinitionIndex {
 
   QStringList names() const;                      ///< by id, then by name
   CParamDefItem find(const QString& name) const;  ///< nameless for an unknown one
-  CParamDefItem find(quint32 id);                 ///< likewise; none has "no id"
+  /// Likewise; none has "no id". The same one may be the limit of thousands, and its name long.
+  CParamDefItem find(quint32 id);
   /// The first name of an id that is one.
   QString nameOf(quint32 id);
+  QString shortNameOf(quint32 id);  ///< as a message quotes it
   CParamValueRules rulesOf(const CParamDefItem& definition);
 
   static bool isId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
@@ -29,4 +32,6 @@ class CDefinitionIndex {
   const ICParameterFile& mFile;
   bool mHasNamesById = false;
   std::vector<std::pair<quint32, QString>> mNamesById;  // ascending, the first name of each id
+  CKeyedMap<quint32, QString> mShortNames;              // that were asked for
+  CKeyedMap<quint32, CParamDefItem> mFound;             // likewise
 };

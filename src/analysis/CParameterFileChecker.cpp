@@ -3,10 +3,9 @@
 #include "CDefinitionChecker.h"
 #include "CDefinitionIndex.h"
 #include "CHardwareIdSelection.h"
+#include "CKeyedMap.h"
 #include "CRuledDefinitions.h"
 #include "SParamEntry.h"
-
-#include <QSet>
 
 namespace {
 
@@ -37,7 +36,7 @@ class CValueChecker {
       return mFile.paramValue(name, subDevId);
     };
     mRuled.beginSubDevice();
-    SParamEntry::visit(mFile, subDevId, [&](const SParamEntry& entry) {
+    SParamEntry::visit(mFile, subDevId, mKeys, [&](const SParamEntry& entry) {
       const CRuledDefinitions::SRuled* ruled = mRuled.find(entry.name);
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
@@ -52,7 +51,7 @@ class CValueChecker {
   }
 
   void addUndefined(quint8 subDevId, const SParamEntry& entry) {
-    const QString owner = mIndex.nameOf(entry.id);
+    const QString owner = mIndex.shortNameOf(entry.id);
     if (owner.isEmpty()) {
       add(SParamFinding::ParameterNotDefined, subDevId, entry, tr("The parameter is not defined."));
     } else {
@@ -72,12 +71,12 @@ class CValueChecker {
   }
 
   void listMissing() {
-    QSet<QString> present;
+    CKeyedSet<QString> present;
     for (const quint8 subDevId : mFile.subDeviceIds()) {
       for (const QString& name : mFile.paramNames(subDevId)) present.insert(name);
     }
     for (const QString& name : mIndex.names()) {
-      if (!present.contains(name)) {
+      if (present.count(name) == 0) {
         SParamEntry entry;
         entry.name = name;
         add(SParamFinding::ParameterMissing, SParamFinding::kNoSubDevice, entry,
@@ -88,12 +87,13 @@ class CValueChecker {
 
   void add(SParamFinding::ECode code, int subDevId, const SParamEntry& entry, const QString& text) {
     mFindings.append({SParamFinding::severityOf(code), code, mFile.hardwareId(), subDevId,
-                      entry.groupPath(), entry.name, entry.value.asStr(), text});
+                      mKeys.pathOfGroup(entry.group), entry.name, entry.value.asStr(), text});
   }
 
   ICParameterFile& mFile;
   CDefinitionIndex mIndex;
   CRuledDefinitions mRuled;
+  CNodeKeys mKeys;
   CParamFindings mFindings;
 };
 

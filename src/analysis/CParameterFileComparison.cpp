@@ -6,7 +6,6 @@
 #include "SParamEntry.h"
 
 #include <QMap>
-#include <QSet>
 
 #include <set>
 
@@ -16,11 +15,11 @@ using CEntries = QVector<SParamEntry>;
 using CSubDeviceEntries = QMap<quint8, CEntries>;
 
 /// A copy of what one hardware id holds, so that both files may be the same object.
-CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId) {
+CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId, CNodeKeys& keys) {
   CSubDeviceEntries entries;
   if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId)) {
     for (const quint8 subDevId : file.subDeviceIds()) {
-      entries.insert(subDevId, SParamEntry::read(file, subDevId));
+      entries.insert(subDevId, SParamEntry::read(file, subDevId, keys));
     }
   }
   return entries;
@@ -33,8 +32,8 @@ class CComparison {
       : mOldFile(oldFile), mNewFile(newFile), mDefinitions(definitions) {}
 
   void compareHardwareIds(const QString& oldId, const QString& newId) {
-    const CSubDeviceEntries oldOnes = read(mOldFile, oldId);
-    const CSubDeviceEntries newOnes = read(mNewFile, newId);
+    const CSubDeviceEntries oldOnes = read(mOldFile, oldId, mKeys);
+    const CSubDeviceEntries newOnes = read(mNewFile, newId, mKeys);
     mHardwareId = newId;
     for (int id = 0; id <= 0xFF; ++id) {
       const auto subDevId = static_cast<quint8>(id);
@@ -52,10 +51,10 @@ class CComparison {
 
   void compareSubDevices(const QString& oldId, quint8 oldSubDevId, const QString& newId,
                          quint8 newSubDevId) {
-    const CEntries oldOnes = read(mOldFile, oldId).value(oldSubDevId);
+    const CEntries oldOnes = read(mOldFile, oldId, mKeys).value(oldSubDevId);
     mHardwareId = newId;
     mSubDevId = newSubDevId;
-    compareEntries(oldOnes, read(mNewFile, newId).value(newSubDevId));
+    compareEntries(oldOnes, read(mNewFile, newId, mKeys).value(newSubDevId));
   }
 
   void addHardwareId(SParamDifference::EKind kind, const QString& hardwareId) {
@@ -83,10 +82,9 @@ class CComparison {
   }
 
   void compareTypeAndName(quint8 subDevId) {
-    if (mCompared.contains(subDevId)) {
+    if (!mCompared.insert(subDevId).second) {
       return;
     }
-    mCompared.insert(subDevId);
     addShared(SParamDifference::SubDeviceTypeChanged,
               ICParameterFile::subDeviceTypeToStr(mOldFile.subDevType(subDevId)),
               ICParameterFile::subDeviceTypeToStr(mNewFile.subDevType(subDevId)));
@@ -121,7 +119,7 @@ class CComparison {
   }
 
   void compareParameters(const SParamEntry& oldOne, const SParamEntry& newOne) {
-    if (oldOne.groups != newOne.groups) {
+    if (oldOne.group != newOne.group) {
       addParameter(SParamDifference::ParameterMoved, &oldOne, &newOne);
     }
     if (oldOne.id != newOne.id) {
@@ -148,12 +146,12 @@ class CComparison {
     SParamDifference& difference = add(kind);
     if (oldOne != nullptr) {
       difference.name = oldOne->name;
-      difference.oldGroupPath = oldOne->groupPath();
+      difference.oldGroupPath = mKeys.pathOfGroup(oldOne->group);
       difference.oldValue = oldOne->value.asStr();
     }
     if (newOne != nullptr) {
       difference.name = newOne->name;
-      difference.newGroupPath = newOne->groupPath();
+      difference.newGroupPath = mKeys.pathOfGroup(newOne->group);
       difference.newValue = newOne->value.asStr();
     }
     return difference;
@@ -162,9 +160,10 @@ class CComparison {
   ICParameterFile& mOldFile;
   ICParameterFile& mNewFile;
   const ICParameterFile* mDefinitions;
+  CNodeKeys mKeys;  // of both files
   QString mHardwareId;
   int mSubDevId = SParamDifference::kNoSubDevice;
-  QSet<quint8> mCompared;  // types and names
+  std::set<quint8> mCompared;  // types and names
   CParamDifferences mShared;
   CParamDifferences mDifferences;
 };

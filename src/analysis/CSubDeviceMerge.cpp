@@ -1,5 +1,6 @@
 #include "CSubDeviceMerge.h"
 
+#include "CKeyedMap.h"
 #include "CParamValueRules.h"
 #include "ICParameterFile.h"
 #include "ThreeWay.h"
@@ -112,9 +113,9 @@ int CSubDeviceMerge::settleGroupOf(int key) {
       return theirs;
     case NThreeWay::Conflict: {
       SMergeConflict& conflict = addConflict(key, SMergeConflict::Group);
-      conflict.base = mBase.contains(key) ? mBase.groupPath(key) : QString();
-      conflict.ours = mOurs.groupPath(key);
-      conflict.theirs = mTheirs.groupPath(key);
+      conflict.base = mBase.contains(key) ? groupPath(mBase, key) : QString();
+      conflict.ours = groupPath(mOurs, key);
+      conflict.theirs = groupPath(mTheirs, key);
       return ours;
     }
     default:
@@ -169,7 +170,7 @@ SMergeConflict& CSubDeviceMerge::addConflict(int key, SMergeConflict::ESubject s
   SMergeConflict conflict;
   conflict.subject = subject;
   conflict.kind = kind;
-  conflict.groupPath = side.groupPath(key);
+  conflict.groupPath = groupPath(side, key);
   conflict.name = side.data(key).name();
   mConflicts.append(conflict);
   return mConflicts.last();
@@ -203,11 +204,11 @@ void CSubDeviceMerge::keepGroupsAbove(int key) {
 /// place in the order does not follow what ours moved.
 std::list<int> CSubDeviceMerge::orderOf(int group) {
   std::list<int> order;
-  QHash<int, std::list<int>::iterator> places;
+  CKeyedMap<int, std::list<int>::iterator> places;
   for (const int key : mOurs.children(group)) {
     const SOutcome& settled = outcome(key);
     if (settled.isKept && settled.parent == group && !settled.isPlacedByTheirs) {
-      places.insert(key, order.insert(order.end(), key));
+      places.emplace(key, order.insert(order.end(), key));
     }
   }
   auto next = order.begin();    // behind what precedes in theirs
@@ -227,7 +228,7 @@ std::list<int> CSubDeviceMerge::orderOf(int group) {
       next = place;
       steady = place;
     } else {
-      next = std::next(places.value(key));
+      next = std::next(places.at(key));
       steady = isPlaced(mPlacedByOurs, key) ? steady : next;
     }
   }

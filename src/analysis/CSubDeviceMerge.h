@@ -34,6 +34,10 @@ class CSubDeviceMerge {
     return placed[static_cast<size_t>(key)];
   }
   bool theirsAlonePlaced(int key) const;
+  /// Of the group in which a node of that side lies.
+  QString groupPath(const CTreeOutline& side, int key) const {
+    return mKeys.pathOfGroup(side.parent(key));
+  }
   void ignoreCommonOrder(int group);
 
   void settleParameter(int key);

@@ -1,5 +1,7 @@
 #include "CTreeOutline.h"
 
+#include "CKeyedMap.h"
+
 #include <algorithm>
 
 namespace {
@@ -46,7 +48,7 @@ const CTreeOutline::SNode& CTreeOutline::at(int key) const {
 }
 
 void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys& keys) {
-  QHash<QString, int> places;
+  CKeyedMap<QString, int> places;
   QVector<int> childKeys;
   childKeys.reserve(group.childCount());
   for (int i = 0; i < group.childCount(); ++i) {
@@ -69,14 +71,6 @@ void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys&
 CParamVal CTreeOutline::value(int key) const {
   const CParamTreeNodeImpl* node = at(key).node;
   return node != nullptr ? node->value() : CParamVal();
-}
-
-QString CTreeOutline::groupPath(int key) const {
-  QStringList names;
-  for (int group = parent(key); group > CNodeKeys::kRoot; group = parent(group)) {
-    names.prepend(data(group).name());
-  }
-  return names.join(QLatin1Char('/'));
 }
 
 std::vector<bool> CTreeOutline::placedSince(const CTreeOutline& base, int count) const {

@@ -19,7 +19,6 @@ class CTreeOutline {
   const CParamNodeData& data(int key) const { return at(key).node->dataRef(); }
   /// Of a parameter; null for one that is not contained.
   CParamVal value(int key) const;
-  QString groupPath(int key) const;  ///< of the group in which the node lies
 
   /// Of the nodes of this tree those that lie elsewhere than in the base: not in the same group, or
   /// not in the same order. Of an order as few as possible count as moved. By key, of `count` keys.

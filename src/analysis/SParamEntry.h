@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CNodeKeys.h"
 #include "CParamVal.h"
 
-#include <QStringList>
 #include <QVector>
 
 #include <functional>
@@ -13,14 +13,13 @@ class ICParameterFile;
 struct SParamEntry {
   QString name;
   quint32 id = 0;
-  QStringList groups;  ///< from the root group on; shared by the parameters of a group
+  int group = CNodeKeys::kRoot;  ///< one number for all groups of one path
   CParamVal value;
 
-  QString groupPath() const { return groups.join(QLatin1Char('/')); }
-
-  /// Visits all of a sub-device of the active hardware id, in tree order.
-  static void visit(ICParameterFile& file, quint8 subDevId,
+  /// Visits all of a sub-device of the active hardware id, in tree order. The keys number the
+  /// groups.
+  static void visit(ICParameterFile& file, quint8 subDevId, CNodeKeys& keys,
                     const std::function<void(const SParamEntry&)>& visitor);
   /// The same, as copies.
-  static QVector<SParamEntry> read(ICParameterFile& file, quint8 subDevId);
+  static QVector<SParamEntry> read(ICParameterFile& file, quint8 subDevId, CNodeKeys& keys);
 };

@@ -5,7 +5,7 @@
 #include "ICParameterFile.h"
 #include "NLumoXmlTags.h"
 
-#include <QSet>
+#include <set>
 
 using namespace NLumoXmlTags;
 
@@ -68,7 +68,7 @@ EResult CParamValueFile::readHardwareId(const CDomElement& data, QString& hardwa
 
 EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees& trees,
                                         CSubDeviceTypes& types, CSubDeviceNames& names) {
-  QSet<quint8> ids;
+  std::set<quint8> ids;
   EResult result = Ok;
   for (CDomElement element = data.firstChildElement(TAG_SUB_DEVICE);
        result == Ok && !element.isNull(); element = element.nextSiblingElement(TAG_SUB_DEVICE)) {
@@ -77,11 +77,10 @@ EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees
         CDomDoc::existingAttributeAsU8(ATTR_ID, element, id, mErrorMsg);
     if (CDomDoc::fail(idResult)) {
       result = failed(idResult == CDomDoc::Missing ? NoSubDeviceId : BadSubDeviceId, element);
-    } else if (ids.contains(id)) {
+    } else if (!ids.insert(id).second) {
       result = failed(DoubledSubDevice, element,
                       tr("There are multiple subdevices with subid %1!").arg(id));
     } else {
-      ids.insert(id);
       result = readSubDevice(element, id, trees, types, names);
       if (result == Ok) {
         logDetail(tr("Parametes successfully read from sub device %1.").arg(id));
@@ -89,7 +88,7 @@ EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees
     }
   }
   // This replaces the error of a first sub-device whose id could not be read, too.
-  return ids.isEmpty()
+  return ids.empty()
              ? failed(NoSubDevice, data, tr("The parameter file does not contain sub devices."))
              : result;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QHash>
+#include "CKeyedMap.h"
+
 #include <QString>
 #include <QVector>
 
@@ -20,9 +21,13 @@ QVector<int> counterparts(const CList& of, const CList& in, const F& nameOf) {
     ++back;
   }
 
-  QHash<QString, int> between;
-  between.reserve(in.size() - back - front);
-  for (int i = front; i < in.size() - back; ++i) between.insert(nameOf(in.at(i)), i);
+  CKeyedMap<QString, int> between;
+  between.reserve(static_cast<size_t>(in.size() - back - front));
+  for (int i = front; i < in.size() - back; ++i) between.emplace(nameOf(in.at(i)), i);
+  const auto positionBetween = [&between](const QString& name) {
+    const auto found = between.find(name);
+    return found != between.end() ? found->second : -1;
+  };
 
   QVector<int> positions(of.size());
   for (int i = 0; i < of.size(); ++i) {
@@ -30,7 +35,7 @@ QVector<int> counterparts(const CList& of, const CList& in, const F& nameOf) {
     const bool isBack = i >= of.size() - back;
     positions[i] = isFront  ? i
                    : isBack ? i + in.size() - of.size()
-                            : between.value(nameOf(of.at(i)), -1);
+                            : positionBetween(nameOf(of.at(i)));
   }
   return positions;
 }

@@ -22,7 +22,7 @@ CParamDefItem CParameterFileModelPrivate::definitionOf(const ICParamTreeNode& no
 QString CParameterFileModelPrivate::unitOf(const ICParamTreeNode& node) {
   const CParamDefItem definition = definitionOf(node);
   if (definition.unitId() == 0) return {};
-  QHash<quint8, QString>& names = units[definition.unitId()];
+  QMap<quint8, QString>& names = units[definition.unitId()];
   if (!names.contains(node.subDevId())) {
     names.insert(node.subDevId(), CParamValueText::unitName(*file, definition, node.subDevId()));
   }

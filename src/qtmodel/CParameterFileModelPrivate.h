@@ -3,7 +3,7 @@
 #include "CGroupIndex.h"
 #include "CParamDefItem.h"
 
-#include <QHash>
+#include <QMap>
 #include <QString>
 
 class ICParameterFile;
@@ -23,5 +23,5 @@ class CParameterFileModelPrivate {
   ICParameterFile* file = nullptr;
   QString errorMsg;
   CGroupIndex index;
-  QHash<quint32, QHash<quint8, QString>> units;  ///< by the unit's id and sub-device
+  QMap<quint32, QMap<quint8, QString>> units;  ///< by the unit's id and sub-device
 };

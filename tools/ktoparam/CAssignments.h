@@ -2,7 +2,7 @@
 
 #include "CParamValueRules.h"
 
-#include <QHash>
+#include <QMap>
 #include <QPair>
 #include <QStringList>
 #include <QVector>
@@ -49,7 +49,7 @@ class CAssignments {
   CLoadedFile& mLoaded;
   ICParameterFile& mFile;
   QVector<SAssignment> mAssignments;
-  QHash<QPair<quint8, QString>, CParamVal> mNewValues;
+  QMap<QPair<quint8, QString>, CParamVal> mNewValues;
   QStringList mKnownNames;  // filled for the first unknown name
   int mUnknown = 0;
 };

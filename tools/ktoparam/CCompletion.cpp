@@ -2,6 +2,8 @@
 
 #include "CStr.h"
 #include "CommonOptions.h"
+#include "ShortText.h"
+#include "UniqueNames.h"
 
 #include <QDir>
 
@@ -169,10 +171,11 @@ QStringList CCompletion::replacements(COutput& out) const {
   QStringList words;
   for (const QString& candidate : candidates(out)) {
     const QString word = mLead + candidate;
-    if (word.startsWith(mLine.current()) && isOneLine(word)) {
+    // One that would be shortened when shown would not be the word any more.
+    const bool isShown = candidate.size() <= NShortText::kLongest && isOneLine(word);
+    if (word.startsWith(mLine.current()) && isShown) {
       words.append(mLine.replacement(word));
     }
   }
-  words.removeDuplicates();
-  return words;
+  return uniqueNames(words);
 }

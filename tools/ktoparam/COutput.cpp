@@ -1,12 +1,23 @@
 #include "COutput.h"
 
 #include "DisplayText.h"
+#include "ShortText.h"
 #include "Tool.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include <unistd.h>
+
+#include <limits>
+
+namespace {
+
+constexpr qint64 kTimesTheFiles = 20;
+constexpr qint64 kFewLines = 4096;
+constexpr int kLongestMessage = 10000;
+
+}  // namespace
 
 COutput::COutput(FILE* results, FILE* messages)
     : mHasColour(isatty(fileno(results)) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") &&
@@ -18,7 +29,17 @@ COutput::COutput(FILE* results, FILE* messages)
 
 void COutput::write(const QByteArray& bytes) {
   mProgress.erase();
+  mIsCut = mIsCut || bytes.size() > space();
+  if (mIsCut) return;
+  mWritten += bytes.size();
   mFailed = mFailed || mResults.write(bytes) != bytes.size();
+}
+
+qint64 COutput::space() const {
+  // Help has no files.
+  const qint64 files = mProgress.bytesOfFiles();
+  return files == 0 ? std::numeric_limits<qint64>::max()
+                    : kTimesTheFiles * files + kFewLines - mWritten;
 }
 
 QString COutput::styled(const QString& text, EStyle style) const {
@@ -30,12 +51,16 @@ void COutput::line(const QString& text) {
 }
 
 void COutput::json(const QJsonObject& object) {
-  write(QJsonDocument(object).toJson(QJsonDocument::Indented));
+  const QJsonDocument document(object);
+  const QByteArray text = document.toJson(QJsonDocument::Indented);
+  // What is deeply nested would be blanks for the most part.
+  write(text.size() <= space() ? text : document.toJson(QJsonDocument::Compact));
 }
 
 void COutput::message(const QString& text) {
   mProgress.erase();
-  mMessages.write("ktoparam: " + DisplayText::escaped(text).toUtf8() + '\n');
+  const QString told = text.size() > kLongestMessage ? NShortText::of(text) : text;
+  mMessages.write("ktoparam: " + DisplayText::escaped(told).toUtf8() + '\n');
 }
 
 void COutput::message(const QString& file, const QString& text, int line) {
@@ -48,5 +73,11 @@ bool COutput::finish() {
   mFailed = !mResults.flush() || mFailed;
   if (mFailed)
     message(Tool::tr("the results could not be written: %1").arg(mResults.errorString()));
-  return !mFailed;
+  if (mIsCut) {
+    message(
+        Tool::tr("the results are cut off here, since they are more than %1 times as long as the "
+                 "files.")
+            .arg(kTimesTheFiles));
+  }
+  return !mFailed && !mIsCut;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CLabels.h"
 #include "CProgress.h"
 
 #include <QFile>
@@ -9,7 +10,9 @@
 
 class QJsonObject;
 
-/// The two streams of the tool: results on one, messages on the other, both in UTF-8.
+/// The two streams of the tool: results on one, messages on the other, both in UTF-8. Results are
+/// no longer than 20 times the files that were read, and a few lines: what is longer is the work of
+/// somebody who wants to fill a disk, and is cut off with a message and a failure.
 class COutput {
  public:
   COutput(FILE* results, FILE* messages);
@@ -21,23 +24,33 @@ class COutput {
   /// What is being done meanwhile, as a line that the next text takes the place of.
   CProgress& progress() { return mProgress; }
 
+  /// How names and the like are written.
+  const CLabels& labels() const { return mLabels; }
+
   void line(const QString& text);
   void json(const QJsonObject& object);
 
-  /// "ktoparam: text"; control characters become escapes, so that one message is one line.
+  /// "ktoparam: text"; control characters become escapes, so that one message is one line, and only
+  /// the beginning and the end of a very long one are shown.
   void message(const QString& text);
   /// "ktoparam: file: text", with a line number when there is one.
   void message(const QString& file, const QString& text, int line = 0);
 
-  /// To be called once, at the end: false, with a message, when results could not be written.
+  /// To be called once, at the end: false, with a message, when results could not be written, or
+  /// not all of them.
   bool finish();
 
  private:
   void write(const QByteArray& bytes);
+  /// How many bytes may still be written.
+  qint64 space() const;
 
   QFile mResults;
   QFile mMessages;
   bool mHasColour;
   CProgress mProgress;
+  CLabels mLabels;
+  qint64 mWritten = 0;
+  bool mIsCut = false;
   bool mFailed = false;
 };

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdio>
+#include <map>
 
 class QIODevice;
 
@@ -15,6 +16,8 @@ class CProgress {
 
   /// A file that is read, which makes the work more.
   void reading(const QString& fileName, qint64 bytes);
+  /// The bytes of all files that were read, each file once.
+  qint64 bytesOfFiles() const;
   /// What is done with what was read.
   void doing(const QString& text);
   /// Leaves the line empty for whatever is written next.
@@ -24,7 +27,8 @@ class CProgress {
   void show(const QString& text);
 
   QIODevice& mDevice;
-  const int mColumns;  // 0 when there is no terminal
+  const int mColumns;                // 0 when there is no terminal
+  std::map<QString, qint64> mSizes;  // by the file's name
   qint64 mBytes = 0;
   int mFiles = 0;
   bool mIsShown = false;

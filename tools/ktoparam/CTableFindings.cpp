@@ -1,16 +1,16 @@
 #include "CTableFindings.h"
 
 #include "DisplayText.h"
+#include "ShortText.h"
 #include "Tool.h"
 
-#include <QSet>
-
 #include <cmath>
+#include <set>
 
 namespace {
 
 QString shown(const CParamVal& value) {
-  return DisplayText::shown(value.asStr());
+  return DisplayText::shown(NShortText::of(value.asStr()));
 }
 
 void addNumberProblem(const QString& what, const CParamVal& value, QStringList& problems) {
@@ -35,26 +35,38 @@ void addMissing(const CCompensationPoint& point, QStringList& problems) {
                            : Tool::tr("without an adjustment, which counts as 0"));
 }
 
-QSet<int> badIndices(const ICCompensationFile& table) {
+std::set<int> badIndices(const ICCompensationFile& table) {
   QList<int> bad;
   table.checkAllPoints(&bad);
-  return QSet<int>(bad.begin(), bad.end());
+  return std::set<int>(bad.begin(), bad.end());
 }
 
 }  // namespace
 
 CTableFindings::CTableFindings(const ICCompensationFile& table)
-    : mTable(table), mHeader(table.header()) {
+    : mTable(table),
+      mHeader(table.header()),
+      mMinimum(mHeader.minimum().asF64()),
+      mMaximum(mHeader.maximum().asF64()),
+      mMinimumText(shown(mHeader.minimum())),
+      mMaximumText(shown(mHeader.maximum())) {
   checkRange();
-  const QSet<int> bad = badIndices(table);
+  const std::set<int> bad = badIndices(table);
   for (int i = 0; i < table.count(); ++i) {
     QStringList found = problems(i);
-    if (found.isEmpty() && bad.contains(i)) {
+    if (found.isEmpty() && bad.count(i) > 0) {
       found.append(Tool::tr("not in the range, which is none"));
     }
     if (!found.isEmpty()) mPoints.insert(i, found);
-    if (mHighest < 0 ? !std::isnan(position(i)) : position(i) > position(mHighest)) mHighest = i;
+    const double here = position(i);
+    if (mHighest < 0 ? !std::isnan(here) : here > mHighestPosition) setHighest(i, here);
   }
+}
+
+void CTableFindings::setHighest(int index, double position) {
+  mHighest = index;
+  mHighestPosition = position;
+  mHighestText.clear();
 }
 
 QString CTableFindings::ofPoint(int index) const {
@@ -66,12 +78,12 @@ void CTableFindings::checkRange() {
   addNumberProblem(Tool::tr("the maximum"), mHeader.maximum(), mRange);
   mHasNumbers = mRange.isEmpty();
   if (mHasNumbers && !mTable.checkHeader()) {
-    mRange.append(Tool::tr("the minimum %1 is not below the maximum %2")
-                      .arg(shown(mHeader.minimum()), shown(mHeader.maximum())));
+    mRange.append(
+        Tool::tr("the minimum %1 is not below the maximum %2").arg(mMinimumText, mMaximumText));
   }
 }
 
-QStringList CTableFindings::problems(int index) const {
+QStringList CTableFindings::problems(int index) {
   const CCompensationPoint point = mTable.point(index);
   QStringList found;
   addMissing(point, found);
@@ -89,25 +101,21 @@ QStringList CTableFindings::problems(int index) const {
 QStringList CTableFindings::rangeProblems(int index) const {
   const double here = position(index);
   QStringList found;
-  if (here < mHeader.minimum().asF64()) {
-    found.append(Tool::tr("below the minimum %1").arg(shown(mHeader.minimum())));
-  }
-  if (here > mHeader.maximum().asF64()) {
-    found.append(Tool::tr("above the maximum %1").arg(shown(mHeader.maximum())));
-  }
+  if (here < mMinimum) found.append(Tool::tr("below the minimum %1").arg(mMinimumText));
+  if (here > mMaximum) found.append(Tool::tr("above the maximum %1").arg(mMaximumText));
   return found;
 }
 
 // Where the point lies among those before it.
-QString CTableFindings::orderProblem(int index) const {
+QString CTableFindings::orderProblem(int index) {
   const double here = position(index);
-  if (mHighest >= 0 && here <= position(mHighest)) {
+  if (mHighest >= 0 && here <= mHighestPosition) {
+    if (mHighestText.isNull()) mHighestText = shown(mTable.point(mHighest).position());
     return Tool::tr("not above the position %1 of point %2")
-        .arg(shown(mTable.point(mHighest).position()), QString::number(mHighest + 1));
+        .arg(mHighestText, QString::number(mHighest + 1));
   }
-  if (index > 0 && here == mHeader.minimum().asF64()) {
-    return Tool::tr("at the minimum %1, where only the first point may be")
-        .arg(shown(mHeader.minimum()));
+  if (index > 0 && here == mMinimum) {
+    return Tool::tr("at the minimum %1, where only the first point may be").arg(mMinimumText);
   }
   return {};
 }

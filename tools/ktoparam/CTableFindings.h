@@ -20,15 +20,23 @@ class CTableFindings {
 
  private:
   void checkRange();
-  QStringList problems(int index) const;
+  void setHighest(int index, double position);
+  QStringList problems(int index);
   QStringList rangeProblems(int index) const;
-  QString orderProblem(int index) const;
+  QString orderProblem(int index);
   double position(int index) const { return mTable.point(index).position().asF64(); }
 
   const ICCompensationFile& mTable;
   const CCompensationHeader mHeader;
+  // Read and shown once, since the texts may be long and the points many.
+  const double mMinimum;
+  const double mMaximum;
+  const QString mMinimumText;
+  const QString mMaximumText;
   bool mHasNumbers = false;  // the range is made of finite numbers
   int mHighest = -1;         // the point with the highest position among those checked
+  double mHighestPosition = 0;
+  QString mHighestText;  // null until it is asked for
   QStringList mRange;
   QMap<int, QStringList> mPoints;
 };

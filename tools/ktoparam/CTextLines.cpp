@@ -11,6 +11,18 @@ void CTextLines::addUnlessEmpty(const QString& subject, const QString& value) {
   if (!value.isEmpty()) add(subject, value);
 }
 
+void CTextLines::addLabel(const QString& subject, const QString& label) {
+  add(subject, mOut.labels().of(label));
+}
+
+void CTextLines::addLabelUnlessEmpty(const QString& subject, const QString& label) {
+  if (!label.isEmpty()) addLabel(subject, label);
+}
+
+const CLabels& CTextLines::labels() const {
+  return mOut.labels();
+}
+
 void CTextLines::addHead(const SFileInfo& info, const Show::SHead& head) {
   add(QStringLiteral("file type"), info.typeName);
   addUnlessEmpty(QStringLiteral("version"), info.versionText());

@@ -3,6 +3,7 @@
 #include "SFileInfo.h"
 #include "Show.h"
 
+class CLabels;
 class COutput;
 
 /// Writes "subject = value" lines, each of which can be understood, compared and found alone.
@@ -12,8 +13,13 @@ class CTextLines {
 
   void add(const QString& subject, const QString& value);
   void addUnlessEmpty(const QString& subject, const QString& value);
+  /// The same for a name, a hint or the like, which is shortened when long.
+  void addLabel(const QString& subject, const QString& label);
+  void addLabelUnlessEmpty(const QString& subject, const QString& label);
   /// Type, version, author and comment. Not the date: each save renews it.
   void addHead(const SFileInfo& info, const Show::SHead& head);
+  /// For the subjects.
+  const CLabels& labels() const;
   /// A subject alone, for what has no value.
   void addBare(const QString& subject);
 

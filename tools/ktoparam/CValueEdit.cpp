@@ -71,10 +71,10 @@ EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bo
   }
   if (mInvocation.wantsJson()) {
     mOut.json({{QStringLiteral("file"), mLoaded.fileName()},
-               {QStringLiteral("hardwareId"), file.hardwareId()},
+               {QStringLiteral("hardwareId"), mOut.labels().of(file.hardwareId())},
                {QStringLiteral("saved"), isSaved},
                {QStringLiteral("counts"), toJson(counts)},
-               {QStringLiteral("changes"), Differences::toJson(changes)}});
+               {QStringLiteral("changes"), Differences::toJson(changes, mOut.labels())}});
     return status;
   }
   Differences::print(changes, file, mOut);

@@ -40,15 +40,15 @@ CCounts count(const QVector<SChecked>& files) {
 }
 
 /// "KTO-2A-16, sub-device 2, Motion/Limits/VelocityLimit"
-QString place(const SParamFinding& finding) {
+QString place(const SParamFinding& finding, const CLabels& labels) {
   QStringList parts;
-  if (!finding.hardwareId.isEmpty()) parts.append(DisplayText::shown(finding.hardwareId));
+  if (!finding.hardwareId.isEmpty()) parts.append(labels.shown(finding.hardwareId));
   if (finding.subDevId != SParamFinding::kNoSubDevice) {
     parts.append(Tool::tr("sub-device %1").arg(finding.subDevId));
   }
   const QString group =
       finding.groupPath.isEmpty() ? QString() : finding.groupPath + QLatin1Char('/');
-  if (!finding.name.isEmpty()) parts.append(DisplayText::shown(group + finding.name));
+  if (!finding.name.isEmpty()) parts.append(DisplayText::shown(group + labels.of(finding.name)));
   return parts.join(QLatin1String(", "));
 }
 
@@ -65,7 +65,7 @@ void print(const SChecked& file, COutput& out) {
     const QString line = finding.line > 0 ? QStringLiteral(":%1").arg(finding.line) : QString();
     out.line(QStringLiteral("%1%2: %3: %4: %5 [%6]")
                  .arg(DisplayText::escaped(file.fileName), line, severity(finding, out),
-                      place(finding), DisplayText::escaped(finding.text),
+                      place(finding, out.labels()), DisplayText::escaped(finding.text),
                       SParamFinding::codeText(finding.code)));
   }
 }
@@ -83,16 +83,16 @@ QString severityKey(SParamFinding::ESeverity severity) {
   return QStringLiteral("error");
 }
 
-QJsonObject toJson(const QString& fileName, const SParamFinding& finding) {
+QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const CLabels& labels) {
   const bool hasSubDevice = finding.subDevId != SParamFinding::kNoSubDevice;
   return {{QStringLiteral("file"), fileName},
           {QStringLiteral("line"), finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
           {QStringLiteral("severity"), severityKey(finding.severity)},
           {QStringLiteral("code"), SParamFinding::codeText(finding.code)},
-          {QStringLiteral("hardwareId"), finding.hardwareId},
+          {QStringLiteral("hardwareId"), labels.of(finding.hardwareId)},
           {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},
           {QStringLiteral("group"), finding.groupPath},
-          {QStringLiteral("name"), finding.name},
+          {QStringLiteral("name"), labels.of(finding.name)},
           {QStringLiteral("value"), finding.value},
           {QStringLiteral("text"), finding.text}};
 }
@@ -103,7 +103,7 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
     QJsonArray array;
     for (const SChecked& file : files) {
       for (const SParamFinding& finding : file.findings)
-        array.append(toJson(file.fileName, finding));
+        array.append(toJson(file.fileName, finding, out.labels()));
     }
     out.json({{QStringLiteral("errors"), errors},
               {QStringLiteral("warnings"), warnings},

@@ -8,8 +8,6 @@
 #include "Suggestion.h"
 #include "Tool.h"
 
-#include <QRegularExpression>
-
 #include <optional>
 
 namespace {
@@ -18,16 +16,14 @@ namespace {
 class CNamePatterns {
  public:
   explicit CNamePatterns(const QStringList& patterns) : mTexts(patterns), mUsed(patterns.size()) {
-    for (const QString& text : patterns) {
-      // Names are no paths: a "*" stands for "/" too.
-      mPatterns.append(QRegularExpression(wildcard(text)));
-    }
+    for (const QString& text : patterns) mPatterns.append(text.toUcs4());
   }
 
   bool matches(const QString& name) {
+    const QVector<uint> characters = name.toUcs4();
     bool found = mPatterns.isEmpty();
     for (int i = 0; i < mPatterns.size(); ++i) {
-      if (!mPatterns.at(i).match(name).hasMatch()) continue;
+      if (!matches(mPatterns.at(i), characters)) continue;
       mUsed[i] = true;
       found = true;
     }
@@ -44,15 +40,35 @@ class CNamePatterns {
   }
 
  private:
-  static QString wildcard(const QString& text) {
-    QString pattern = QRegularExpression::escape(text);
-    pattern.replace(QLatin1String("\\*"), QLatin1String(".*"));
-    pattern.replace(QLatin1String("\\?"), QLatin1String("."));
-    return QRegularExpression::anchoredPattern(pattern);
+  // Names are no paths: a "*" stands for "/" too. When a piece of the pattern does not fit, only
+  // the last "*" takes one more character; another way for those before it would not help. So the
+  // time grows with the name, whatever the pattern.
+  static bool matches(const QVector<uint>& pattern, const QVector<uint>& name) {
+    int inPattern = 0;
+    int behindStar = -1;  // in the pattern
+    int taken = 0;        // up to where that "*" takes the name
+    for (int inName = 0; inName < name.size();) {
+      const uint wanted = pattern.value(inPattern);
+      const bool isWithin = inPattern < pattern.size();
+      if (isWithin && wanted == '*') {
+        behindStar = ++inPattern;
+        taken = inName;
+      } else if (isWithin && (wanted == '?' || wanted == name.at(inName))) {
+        ++inPattern;
+        ++inName;
+      } else if (behindStar >= 0) {
+        inPattern = behindStar;
+        inName = ++taken;
+      } else {
+        return false;
+      }
+    }
+    while (inPattern < pattern.size() && pattern.at(inPattern) == '*') ++inPattern;
+    return inPattern == pattern.size();
   }
 
   const QStringList mTexts;
-  QVector<QRegularExpression> mPatterns;
+  QVector<QVector<uint>> mPatterns;
   QVector<bool> mUsed;
 };
 

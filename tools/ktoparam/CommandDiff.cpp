@@ -111,7 +111,7 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
   if (invocation.wantsJson()) {
     out.json({{QStringLiteral("old"), sides.oldName()},
               {QStringLiteral("new"), sides.newName()},
-              {QStringLiteral("differences"), Differences::toJson(differences)}});
+              {QStringLiteral("differences"), Differences::toJson(differences, out.labels())}});
   } else {
     Differences::print(differences, sides.definitions(), out);
   }

@@ -3,6 +3,7 @@
 #include "COutput.h"
 #include "Commands.h"
 #include "SValueView.h"
+#include "ShortText.h"
 #include "Tool.h"
 
 #include <QJsonArray>
@@ -50,21 +51,27 @@ void printLine(const QStringList& fields, const SLineFormat& format, COutput& ou
 
 using CVisitor = std::function<void(const SValueView&)>;
 
-void visit(const ICParameterFile& file, const ICParamTreeNode& group, const CVisitor& visitor) {
+void visit(CValueViews& views, const ICParamTreeNode& group, const QString& path,
+           const CVisitor& visitor) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
-    child.isGroup() ? visit(file, child, visitor) : visitor(SValueView::of(file, child));
+    if (child.isGroup()) {
+      visit(views, child, NShortText::below(path, child.name()), visitor);
+    } else {
+      visitor(views.of(child, path));
+    }
   }
 }
 
 /// All chosen values, by hardware id, sub-device and tree order.
 void visitAll(CLoadedFile& loaded, const QStringList& hardwareIds, std::optional<quint8> subDevice,
-              const CVisitor& visitor) {
+              const CLabels& labels, const CVisitor& visitor) {
   ICParameterFile& file = loaded.file();
+  CValueViews views(file, labels);
   for (const QString& hardwareId : hardwareIds) {
     loaded.selectHardwareId(hardwareId);
     for (const quint8 id : file.subDeviceIds()) {
-      if (!subDevice || *subDevice == id) visit(file, *file.rootGroup(id), visitor);
+      if (!subDevice || *subDevice == id) visit(views, *file.rootGroup(id), {}, visitor);
     }
   }
 }
@@ -93,17 +100,18 @@ QStringList fields(const QString& hardwareId, const SValueView& view, bool hasDe
 void exportLines(CLoadedFile& loaded, const QStringList& hardwareIds,
                  std::optional<quint8> subDevice, const SLineFormat& format, COutput& out) {
   printLine(headings(loaded.hasDefinitions()), format, out);
-  visitAll(loaded, hardwareIds, subDevice, [&](const SValueView& view) {
-    printLine(fields(loaded.file().hardwareId(), view, loaded.hasDefinitions()), format, out);
+  visitAll(loaded, hardwareIds, subDevice, out.labels(), [&](const SValueView& view) {
+    printLine(fields(out.labels().of(loaded.file().hardwareId()), view, loaded.hasDefinitions()),
+              format, out);
   });
 }
 
 void exportJson(CLoadedFile& loaded, const QStringList& hardwareIds,
                 std::optional<quint8> subDevice, COutput& out) {
   QJsonArray values;
-  visitAll(loaded, hardwareIds, subDevice, [&](const SValueView& view) {
+  visitAll(loaded, hardwareIds, subDevice, out.labels(), [&](const SValueView& view) {
     QJsonObject value = view.toJson();
-    value.insert(QStringLiteral("hardwareId"), loaded.file().hardwareId());
+    value.insert(QStringLiteral("hardwareId"), out.labels().of(loaded.file().hardwareId()));
     value.insert(QStringLiteral("subDevice"), view.subDevId);
     values.append(value);
   });

@@ -8,12 +8,13 @@
 #include "SValueView.h"
 #include "Suggestion.h"
 #include "Tool.h"
+#include "UniqueNames.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
 
-#include <algorithm>
+#include <map>
+#include <set>
 
 namespace {
 
@@ -25,8 +26,11 @@ struct SFound {
 /// Gathers the values of the names asked for, over hardware ids and sub-devices.
 class CGathering {
  public:
-  CGathering(CLoadedFile& loaded, const CInvocation& invocation)
-      : mLoaded(loaded), mNames(invocation.argumentsFrom(1)), mSubDevice(invocation.subDevice()) {}
+  CGathering(CLoadedFile& loaded, const CInvocation& invocation, const CLabels& labels)
+      : mLoaded(loaded),
+        mViews(loaded.file(), labels),
+        mNames(invocation.argumentsFrom(1)),
+        mSubDevice(invocation.subDevice()) {}
 
   QVector<SFound> gather(const QStringList& hardwareIds) {
     QVector<SFound> found;
@@ -44,10 +48,10 @@ class CGathering {
       mLoaded.selectHardwareId(hardwareId);
       known += ParameterLookup::allNames(mLoaded.file());
     }
-    known.removeDuplicates();
+    known = uniqueNames(known);
     int reported = 0;
     for (const QString& name : mNames) {
-      if (!mFound.contains(name))
+      if (mFound.count(name) == 0)
         report(name, reported++ < Suggestion::kMaxHelped ? known : QStringList());
     }
     return reported == 0;
@@ -63,29 +67,29 @@ class CGathering {
       }
       const ICParamTreeNode* node = file.findParameter(file.rootGroup(id), name);
       if (!node) continue;
-      found.append({hardwareId, SValueView::of(file, *node)});
+      found.append({hardwareId, mViews.of(*node)});
       mFound.insert(name);
     }
   }
 
   void report(const QString& name, const QStringList& known) const {
-    const auto elsewhere = mElsewhere.constFind(name);
-    if (elsewhere == mElsewhere.constEnd()) {
+    const auto elsewhere = mElsewhere.find(name);
+    if (elsewhere == mElsewhere.end()) {
       mLoaded.message(Tool::tr("there is no parameter \"%1\".%2")
                           .arg(name, ParameterLookup::didYouMean(name, known)));
       return;
     }
-    QList<quint8> ids = elsewhere->values();
-    std::sort(ids.begin(), ids.end());
+    const QList<quint8> ids(elsewhere->second.begin(), elsewhere->second.end());
     mLoaded.message(Tool::tr("there is no parameter \"%1\" in sub-device %2; it is in %3.")
                         .arg(name, QString::number(*mSubDevice), ParameterLookup::listed(ids)));
   }
 
   CLoadedFile& mLoaded;
+  CValueViews mViews;
   const QStringList mNames;
   const std::optional<quint8> mSubDevice;
-  QSet<QString> mFound;
-  QHash<QString, QSet<quint8>> mElsewhere;  // sub-devices that were not asked for
+  std::set<QString> mFound;
+  std::map<QString, std::set<quint8>> mElsewhere;  // sub-devices that were not asked for
 };
 
 void printTable(const QVector<SFound>& found, COutput& out) {
@@ -93,7 +97,7 @@ void printTable(const QVector<SFound>& found, COutput& out) {
                 Tool::tr("VALUE"), Tool::tr("UNIT"), Tool::tr("MEANING")});
   for (const SFound& each : found) {
     const SValueView& view = each.view;
-    table.addRow({DisplayText::shown(each.hardwareId), QString::number(view.subDevId),
+    table.addRow({out.labels().shown(each.hardwareId), QString::number(view.subDevId),
                   view.isChanged() ? QStringLiteral("*") : QString(), DisplayText::shown(view.name),
                   DisplayText::shown(view.value.asStr()), DisplayText::shownOrNothing(view.unit),
                   view.meaning},
@@ -106,7 +110,7 @@ void printJson(const CLoadedFile& loaded, const QVector<SFound>& found, COutput&
   QJsonArray values;
   for (const SFound& each : found) {
     QJsonObject value = each.view.toJson();
-    value.insert(QStringLiteral("hardwareId"), each.hardwareId);
+    value.insert(QStringLiteral("hardwareId"), out.labels().of(each.hardwareId));
     value.insert(QStringLiteral("subDevice"), each.view.subDevId);
     values.append(value);
   }
@@ -120,7 +124,7 @@ EExitStatus get(const CInvocation& invocation, COutput& out) {
   if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
     return ExitFindings;
   }
-  CGathering gathering(loaded, invocation);
+  CGathering gathering(loaded, invocation, out.labels());
   const QVector<SFound> found = gathering.gather(hardwareIds);
   if (invocation.wantsJson()) {
     printJson(loaded, found, out);

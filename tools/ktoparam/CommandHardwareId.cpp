@@ -28,12 +28,12 @@ QVector<SSummary> summaries(ICParameterFile& file) {
   return all;
 }
 
-QJsonArray toJson(const QVector<SSummary>& all) {
+QJsonArray toJson(const QVector<SSummary>& all, const CLabels& labels) {
   QJsonArray array;
   for (const SSummary& each : all) {
     QJsonArray subDevices;
     for (const quint8 id : each.subDevices) subDevices.append(id);
-    array.append(QJsonObject{{QStringLiteral("id"), each.hardwareId},
+    array.append(QJsonObject{{QStringLiteral("id"), labels.of(each.hardwareId)},
                              {QStringLiteral("subDevices"), subDevices},
                              {QStringLiteral("parameters"), each.parameters}});
   }
@@ -43,7 +43,7 @@ QJsonArray toJson(const QVector<SSummary>& all) {
 void printSummaries(const QVector<SSummary>& all, COutput& out) {
   CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICES"), Tool::tr("PARAMETERS")});
   for (const SSummary& each : all) {
-    table.addRow({DisplayText::shown(each.hardwareId), QString::number(each.subDevices.size()),
+    table.addRow({out.labels().shown(each.hardwareId), QString::number(each.subDevices.size()),
                   QString::number(each.parameters)});
   }
   table.print(out);
@@ -52,8 +52,8 @@ void printSummaries(const QVector<SSummary>& all, COutput& out) {
 void print(const CLoadedFile& loaded, const CInvocation& invocation, COutput& out) {
   const QVector<SSummary> all = summaries(loaded.file());
   if (!invocation.wantsJson()) return printSummaries(all, out);
-  out.json(
-      {{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), toJson(all)}});
+  out.json({{QStringLiteral("file"), loaded.fileName()},
+            {QStringLiteral("hardwareIds"), toJson(all, out.labels())}});
 }
 
 /// Loads the file, edits it, saves it unless it is a dry run, and prints what it has then.

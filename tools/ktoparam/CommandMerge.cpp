@@ -29,15 +29,15 @@ bool load(const CInvocation& invocation, CLoadedFile& base, CLoadedFile& ours,
          theirs.loadValues(invocation.argument(2));
 }
 
-QJsonObject toJson(const SMergeConflict& conflict) {
+QJsonObject toJson(const SMergeConflict& conflict, const CLabels& labels) {
   const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
   return {
       {QStringLiteral("subject"), SMergeConflict::subjectText(conflict.subject)},
       {QStringLiteral("kind"), SMergeConflict::kindText(conflict.kind)},
-      {QStringLiteral("hardwareId"), conflict.hardwareId},
+      {QStringLiteral("hardwareId"), labels.of(conflict.hardwareId)},
       {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(conflict.subDevId) : QJsonValue()},
       {QStringLiteral("group"), conflict.groupPath},
-      {QStringLiteral("name"), conflict.name},
+      {QStringLiteral("name"), labels.of(conflict.name)},
       {QStringLiteral("base"), presentOrNull(conflict.base)},
       {QStringLiteral("ours"), presentOrNull(conflict.ours)},
       {QStringLiteral("theirs"), presentOrNull(conflict.theirs)},
@@ -49,9 +49,9 @@ void printTable(const CMergeConflicts& conflicts, COutput& out) {
       {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
   for (const SMergeConflict& conflict : conflicts) {
     const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
-    table.addRow({DisplayText::shownOrNothing(conflict.hardwareId),
+    table.addRow({out.labels().shownOrNothing(conflict.hardwareId),
                   hasSubDevice ? QString::number(conflict.subDevId) : QString(),
-                  DisplayText::shownOrNothing(conflict.name),
+                  out.labels().shownOrNothing(conflict.name),
                   DisplayText::escaped(conflict.text())});
   }
   if (!table.isEmpty()) table.print(out);
@@ -60,7 +60,7 @@ void printTable(const CMergeConflicts& conflicts, COutput& out) {
 void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
   if (!invocation.wantsJson()) return printTable(conflicts, out);
   QJsonArray array;
-  for (const SMergeConflict& conflict : conflicts) array.append(toJson(conflict));
+  for (const SMergeConflict& conflict : conflicts) array.append(toJson(conflict, out.labels()));
   out.json({{QStringLiteral("file"), invocation.value(CommonOptions::kOutput)},
             {QStringLiteral("conflicts"), array}});
 }

@@ -48,11 +48,11 @@ EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
   QJsonArray list;
   CTable table({Tool::tr("MOTOR"), Tool::tr("FILE"), Tool::tr("COMMENT")});
   for (auto it = motors.cbegin(); it != motors.cend(); ++it) {
-    list.append(QJsonObject{{QStringLiteral("name"), it.key()},
+    list.append(QJsonObject{{QStringLiteral("name"), out.labels().of(it.key())},
                             {QStringLiteral("file"), it->file},
-                            {QStringLiteral("comment"), it->comment}});
-    table.addRow({DisplayText::shown(it.key()), DisplayText::shown(it->file),
-                  DisplayText::shownOrNothing(it->comment)});
+                            {QStringLiteral("comment"), out.labels().of(it->comment)}});
+    table.addRow({out.labels().shown(it.key()), DisplayText::shown(it->file),
+                  out.labels().shownOrNothing(it->comment)});
   }
   if (invocation.wantsJson()) {
     out.json({{QStringLiteral("motors"), list}});

@@ -6,13 +6,14 @@
 #include "DisplayText.h"
 #include "Suggestion.h"
 #include "Tool.h"
+#include "UniqueNames.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <QSet>
 
 #include <optional>
+#include <set>
 
 namespace {
 
@@ -45,7 +46,7 @@ struct SHit {
       }
       hit.choices += found;
     }
-    hit.choices.removeDuplicates();
+    hit.choices = uniqueNames(hit.choices);
     return hit;
   }
 };
@@ -55,12 +56,12 @@ void printTable(const QVector<SHit>& hits, COutput& out) {
                 Tool::tr("HINT")});
   for (const SHit& hit : hits) {
     QStringList choices;
-    for (const QString& name : hit.choices) choices.append(DisplayText::shown(name));
+    for (const QString& name : hit.choices) choices.append(out.labels().shown(name));
     const CParamDefItem& definition = hit.definition;
     table.addRow({definition.valid() ? QString::number(definition.id()) : QString(),
-                  DisplayText::shown(definition.name()), definition.typeStr(),
+                  out.labels().shown(definition.name()), definition.typeStr(),
                   choices.join(QLatin1String(", ")),
-                  DisplayText::shownOrNothing(definition.hint())});
+                  out.labels().shownOrNothing(definition.hint())});
   }
   if (!table.isEmpty()) table.print(out);
 }
@@ -72,10 +73,10 @@ void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& ou
     array.append(
         QJsonObject{{QStringLiteral("id"),
                      definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue()},
-                    {QStringLiteral("name"), definition.name()},
+                    {QStringLiteral("name"), out.labels().of(definition.name())},
                     {QStringLiteral("type"), definition.typeStr()},
-                    {QStringLiteral("hint"), definition.hint()},
-                    {QStringLiteral("choices"), QJsonArray::fromStringList(hit.choices)}});
+                    {QStringLiteral("hint"), out.labels().of(definition.hint())},
+                    {QStringLiteral("choices"), out.labels().of(hit.choices)}});
   }
   out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("definitions"), array}});
 }
@@ -83,7 +84,7 @@ void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& ou
 /// The words of names such as "VelocityLimit", of hints and of choices.
 QStringList knownWords(const ICParameterFile& file) {
   static const QRegularExpression kWord(QStringLiteral("\\p{L}\\p{Ll}+"));
-  QSet<QString> found;
+  std::set<QString> found;
   for (const QString& name : file.defNames()) {
     const CParamDefItem definition = file.paramDef(name);
     const QStringList texts = QStringList{name, definition.hint()} + choiceNames(definition);
@@ -91,9 +92,7 @@ QStringList knownWords(const ICParameterFile& file) {
       found.insert(it.next().captured().toCaseFolded());
     }
   }
-  QStringList words = found.values();
-  words.sort();
-  return words;
+  return QStringList(found.begin(), found.end());
 }
 
 /// For the first word that stands nowhere.

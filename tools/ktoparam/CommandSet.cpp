@@ -10,13 +10,14 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
+
+#include <set>
 
 namespace {
 
 /// The words NAME=VALUE; an empty text, or what is wrong with them.
 QString readAssignments(const QStringList& words, QVector<SAssignment>& assignments) {
-  QSet<QString> names;
+  std::set<QString> names;
   for (const QString& word : words) {
     const int sign = word.indexOf(QLatin1Char('='));
     if (sign < 1) return Tool::tr("\"%1\" is not of the form NAME=VALUE.").arg(word);
@@ -24,10 +25,9 @@ QString readAssignments(const QStringList& words, QVector<SAssignment>& assignme
     assignment.name = word.left(sign);
     assignment.text = word.mid(sign + 1);
     if (assignment.text.isNull()) assignment.text = QLatin1String("");
-    if (names.contains(assignment.name)) {
+    if (!names.insert(assignment.name).second) {
       return Tool::tr("\"%1\" is set twice.").arg(assignment.name);
     }
-    names.insert(assignment.name);
     assignments.append(assignment);
   }
   return {};
@@ -43,8 +43,8 @@ void printTable(const ICParameterFile& file, const QVector<SAssignment>& assignm
         {QString::number(each.subDevId), DisplayText::shown(each.name),
          DisplayText::shown(each.oldValue.asStr()),
          each.isChange ? DisplayText::shown(each.newValue.asStr()) : Tool::tr("(unchanged)"),
-         each.isChange ? ValueTexts::change(definition, each.oldValue, each.newValue)
-                       : ValueTexts::meaning(definition, each.oldValue)});
+         each.isChange ? ValueTexts::change(definition, each.oldValue, each.newValue, out.labels())
+                       : ValueTexts::meaning(definition, each.oldValue, out.labels())});
   }
   table.print(out);
 }

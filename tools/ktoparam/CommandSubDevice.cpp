@@ -18,22 +18,22 @@ QString typeText(const ICParameterFile& file, quint8 id) {
   return ICParameterFile::subDeviceTypeToStr(file.subDevType(id));
 }
 
-QJsonArray subDevicesJson(const ICParameterFile& file) {
+QJsonArray subDevicesJson(const ICParameterFile& file, const CLabels& labels) {
   QJsonArray array;
   for (const quint8 id : file.subDeviceIds()) {
     array.append(QJsonObject{{QStringLiteral("id"), id},
                              {QStringLiteral("type"), typeText(file, id)},
-                             {QStringLiteral("name"), file.subDevName(id)},
+                             {QStringLiteral("name"), labels.of(file.subDevName(id))},
                              {QStringLiteral("parameters"), file.paramNames(id).size()}});
   }
   return array;
 }
 
-void addRows(const ICParameterFile& file, CTable& table) {
+void addRows(const ICParameterFile& file, const CLabels& labels, CTable& table) {
   for (const quint8 id : file.subDeviceIds()) {
     const QString name = file.subDevName(id);
-    table.addRow({DisplayText::shown(file.hardwareId()), QString::number(id), typeText(file, id),
-                  DisplayText::shownOrNothing(name), QString::number(file.paramNames(id).size())});
+    table.addRow({labels.shown(file.hardwareId()), QString::number(id), typeText(file, id),
+                  labels.shownOrNothing(name), QString::number(file.paramNames(id).size())});
   }
 }
 
@@ -47,9 +47,10 @@ EExitStatus runList(const CInvocation& invocation, COutput& out) {
   QJsonArray array;
   for (const QString& hardwareId : hardwareIds) {
     loaded.selectHardwareId(hardwareId);
-    addRows(loaded.file(), table);
-    array.append(QJsonObject{{QStringLiteral("id"), hardwareId},
-                             {QStringLiteral("subDevices"), subDevicesJson(loaded.file())}});
+    addRows(loaded.file(), out.labels(), table);
+    array.append(
+        QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
+                    {QStringLiteral("subDevices"), subDevicesJson(loaded.file(), out.labels())}});
   }
   if (invocation.wantsJson()) {
     out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});

@@ -6,6 +6,7 @@
 #include "CompensationTexts.h"
 #include "DefinitionLines.h"
 #include "OpenedFile.h"
+#include "ShortText.h"
 #include "Tool.h"
 
 #include <optional>
@@ -14,31 +15,40 @@ namespace {
 
 // --- Values
 
-QString parameterSubject(const QString& path, const ICParamTreeNode& node) {
-  const QString subject = path + node.name();
+/// What stands before the names in a group.
+QString leadOf(const QString& place, const QString& path) {
+  return path.isNull() ? place : place + path + QLatin1Char('/');
+}
+
+QString parameterSubject(const QString& lead, const ICParamTreeNode& node, const CLabels& labels) {
+  const QString subject = lead + labels.of(node.name());
   return node.id() == 0 ? subject
                         : QStringLiteral("%1 (%2)").arg(subject, QString::number(node.id()));
 }
 
-void addGroup(const ICParamTreeNode& group, const QString& path, CTextLines& lines) {
+/// The place is hardware id and sub-device, the path that of the group.
+void addGroup(const ICParamTreeNode& group, const QString& place, const QString& path,
+              CTextLines& lines) {
+  const QString lead = leadOf(place, path);
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
     if (child.isParam()) {
-      lines.add(parameterSubject(path, child), child.value().asStr());
+      lines.add(parameterSubject(lead, child, lines.labels()), child.value().asStr());
       continue;
     }
-    const QString childPath = path + child.name() + QLatin1Char('/');
-    if (child.childCnt() == 0) lines.addBare(childPath);
-    addGroup(child, childPath, lines);
+    const QString childPath = NShortText::below(path, child.name());
+    if (child.childCnt() == 0) lines.addBare(leadOf(place, childPath));
+    addGroup(child, place, childPath, lines);
   }
 }
 
 void addSubDevice(ICParameterFile& file, quint8 id, CTextLines& lines) {
-  const QString place = QStringLiteral("%1[%2]").arg(file.hardwareId(), QString::number(id));
+  const QString hardwareId = lines.labels().of(file.hardwareId());
+  const QString place = QStringLiteral("%1[%2]").arg(hardwareId, QString::number(id));
   lines.add(place + QLatin1String(" type"),
             ICParameterFile::subDeviceTypeToStr(file.subDevType(id)));
-  lines.addUnlessEmpty(place + QLatin1String(" name"), file.subDevName(id));
-  addGroup(*file.rootGroup(id), place + QLatin1Char('/'), lines);
+  lines.addLabelUnlessEmpty(place + QLatin1String(" name"), file.subDevName(id));
+  addGroup(*file.rootGroup(id), place + QLatin1Char('/'), {}, lines);
 }
 
 EExitStatus values(const QString& fileName, COutput& out) {
@@ -69,16 +79,16 @@ EExitStatus definitions(const QString& fileName, COutput& out) {
 void addSettings(const ICSettingsTreeNode& group, const QString& path, CTextLines& lines) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICSettingsTreeNode& node = *group.childPtr(i);
-    const QString subject = path + node.name();
+    const QString subject = leadOf({}, path) + lines.labels().of(node.name());
     if (node.isGroup()) {
       lines.addBare(subject + QLatin1Char('/'));
     } else {
       const QString type = ICSettingsTreeNode::typeToStr(node.type());
       lines.add(QStringLiteral("%1 (%2)").arg(subject, type), node.value().asStr());
     }
-    lines.addUnlessEmpty(subject + QLatin1String(" unit"), node.unit());
-    lines.addUnlessEmpty(subject + QLatin1String(" comment"), node.comment());
-    addSettings(node, subject + QLatin1Char('/'), lines);
+    lines.addLabelUnlessEmpty(subject + QLatin1String(" unit"), node.unit());
+    lines.addLabelUnlessEmpty(subject + QLatin1String(" comment"), node.comment());
+    addSettings(node, NShortText::below(path, node.name()), lines);
   }
 }
 

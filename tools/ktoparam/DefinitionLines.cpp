@@ -1,5 +1,6 @@
 #include "DefinitionLines.h"
 
+#include "CLabels.h"
 #include "CParamDefItem.h"
 #include "CParamValueText.h"
 #include "CTextLines.h"
@@ -16,10 +17,13 @@ QString numbers(const QList<Number>& list) {
 /// The lines of one definition; each begins with its name.
 class CLines {
  public:
-  CLines(const QString& name, CTextLines& lines) : mName(name), mLines(lines) {}
+  CLines(const QString& name, CTextLines& lines) : mName(lines.labels().of(name)), mLines(lines) {}
 
   void add(const QString& property, const QString& value) {
     mLines.add(mName + QLatin1Char(' ') + property, value);
+  }
+  void addLabel(const QString& property, const QString& label) {
+    mLines.addLabel(mName + QLatin1Char(' ') + property, label);
   }
   void addUnlessEmpty(const char* property, const QString& value) {
     if (!value.isEmpty()) add(QString::fromLatin1(property), value);
@@ -29,7 +33,7 @@ class CLines {
   }
   void addChoices(const QString& kind, const QList<NParamDef::SNamedI64Value>& choices) {
     for (const NParamDef::SNamedI64Value& each : choices) {
-      add(QStringLiteral("%1 %2").arg(kind, QString::number(each.value)), each.name);
+      addLabel(QStringLiteral("%1 %2").arg(kind, QString::number(each.value)), each.name);
     }
   }
 
@@ -47,7 +51,7 @@ void addStates(const QList<NParamDef::SNamedI64Value>& states, CLines& lines) {
 void addBits(const QList<NParamDef::SBitValue>& bits, CLines& lines) {
   for (const NParamDef::SBitValue& bit : bits) {
     const QString kind = bit.invert ? QStringLiteral("not bit %1") : QStringLiteral("bit %1");
-    lines.add(kind.arg(bit.pos), bit.name);
+    lines.addLabel(kind.arg(bit.pos), bit.name);
   }
 }
 
@@ -60,7 +64,7 @@ void DefinitionLines::add(const CParamDefItem& definition, CTextLines& out) {
   if (definition.unitId() != 0) {
     lines.add(QStringLiteral("unit"), QString::number(definition.unitId()));
   }
-  lines.addUnlessEmpty("hint", definition.hint());
+  if (!definition.hint().isEmpty()) lines.addLabel(QStringLiteral("hint"), definition.hint());
   lines.addValue("default", definition.defVal());
   lines.addValue("minimum", definition.minVal());
   lines.addValue("maximum", definition.maxVal());

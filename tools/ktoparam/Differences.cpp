@@ -50,28 +50,30 @@ QString groupCell(const QString& path) {
   return path.isEmpty() ? QStringLiteral("/") : DisplayText::shown(path);
 }
 
-QStringList toCells(const SParamDifference& each, const ICParameterFile& definitions) {
+QStringList toCells(const SParamDifference& each, const ICParameterFile& definitions,
+                    const CLabels& labels) {
   const bool isMoved = each.kind == SParamDifference::ParameterMoved;
   const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
   return {kindName(each.kind),
-          DisplayText::shownOrNothing(each.hardwareId),
+          labels.shownOrNothing(each.hardwareId),
           hasSubDevice ? QString::number(each.subDevId) : QString(),
-          DisplayText::shownOrNothing(each.name),
+          labels.shownOrNothing(each.name),
           isMoved ? groupCell(each.oldGroupPath) : valueCell(each.oldValue),
           isMoved ? groupCell(each.newGroupPath) : valueCell(each.newValue),
           each.kind == SParamDifference::ValueChanged
-              ? ValueTexts::change(definitions.paramDef(each.name), each.oldValue, each.newValue)
+              ? ValueTexts::change(definitions.paramDef(each.name), each.oldValue, each.newValue,
+                                   labels)
               : QString()};
 }
 
-QJsonObject toJson(const SParamDifference& each) {
+QJsonObject toJson(const SParamDifference& each, const CLabels& labels) {
   const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
   return {{QStringLiteral("kind"), SParamDifference::kindText(each.kind)},
-          {QStringLiteral("hardwareId"), each.hardwareId},
+          {QStringLiteral("hardwareId"), labels.of(each.hardwareId)},
           {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(each.subDevId) : QJsonValue()},
           {QStringLiteral("oldGroup"), each.oldGroupPath},
           {QStringLiteral("newGroup"), each.newGroupPath},
-          {QStringLiteral("name"), each.name},
+          {QStringLiteral("name"), labels.of(each.name)},
           {QStringLiteral("old"), presentOrNull(each.oldValue)},
           {QStringLiteral("new"), presentOrNull(each.newValue)}};
 }
@@ -82,12 +84,13 @@ void Differences::print(const CParamDifferences& differences, const ICParameterF
                         COutput& out) {
   CTable table({Tool::tr("CHANGE"), Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"),
                 Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW"), Tool::tr("MEANING")});
-  for (const SParamDifference& each : differences) table.addRow(toCells(each, definitions));
+  for (const SParamDifference& each : differences)
+    table.addRow(toCells(each, definitions, out.labels()));
   if (!table.isEmpty()) table.print(out);
 }
 
-QJsonArray Differences::toJson(const CParamDifferences& differences) {
+QJsonArray Differences::toJson(const CParamDifferences& differences, const CLabels& labels) {
   QJsonArray array;
-  for (const SParamDifference& each : differences) array.append(::toJson(each));
+  for (const SParamDifference& each : differences) array.append(::toJson(each, labels));
   return array;
 }

@@ -2,6 +2,7 @@
 
 #include "SParamDifference.h"
 
+class CLabels;
 class COutput;
 class ICParameterFile;
 class QJsonArray;
@@ -11,6 +12,6 @@ namespace Differences {
 
 /// A table, with what the values mean under definitions; nothing when there are none.
 void print(const CParamDifferences& differences, const ICParameterFile& definitions, COutput& out);
-QJsonArray toJson(const CParamDifferences& differences);
+QJsonArray toJson(const CParamDifferences& differences, const CLabels& labels);
 
 }  // namespace Differences

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int kDeepest = 20;
+
 struct SRange {
   uint first;
   uint last;
@@ -112,6 +114,12 @@ QString DisplayText::shown(const QString& text) {
 
 QString DisplayText::shownOrNothing(const QString& text) {
   return text.isEmpty() ? QString() : shown(text);
+}
+
+QString DisplayText::indented(const QString& text, int depth) {
+  const QString blanks(2 * qMin(depth, kDeepest), QLatin1Char(' '));
+  return depth <= kDeepest ? blanks + text
+                           : QStringLiteral("%1[%2] %3").arg(blanks, QString::number(depth), text);
 }
 
 int DisplayText::width(const QString& text) {

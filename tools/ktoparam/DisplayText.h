@@ -15,6 +15,10 @@ QString shown(const QString& text);
 /// The same, but nothing for an empty text.
 QString shownOrNothing(const QString& text);
 
+/// A text at its depth in a tree. Where the blanks would be more than a screen can show, a number
+/// tells the depth.
+QString indented(const QString& text, int depth);
+
 /// Columns of a terminal that a text takes: 2 for wide East Asian characters and emoji, 0 for
 /// combining ones.
 int width(const QString& text);

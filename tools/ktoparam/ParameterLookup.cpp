@@ -2,6 +2,7 @@
 
 #include "ICParameterFile.h"
 #include "Suggestion.h"
+#include "UniqueNames.h"
 
 QList<quint8> ParameterLookup::subDevicesWith(const ICParameterFile& file, const QString& name) {
   QList<quint8> found;
@@ -14,8 +15,7 @@ QList<quint8> ParameterLookup::subDevicesWith(const ICParameterFile& file, const
 QStringList ParameterLookup::allNames(const ICParameterFile& file) {
   QStringList names;
   for (const quint8 id : file.subDeviceIds()) names += file.paramNames(id);
-  names.removeDuplicates();
-  return names;
+  return uniqueNames(names);
 }
 
 QString ParameterLookup::didYouMean(const QString& name, const QStringList& known) {

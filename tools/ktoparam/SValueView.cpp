@@ -1,43 +1,59 @@
 #include "SValueView.h"
 
+#include "CLabels.h"
 #include "CParamValueRules.h"
 #include "CParamValueText.h"
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 #include "JsonTexts.h"
+#include "ShortText.h"
 #include "ValueTexts.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
 
-QString groupPath(const ICParamTreeNode& node) {
-  QStringList names;
-  const ICParamTreeNode* group = node.parentPtr();
-  for (; group && group->parentPtr(); group = group->parentPtr()) names.prepend(group->name());
-  return names.join(QLatin1Char('/'));
+QString pathOf(const ICParamTreeNode* group) {
+  const bool isRoot = group == nullptr || group->parentPtr() == nullptr;
+  return isRoot ? QString() : NShortText::below(pathOf(group->parentPtr()), group->name());
 }
 
 }  // namespace
 
-SValueView SValueView::of(const ICParameterFile& file, const ICParamTreeNode& node) {
+SValueView CValueViews::of(const ICParamTreeNode& node) {
+  return of(node, pathOf(node.parentPtr()));
+}
+
+SValueView CValueViews::of(const ICParamTreeNode& node, const QString& groupPath) {
+  const QString name = node.name();
   SValueView view;
-  view.group = groupPath(node);
-  view.name = node.name();
+  view.group = groupPath;
+  view.name = mLabels.of(name);
   view.id = node.id();
   view.subDevId = node.subDevId();
   view.value = node.value();
 
-  const CParamDefItem definition = file.paramDef(view.name);
+  const CParamDefItem definition = mFile.paramDef(name);
   if (definition.name().isEmpty()) return view;
-  view.unit = CParamValueText::unitName(file, definition, view.subDevId);
-  view.choice = CParamValueText::choiceName(definition, view.value, CParamValueText::English);
-  view.bits = CParamValueText::activeBits(definition, view.value);
-  view.meaning = ValueTexts::meaning(definition, view.value);
-  view.defaultValue = definition.defVal();
+  const std::optional<QStringList> bits = CParamValueText::activeBits(definition, view.value);
+  view.unit = unit(definition, view.subDevId);
+  view.choice =
+      mLabels.of(CParamValueText::choiceName(definition, view.value, CParamValueText::English));
+  if (bits) view.bits = mLabels.of(*bits);
+  view.meaning = ValueTexts::meaning(definition, view.value, mLabels);
+  view.defaultValue = CParamVal(mLabels.of(definition.defVal().asStr()));
   view.isDefault = CParamValueRules::areEqual(view.value, definition.defVal(), definition);
   return view;
+}
+
+QString CValueViews::unit(const CParamDefItem& definition, quint8 subDevId) {
+  if (mHardwareId != mFile.hardwareId()) {
+    mUnits.clear();
+    mHardwareId = mFile.hardwareId();
+  }
+  const auto [known, isNew] = mUnits.try_emplace({definition.unitId(), subDevId});
+  if (isNew) known->second = mLabels.of(CParamValueText::unitName(mFile, definition, subDevId));
+  return known->second;
 }
 
 QJsonObject SValueView::toJson() const {
@@ -48,7 +64,7 @@ QJsonObject SValueView::toJson() const {
           {QStringLiteral("value"), value.asStr()},
           {QStringLiteral("unit"), textOrNull(unit)},
           {QStringLiteral("choice"), textOrNull(choice)},
-          {QStringLiteral("bits"), bits ? QJsonArray::fromStringList(*bits) : QJsonValue()},
+          {QStringLiteral("bits"), bits ? *bits : QJsonValue()},
           {QStringLiteral("default"), isDefined ? defaultValue->asStr() : QJsonValue()},
           {QStringLiteral("isDefault"), isDefined ? QJsonValue(isDefault) : QJsonValue()}};
 }

@@ -5,11 +5,14 @@
 #include "CTable.h"
 #include "DisplayText.h"
 #include "JsonTexts.h"
+#include "SValueView.h"
 #include "Show.h"
 #include "Tool.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
+
+#include <map>
 
 namespace {
 
@@ -23,16 +26,36 @@ QJsonValue valueOrNull(const CParamVal& value) {
   return value.isNull() ? QJsonValue() : QJsonValue(value.asStr());
 }
 
-QString limitName(const ICParameterFile& file, unsigned int id) {
-  const CParamDefItem definition = file.paramDef(id);
-  return definition.valid() ? definition.name() : QString::number(id);
-}
+/// How definitions are called that others refer to. Each is looked up once, since one may be the
+/// limit of thousands, and its name long.
+class CReferences {
+ public:
+  CReferences(const ICParameterFile& file, const CLabels& labels)
+      : mFile(file), mLabels(labels), mViews(file, labels) {}
 
-QStringList limitNames(const ICParameterFile& file, const QList<unsigned int>& ids) {
-  QStringList names;
-  for (const unsigned int id : ids) names.append(limitName(file, id));
-  return names;
-}
+  const CLabels& labels() const { return mLabels; }
+
+  QString name(unsigned int id) {
+    const auto [known, isNew] = mNames.try_emplace(id);
+    if (isNew) {
+      const CParamDefItem definition = mFile.paramDef(id);
+      known->second = definition.valid() ? mLabels.of(definition.name()) : QString::number(id);
+    }
+    return known->second;
+  }
+  QStringList names(const QList<unsigned int>& ids) {
+    QStringList names;
+    for (const unsigned int id : ids) names.append(name(id));
+    return names;
+  }
+  QString unit(const CParamDefItem& definition) { return mViews.unit(definition, kNoSubDevice); }
+
+ private:
+  const ICParameterFile& mFile;
+  const CLabels& mLabels;
+  CValueViews mViews;
+  std::map<unsigned int, QString> mNames;
+};
 
 // --- Text
 
@@ -40,11 +63,10 @@ QString shownOrNothing(const CParamVal& value) {
   return value.isNull() ? QString() : DisplayText::shown(value.asStr());
 }
 
-QString limitCell(const ICParameterFile& file, const CParamVal& limit,
-                  const QList<unsigned int>& ids) {
+QString limitCell(const CParamVal& limit, const QList<unsigned int>& ids, CReferences& references) {
   QStringList parts;
   if (!limit.isEmpty()) parts.append(DisplayText::shown(limit.asStr()));
-  for (const QString& name : limitNames(file, ids)) parts.append(DisplayText::shown(name));
+  for (const QString& name : references.names(ids)) parts.append(DisplayText::shown(name));
   return parts.join(QLatin1String(", "));
 }
 
@@ -52,39 +74,43 @@ QString named(qint64 value, const QString& name) {
   return QStringLiteral("%1=%2").arg(QString::number(value), DisplayText::shown(name));
 }
 
-QString choicesCell(const CParamDefItem& definition) {
+QString named(const SNamedI64Value& choice, const CLabels& labels) {
+  return named(choice.value, labels.of(choice.name));
+}
+
+QString choicesCell(const CParamDefItem& definition, const CLabels& labels) {
   QStringList parts;
   for (const SNamedI64Value& each :
        CParamValueText::choices(definition, CParamValueText::English)) {
-    parts.append(named(each.value, each.name));
+    parts.append(named(each, labels));
   }
   if (definition.hasEnums() && definition.isEnumEditable()) parts.append(QStringLiteral("…"));
   for (const SBitValue& bit : definition.bitset()) {
     const QString place = bit.invert ? Tool::tr("not bit %1") : Tool::tr("bit %1");
-    parts.append(QStringLiteral("%1=%2").arg(place.arg(bit.pos), DisplayText::shown(bit.name)));
+    parts.append(QStringLiteral("%1=%2").arg(place.arg(bit.pos), labels.shown(bit.name)));
   }
   return parts.join(QLatin1String(", "));
 }
 
-QStringList toCells(const ICParameterFile& file, const CParamDefItem& definition) {
-  const QString unit = CParamValueText::unitName(file, definition, kNoSubDevice);
+QStringList toCells(const CParamDefItem& definition, CReferences& references) {
+  const CLabels& labels = references.labels();
   return {QString::number(definition.id()),
-          DisplayText::shown(definition.name()),
+          labels.shown(definition.name()),
           definition.typeStr(),
-          DisplayText::shownOrNothing(unit),
+          DisplayText::shownOrNothing(references.unit(definition)),
           shownOrNothing(definition.defVal()),
-          limitCell(file, definition.minVal(), definition.minIds()),
-          limitCell(file, definition.maxVal(), definition.maxIds()),
-          choicesCell(definition)};
+          limitCell(definition.minVal(), definition.minIds(), references),
+          limitCell(definition.maxVal(), definition.maxIds(), references),
+          choicesCell(definition, labels)};
 }
 
 // --- JSON
 
-QJsonArray toJson(const QList<SNamedI64Value>& choices) {
+QJsonArray toJson(const QList<SNamedI64Value>& choices, const CLabels& labels) {
   QJsonArray array;
   for (const SNamedI64Value& each : choices) {
     array.append(QJsonObject{{QStringLiteral("value"), QString::number(each.value)},
-                             {QStringLiteral("name"), each.name}});
+                             {QStringLiteral("name"), labels.of(each.name)}});
   }
   return array;
 }
@@ -97,47 +123,47 @@ QJsonValue toJson(const SCheckValues& states) {
                      {QStringLiteral("undefined"), textOrNull(undefined)}};
 }
 
-QJsonArray toJson(const QList<SBitValue>& bits) {
+QJsonArray toJson(const QList<SBitValue>& bits, const CLabels& labels) {
   QJsonArray array;
   for (const SBitValue& bit : bits) {
     array.append(QJsonObject{{QStringLiteral("position"), bit.pos},
-                             {QStringLiteral("name"), bit.name},
+                             {QStringLiteral("name"), labels.of(bit.name)},
                              {QStringLiteral("inverted"), bit.invert}});
   }
   return array;
 }
 
-QJsonValue visibility(const ICParameterFile& file, const CParamDefItem& definition) {
+QJsonValue visibility(const CParamDefItem& definition, CReferences& references) {
   if (!definition.hasVisibleValues()) return {};
   QJsonArray values;
   for (const qint64 value : definition.visibleVals()) values.append(QString::number(value));
-  return QJsonObject{{QStringLiteral("parameter"), limitName(file, definition.visibleId())},
+  return QJsonObject{{QStringLiteral("parameter"), references.name(definition.visibleId())},
                      {QStringLiteral("values"), values}};
 }
 
-QJsonObject toJson(const ICParameterFile& file, const CParamDefItem& definition) {
-  const auto names = [&file](const QList<unsigned int>& ids) {
-    return QJsonArray::fromStringList(limitNames(file, ids));
+QJsonObject toJson(const CParamDefItem& definition, CReferences& references) {
+  const auto names = [&references](const QList<unsigned int>& ids) {
+    return QJsonArray::fromStringList(references.names(ids));
   };
-  const QString unit = CParamValueText::unitName(file, definition, kNoSubDevice);
+  const CLabels& labels = references.labels();
   return {{QStringLiteral("id"), qint64(definition.id())},
-          {QStringLiteral("name"), definition.name()},
+          {QStringLiteral("name"), labels.of(definition.name())},
           {QStringLiteral("type"), definition.typeStr()},
           {QStringLiteral("unitId"),
            definition.unitId() == 0 ? QJsonValue() : QJsonValue(qint64(definition.unitId()))},
-          {QStringLiteral("unit"), textOrNull(unit)},
-          {QStringLiteral("hint"), definition.hint()},
+          {QStringLiteral("unit"), textOrNull(references.unit(definition))},
+          {QStringLiteral("hint"), labels.of(definition.hint())},
           {QStringLiteral("default"), valueOrNull(definition.defVal())},
           {QStringLiteral("minimum"), valueOrNull(definition.minVal())},
           {QStringLiteral("maximum"), valueOrNull(definition.maxVal())},
           {QStringLiteral("minimumParameters"), names(definition.minIds())},
           {QStringLiteral("maximumParameters"), names(definition.maxIds())},
-          {QStringLiteral("choices"), toJson(definition.enums())},
+          {QStringLiteral("choices"), toJson(definition.enums(), labels)},
           {QStringLiteral("otherValuesAllowed"), definition.isEnumEditable()},
-          {QStringLiteral("radios"), toJson(definition.radios())},
+          {QStringLiteral("radios"), toJson(definition.radios(), labels)},
           {QStringLiteral("check"), toJson(definition.checkVals())},
-          {QStringLiteral("bits"), toJson(definition.bitset())},
-          {QStringLiteral("visibleWhen"), visibility(file, definition)}};
+          {QStringLiteral("bits"), toJson(definition.bitset(), labels)},
+          {QStringLiteral("visibleWhen"), visibility(definition, references)}};
 }
 
 }  // namespace
@@ -147,10 +173,12 @@ EExitStatus Show::definitions(const CInvocation& invocation, COutput& out) {
   if (!loaded.loadDefinitions(invocation.argument(0))) return ExitFile;
 
   const ICParameterFile& file = loaded.file();
+  CReferences references(file, out.labels());
   const SHead head{file.defDate(), file.defAuthor(), file.defComment()};
   if (invocation.wantsJson()) {
     QJsonArray array;
-    for (const QString& name : file.defNames()) array.append(toJson(file, file.paramDef(name)));
+    for (const QString& name : file.defNames())
+      array.append(toJson(file.paramDef(name), references));
     QJsonObject object = headJson(loaded.fileName(), loaded.info(), head);
     object.insert(QStringLiteral("definitions"), array);
     out.json(object);
@@ -158,7 +186,8 @@ EExitStatus Show::definitions(const CInvocation& invocation, COutput& out) {
   }
   CTable table({Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"), Tool::tr("UNIT"),
                 Tool::tr("DEFAULT"), Tool::tr("MIN"), Tool::tr("MAX"), Tool::tr("CHOICES")});
-  for (const QString& name : file.defNames()) table.addRow(toCells(file, file.paramDef(name)));
+  for (const QString& name : file.defNames())
+    table.addRow(toCells(file.paramDef(name), references));
   out.line(headLine(loaded.info(), head));
   if (!table.isEmpty()) table.print(out);
   return ExitDone;

@@ -4,6 +4,7 @@
 #include "CTable.h"
 #include "DisplayText.h"
 #include "SValueView.h"
+#include "ShortText.h"
 #include "Show.h"
 #include "Tool.h"
 
@@ -29,8 +30,9 @@ struct SSelection {
 /// has one.
 class CTreeRows {
  public:
-  CTreeRows(const ICParameterFile& file, bool onlyChanged)
-      : mFile(file),
+  CTreeRows(const ICParameterFile& file, bool onlyChanged, const CLabels& labels)
+      : mViews(file, labels),
+        mLabels(labels),
         mOnlyChanged(onlyChanged),
         mTable({QString(), Tool::tr("NAME"), Tool::tr("VALUE"), Tool::tr("UNIT"),
                 Tool::tr("MEANING")}) {}
@@ -45,7 +47,7 @@ class CTreeRows {
 
  private:
   QString indented(const ICParamTreeNode& node, int depth) const {
-    return QString(2 * depth, QLatin1Char(' ')) + DisplayText::shown(node.name());
+    return DisplayText::indented(mLabels.shown(node.name()), depth);
   }
 
   void addGroup(const ICParamTreeNode& group) {
@@ -57,7 +59,7 @@ class CTreeRows {
   }
 
   void addParameter(const ICParamTreeNode& node) {
-    const SValueView view = SValueView::of(mFile, node);
+    const SValueView view = mViews.of(node, {});
     if (mOnlyChanged && !view.isChanged()) return;
     addWaitingGroups();
     mTable.addRow({view.isChanged() ? QStringLiteral("*") : QString(),
@@ -72,62 +74,65 @@ class CTreeRows {
     }
   }
 
-  const ICParameterFile& mFile;
+  CValueViews mViews;
+  const CLabels& mLabels;
   const bool mOnlyChanged;
   CTable mTable;
   QVector<const ICParamTreeNode*> mGroups;  // from the root's child down to the current one
   int mWritten = 0;                         // how many of them have their row
 };
 
-QString heading(const ICParameterFile& file, quint8 subDevId) {
+QString heading(const ICParameterFile& file, quint8 subDevId, const CLabels& labels) {
   const QString name = file.subDevName(subDevId);
   const QString text = Tool::tr("Hardware id %1, sub-device %2 (%3)")
-                           .arg(DisplayText::shown(file.hardwareId()), QString::number(subDevId),
+                           .arg(labels.shown(file.hardwareId()), QString::number(subDevId),
                                 ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId)));
-  return name.isEmpty() ? text : text + QLatin1String(": ") + DisplayText::shown(name);
+  return name.isEmpty() ? text : text + QLatin1String(": ") + labels.shown(name);
 }
 
 void printSubDevice(ICParameterFile& file, quint8 subDevId, bool onlyChanged, COutput& out) {
-  CTreeRows rows(file, onlyChanged);
+  CTreeRows rows(file, onlyChanged, out.labels());
   const CTable& table = rows.addChildren(*file.rootGroup(subDevId));
   if (table.isEmpty() && onlyChanged) return;
   out.line({});
-  out.line(heading(file, subDevId));
+  out.line(heading(file, subDevId, out.labels()));
   if (!table.isEmpty()) table.print(out, QStringLiteral("  "));
 }
 
-void addParameters(const ICParameterFile& file, const ICParamTreeNode& group, bool onlyChanged,
-                   QJsonArray& parameters) {
+void addParameters(CValueViews& views, const ICParamTreeNode& group, const QString& path,
+                   bool onlyChanged, QJsonArray& parameters) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
     if (child.isGroup()) {
-      addParameters(file, child, onlyChanged, parameters);
+      addParameters(views, child, NShortText::below(path, child.name()), onlyChanged, parameters);
       continue;
     }
-    const SValueView view = SValueView::of(file, child);
+    const SValueView view = views.of(child, path);
     if (!onlyChanged || view.isChanged()) parameters.append(view.toJson());
   }
 }
 
-QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, bool onlyChanged) {
+QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, bool onlyChanged,
+                          const CLabels& labels) {
   QJsonArray parameters;
-  addParameters(file, *file.rootGroup(subDevId), onlyChanged, parameters);
+  CValueViews views(file, labels);
+  addParameters(views, *file.rootGroup(subDevId), {}, onlyChanged, parameters);
   return {{QStringLiteral("id"), subDevId},
           {QStringLiteral("type"), ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId))},
-          {QStringLiteral("name"), file.subDevName(subDevId)},
+          {QStringLiteral("name"), labels.of(file.subDevName(subDevId))},
           {QStringLiteral("parameters"), parameters}};
 }
 
 QJsonArray hardwareIdsJson(ICParameterFile& file, const QStringList& hardwareIds,
-                           const SSelection& selection) {
+                           const SSelection& selection, const CLabels& labels) {
   QJsonArray array;
   for (const QString& hardwareId : hardwareIds) {
     file.selectHardwareId(hardwareId);
     QJsonArray subDevices;
     for (const quint8 id : selection.subDevices(file)) {
-      subDevices.append(subDeviceJson(file, id, selection.onlyChanged));
+      subDevices.append(subDeviceJson(file, id, selection.onlyChanged, labels));
     }
-    array.append(QJsonObject{{QStringLiteral("id"), hardwareId},
+    array.append(QJsonObject{{QStringLiteral("id"), labels.of(hardwareId)},
                              {QStringLiteral("subDevices"), subDevices}});
   }
   return array;
@@ -150,7 +155,8 @@ EExitStatus Show::values(const CInvocation& invocation, COutput& out) {
   const SHead head{file.date(), file.author(), file.comment()};
   if (invocation.wantsJson()) {
     QJsonObject object = headJson(loaded.fileName(), loaded.info(), head);
-    object.insert(QStringLiteral("hardwareIds"), hardwareIdsJson(file, hardwareIds, selection));
+    object.insert(QStringLiteral("hardwareIds"),
+                  hardwareIdsJson(file, hardwareIds, selection, out.labels()));
     out.json(object);
     return ExitDone;
   }

@@ -1,5 +1,6 @@
 #include "Suggestion.h"
 
+#include "ShortText.h"
 #include "Tool.h"
 
 #include <QVector>
@@ -67,13 +68,15 @@ QString Suggestion::closest(const QString& text, const QStringList& candidates) 
 
 QString Suggestion::didYouMean(const QString& text, const QStringList& candidates) {
   const QString best = closest(text, candidates);
-  return best.isNull() ? QString() : Tool::tr(" Did you mean \"%1\"?").arg(best);
+  return best.isNull() ? QString() : Tool::tr(" Did you mean \"%1\"?").arg(NShortText::of(best));
 }
 
 QString Suggestion::listed(const QStringList& names) {
-  if (listsAll(names)) return names.join(QLatin1String(", "));
-  const QString first = QStringList(names.mid(0, kListedNames)).join(QLatin1String(", "));
-  return Tool::tr("%1, … (%2 in all)").arg(first, QString::number(names.size()));
+  QStringList listed;
+  for (const QString& name : names.mid(0, kListedNames)) listed.append(NShortText::of(name));
+  const QString text = listed.join(QLatin1String(", "));
+  return listsAll(names) ? text
+                         : Tool::tr("%1, … (%2 in all)").arg(text, QString::number(names.size()));
 }
 
 bool Suggestion::listsAll(const QStringList& names) {

@@ -1,7 +1,9 @@
 #include "ValueTexts.h"
 
+#include "CLabels.h"
 #include "CParamValueText.h"
 #include "DisplayText.h"
+#include "ShortText.h"
 
 namespace {
 
@@ -14,21 +16,24 @@ QString decimal(const CParamDefItem& definition, const CParamVal& value) {
 
 }  // namespace
 
-QString ValueTexts::meaning(const CParamDefItem& definition, const CParamVal& value) {
+QString ValueTexts::meaning(const CParamDefItem& definition, const CParamVal& value,
+                            const CLabels& labels) {
   const QString choice = CParamValueText::choiceName(definition, value, CParamValueText::English);
   const std::optional<QStringList> bits = CParamValueText::activeBits(definition, value);
   QStringList parts;
   for (const QString& name :
        (choice.isEmpty() ? QStringList() : QStringList(choice)) + bits.value_or(QStringList())) {
-    parts.append(DisplayText::shown(name));
+    parts.append(labels.shown(name));
   }
-  return parts.isEmpty() && !bits ? decimal(definition, value) : parts.join(QLatin1String(" | "));
+  if (parts.isEmpty() && !bits) return decimal(definition, value);
+  const QString joined = parts.join(QLatin1String(" | "));
+  return joined.size() > NShortText::kLongest ? NShortText::of(joined) : joined;
 }
 
 QString ValueTexts::change(const CParamDefItem& definition, const CParamVal& oldValue,
-                           const CParamVal& newValue) {
-  const QString from = meaning(definition, oldValue);
-  const QString to = meaning(definition, newValue);
+                           const CParamVal& newValue, const CLabels& labels) {
+  const QString from = meaning(definition, oldValue, labels);
+  const QString to = meaning(definition, newValue, labels);
   if (from == to) return {};
   return QStringLiteral("%1 → %2").arg(from.isEmpty() ? DisplayText::shown(oldValue.asStr()) : from,
                                        to.isEmpty() ? DisplayText::shown(newValue.asStr()) : to);

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <new>
 #include <optional>
 
 namespace {
@@ -41,8 +42,13 @@ int main(int argc, char* argv[]) {
       [&out](CMessageBoardHelper::EMessageKind kind, const QString& text) {
         if (kind == CMessageBoardHelper::Warning) LibraryMessage::print(text, out);
       });
-  const EExitStatus status =
-      areExact(argv + 1, words, out) ? CCommandTable().run(words, out) : ExitUsage;
+  EExitStatus status = ExitFile;
+  try {
+    status = areExact(argv + 1, words, out) ? CCommandTable().run(words, out) : ExitUsage;
+  } catch (const std::bad_alloc&) {
+    // What was taken is free again. No file is half written: a save begins when all of it is there.
+    out.message(Tool::tr("there is not enough memory for these files."));
+  }
   CMessageBoardHelper::setHandler({});
   return out.finish() ? status : ExitFile;
 }

@@ -168,7 +168,7 @@ class CStage {
   }
   void save() {
     saveWith([this](const QString& name, QString& error) {
-      return CAtomicFile::write(name, mNew, mScene.permissions, error);
+      return CAtomicFile::write(name, mNew, mScene.permissions, error, &mLost);
     });
   }
 
@@ -203,6 +203,7 @@ class CStage {
   CTally& mTally;
   const QString mPath;
   QString mError;
+  QString mLost;
   bool mSaved = false;
 };
 
@@ -354,7 +355,8 @@ class CSaves {
     writeFile(name, "old");
     giveAway(name);
     ::chmod(qPrintable(name), static_cast<mode_t>(random.below(01000)));
-    if (random.oneIn(2)) setList(name, "system.posix_acl_access", anyList(random));
+    const bool hasList = random.oneIn(2);
+    if (hasList) setList(name, "system.posix_acl_access", anyList(random));
     if (random.oneIn(2)) setList(folder("rights"), kDefault, anyList(random));
     const QByteArray before = rightsOf(name);
 
@@ -363,7 +365,8 @@ class CSaves {
     NFaults::refuse({losesGroup ? NFaults::Chown : NFaults::SendFile,
                      losesList ? NFaults::SetAttribute : NFaults::SendFile});
     QString error;
-    const bool isSaved = CAtomicFile::write(name, "new", {}, error);
+    QString lost;
+    const bool isSaved = CAtomicFile::write(name, "new", {}, error, &lost);
     NFaults::refuse({});
     const QByteArray after = rightsOf(name);
     bool isMore = false;
@@ -372,6 +375,8 @@ class CSaves {
     mTally.check(isSaved, message + error);
     mTally.check(!isMore, message + before.toHex() + " became " + after.toHex());
     mTally.check(losesGroup || losesList || after == before, message + "not kept");
+    mTally.check(lost.contains("group") == losesGroup, message + lost);
+    mTally.check(lost.contains("access control list") == (losesList && hasList), message + lost);
   }
 
   /// What cannot be read, or kept as a backup, is told.

@@ -91,7 +91,8 @@ int CNewFile::replace(const QByteArray& name) {
 /// Short, since a name may be as long as the system allows. A forked process must not have the
 /// same one.
 QByteArray temporaryName() {
-  return ".kto-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+  const quint64 number = QRandomGenerator::system()->generate64();
+  return QByteArray(".kto-").append(QByteArray::number(number, 36));
 }
 
 /// A new name is safe only when its folder is on the disk too: without this the old file may come
@@ -146,10 +147,10 @@ int moveToNew(const SFilePlace& file, const SFilePlace& free) {
 /// anything but a regular file or a free name.
 int findFile(const QString& fileName, SFilePlace& place, bool& exists) {
   const QByteArray path = bytesOf(fileName);
+  const bool isOnDisk = QFileInfo(fileName).isNativePath();  // and not in Qt's resources
   struct stat info = {};
   exists = ::stat(path.constData(), &info) == 0;
-  const bool isOther = exists && !S_ISREG(info.st_mode);
-  if (isOther || !QFileInfo(fileName).isNativePath()) return ELOOP;
+  if (!isOnDisk || (exists && !S_ISREG(info.st_mode))) return ELOOP;
   return place.find(path, SFilePlace::FollowLast);
 }
 
@@ -198,10 +199,8 @@ QString notKeptText(int lost) {
 QString CAtomicFile::nameProblem(const QString& fileName) {
   if (fileName.isEmpty()) return tr("no file is named.");
   // U+FFFD is what bytes become that are no text, here or before the name came here.
-  const bool isExact = QFile::decodeName(QFile::encodeName(fileName)) == fileName &&
-                       !fileName.contains(QChar::ReplacementCharacter) &&
-                       !fileName.contains(QChar::Null);
-  if (isExact) return QString();
+  const bool isExact = QFile::decodeName(QFile::encodeName(fileName)) == fileName;
+  if (isExact && !fileName.contains(QChar::ReplacementCharacter)) return QString();
   return tr(
       "the name is no valid text in the encoding of the locale, so it could mean another file. "
       "Rename the file, or set the locale of its name.");
@@ -252,9 +251,9 @@ bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
   int lost = 0;
   if (code == 0) code = replace(place, exists, content, mode, lost);
   if (code != 0) {
-    const QString reason = qt_error_string(code);
-    error = exists ? tr("the file cannot be written, the old one is kept: %1.").arg(reason)
-                   : tr("the file cannot be written: %1.").arg(reason);
+    const QString text = exists ? tr("the file cannot be written, the old one is kept: %1.")
+                                : tr("the file cannot be written: %1.");
+    error = text.arg(qt_error_string(code));
     return false;
   }
   if (notKept != nullptr) *notKept = notKeptText(lost);
@@ -309,8 +308,8 @@ bool CAtomicFile::renameToNew(const QString& fileName, const QString& newName, Q
   }
   if (code == 0) code = moveToNew(file, free);
   if (code != 0) {
-    error = code == EEXIST ? tr("the file exists already and is not replaced.")
-                           : tr("the file cannot be written: %1.").arg(qt_error_string(code));
+    error = tr("the file cannot be written: %1.").arg(qt_error_string(code));
+    if (code == EEXIST) error = tr("the file exists already and is not replaced.");
     return false;
   }
   code = syncFolder(free.folder);
@@ -321,7 +320,7 @@ bool CAtomicFile::renameToNew(const QString& fileName, const QString& newName, Q
 bool CAtomicFile::isSameFile(const QString& fileName, const QString& otherName) {
   SFilePlace file;
   SFilePlace other;
-  const bool areFound = file.find(bytesOf(fileName), SFilePlace::FollowLast) == 0 &&
-                        other.find(bytesOf(otherName), SFilePlace::FollowLast) == 0;
-  return areFound ? file.isSame(other) : fileName == otherName;
+  const int code = file.find(bytesOf(fileName), SFilePlace::FollowLast);
+  const int otherCode = other.find(bytesOf(otherName), SFilePlace::FollowLast);
+  return code == 0 && otherCode == 0 ? file.isSame(other) : fileName == otherName;
 }

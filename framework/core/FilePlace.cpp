@@ -80,7 +80,7 @@ int SFilePlace::find(const QByteArray& path, ELastLink last) {
       continue;
     }
     ++links;
-    hasStrangersLink = hasStrangersLink || isStrangersLink(info);
+    hasStrangersLink |= isStrangersLink(info);
     rest.prepend(linkText(folder, name));
     if (rest.startsWith('/')) code = enter(AT_FDCWD, "/");
   }

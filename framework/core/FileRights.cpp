@@ -48,7 +48,7 @@ bool copyUserAttributes(int from, int to) {
     if (!name.startsWith("user.")) continue;
     const bool isCopied = readAttribute(from, name.constData(), value) == 0 &&
                           writeAttribute(to, name.constData(), value);
-    isKept = isKept && isCopied;
+    if (!isCopied) isKept = false;
   }
   return isKept;
 }

@@ -115,6 +115,8 @@ class tst_CAtomicFile : public QObject {
     QVERIFY(!CAtomicFile::isSameFile(mName, folder + "/link/file"));
     QVERIFY(CAtomicFile::isSameFile(folder + "/no/file", folder + "/no/file"));
     QVERIFY(!CAtomicFile::isSameFile(folder + "/no/file", mName));
+    QVERIFY(!CAtomicFile::isSameFile(mName, folder + "/no/file"));
+    QVERIFY(CAtomicFile::isSameFile(folder, folder + "/link/../"));
     QVERIFY(write(mName, "text"));
     QCOMPARE(::link(qPrintable(mName), qPrintable(mName + '2')), 0);
     QVERIFY(CAtomicFile::isSameFile(mName, mName + '2'));
@@ -283,15 +285,18 @@ class tst_CAtomicFile : public QObject {
 
   void refusesWhatIsNoRegularFile_data() {
     QTest::addColumn<QString>("kind");
-    for (const char* kind : {"folder", "pipe", "ring of links"}) QTest::newRow(kind) << kind;
+    for (const char* kind : {"folder", "pipe", "ring of links", "resource"}) addTextRow(kind);
   }
   void refusesWhatIsNoRegularFile() {
     QFETCH(QString, kind);
     if (kind == "folder") QVERIFY(QDir().mkdir(mName));
     if (kind == "pipe") QCOMPARE(::mkfifo(qPrintable(mName), 0600), 0);
     if (kind == "ring of links") QVERIFY(QFile::link("file", mName));
+    if (kind == "resource") mName = ":/file";
     QString error;
     QByteArray content = "kept";
+    QVERIFY(!CAtomicFile::keepAsBackup(mName, error, error));
+    QCOMPARE(error, QString("this is not a regular file and is not kept as a backup."));
     QVERIFY(!CAtomicFile::write(mName, "new", {}, error));
     QCOMPARE(error, QString("this is not a regular file and is not replaced."));
     QVERIFY(!CAtomicFile::read(mName, content, error));

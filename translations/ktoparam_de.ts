@@ -374,10 +374,6 @@
         <translation>Nennt Typ, Version und Kommentar von Dateien.</translation>
     </message>
     <message>
-        <source>The type is the name of the root element, which must stand at the beginning of one of the first three lines. The exit status is 1 when a type is not known.</source>
-        <translation>Der Typ ist der Name des Wurzelelements, das am Anfang einer der ersten drei Zeilen stehen muss. Der Exit-Status ist 1, wenn ein Typ unbekannt ist.</translation>
-    </message>
-    <message>
         <source>Any files.</source>
         <translation>Beliebige Dateien.</translation>
     </message>
@@ -1056,14 +1052,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
         <translation>%1 fehlt hinter %2.</translation>
     </message>
     <message>
-        <source>the file cannot be opened: %1.</source>
-        <translation>die Datei kann nicht geöffnet werden: %1.</translation>
-    </message>
-    <message>
-        <source>the file cannot be read: %1.</source>
-        <translation>die Datei kann nicht gelesen werden: %1.</translation>
-    </message>
-    <message>
         <source>It is not replaced.</source>
         <translation>Sie wird nicht ersetzt.</translation>
     </message>
@@ -1082,14 +1070,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
     <message>
         <source>this is a compensation file. %1</source>
         <translation>dies ist eine Kompensationsdatei. %1</translation>
-    </message>
-    <message>
-        <source>the file is empty. %1</source>
-        <translation>die Datei ist leer. %1</translation>
-    </message>
-    <message>
-        <source>the type of this file is not known: its root element must be that of a parameter file and stand at the beginning of one of the first three lines. %1</source>
-        <translation>der Typ dieser Datei ist unbekannt: ihr Wurzelelement muss das einer Parameterdatei sein und am Anfang einer der ersten drei Zeilen stehen. %1</translation>
     </message>
     <message>
         <source>A file of definitions, values, settings or compensation is needed here.</source>
@@ -1236,6 +1216,18 @@ Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
     <message>
         <source>nothing has all these words in its name, hint and choices.%1</source>
         <translation>nichts hat alle diese Wörter im Namen, im Hinweis und in den Auswahlwerten.%1</translation>
+    </message>
+    <message>
+        <source>The type is the name of the root element, when it is that of a parameter file. The exit status is 1 when a type is not known.</source>
+        <translation>Der Typ ist der Name des Wurzelelements, wenn es das einer Parameterdatei ist. Der Exit-Status ist 1, wenn ein Typ nicht bekannt ist.</translation>
+    </message>
+    <message>
+        <source>the file is empty.</source>
+        <translation>die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>the root element &lt;%1&gt; is not that of a parameter file.</source>
+        <translation>das Wurzelelement &lt;%1&gt; ist nicht das einer Parameterdatei.</translation>
     </message>
 </context>
 </TS>

@@ -293,6 +293,18 @@
         <source>Line %1: the name &quot;%2&quot; is reserved.</source>
         <translation>Zeile %1: Der Name &quot;%2&quot; ist reserviert.</translation>
     </message>
+    <message>
+        <source>The name &quot;%1&quot; replaces &quot;%2&quot; of line %3: all hardware ids share the names of sub-devices.</source>
+        <translation>Der Name &quot;%1&quot; ersetzt &quot;%2&quot; aus Zeile %3: Alle Hardware-IDs haben dieselben Namen der Subdevices.</translation>
+    </message>
+    <message>
+        <source>The type &quot;%1&quot; replaces &quot;%2&quot; of line %3: all hardware ids share the types of sub-devices.</source>
+        <translation>Der Typ &quot;%1&quot; ersetzt &quot;%2&quot; aus Zeile %3: Alle Hardware-IDs haben dieselben Typen der Subdevices.</translation>
+    </message>
+    <message>
+        <source>Line %1, sub device %2:</source>
+        <translation>Zeile %1, Subdevice %2:</translation>
+    </message>
 </context>
 <context>
     <name>CParamValueText</name>
@@ -806,6 +818,14 @@
     <message>
         <source>Error while reading parameter &quot;%1&quot; on subdevice %2 : Value &quot;%3&quot; is not an %4 value.</source>
         <translation>Fehler beim Lesen des Parameters &quot;%1&quot; im Subdevice %2: Der Wert &quot;%3&quot; ist kein %4-Wert.</translation>
+    </message>
+    <message>
+        <source>Definitions and values are not saved because &quot;%1&quot; and &quot;%2&quot; are the same file.</source>
+        <translation>Definitionen und Werte werden nicht gespeichert, weil &quot;%1&quot; und &quot;%2&quot; dieselbe Datei sind.</translation>
+    </message>
+    <message>
+        <source>Parameter file &quot;%1&quot; is not written because there are no values. Types and names of sub-devices are not saved.</source>
+        <translation>Die Parameterdatei &quot;%1&quot; wird nicht geschrieben, weil es keine Werte gibt. Typen und Namen der Subdevices werden nicht gespeichert.</translation>
     </message>
 </context>
 <context>

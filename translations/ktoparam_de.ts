@@ -1196,12 +1196,6 @@ Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
         <translation>Liest %1 (Datei %2) …</translation>
     </message>
     <message>
-        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or no choice, unnamed bits, parameters that are not defined, wrong ids, and bad definitions. Without a value file, definitions alone are checked. Several value files are checked against the same definitions.
-The exit status is 1 when there are errors or warnings.</source>
-        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft. Mehrere Wertedateien werden gegen dieselben Definitionen geprüft.
-Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
-    </message>
-    <message>
         <source>Value files, or definition files.</source>
         <translation>Wertedateien oder Definitionsdateien.</translation>
     </message>
@@ -1228,6 +1222,16 @@ Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
     <message>
         <source>the root element &lt;%1&gt; is not that of a parameter file.</source>
         <translation>das Wurzelelement &lt;%1&gt; ist nicht das einer Parameterdatei.</translation>
+    </message>
+    <message>
+        <source>sub-device %1: %2</source>
+        <translation>Subdevice %1: %2</translation>
+    </message>
+    <message>
+        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or no choice, unnamed bits, parameters that are not defined, wrong ids, hardware ids that give a sub-device different types or names, and bad definitions. Without a value file, definitions alone are checked. Several value files are checked against the same definitions.
+The exit status is 1 when there are errors or warnings.</source>
+        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs, Hardware-IDs, die einem Subdevice verschiedene Typen oder Namen geben, und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft. Mehrere Wertedateien werden gegen dieselben Definitionen geprüft.
+Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
     </message>
 </context>
 </TS>

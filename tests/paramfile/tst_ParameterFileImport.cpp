@@ -39,12 +39,9 @@ struct SMeddler : CParameterFileErrorHandler {
   using CParameterFileErrorHandler::handleHardwareIdError;
   bool handleHardwareIdError(QString& /*id*/, const QStringList& /*ids*/,
                              QString& /*error*/) override {
-    return meddle();
+    return handleFileVersionError({}, {});
   }
   bool handleFileVersionError(const QString& /*one*/, const QString& /*other*/) override {
-    return meddle();
-  }
-  bool meddle() {
     ++asked;
     meddling(*parameterfile());
     return true;

@@ -307,6 +307,61 @@
     </message>
 </context>
 <context>
+    <name>CParamValueRules</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number; decimals stand behind a point: %2.</source>
+        <translation>&quot;%1&quot; ist keine Zahl; Nachkommastellen stehen hinter einem Punkt: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number of the type %2.</source>
+        <translation>&quot;%1&quot; ist keine Zahl vom Typ %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number of the type %2 (%3).</source>
+        <translation>&quot;%1&quot; ist keine Zahl vom Typ %2 (%3).</translation>
+    </message>
+    <message>
+        <source>%1 is not one of the choices.</source>
+        <translation>%1 ist keiner der Auswahlwerte.</translation>
+    </message>
+    <message>
+        <source>%1 is not one of the radio buttons.</source>
+        <translation>%1 ist keines der Optionsfelder.</translation>
+    </message>
+    <message>
+        <source>%1 is not one of the check box&apos;s states.</source>
+        <translation>%1 ist keiner der Zustände des Kontrollkästchens.</translation>
+    </message>
+    <message>
+        <source>%1 is below the minimum %2.</source>
+        <translation>%1 ist kleiner als das Minimum %2.</translation>
+    </message>
+    <message>
+        <source>%1 is below %2, the value of &quot;%3&quot;.</source>
+        <translation>%1 ist kleiner als %2, der Wert von &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>%1 is above the maximum %2.</source>
+        <translation>%1 ist größer als das Maximum %2.</translation>
+    </message>
+    <message>
+        <source>%1 is above %2, the value of &quot;%3&quot;.</source>
+        <translation>%1 ist größer als %2, der Wert von &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be compared with the limits.</source>
+        <translation>%1 kann nicht mit den Grenzen verglichen werden.</translation>
+    </message>
+    <message>
+        <source>Bits are set that have no name: %1.</source>
+        <translation>Es sind Bits gesetzt, die keinen Namen haben: %1.</translation>
+    </message>
+</context>
+<context>
     <name>CParamValueText</name>
     <message>
         <source>checked</source>
@@ -394,46 +449,6 @@
     <message>
         <source>The parameter is defined, but no sub-device has it.</source>
         <translation>Der Parameter ist definiert, aber kein Subdevice hat ihn.</translation>
-    </message>
-    <message>
-        <source>%1 is not one of the choices.</source>
-        <translation>%1 ist keiner der Auswahlwerte.</translation>
-    </message>
-    <message>
-        <source>%1 is not one of the radio buttons.</source>
-        <translation>%1 ist keines der Optionsfelder.</translation>
-    </message>
-    <message>
-        <source>%1 is not one of the check box&apos;s states.</source>
-        <translation>%1 ist keiner der Zustände des Kontrollkästchens.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number of the type %2.</source>
-        <translation>&quot;%1&quot; ist keine Zahl vom Typ %2.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be compared with the limits.</source>
-        <translation>%1 kann nicht mit den Grenzen verglichen werden.</translation>
-    </message>
-    <message>
-        <source>%1 is below the minimum %2.</source>
-        <translation>%1 ist kleiner als das Minimum %2.</translation>
-    </message>
-    <message>
-        <source>%1 is above the maximum %2.</source>
-        <translation>%1 ist größer als das Maximum %2.</translation>
-    </message>
-    <message>
-        <source>%1 is below %2, the value of &quot;%3&quot;.</source>
-        <translation>%1 ist kleiner als %2, der Wert von &quot;%3&quot;.</translation>
-    </message>
-    <message>
-        <source>%1 is above %2, the value of &quot;%3&quot;.</source>
-        <translation>%1 ist größer als %2, der Wert von &quot;%3&quot;.</translation>
-    </message>
-    <message>
-        <source>Bits are set that have no name: %1.</source>
-        <translation>Es sind Bits gesetzt, die keinen Namen haben: %1.</translation>
     </message>
 </context>
 <context>
@@ -694,10 +709,6 @@
     <message>
         <source>Hint</source>
         <translation>Hinweis</translation>
-    </message>
-    <message>
-        <source>There is no such value.</source>
-        <translation>Diesen Wert gibt es nicht.</translation>
     </message>
     <message>
         <source>The parameter is not defined.</source>

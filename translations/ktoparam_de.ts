@@ -704,12 +704,6 @@ OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</
         <translation>Ändert Werte von Parametern, die eine Datei hat.</translation>
     </message>
     <message>
-        <source>All assignments are checked first; then all are made and the file is saved, or none. With --def a value must be of its type and within the definition&apos;s limits and those of its limit parameters in the same sub-device, or be one of its choices; the name of a choice, radio button or check box state (checked, unchecked, undefined) may be given in place of its value. Without --def a value is taken as it is typed.
-Values of other parameters that are limited by a changed one are not looked at.</source>
-        <translation>Zuerst werden alle Zuweisungen geprüft; dann werden alle ausgeführt und die Datei gespeichert, oder keine. Mit --def muss ein Wert von seinem Typ sein und in den Grenzen der Definition und ihrer Grenzparameter im selben Subdevice liegen oder einer ihrer Auswahlwerte sein; statt des Wertes kann der Name eines Auswahlwertes, eines Optionsfeldes oder eines Zustands des Kontrollkästchens (checked, unchecked, undefined) stehen. Ohne --def wird ein Wert genommen, wie er getippt ist.
-Werte anderer Parameter, die ein geänderter begrenzt, werden nicht betrachtet.</translation>
-    </message>
-    <message>
         <source>Names of parameters and their new values.</source>
         <translation>Namen von Parametern und ihre neuen Werte.</translation>
     </message>
@@ -1116,34 +1110,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
         <translation>%1, … (insgesamt %2)</translation>
     </message>
     <message>
-        <source>%1 to %2</source>
-        <translation>%1 bis %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number.</source>
-        <translation>&quot;%1&quot; ist keine Zahl.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number; decimals stand behind a point: %2.</source>
-        <translation>&quot;%1&quot; ist keine Zahl; Nachkommastellen stehen hinter einem Punkt: %2.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number of the type %2 (%3).</source>
-        <translation>&quot;%1&quot; ist keine Zahl vom Typ %2 (%3).</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is none of the choices.%2 They are: %3.</source>
-        <translation>&quot;%1&quot; ist keiner der Auswahlwerte.%2 Es gibt: %3.</translation>
-    </message>
-    <message>
-        <source>%1 is below the minimum %2.</source>
-        <translation>%1 ist kleiner als das Minimum %2.</translation>
-    </message>
-    <message>
-        <source>%1 is above the maximum %2.</source>
-        <translation>%1 ist größer als das Maximum %2.</translation>
-    </message>
-    <message>
         <source>[options]</source>
         <translation>[Optionen]</translation>
     </message>
@@ -1232,6 +1198,20 @@ Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
 The exit status is 1 when there are errors or warnings.</source>
         <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs, Hardware-IDs, die einem Subdevice verschiedene Typen oder Namen geben, und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft. Mehrere Wertedateien werden gegen dieselben Definitionen geprüft.
 Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
+    </message>
+    <message>
+        <source> They are: %1.</source>
+        <translation> Es gibt: %1.</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>Warnung: %1</translation>
+    </message>
+    <message>
+        <source>All assignments are checked first; then all are made and the file is saved, or none. With --def a value must be of its type and within the definition&apos;s limits and those of its limit parameters in the same sub-device, or be one of its choices; the name of a choice, radio button or check box state (checked, unchecked, undefined) may be given in place of its value, and is looked for before a number. Bits without a name are set with a warning. Without --def a value is taken as it is typed.
+Values of other parameters that are limited by a changed one are not looked at.</source>
+        <translation>Zuerst werden alle Zuweisungen geprüft; dann werden alle ausgeführt und die Datei gespeichert, oder keine. Mit --def muss ein Wert von seinem Typ sein und in den Grenzen der Definition und ihrer Grenzparameter im selben Subdevice liegen oder einer ihrer Auswahlwerte sein; statt des Wertes kann der Name eines Auswahlwertes, eines Optionsfeldes oder eines Zustands des Kontrollkästchens (checked, unchecked, undefined) stehen, der vor einer Zahl gesucht wird. Bits ohne Namen werden mit einer Warnung gesetzt. Ohne --def wird ein Wert genommen, wie er getippt ist.
+Werte anderer Parameter, die ein geänderter begrenzt, werden nicht betrachtet.</translation>
     </message>
 </context>
 </TS>

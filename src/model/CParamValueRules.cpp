@@ -14,16 +14,30 @@ namespace {
 using Rules = CParamValueRules;
 using CViolations = QVector<Rules::SViolation>;
 
-/// The lists that name values; one bit each.
-enum EList : unsigned int { Enumeration = 1, Radios = 2, States = 4 };
-constexpr EList kLists[] = {Enumeration, Radios, States};
+/// The lists that name values, as bits.
+using CLists = unsigned int;
+constexpr CLists kEnumeration = 1;
+constexpr CLists kRadios = 2;
+constexpr CLists kStates = 4;
 
-/// A limit of the definition's own, or that of a parameter, whose value is asked for each time.
+struct SBound {
+  CParamVal text;
+  std::optional<CExactNumber> number;  // nothing when it limits nothing
+};
+
+/// The definition's own limit, or that of a parameter, whose value is asked for each time.
 struct SLimit {
   QString parameter;  // empty for the definition's own
   EParamType type;
-  CParamVal text;
-  std::optional<CExactNumber> number;  // nothing when it limits nothing
+  SBound own;
+
+  SBound bound(const Rules::CValueByName& valueByName) const {
+    if (parameter.isEmpty()) {
+      return own;
+    }
+    const CParamVal text = valueByName(parameter);
+    return {text, CExactNumber::of(text, type)};
+  }
 };
 
 /// A number as it stands in the file, and in decimal when it does not stand there so.
@@ -58,28 +72,19 @@ QString noNumberProblem(const QString& text, EParamType type) {
                                       .arg(text, CParamDefItem::typeToString(type), rangeOf(type));
 }
 
-QString notInListProblem(EList list, const QString& value) {
+QString notInListProblem(CLists list, const QString& value) {
   switch (list) {
-    case Enumeration:
+    case kEnumeration:
       return CParamValueRules::tr("%1 is not one of the choices.").arg(value);
-    case Radios:
+    case kRadios:
       return CParamValueRules::tr("%1 is not one of the radio buttons.").arg(value);
-    case States:
-      break;
+    default:
+      return CParamValueRules::tr("%1 is not one of the check box's states.").arg(value);
   }
-  return CParamValueRules::tr("%1 is not one of the check box's states.").arg(value);
 }
 
-SLimit withValue(const SLimit& limit, const Rules::CValueByName& valueByName) {
-  if (limit.parameter.isEmpty()) {
-    return limit;
-  }
-  const CParamVal text = valueByName(limit.parameter);
-  return {limit.parameter, limit.type, text, CExactNumber::of(text, limit.type)};
-}
-
-Rules::SViolation below(const QString& value, const SLimit& limit) {
-  const QString minimum = shownNumber(limit.text, *limit.number);
+Rules::SViolation below(const QString& value, const SLimit& limit, const SBound& bound) {
+  const QString minimum = shownNumber(bound.text, *bound.number);
   if (limit.parameter.isEmpty()) {
     return {Rules::BelowMinimum,
             CParamValueRules::tr("%1 is below the minimum %2.").arg(value, minimum)};
@@ -88,14 +93,18 @@ Rules::SViolation below(const QString& value, const SLimit& limit) {
                                           .arg(value, minimum, limit.parameter)};
 }
 
-Rules::SViolation above(const QString& value, const SLimit& limit) {
-  const QString maximum = shownNumber(limit.text, *limit.number);
+Rules::SViolation above(const QString& value, const SLimit& limit, const SBound& bound) {
+  const QString maximum = shownNumber(bound.text, *bound.number);
   if (limit.parameter.isEmpty()) {
     return {Rules::AboveMaximum,
             CParamValueRules::tr("%1 is above the maximum %2.").arg(value, maximum)};
   }
   return {Rules::AboveLimitParameter, CParamValueRules::tr("%1 is above %2, the value of \"%3\".")
                                           .arg(value, maximum, limit.parameter)};
+}
+
+CLists first(CLists lists) {
+  return lists & ~(lists - 1);
 }
 
 /// The value of the first choice of that name; a choice without a name is not found.
@@ -127,8 +136,8 @@ class CParamValueRulesData : public QSharedData {
  public:
   CParamValueRulesData(const CParamDefItem& item, const Rules::CDefinitionById& definitionById);
 
-  /// The first of the lists in which a number has to be.
-  std::optional<EList> firstBinding() const;
+  /// The first of the lists in which a number has to be; 0 when there is none.
+  CLists firstBinding() const { return first(mBinding); }
   CViolations violations(const CParamVal& value, const Rules::CValueByName& valueByName) const;
 
   const CParamDefItem definition;
@@ -137,18 +146,18 @@ class CParamValueRulesData : public QSharedData {
  private:
   void addLimits(const CParamVal& own, const QList<quint32>& ids,
                  const Rules::CDefinitionById& definitionById, QVector<SLimit>& limits) const;
-  void addChoices(EList list, const QList<SNamedI64Value>& choices, bool isBinding);
-  unsigned int listsOf(const CExactNumber& number) const;
+  void addChoices(CLists list, const QList<SNamedI64Value>& choices, bool isBinding);
+  CLists listsOf(const CExactNumber& number) const;
   void compareWithLimits(const CParamVal& value, const CExactNumber& number,
                          const Rules::CValueByName& valueByName, CViolations& found) const;
-  void compareWithChoices(const CParamVal& value, const CExactNumber& number,
+  void compareWithChoices(const CParamVal& value, const CExactNumber& number, CLists lists,
                           CViolations& found) const;
   void compareWithBits(const CExactNumber& number, CViolations& found) const;
 
   QVector<SLimit> mMinima;
   QVector<SLimit> mMaxima;
-  CKeyedMap<qint64, unsigned int> mLists;  // the lists that name a number
-  unsigned int mBinding = 0;               // the lists in which a number has to be
+  CKeyedMap<qint64, CLists> mLists;  // the lists that name a number
+  CLists mBinding = 0;               // the lists in which a number has to be
   quint64 mUnnamedBits = 0;
 };
 
@@ -160,9 +169,9 @@ CParamValueRulesData::CParamValueRulesData(const CParamDefItem& item,
   }
   addLimits(item.minVal(), item.minIds(), definitionById, mMinima);
   addLimits(item.maxVal(), item.maxIds(), definitionById, mMaxima);
-  addChoices(Enumeration, item.enums(), !item.isEnumEditable());
-  addChoices(Radios, item.radios(), true);
-  addChoices(States, CParamValueText::states(item), true);
+  addChoices(kEnumeration, item.enums(), !item.isEnumEditable());
+  addChoices(kRadios, item.radios(), true);
+  addChoices(kStates, CParamValueText::states(item), true);
   mUnnamedBits = CParamValueText::unnamedBits(item);
 }
 
@@ -171,17 +180,17 @@ void CParamValueRulesData::addLimits(const CParamVal& own, const QList<quint32>&
                                      QVector<SLimit>& limits) const {
   const std::optional<CExactNumber> number = CExactNumber::of(own, type);
   if (number && !number->isNan()) {
-    limits.append({{}, type, own, number});
+    limits.append({{}, type, {own, number}});
   }
   for (const quint32 id : ids) {
     const CParamDefItem parameter = definitionById(id);
     if (CExactNumber::isNumberType(parameter.type())) {
-      limits.append({parameter.name(), parameter.type(), {}, {}});
+      limits.append({parameter.name(), parameter.type(), {}});
     }
   }
 }
 
-void CParamValueRulesData::addChoices(EList list, const QList<SNamedI64Value>& choices,
+void CParamValueRulesData::addChoices(CLists list, const QList<SNamedI64Value>& choices,
                                       bool isBinding) {
   for (const SNamedI64Value& choice : choices) {
     mLists[choice.value] |= list;
@@ -191,16 +200,7 @@ void CParamValueRulesData::addChoices(EList list, const QList<SNamedI64Value>& c
   }
 }
 
-std::optional<EList> CParamValueRulesData::firstBinding() const {
-  for (const EList list : kLists) {
-    if ((mBinding & list) != 0) {
-      return list;
-    }
-  }
-  return {};
-}
-
-unsigned int CParamValueRulesData::listsOf(const CExactNumber& number) const {
+CLists CParamValueRulesData::listsOf(const CExactNumber& number) const {
   const std::optional<qint64> choice = number.asI64();
   const auto lists = choice ? mLists.find(*choice) : mLists.end();
   return lists != mLists.end() ? lists->second : 0;
@@ -216,8 +216,11 @@ CViolations CParamValueRulesData::violations(const CParamVal& value,
     return {{Rules::NotOfType, noNumberProblem(value.asStr(), type)}};
   }
   CViolations found;
-  compareWithLimits(value, *number, valueByName, found);
-  compareWithChoices(value, *number, found);
+  const CLists lists = listsOf(*number);
+  if (lists == 0) {
+    compareWithLimits(value, *number, valueByName, found);
+  }
+  compareWithChoices(value, *number, lists, found);
   compareWithBits(*number, found);
   return found;
 }
@@ -225,36 +228,29 @@ CViolations CParamValueRulesData::violations(const CParamVal& value,
 void CParamValueRulesData::compareWithLimits(const CParamVal& value, const CExactNumber& number,
                                              const Rules::CValueByName& valueByName,
                                              CViolations& found) const {
-  if ((mMinima.isEmpty() && mMaxima.isEmpty()) || listsOf(number) != 0) {
-    return;
-  }
-  if (number.isNan()) {
+  if (number.isNan() && !(mMinima.isEmpty() && mMaxima.isEmpty())) {
     found.append(
         {Rules::NotComparable,
          CParamValueRules::tr("%1 cannot be compared with the limits.").arg(value.asStr())});
-    return;
   }
-  for (const SLimit& each : mMinima) {
-    const SLimit limit = withValue(each, valueByName);
-    if (limit.number && number < *limit.number) {
-      found.append(below(shownNumber(value, number), limit));
+  for (const SLimit& limit : mMinima) {
+    const SBound bound = limit.bound(valueByName);
+    if (bound.number && number < *bound.number) {
+      found.append(below(shownNumber(value, number), limit, bound));
     }
   }
-  for (const SLimit& each : mMaxima) {
-    const SLimit limit = withValue(each, valueByName);
-    if (limit.number && *limit.number < number) {
-      found.append(above(shownNumber(value, number), limit));
+  for (const SLimit& limit : mMaxima) {
+    const SBound bound = limit.bound(valueByName);
+    if (bound.number && *bound.number < number) {
+      found.append(above(shownNumber(value, number), limit, bound));
     }
   }
 }
 
 void CParamValueRulesData::compareWithChoices(const CParamVal& value, const CExactNumber& number,
-                                              CViolations& found) const {
-  const unsigned int missing = mBinding & ~listsOf(number);
-  for (const EList list : kLists) {
-    if ((missing & list) != 0) {
-      found.append({Rules::NotAChoice, notInListProblem(list, shownNumber(value, number))});
-    }
+                                              CLists lists, CViolations& found) const {
+  for (CLists missing = mBinding & ~lists; missing != 0; missing &= missing - 1) {
+    found.append({Rules::NotAChoice, notInListProblem(first(missing), shownNumber(value, number))});
   }
 }
 
@@ -292,9 +288,9 @@ bool CParamValueRules::read(const QString& text, CParamVal& value, QString& prob
     value = d->type == PARAM_TYPE_F64 ? CParamVal(written.trimmed()) : number->written(d->type);
     return true;
   }
-  const std::optional<EList> list = d->firstBinding();
-  problem = list && !chosen ? notInListProblem(*list, QStringLiteral("\"%1\"").arg(text))
-                            : noNumberProblem(written, d->type);
+  const CLists list = d->firstBinding();
+  problem = list != 0 && !chosen ? notInListProblem(list, QStringLiteral("\"%1\"").arg(text))
+                                 : noNumberProblem(written, d->type);
   return false;
 }
 
@@ -310,7 +306,7 @@ CViolations CParamValueRules::violations(const CParamVal& value, const ICParamet
 }
 
 bool CParamValueRules::allowsOtherValues() const {
-  return !d->firstBinding();
+  return d->firstBinding() == 0;
 }
 
 bool CParamValueRules::areEqual(const CParamVal& a, const CParamVal& b,

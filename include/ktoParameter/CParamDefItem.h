@@ -14,7 +14,8 @@ class CParamDefItemData;
 ///
 /// An implicitly shared value. The owner of a set of definitions can install a flag that every edit
 /// raises which really changes something; a copy of an item never has the flag of its original, and
-/// an item that is assigned to loses its own, unless it is one of a parameter file: that stays one.
+/// an item that is assigned to loses its own. Only a definition that a parameter file handed out
+/// keeps it, and raises it unless it is given a copy of itself.
 /// Adders append, never sort, and ignore what is there already; in a long list they hardly cost
 /// more than in a short one.
 class KTOPARAMETER_EXPORT CParamDefItem {

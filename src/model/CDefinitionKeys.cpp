@@ -8,10 +8,14 @@ void CDefinitionKeys::add(CParamDefItem* definition) {
   if (NParamDef::isRealId(definition->id())) mById.add(definition->id(), definition);
 }
 
-void CDefinitionKeys::update(CParamDefItem* definition, const QString& oldName, quint32 oldId) {
+void CDefinitionKeys::nameChanged(CParamDefItem* definition, const QString& oldName) {
   mByName.remove(oldName, definition);
+  mByName.add(definition->name(), definition);
+}
+
+void CDefinitionKeys::idChanged(CParamDefItem* definition, quint32 oldId) {
   if (NParamDef::isRealId(oldId)) mById.remove(oldId, definition);
-  add(definition);
+  if (NParamDef::isRealId(definition->id())) mById.add(definition->id(), definition);
 }
 
 void CDefinitionKeys::reserve(size_t count) {

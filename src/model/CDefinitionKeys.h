@@ -53,8 +53,9 @@ class CDefinitionsByKey {
 class CDefinitionKeys {
  public:
   void add(CParamDefItem* definition);
-  /// Called by a definition that was added, after its name or id changed.
-  void update(CParamDefItem* definition, const QString& oldName, quint32 oldId);
+  // Called by a definition that was added.
+  void nameChanged(CParamDefItem* definition, const QString& oldName);
+  void idChanged(CParamDefItem* definition, quint32 oldId);
   void reserve(size_t count);
   void clear();
 

@@ -137,7 +137,8 @@ CParamDefItem& CParamDefItem::operator=(const CParamDefItem& other) {
     mChanged = nullptr;
   } else if (d != other.d) {
     const QSharedDataPointer<CParamDefItemData> old = std::exchange(d, other.d);
-    mKeys->update(this, old->name, old->id);
+    mKeys->nameChanged(this, old->name);
+    mKeys->idChanged(this, old->id);
     setChanged();
   }
   return *this;
@@ -263,13 +264,13 @@ bool CParamDefItem::hasVisibleValues() const {
 void CParamDefItem::setId(unsigned int id) {
   const unsigned int oldId = this->id();
   setField(&CParamDefItemData::id, id);
-  if (mKeys && id != oldId) mKeys->update(this, name(), oldId);
+  if (mKeys && id != oldId) mKeys->idChanged(this, oldId);
 }
 
 void CParamDefItem::setName(const QString& name) {
   const QString oldName = this->name();
   setField(&CParamDefItemData::name, name);
-  if (mKeys && name != oldName) mKeys->update(this, oldName, id());
+  if (mKeys && name != oldName) mKeys->nameChanged(this, oldName);
 }
 
 void CParamDefItem::setType(EParamType type) {

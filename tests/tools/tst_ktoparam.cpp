@@ -205,6 +205,74 @@ class tst_ktoparam : public QObject {
     QVERIFY(workplace.files() == before);
   }
 
+  void bearsHostileFiles_data() {
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QString>("err");
+    const QString ends("a{100}…#[0-9a-f]{32}…a{100}");
+    addRow("a name of 1001 characters", "values H \"$(param $(letters 1001))\"; ktoparam text F", 0,
+           "\nH\\[0\\]/" + ends + " = 1\n$", "");
+    addRow("of 1000", "values H \"$(param $(letters 1000))\"; ktoparam text F", 0,
+           "\nH\\[0\\]/a{1000} = 1\n$", "");
+    addRow("names that differ in the middle",
+           "letters=$(letters 500)\n"
+           "values H \"$(param ${letters}x$letters)$(param ${letters}y$letters)\"\n"
+           "ktoparam export F --format csv | cut -d , -f 4 | sort -u | wc -l",
+           0, "^3\n$", "");
+    addRow("a path, and a value as it is",
+           "values H \"$(groups 3 400)$(param p $(letters 3000))</Group></Group></Group>\"\n"
+           "ktoparam export F --format tsv",
+           0, "\nH\t0\t" + ends + "\tp\t\ta{3000}\n$", "");
+    addRow(
+        "more than 20 times the file",
+        "values H \"$(groups 1 990)$(seq -f $(param p%g) 2000)</Group>\"\n"
+        "ktoparam export F --format csv | tail -n 1 | grep -c 'p[0-9]*,,1$'\n"
+        "ktoparam export F --format csv >results; status=$?\n"
+        "test $(wc -c <results) -le $((20 * $(wc -c <F) + 4096)) && exit $status",
+        3, "^1\n$",
+        "(ktoparam: the results are cut off here, since they are more than 20 times as long as the "
+        "files\\.\n){2}");
+    addRow("settings 200 levels deep", "settings 199; ktoparam show F --json | head -c 1", 0,
+           "^\\{$", "");
+    addRow("settings 201 levels deep", "settings 200; ktoparam show F --json", 3, "^$",
+           "ktoparam: F: the settings are nested deeper than 200 levels, which programs do not "
+           "read in "
+           "JSON; \"ktoparam text\" prints them\\.\n");
+    addRow("a pattern that fits in many ways",
+           "values H \"$(param $(letters 900))\"; timeout 20 ktoparam defaults F '*a*a*a*a*a*a*b' "
+           "--def TwoAxisDrive.xpdef",
+           1, "^$", "ktoparam: F: no parameter matches \"\\*a.*b\"\\.\n");
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    addRow("less and less memory",
+           "values H \"$(seq -f $(param p%g) 20000)\"\n"
+           "for size in $(seq 130000 -5000 60000); do\n"
+           "  (ulimit -v $size; ktoparam export F --format json 2>&1 >/dev/null; echo $?)\n"
+           "done | sort -u",
+           0,
+           "^0\n3\n(ktoparam: F: .*\n)*ktoparam: there is not enough memory for these files\\.\n",
+           "");
+#endif
+  }
+  void bearsHostileFiles() {
+    QFETCH(QString, script);
+    const SRun run = CWorkplace().shell(
+        "letters() { printf %0$1d 0 | tr 0 a; }\n"
+        "param() { printf '<Param><Name>%s</Name><Value>%s</Value></Param>' $1 ${2:-1}; }\n"
+        "groups() { for i in $(seq $1); do printf '<Group><Name>%s</Name>' $(letters $2); done; }\n"
+        "values() { printf '<LumoParameters version=\"1.0\">\\n<Data hardwareId=\"%s\"><SubDevice "
+        "id=\"0\">%s</SubDevice></Data></LumoParameters>' \"$1\" \"$2\" >F; }\n"
+        "settings() { printf '<C_SETTINGS_FORMAT Version=\"1.0\">%s<v Type=\"INT8\">1</v>%s"
+        "</C_SETTINGS_FORMAT>' $(printf '<g>%.0s' $(seq $1)) $(printf '</g>%.0s' $(seq $1)) >F; "
+        "}\n" +
+        script);
+    QTEST(run.status, "status");
+    QFETCH(QString, out);
+    QFETCH(QString, err);
+    QVERIFY2(QRegularExpression(out).match(run.out).hasMatch(), qPrintable(run.out.left(5000)));
+    QVERIFY2(QRegularExpression("^" + err + "$").match(run.err).hasMatch(), qPrintable(run.err));
+  }
+
   void reportsResultsThatCannotBeWritten() {
     if (!QFile::exists("/dev/full")) QSKIP("There is no /dev/full here.");
     const SRun run = CWorkplace().run({"detect", "Odd.xparam"}, "/dev/full");

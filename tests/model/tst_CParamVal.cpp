@@ -1,32 +1,9 @@
 #include "CParamVal.h"
 #include "TestRows.h"
 
-#include <QStringList>
-
 #include <limits>
 
 namespace {
-
-template <typename T>
-void noteWhenRead(const CParamVal& value, const char* type, QStringList& types) {
-  T number = 0;
-  if (value.value(number)) types += type;
-}
-
-// The types that accept the text, so that a row shows the limits of all of them.
-QString acceptingTypes(const CParamVal& value) {
-  QStringList types;
-  noteWhenRead<unsigned char>(value, "u8", types);
-  noteWhenRead<unsigned short>(value, "u16", types);
-  noteWhenRead<unsigned int>(value, "u32", types);
-  noteWhenRead<unsigned long long>(value, "u64", types);
-  noteWhenRead<signed char>(value, "i8", types);
-  noteWhenRead<short>(value, "i16", types);
-  noteWhenRead<int>(value, "i32", types);
-  noteWhenRead<long long>(value, "i64", types);
-  noteWhenRead<double>(value, "f64", types);
-  return types.join(' ');
-}
 
 template <typename T>
 void readBack(T number) {
@@ -70,33 +47,6 @@ class tst_CParamVal : public QObject {
   void writesNumbers() {
     QFETCH(QString, written);
     QTEST(written, "expected");
-  }
-
-  void readsExactlyItsType_data() {
-    addColumns<QString, QString>("text", "types");
-    addTextRow("127", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
-    addTextRow("255", "u8 u16 u32 u64 i16 i32 i64 f64");
-    addTextRow("256", "u16 u32 u64 i16 i32 i64 f64");
-    addTextRow("65536", "u32 u64 i32 i64 f64");
-    addTextRow("4294967296", "u64 i64 f64");
-    addTextRow("18446744073709551615", "u64 f64");
-    addTextRow("18446744073709551616", "f64");
-    addTextRow("-128", "i8 i16 i32 i64 f64");
-    addTextRow("-129", "i16 i32 i64 f64");
-    addTextRow("-32769", "i32 i64 f64");
-    addTextRow("-2147483649", "i64 f64");
-    addTextRow("0xff", "u8 u16 u32 u64 i16 i32 i64");
-    addTextRow("0xffffffffffffffff", "u64");
-    addTextRow(" 5 ", "u8 u16 u32 u64 i8 i16 i32 i64 f64");
-    addTextRow("0.5", "f64");
-    addTextRow("1e400", "");
-    addTextRow("abc", "");
-    addTextRow("5 V", "");
-    addTextRow("", "");
-  }
-  void readsExactlyItsType() {
-    QFETCH(QString, text);
-    QTEST(acceptingTypes(CParamVal(text)), "types");
   }
 
   void readsBackItsOwnTexts() {

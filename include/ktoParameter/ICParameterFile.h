@@ -117,7 +117,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
 
   // Imports. What is defined, this object itself defines, not another one of its group. A file is
   // expected to have the version paramFileVersion(), or any when that is 0. A value stays as it is
-  // when it has the source's text or, for an unsigned type, is the same number.
+  // when it has the source's text or, for an unsigned type, when both convert to the same number
+  // (CParamValueRules::mayStay()).
 
   /// Takes values over, all or nothing. Every parameter of the destination gets the source's value
   /// of the same sub-device and name, or else what `missing` says; parameters that this object
@@ -212,8 +213,8 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) = 0;
 
   /// Adds a definition and returns it as paramDefPtr() does. Null and a message for an empty or
-  /// reserved name, a name that is known, or an id that another definition has (0 and 0xFFFFFFFF are
-  /// not ids).
+  /// reserved name, a name that is known, or an id that another definition has (0 and 0xFFFFFFFF
+  /// are not ids).
   virtual CParamDefItem* addDef(const CParamDefItem& definition) = 0;
   virtual CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, quint32 id) = 0;
 

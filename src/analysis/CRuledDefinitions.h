@@ -29,8 +29,9 @@ class CRuledDefinitions {
   size_t add(const QString& name);
 
   CDefinitionIndex& mDefinitions;
-  std::deque<SRuled> mRuled;    // in the order in which they were asked for
-  CKeyedMap<QString, size_t> mPositions;  // of the first mIndexed, the others follow when one is looked up
+  std::deque<SRuled> mRuled;  // in the order in which they were asked for
+  CKeyedMap<QString, size_t>
+      mPositions;  // of the first mIndexed, the others follow when one is looked up
   size_t mIndexed = 0;
   size_t mEarlier = 0;  // those of earlier sub-devices
   size_t mNext = 0;     // behind the last one asked for

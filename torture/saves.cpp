@@ -141,6 +141,7 @@ class CStage {
     QDir().mkpath(mPath);
     if (scene.is(Exists)) writeFile(target(), mOld);
     if (scene.is(IsLink)) QFile::link("file", mPath + "/link");
+    if (scene.is(KeepsBackup)) writeFile(target() + ".bak", "earlier");
     if (scene.is(HasRights)) {
       CRandom random(9);
       setList(target(), "system.posix_acl_access", anyList(random));
@@ -185,10 +186,13 @@ class CStage {
     mTally.check(!saysKept || (isOld && mScene.is(Exists)), message + mError);
     mTally.check(!mScene.is(IsLink) || QFileInfo(mPath + "/link").isSymLink(),
                  message + "link is gone");
-    mTally.check(!mScene.is(KeepsBackup) || isOld || readFile(target() + ".bak") == mOld,
-                 message + "no backup");
+    if (mScene.is(KeepsBackup)) {
+      mTally.check(isOld || readFile(target() + ".bak.1") == mOld, message + "no backup");
+      mTally.check(readFile(target() + ".bak") == "earlier", message + "a backup was replaced");
+    }
     QStringList more = QDir(mPath).entryList(QDir::Files | QDir::Hidden);
-    for (const char* known : {"file", "link", "file.bak", "first"}) more.removeAll(known);
+    for (const char* known : {"file", "link", "file.bak", "file.bak.1"}) more.removeAll(known);
+    if (!mSaved) more.removeAll("first");
     mTally.check(mayLeaveFiles || more.isEmpty(), message + "left " + more.join(' '));
   }
   bool isSaved() const { return mSaved; }

@@ -171,10 +171,12 @@ int replace(const SFilePlace& place, bool exists, const QByteArray& content,
   return code == 0 ? file.replace(place.name) : code;
 }
 
-QString strangersLink() {
-  return CAtomicFile::tr(
-      "on the way to the file is a symbolic link that belongs to somebody else, in a folder that "
-      "everybody can write to. It is not followed for writing.");
+QString reasonOf(int code, const SFilePlace& place) {
+  return place.hasStrangersLink
+             ? CAtomicFile::tr(
+                   "on the way is a symbolic link that belongs to somebody else, in a "
+                   "folder that everybody can write to")
+             : qt_error_string(code);
 }
 
 QString unsyncedFolder(int code) {
@@ -243,8 +245,8 @@ bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
   SFilePlace place;
   bool exists = false;
   int code = findFile(fileName, place, exists);
-  if (code == ELOOP || place.hasStrangersLink) {
-    error = code == ELOOP ? tr("this is not a regular file and is not replaced.") : strangersLink();
+  if (code == ELOOP) {
+    error = tr("this is not a regular file and is not replaced.");
     return false;
   }
   const auto mode = permissions ? std::optional<mode_t>(toMode(permissions)) : std::nullopt;
@@ -253,7 +255,7 @@ bool CAtomicFile::write(const QString& fileName, const QByteArray& content,
   if (code != 0) {
     const QString text = exists ? tr("the file cannot be written, the old one is kept: %1.")
                                 : tr("the file cannot be written: %1.");
-    error = text.arg(qt_error_string(code));
+    error = text.arg(reasonOf(code, place));
     return false;
   }
   if (notKept != nullptr) *notKept = notKeptText(lost);
@@ -274,10 +276,6 @@ bool CAtomicFile::keepAsBackup(const QString& fileName, QString& backupName, QSt
     error = tr("this is not a regular file and is not kept as a backup.");
     return false;
   }
-  if (file.hasStrangersLink) {
-    error = strangersLink();
-    return false;
-  }
   if (code == 0) code = beside.find(bytesOf(fileName), SFilePlace::KeepLast);
   QByteArray suffix = ".bak";
   if (code == 0) code = addName(file, beside.folder, beside.name + suffix);
@@ -288,7 +286,7 @@ bool CAtomicFile::keepAsBackup(const QString& fileName, QString& backupName, QSt
   if (code == 0) code = syncFolder(beside.folder);
   const QString name = fileName + QLatin1String(suffix);
   if (code != 0) {
-    error = tr("the file cannot be kept as \"%1\": %2.").arg(name, qt_error_string(code));
+    error = tr("the file cannot be kept as \"%1\": %2.").arg(name, reasonOf(code, file));
     return false;
   }
   backupName = name;
@@ -302,13 +300,9 @@ bool CAtomicFile::renameToNew(const QString& fileName, const QString& newName, Q
   SFilePlace free;
   int code = file.find(bytesOf(fileName), SFilePlace::KeepLast);
   if (code == 0) code = free.find(bytesOf(newName), SFilePlace::KeepLast);
-  if (free.hasStrangersLink) {
-    error = strangersLink();
-    return false;
-  }
   if (code == 0) code = moveToNew(file, free);
   if (code != 0) {
-    error = tr("the file cannot be written: %1.").arg(qt_error_string(code));
+    error = tr("the file cannot be written: %1.").arg(reasonOf(code, free));
     if (code == EEXIST) error = tr("the file exists already and is not replaced.");
     return false;
   }

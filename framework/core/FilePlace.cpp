@@ -80,7 +80,8 @@ int SFilePlace::find(const QByteArray& path, ELastLink last) {
       continue;
     }
     ++links;
-    hasStrangersLink |= isStrangersLink(info);
+    hasStrangersLink = isStrangersLink(info);
+    if (hasStrangersLink) return EACCES;
     rest.prepend(linkText(folder, name));
     if (rest.startsWith('/')) code = enter(AT_FDCWD, "/");
   }

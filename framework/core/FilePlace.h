@@ -33,8 +33,8 @@ struct SFilePlace {
 
   CFileHandle folder;  ///< good for the calls that end in "at", not for reading it
   QByteArray name;     ///< of a file in it, which need not exist; a folder may be "." or ".."
-  /// On the way is a symbolic link of somebody else in a sticky folder that all may write to. The
-  /// system's protection of such links would not follow it.
+  /// Found on the way, and not followed: a symbolic link of somebody else in a sticky folder that
+  /// all may write to, as the system's protection of such links has it (error EACCES).
   bool hasStrangersLink = false;
 
   /// Follows every link on the way, the last one only if told. 0, or the system's error.

@@ -14,6 +14,7 @@
 
 #include <climits>
 #include <csignal>
+#include <functional>
 
 using namespace NTestFiles;
 
@@ -35,13 +36,14 @@ class tst_CAtomicFile : public QObject {
   void createsAndReplaces() {
     QFETCH(int, size);
     const QByteArray content(size, 'x');
+    mName = mFolder->filePath(QString(NAME_MAX, 'x'));  // the longest name
     QString error;
     QVERIFY2(CAtomicFile::write(mName, "first", {}, error), qPrintable(error));
     QVERIFY2(CAtomicFile::write(mName, content, {}, error), qPrintable(error));
     QByteArray found = "y";
     QVERIFY(CAtomicFile::read(mName, found, error));
     QCOMPARE(found, content);
-    QCOMPARE(QDir(mFolder->path()).entryList(QDir::Files | QDir::Hidden), QStringList("file"));
+    QCOMPARE(QDir(mFolder->path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
   }
 
   void keepsPermissionsUnlessTold() {
@@ -72,8 +74,8 @@ class tst_CAtomicFile : public QObject {
     row("a chain", {"deep", "real/deep", "real/deep/link", "../file", "link", "deep/link"}, "link");
     row("blind pieces", {}, ".//real/./deep///../file");
     row("no text", {"link", "real/\xff"}, "link", "real/\xff");
-    row("a folder that is no text", {"\xfe", "real", "link", "\xfe/deep/../file"}, "link");
     row("the open folder of a process", {}, "/proc/self/cwd/real/file");
+    row("a folder that is no text", {"\xfe", "real", "link", "\xfe/deep/../file"}, "link");
   }
   void goesWhereTheSystemGoes() {
     QFETCH(QByteArrayList, links);
@@ -101,8 +103,6 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(read(backup), QByteArray("second"));
     QCOMPARE(read("file"), QByteArray("another"));
     QVERIFY(!CAtomicFile::isSameFile(name, "file"));
-    const QString absolute = mFolder->filePath(name);
-    QVERIFY(name.startsWith('/') || CAtomicFile::isSameFile(name, absolute));
     QVERIFY(QDir::setCurrent(before));
   }
 
@@ -134,29 +134,17 @@ class tst_CAtomicFile : public QObject {
     const QString expected =
         "the name is no valid text in the encoding of the locale, so it could mean another file. "
         "Rename the file, or set the locale of its name.";
-    for (const char* bytes : {"file", "?", "\xff", "\xef\xbf\xbd"}) {
-      QFile file(mFolder->path() + '/' + QFile::decodeName(bytes));
-      QVERIFY(file.open(QFile::WriteOnly));
-    }
     QString error;
     QByteArray content;
-    QVERIFY(!CAtomicFile::read(name, content, error));
-    QCOMPARE(error, expected);
-    QVERIFY(!CAtomicFile::write(name, "new", {}, error));
-    QCOMPARE(error, expected);
-    QVERIFY(!CAtomicFile::keepAsBackup(name, error, error));
-    QCOMPARE(error, expected);
-    QVERIFY(!CAtomicFile::renameToNew(mName, name, error));
-    QCOMPARE(error, expected);
-  }
-
-  void takesTheLongestNames() {
-    const QString name = mFolder->filePath(QString(NAME_MAX, 'x'));
-    QString error;
-    for (const QByteArray content : {"first", "second"}) {
-      QVERIFY2(CAtomicFile::write(name, content, {}, error), qPrintable(error));
-      QCOMPARE(read(name), content);
+    for (const auto& isDone : std::initializer_list<std::function<bool()>>{
+             [&] { return CAtomicFile::write(name, "new", {}, error); },
+             [&] { return CAtomicFile::read(name, content, error); },
+             [&] { return CAtomicFile::keepAsBackup(name, error, error); },
+             [&] { return CAtomicFile::renameToNew(mName, name, error); }}) {
+      QVERIFY(!isDone());
+      QCOMPARE(error, expected);
     }
+    QVERIFY(QDir(mFolder->path()).isEmpty());
   }
 
   void makesOnlyWhatIsNotThere() {
@@ -207,12 +195,11 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(CAtomicFile::keepAsBackup(name, backup, error), isFollowed);
     QCOMPARE(CAtomicFile::write(name, "new", {}, error), isFollowed);
     QCOMPARE(read(mName), QByteArray(isFollowed ? "new" : "old"));
-    if (isFollowed) return;
-    QCOMPARE(error,
-             QString("on the way to the file is a symbolic link that belongs to somebody else, in "
-                     "a folder that everybody can write to. It is not followed for writing."));
-    if (name.endsWith("/link")) return;
-    QVERIFY(!CAtomicFile::renameToNew(mName, folder + "/folder/new", error));
+    if (!isFollowed) {
+      QCOMPARE(error, QString("the file cannot be written, the old one is kept: on the way is a "
+                              "symbolic link that belongs to somebody else, in a folder that "
+                              "everybody can write to."));
+    }
   }
 
   // The file of user 100 and group 200 is saved by somebody else.
@@ -236,10 +223,12 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(::chown(qPrintable(mName), 100, 200), 0);
     QCOMPARE(::chmod(qPrintable(mName), mode_t(mode)), 0);
     QCOMPARE(::chmod(qPrintable(mFolder->path()), 0777U), 0);
+    const char* const name = "user.note";
+    const bool hasNote = ::setxattr(qPrintable(mName), name, "kept", 4, 0) == 0;
     QString error;
     QString text;
-    QCOMPARE(::setgroups(0, nullptr), 0);
-    QCOMPARE(::setegid(group), 0);
+    QCOMPARE(::setgroups(1, &group), 0);
+    QCOMPARE(::setegid(201), 0);
     QCOMPARE(::seteuid(user), 0);
     const bool isSaved = CAtomicFile::write(mName, "new", {}, error, &text);
     QCOMPARE(::seteuid(0), 0);
@@ -248,39 +237,10 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(text, notKept);
     struct stat info {};
     QCOMPARE(::stat(qPrintable(mName), &info), 0);
+    QVERIFY(!hasNote || ::getxattr(qPrintable(mName), name, nullptr, 0) == 4);
     QTEST(int(info.st_mode & 07777U), "newMode");
     QTEST(info.st_uid, "newUser");
     QTEST(info.st_gid, "newGroup");
-  }
-
-  void keepsListsAndAttributes() {
-    // User 100 may read and write; the group may not, although its bits are those of the mask.
-    const QByteArray list = QByteArray::fromHex(
-        "02000000"
-        "01000600ffffffff"
-        "0200060064000000"
-        "04000000ffffffff"
-        "10000600ffffffff"
-        "20000000ffffffff");
-    const QByteArray name = QFile::encodeName(mName);
-    const auto set = [&name](const char* attribute, const QByteArray& value) {
-      return ::setxattr(name.constData(), attribute, value.constData(), size_t(value.size()), 0);
-    };
-    const auto get = [&name](const char* attribute) {
-      char value[100];
-      const auto size = ::getxattr(name.constData(), attribute, value, sizeof(value));
-      return QByteArray(value, int(qMax<ssize_t>(size, 0)));
-    };
-    QVERIFY(write(mName, "old"));
-    if (set("user.note", "by hand") != 0 || set("system.posix_acl_access", list) != 0) {
-      QSKIP("The file system has no lists or attributes.");
-    }
-    QString error;
-    QString notKept = "?";
-    QVERIFY(CAtomicFile::write(mName, "new", {}, error, &notKept));
-    QCOMPARE(notKept, QString());
-    QCOMPARE(get("user.note"), QByteArray("by hand"));
-    QCOMPARE(get("system.posix_acl_access"), list);
   }
 
   void refusesWhatIsNoRegularFile_data() {

@@ -27,19 +27,18 @@ QString parameterSubject(const QString& lead, const ICParamTreeNode& node, const
 }
 
 /// The place is hardware id and sub-device, the path that of the group.
-void addGroup(const ICParameterFile& file, const ICParamTreeNode& group, const QString& place,
-              const QString& path, CTextLines& lines) {
+void addGroup(const ICParamTreeNode& group, const QString& place, const QString& path,
+              CTextLines& lines) {
   const QString lead = leadOf(place, path);
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
     if (child.isParam()) {
-      lines.add(parameterSubject(lead, child, lines.labels()),
-                file.paramValue(child.name(), child.subDevId()).asStr());
+      lines.add(parameterSubject(lead, child, lines.labels()), child.value().asStr());
       continue;
     }
     const QString childPath = NShortText::below(path, child.name());
     if (child.childCnt() == 0) lines.addBare(leadOf(place, childPath));
-    addGroup(file, child, place, childPath, lines);
+    addGroup(child, place, childPath, lines);
   }
 }
 
@@ -49,7 +48,7 @@ void addSubDevice(ICParameterFile& file, quint8 id, CTextLines& lines) {
   lines.add(place + QLatin1String(" type"),
             ICParameterFile::subDeviceTypeToStr(file.subDevType(id)));
   lines.addLabelUnlessEmpty(place + QLatin1String(" name"), file.subDevName(id));
-  addGroup(file, *file.rootGroup(id), place + QLatin1Char('/'), {}, lines);
+  addGroup(*file.rootGroup(id), place + QLatin1Char('/'), {}, lines);
 }
 
 EExitStatus values(const QString& fileName, COutput& out) {

@@ -30,7 +30,7 @@ SValueView CValueViews::of(const ICParamTreeNode& node, const QString& groupPath
   view.name = mLabels.of(name);
   view.id = node.id();
   view.subDevId = node.subDevId();
-  view.value = mFile.paramValue(name, view.subDevId);
+  view.value = node.value();
 
   const CParamDefItem definition = mFile.paramDef(name);
   if (definition.name().isEmpty()) return view;

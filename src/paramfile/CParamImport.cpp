@@ -17,6 +17,16 @@ QStringList groupPath(const CParamTreeNodeImpl& node) {
   return path;
 }
 
+/// The group of that path in a tree, which is added where it is missing.
+CParamTreeNodeImpl* groupFor(const CParamTreeNodeImpl& param, CSubDeviceTree& tree) {
+  CParamTreeNodeImpl* group = tree.root();
+  for (const QString& name : groupPath(param)) {
+    CParamTreeNodeImpl* existing = tree.group(group, name);
+    group = existing != nullptr ? existing : tree.addGroup(group, name);
+  }
+  return group;
+}
+
 CParams paramsOf(const CSubDeviceTrees& trees, quint8 subDevId) {
   const auto tree = trees.find(subDevId);
   return tree == trees.end() ? CParams() : tree->second.params();
@@ -114,13 +124,14 @@ bool CParamImport::apply() {
 void CParamImport::add(const CParamTreeNodeImpl& param) {
   const quint8 subDevId = param.subDevId();
   CSubDeviceTree& tree = mDestination->try_emplace(subDevId, subDevId).first->second;
-  CParamTreeNodeImpl* group = tree.root();
-  for (const QString& name : groupPath(param)) {
-    CParamTreeNodeImpl* existing = tree.group(group, name);
-    group = existing != nullptr ? existing : tree.addGroup(group, name);
+  // Most come from the group of the one before, whose path may be long.
+  if (mSourceGroup != param.parent()) {
+    mSourceGroup = param.parent();
+    mGroup = groupFor(param, tree);
   }
   const CParamDefItem* definition = mDefinitions.find(param.name());
-  tree.addParameter(group, param.name(), definition->valid() ? definition->id() : 0, param.value());
+  tree.addParameter(mGroup, param.name(), definition->valid() ? definition->id() : 0,
+                    param.value());
 }
 
 void CParamImport::log(quint32 level, const CParamTreeNodeImpl& param, const QString& text) const {

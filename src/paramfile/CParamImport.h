@@ -47,5 +47,8 @@ class CParamImport {
   CSubDeviceTrees* mDestination = nullptr;
   std::vector<SNewValue> mNewValues;
   std::vector<const CParamTreeNodeImpl*> mAdditions;  ///< of the source
+  // The group of the last addition in the source, and that of the same path in the destination.
+  const CTreeNode<CParamNodeData>* mSourceGroup = nullptr;
+  CParamTreeNodeImpl* mGroup = nullptr;
   NParamDef::SImportResult mResult;
 };

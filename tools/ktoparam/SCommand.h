@@ -12,7 +12,7 @@ enum EExitStatus {
   ExitDone = 0,
   ExitFindings = 1,  ///< findings, differences, or something that was refused
   ExitUsage = 2,     ///< a command line that makes no sense
-  ExitFile = 3,      ///< a file could not be read or written
+  ExitFile = 3,      ///< a file could not be read or written, or results were cut off
 };
 
 /// What a word on the command line stands for, from which follows how it can be completed.

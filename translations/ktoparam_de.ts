@@ -1237,5 +1237,17 @@ Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
         <source>nothing has all these words in its name, hint and choices.%1</source>
         <translation>nichts hat alle diese Wörter im Namen, im Hinweis und in den Auswahlwerten.%1</translation>
     </message>
+    <message>
+        <source>the results are cut off here, since they are more than %1 times as long as the files.</source>
+        <translation>die Ergebnisse sind hier abgeschnitten, da sie mehr als %1-mal so lang wie die Dateien sind.</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for these files.</source>
+        <translation>der Speicher reicht für diese Dateien nicht aus.</translation>
+    </message>
+    <message>
+        <source>the settings are nested deeper than %1 levels, which is too deep for JSON; &quot;ktoparam text&quot; prints them.</source>
+        <translation>die Einstellungen sind tiefer als %1 Ebenen geschachtelt, was für JSON zu tief ist; &quot;ktoparam text&quot; gibt sie aus.</translation>
+    </message>
 </context>
 </TS>

@@ -1213,5 +1213,17 @@ Values of other parameters that are limited by a changed one are not looked at.<
         <translation>Zuerst werden alle Zuweisungen geprüft; dann werden alle ausgeführt und die Datei gespeichert, oder keine. Mit --def muss ein Wert von seinem Typ sein und in den Grenzen der Definition und ihrer Grenzparameter im selben Subdevice liegen oder einer ihrer Auswahlwerte sein; statt des Wertes kann der Name eines Auswahlwertes, eines Optionsfeldes oder eines Zustands des Kontrollkästchens (checked, unchecked, undefined) stehen, der vor einer Zahl gesucht wird. Bits ohne Namen werden mit einer Warnung gesetzt. Ohne --def wird ein Wert genommen, wie er getippt ist.
 Werte anderer Parameter, die ein geänderter begrenzt, werden nicht betrachtet.</translation>
     </message>
+    <message>
+        <source>the results are cut off here, since they are more than %1 times as long as the files.</source>
+        <translation>die Ergebnisse sind hier abgeschnitten, da sie mehr als %1-mal so lang wie die Dateien sind.</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for these files.</source>
+        <translation>der Speicher reicht für diese Dateien nicht aus.</translation>
+    </message>
+    <message>
+        <source>the settings are nested deeper than %1 levels, which is too deep for JSON; &quot;ktoparam text&quot; prints them.</source>
+        <translation>die Einstellungen sind tiefer als %1 Ebenen geschachtelt, was für JSON zu tief ist; &quot;ktoparam text&quot; gibt sie aus.</translation>
+    </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 #include "CParameterFileComparison.h"
 #include "CaseFile.h"
 #include "ParamFileText.h"
+#include "ShortText.h"
 
 #include <QtTest>
 
@@ -26,6 +27,16 @@ class tst_CParameterFileComparison : public QObject {
   Q_OBJECT
 
  private slots:
+  void keepsLongPathsOnceAndShort() {
+    const QString name(1001, 'g');
+    const CFilePtr before = fromText("[A:1] X=1 Y=1");
+    const CFilePtr after = fromText("[A:1] " + name + "( X=1 Y=1 )");
+    const CParamDifferences moved = CParameterFileComparison::compare(*before, *after);
+    QCOMPARE(moved.size(), 2);
+    QCOMPARE(moved.at(0).newGroupPath, NShortText::of(name));
+    QVERIFY(moved.at(0).newGroupPath.constData() == moved.at(1).newGroupPath.constData());
+  }
+
   void listsDifferences_data() { NCaseFile::addRows("analysis/differences.cases"); }
   void listsDifferences() {
     QFETCH(NCaseFile::CCase, parts);

@@ -1,4 +1,5 @@
 #include "DisplayText.h"
+#include "ShortText.h"
 #include "Suggestion.h"
 #include "TestRows.h"
 
@@ -27,6 +28,33 @@ class tst_ToolTexts : public QObject {
     QFETCH(QString, text);
     QTEST(DisplayText::shown(text), "shown");
     QTEST(DisplayText::width(text), "width");
+  }
+
+  void shortensDifferentTextsDifferently() {
+    const QString half(500, 'a');
+    QStringList texts{half + half, half + 'b' + half, half + 'c' + half, half + half + half};
+    // Nothing passes for the short form of something else, and no pair of surrogates is cut.
+    texts += NShortText::of(texts.at(1));
+    texts += QString(99, 'a') + QString("😀").repeated(500) + QString(99, 'a');
+    QSet<QString> results;
+    for (const QString& text : texts) {
+      const QString result = NShortText::of(text);
+      QCOMPARE(result == text, text.size() <= NShortText::kLongest && !text.contains("…#"));
+      QVERIFY(result == text || (result.size() >= 233 && result.size() <= 235));
+      QCOMPARE(QString::fromUtf8(result.toUtf8()), result);
+      results.insert(result);
+    }
+    QCOMPARE(results.size(), texts.size());
+  }
+
+  void joinsPathsFromGroupToGroup() {
+    QString path;
+    QStringList paths;
+    for (int i = 0; i < 10; ++i) paths += path = NShortText::below(path, QString(300, 'a'));
+    QCOMPARE(paths.at(2), QString(300, 'a') + '/' + QString(300, 'a') + '/' + QString(300, 'a'));
+    QCOMPARE(paths.removeDuplicates(), 0);
+    QCOMPARE(path.size(), 235);
+    QCOMPARE(NShortText::below(NShortText::below({}, ""), "a"), QString("/a"));
   }
 
   void suggests_data() {

@@ -235,8 +235,7 @@ class tst_ktoparam : public QObject {
     addRow("settings 200 levels deep", "settings 199; ktoparam show F --json | head -c 1", 0,
            "^\\{$", "");
     addRow("settings 201 levels deep", "settings 200; ktoparam show F --json", 3, "^$",
-           "ktoparam: F: the settings are nested deeper than 200 levels, which programs do not "
-           "read in "
+           "ktoparam: F: the settings are nested deeper than 200 levels, which is too deep for "
            "JSON; \"ktoparam text\" prints them\\.\n");
     addRow("a pattern that fits in many ways",
            "values H \"$(param $(letters 900))\"; timeout 20 ktoparam defaults F '*a*a*a*a*a*a*b' "

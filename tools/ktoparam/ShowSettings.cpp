@@ -60,10 +60,9 @@ EExitStatus Show::settings(const CInvocation& invocation, COutput& out) {
   const ICSettingsTreeNode& root = *opened.file->root();
   if (invocation.wantsJson()) {
     if (depthOf(root) > kDeepest) {
-      out.message(fileName,
-                  Tool::tr("the settings are nested deeper than %1 levels, which programs "
-                           "do not read in JSON; \"ktoparam text\" prints them.")
-                      .arg(kDeepest));
+      out.message(fileName, Tool::tr("the settings are nested deeper than %1 levels, which is too "
+                                     "deep for JSON; \"ktoparam text\" prints them.")
+                                .arg(kDeepest));
       return ExitFile;
     }
     QJsonObject object = headJson(fileName, opened.info, {});

@@ -32,16 +32,8 @@
         <translation>die Datei kann nicht geschrieben werden: %1.</translation>
     </message>
     <message>
-        <source>its permissions cannot be set</source>
-        <translation>ihre Zugriffsrechte können nicht gesetzt werden</translation>
-    </message>
-    <message>
         <source>the file cannot be written, the old one is kept: %1.</source>
         <translation>die Datei kann nicht geschrieben werden, die alte bleibt erhalten: %1.</translation>
-    </message>
-    <message>
-        <source>the file cannot be replaced, the old one is kept: %1.</source>
-        <translation>die Datei kann nicht ersetzt werden, die alte bleibt erhalten: %1.</translation>
     </message>
     <message>
         <source>the file is written, but its folder could not be brought to the disk: %1.</source>
@@ -58,6 +50,38 @@
     <message>
         <source>no file is named.</source>
         <translation>es ist keine Datei genannt.</translation>
+    </message>
+    <message>
+        <source>on the way is a symbolic link that belongs to somebody else, in a folder that everybody can write to</source>
+        <translation>auf dem Weg liegt ein symbolischer Link, der jemand anderem gehört, in einem Ordner, in den alle schreiben können</translation>
+    </message>
+    <message>
+        <source>owner</source>
+        <translation>Eigentümer</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>access control list</source>
+        <translation>Zugriffssteuerungsliste</translation>
+    </message>
+    <message>
+        <source>attributes</source>
+        <translation>Attribute</translation>
+    </message>
+    <message>
+        <source>the file is saved, but these could not be kept: %1.</source>
+        <translation>die Datei ist gespeichert, aber das konnte nicht erhalten werden: %1.</translation>
+    </message>
+    <message>
+        <source>the name is not valid text in the encoding of the locale, so it could mean another file. Rename the file, or set the locale of its name.</source>
+        <translation>der Name ist kein gültiger Text in der Kodierung der Locale und könnte daher eine andere Datei meinen. Die Datei umbenennen oder die Locale ihres Namens einstellen.</translation>
+    </message>
+    <message>
+        <source>the file exists already and is not replaced.</source>
+        <translation>die Datei gibt es schon, und sie wird nicht ersetzt.</translation>
     </message>
 </context>
 <context>

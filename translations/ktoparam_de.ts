@@ -1225,5 +1225,13 @@ Werte anderer Parameter, die ein geänderter begrenzt, werden nicht betrachtet.<
         <source>the settings are nested deeper than %1 levels, which is too deep for JSON; &quot;ktoparam text&quot; prints them.</source>
         <translation>die Einstellungen sind tiefer als %1 Ebenen geschachtelt, was für JSON zu tief ist; &quot;ktoparam text&quot; gibt sie aus.</translation>
     </message>
+    <message>
+        <source>the file cannot be written: %1.</source>
+        <translation>die Datei kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>this is not valid text in the encoding of the locale.</source>
+        <translation>das ist kein gültiger Text in der Kodierung der Locale.</translation>
+    </message>
 </context>
 </TS>

@@ -204,7 +204,7 @@ QString CAtomicFile::nameProblem(const QString& fileName) {
   const bool isExact = QFile::decodeName(QFile::encodeName(fileName)) == fileName;
   if (isExact && !fileName.contains(QChar::ReplacementCharacter)) return QString();
   return tr(
-      "the name is no valid text in the encoding of the locale, so it could mean another file. "
+      "the name is not valid text in the encoding of the locale, so it could mean another file. "
       "Rename the file, or set the locale of its name.");
 }
 

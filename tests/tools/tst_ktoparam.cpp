@@ -198,7 +198,7 @@ class tst_ktoparam : public QObject {
     for (const char* word : {"Loose=\\377", "\\357\\273\\277Loose=x"}) {
       const SRun run =
           workplace.shell(QString("ktoparam set Odd.xparam \"$(printf '%1')\"").arg(word));
-      QVERIFY(run.err.endsWith(": this is no valid text in the encoding of the locale.\n"));
+      QVERIFY(run.err.endsWith(": this is not valid text in the encoding of the locale.\n"));
       QCOMPARE(run.status, 2);
     }
     QVERIFY(workplace.files() == before);

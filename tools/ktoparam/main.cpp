@@ -18,7 +18,7 @@ namespace {
 bool areExact(char** bytes, const QStringList& words, COutput& out) {
   for (const QString& word : words) {
     if (QFile::encodeName(word) == *bytes++) continue;
-    out.message(word, Tool::tr("this is no valid text in the encoding of the locale."));
+    out.message(word, Tool::tr("this is not valid text in the encoding of the locale."));
     return false;
   }
   return true;

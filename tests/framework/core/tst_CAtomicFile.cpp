@@ -132,7 +132,7 @@ class tst_CAtomicFile : public QObject {
     QFETCH(QString, name);
     name.prepend(mFolder->path() + '/');
     const QString expected =
-        "the name is no valid text in the encoding of the locale, so it could mean another file. "
+        "the name is not valid text in the encoding of the locale, so it could mean another file. "
         "Rename the file, or set the locale of its name.";
     QString error;
     QByteArray content;

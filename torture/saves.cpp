@@ -66,8 +66,7 @@ const SScene kScenes[] = {
 constexpr uid_t kOwner = 100;
 constexpr uid_t kNamed[] = {101, 102};
 constexpr uid_t kStranger = 103;
-constexpr gid_t kGroups[] = {200, 201,
-                             202};  // the file's, that of who saves, one that a list names
+constexpr gid_t kGroups[] = {200, 201, 202};  // the file's, the saver's, one that a list names
 
 /// An access control list as the system keeps it, with any rights.
 QByteArray anyList(CRandom& random) {
@@ -90,38 +89,38 @@ QByteArray anyList(CRandom& random) {
   return list;
 }
 
-/// False where the file system or the user cannot do that.
-bool setList(const QString& fileName, const char* kind, const QByteArray& list) {
-  return ::setxattr(qPrintable(fileName), kind, list.constData(), static_cast<size_t>(list.size()),
-                    0) == 0;
+/// The second name is for what a folder gives its files. False where the file system has no lists.
+constexpr const char* kLists[] = {"system.posix_acl_access", "system.posix_acl_default"};
+bool setList(const QString& fileName, const char* name, const QByteArray& list) {
+  const auto size = static_cast<size_t>(list.size());
+  return ::setxattr(qPrintable(fileName), name, list.constData(), size, 0) == 0;
 }
+
 bool giveAway(const QString& fileName) {
   return ::chown(qPrintable(fileName), kOwner, kGroups[0]) == 0;
 }
 
-/// What the system lets everybody but the owner do with a file: bits for each user in each set of
-/// groups. Only the superuser can try.
+/// What the system lets everybody but the owner do with a file, by user and set of groups. Only the
+/// superuser can try.
 QByteArray rightsOf(const QString& fileName) {
   QByteArray rights;
-  for (const uid_t user : {kNamed[0], kNamed[1], kStranger}) {
-    for (unsigned set = 0; set < 8; ++set) {
-      std::vector<gid_t> groups;
-      for (unsigned i = 0; i < 3; ++i) {
-        if ((set >> i & 1U) != 0) groups.push_back(kGroups[i]);
-      }
-      const gid_t own = ::getegid();
-      int bits = 0;
-      ::setgroups(groups.size(), groups.data());
-      ::setegid(kStranger);
-      ::seteuid(user);
-      for (const int right : {R_OK, W_OK, X_OK}) {
-        if (::faccessat(AT_FDCWD, qPrintable(fileName), right, AT_EACCESS) == 0) bits |= right;
-      }
-      ::seteuid(0);
-      ::setegid(own);
-      rights.append(static_cast<char>(bits));
+  for (unsigned person = 0; person < 24; ++person) {
+    std::vector<gid_t> groups;
+    for (unsigned i = 0; i < 3; ++i) {
+      if ((person >> i & 1U) != 0) groups.push_back(kGroups[i]);
     }
+    ::setgroups(groups.size(), groups.data());
+    ::setegid(kStranger);
+    ::seteuid(kNamed[0] + person / 8);  // the second named one and the stranger follow
+    char bits = 0;
+    for (const int right : {R_OK, W_OK, X_OK}) {
+      const bool may = ::faccessat(AT_FDCWD, qPrintable(fileName), right, AT_EACCESS) == 0;
+      bits = static_cast<char>(bits | (may ? right : 0));
+    }
+    rights.append(bits);
+    ::seteuid(0);
   }
+  ::setegid(kGroups[1]);
   return rights;
 }
 
@@ -144,7 +143,7 @@ class CStage {
     if (scene.is(KeepsBackup)) writeFile(target() + ".bak", "earlier");
     if (scene.is(HasRights)) {
       CRandom random(9);
-      setList(target(), "system.posix_acl_access", anyList(random));
+      setList(target(), kLists[0], anyList(random));
       setList(target(), "user.note", "kept");
       giveAway(target());
     }
@@ -336,36 +335,35 @@ class CSaves {
   /// Whatever of a file's rights cannot be kept, nobody else may do more with it than before.
   void loseRights() {
     apart("rights", [this] {
+      const QString place = folder("rights");
+      QDir().mkpath(place);
+      for (const QString& path : {mFolder.path(), place}) {
+        QFile::setPermissions(path, QFileDevice::Permissions(0x7777));
+      }
       CRandom random(10);
-      QDir().mkpath(folder("rights"));
-      const QString name = folder("rights/file");
-      writeFile(name, "probe");
-      if (!giveAway(name) || !setList(name, "system.posix_acl_access", anyList(random))) {
+      for (int i = mOptions.pick(300, 5000); i > 0; --i) {
+        if (loseSome(place, random)) continue;
         std::printf("saves: skipped, lost rights: owners or lists cannot be set here\n");
         return;
       }
-      for (const QString& path : {mFolder.path(), folder("rights")}) {
-        QFile::setPermissions(path, QFileDevice::Permissions(0x7777));
-      }
-      ::setegid(kGroups[1]);
-      for (int i = mOptions.pick(300, 5000); i > 0; --i) loseSome(name, random);
     });
   }
 
-  void loseSome(const QString& name, CRandom& random) {
-    const char* const kDefault = "system.posix_acl_default";
+  bool loseSome(const QString& place, CRandom& random) {
+    const QString name = place + "/file";
     QFile::remove(name);
-    ::removexattr(qPrintable(folder("rights")), kDefault);
+    ::removexattr(qPrintable(place), kLists[1]);
     writeFile(name, "old");
-    giveAway(name);
-    ::chmod(qPrintable(name), static_cast<mode_t>(random.below(01000)));
     const bool hasList = random.oneIn(2);
-    if (hasList) setList(name, "system.posix_acl_access", anyList(random));
-    if (random.oneIn(2)) setList(folder("rights"), kDefault, anyList(random));
-    const QByteArray before = rightsOf(name);
-
+    if (!giveAway(name) ||
+        ::chmod(qPrintable(name), static_cast<mode_t>(random.below(01000))) != 0 ||
+        (hasList && !setList(name, kLists[0], anyList(random))) ||
+        (random.oneIn(2) && !setList(place, kLists[1], anyList(random)))) {
+      return false;
+    }
     const bool losesGroup = random.oneIn(2);
     const bool losesList = random.oneIn(2);
+    const QByteArray before = rightsOf(name);
     NFaults::refuse({losesGroup ? NFaults::Chown : NFaults::SendFile,
                      losesList ? NFaults::SetAttribute : NFaults::SendFile});
     QString error;
@@ -375,12 +373,12 @@ class CSaves {
     const QByteArray after = rightsOf(name);
     bool isMore = false;
     for (int i = 0; i < before.size(); ++i) isMore |= (after.at(i) & ~before.at(i)) != 0;
-    const QString message = QString("rights, list %1, group %2: ").arg(!losesList).arg(!losesGroup);
-    mTally.check(isSaved, message + error);
-    mTally.check(!isMore, message + before.toHex() + " became " + after.toHex());
-    mTally.check(losesGroup || losesList || after == before, message + "not kept");
-    mTally.check(lost.contains("group") == losesGroup, message + lost);
-    mTally.check(lost.contains("access control list") == (losesList && hasList), message + lost);
+    const QString message = before.toHex() + " became " + after.toHex() + ", " + lost + error;
+    mTally.check(isSaved && !isMore, message);
+    mTally.check(losesGroup || losesList || after == before, message);
+    mTally.check(lost.contains("group") == losesGroup, message);
+    mTally.check(lost.contains("access control list") == (losesList && hasList), message);
+    return true;
   }
 
   /// What cannot be read, or kept as a backup, is told.

@@ -112,10 +112,12 @@ int copyToNew(const SFilePlace& source, const CFileHandle& folder, const QByteAr
   const CFileHandle from = openToRead(source);
   if (!from.isOpen()) return errno;
   CNewFile copy(folder, name, kOwnersOnly);
-  int lost = 0;  // the file itself still has it
   int code = copy.openError();
   if (code == 0) code = copy.append(from);
-  if (code == 0) code = FileRights::copy(from.number(), copy.number(), {}, lost);
+  if (code == 0) {
+    int lost = 0;  // the file itself still has it
+    code = FileRights::copy(from.number(), copy.number(), {}, lost);
+  }
   if (code == 0) code = copy.sync();
   if (code == 0) copy.keep();
   return code;

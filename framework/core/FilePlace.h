@@ -44,6 +44,6 @@ struct SFilePlace {
   bool isSame(const SFilePlace& other) const;
 
  private:
-  int enter(int from, const char* name);
+  int enter(int from, const char* path);
   bool isStrangersLink(const struct stat& link) const;
 };

@@ -131,7 +131,9 @@ CParamDefItem::CParamDefItem(const QString& name, EParamType type, unsigned int 
 
 CParamDefItem::CParamDefItem(const CParamDefItem& other) : d(other.d) {}
 
-CParamDefItem& CParamDefItem::operator=(const CParamDefItem& other) {
+// An item that is assigned to itself loses its flag like any other.
+CParamDefItem& CParamDefItem::operator=(  // NOLINT(bugprone-unhandled-self-assignment)
+    const CParamDefItem& other) {
   if (!mKeys) {
     d = other.d;
     mChanged = nullptr;

@@ -28,14 +28,10 @@ QString parameter(int number, const QString& value) {
 QString groups(int parameters) {
   QString text;
   for (int i = 0; i < parameters; ++i) {
-    if (i % 100 == 0) {
-      text += QStringLiteral("   <Group>\n    <Name>Group%1</Name>\n").arg(i / 100);
-    }
+    if (i % 100 == 0) text += QStringLiteral("   <Group>\n    <Name>Group%1</Name>\n").arg(i / 100);
     text += parameter(i + 1, i % 3 == 0 ? QString::number(i * 0.37, 'g', 15)
                                         : QStringLiteral("0x") + QString::number(i * 7919, 16));
-    if (i % 100 == 99 || i + 1 == parameters) {
-      text += QLatin1String("   </Group>\n");
-    }
+    if (i % 100 == 99 || i + 1 == parameters) text += QLatin1String("   </Group>\n");
   }
   return text;
 }
@@ -53,9 +49,7 @@ QString definition(int number) {
         "   <Enum edit=\"false\">\n    <Item value=\"0\">Off</Item>\n"
         "    <Item value=\"1\">On</Item>\n    <Item value=\"2\">Automatic</Item>\n   </Enum>\n");
   }
-  if (number % 8 == 0) {
-    text += QLatin1String("   <VisibleValues refId=\"5\">1 2</VisibleValues>\n");
-  }
+  if (number % 8 == 0) text += QLatin1String("   <VisibleValues refId=\"5\">1 2</VisibleValues>\n");
   return text + QLatin1String("  </Param>\n");
 }
 
@@ -77,9 +71,7 @@ QByteArray valueFile(int parameters, int hardwareIds) {
 
 QByteArray definitionFile(int definitions) {
   QString text = kHead.arg(QLatin1String("LumoParamDefinition")) + QLatin1String(" <Data>\n");
-  for (int i = 1; i <= definitions; ++i) {
-    text += definition(i);
-  }
+  for (int i = 1; i <= definitions; ++i) text += definition(i);
   return utf16(text + QLatin1String(" </Data>\n</LumoParamDefinition>\n"));
 }
 
@@ -108,9 +100,7 @@ QString asFile(const QByteArray& content, const QString& suffix) {
   static int count = 0;
   QFile file(folder.filePath(QString::number(count++) + QLatin1Char('.') + suffix));
   const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-  if (!written) {
-    qFatal("cannot write %s", qPrintable(file.fileName()));
-  }
+  if (!written) qFatal("cannot write %s", qPrintable(file.fileName()));
   return file.fileName();
 }
 

@@ -95,31 +95,27 @@ void readParameter(QXmlStreamReader& reader, CSubDeviceTree& tree, CParamTreeNod
   const quint32 id = reader.attributes().value(QLatin1String("id")).toUInt();
   QString name;
   QString value;
-  while (reader.readNextStartElement()) {
-    if (reader.name() == QLatin1String("Name")) {
+  while (reader.readNextStartElement())
+    if (reader.name() == QLatin1String("Name"))
       name = reader.readElementText();
-    } else if (reader.name() == QLatin1String("Value")) {
+    else if (reader.name() == QLatin1String("Value"))
       value = reader.readElementText();
-    } else {
+    else
       reader.skipCurrentElement();
-    }
-  }
   tree.addParameter(parent, name, id, value);
 }
 
 void readGroup(QXmlStreamReader& reader, CSubDeviceTree& tree, CParamTreeNodeImpl* parent) {
   CParamTreeNodeImpl* group = parent;
-  while (reader.readNextStartElement()) {
-    if (reader.name() == QLatin1String("Param")) {
+  while (reader.readNextStartElement())
+    if (reader.name() == QLatin1String("Param"))
       readParameter(reader, tree, group);
-    } else if (reader.name() == QLatin1String("Group")) {
+    else if (reader.name() == QLatin1String("Group"))
       readGroup(reader, tree, nullptr);
-    } else if (reader.name() == QLatin1String("Name") && group == nullptr) {
+    else if (reader.name() == QLatin1String("Name") && group == nullptr)
       group = tree.addGroup(tree.root(), reader.readElementText());
-    } else {
+    else
       reader.skipCurrentElement();
-    }
-  }
 }
 
 }  // namespace

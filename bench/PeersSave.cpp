@@ -22,11 +22,10 @@ void appendGroup(QDomElement& element, const CSubDeviceTree& tree, const CParamT
     QDomElement part = document.createElement(child.isParam() ? "Param" : "Group");
     if (child.isParam()) part.setAttribute("id", child.id());
     appendText(part, "Name", child.name());
-    if (child.isParam()) {
+    if (child.isParam())
       appendText(part, "Value", tree.value(child.name()).asStr());
-    } else {
+    else
       appendGroup(part, tree, child);
-    }
     element.appendChild(part);
   }
 }
@@ -38,11 +37,10 @@ void writeGroup(QXmlStreamWriter& writer, const CSubDeviceTree& tree,
     writer.writeStartElement(child.isParam() ? "Param" : "Group");
     if (child.isParam()) writer.writeAttribute("id", QString::number(child.id()));
     writer.writeTextElement("Name", child.name());
-    if (child.isParam()) {
+    if (child.isParam())
       writer.writeTextElement("Value", tree.value(child.name()).asStr());
-    } else {
+    else
       writeGroup(writer, tree, child);
-    }
     writer.writeEndElement();
   }
 }

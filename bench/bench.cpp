@@ -61,9 +61,8 @@ const SFile& definitionFile(int size) {
 const SFile& shortDefinitionFile(int size) {
   static std::map<int, SFile> files;
   SFile& file = files[size];
-  if (file.name.isEmpty()) {
+  if (file.name.isEmpty())
     file.name = NGenerate::asFile(NGenerate::shortDefinitionFile(size), "xpdef");
-  }
   return file;
 }
 
@@ -110,9 +109,7 @@ template <class Load>
 auto loading(Load load) {
   return [load](benchmark::State& state, int size) {
     const QString name = valueFile(size).name;
-    for (auto _ : state) {
-      benchmark::DoNotOptimize(load(content(name)));
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(load(content(name)));
   };
 }
 
@@ -281,9 +278,8 @@ void addMany() {
   });
   add("motor names of 100 files/here", {10}, [](benchmark::State& state, int motors) {
     QStringList names;
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 100; ++i)
       names += NGenerate::asFile(NGenerate::motorFile(motors, 100), "xparam");
-    }
     const CParameterFileHelper helper(nullptr);
     for (auto _ : state) benchmark::DoNotOptimize(helper.readMotorNames(names));
   });

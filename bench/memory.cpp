@@ -18,10 +18,9 @@ namespace {
 qint64 status(const QByteArray& name) {
   QFile file("/proc/self/status");
   if (!file.open(QIODevice::ReadOnly)) return 0;
-  for (const QByteArray& line : file.readAll().split('\n')) {
+  for (const QByteArray& line : file.readAll().split('\n'))
     if (line.startsWith(name + ':'))
       return line.simplified().split(' ').value(1).toLongLong() * 1024;
-  }
   return 0;
 }
 

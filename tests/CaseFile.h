@@ -22,9 +22,8 @@ inline void addRows(const QString& fileName) {
     QStringList lines = block.split('\n', Qt::SkipEmptyParts);
     const QString name = lines.takeFirst();
     CCase parts;
-    for (const QString& line : qAsConst(lines)) {
+    for (const QString& line : qAsConst(lines))
       parts[line.section(' ', 0, 0)] += line.section(QRegExp(" +"), 1);
-    }
     QTest::newRow(qPrintable(name)) << parts;
   }
 }

@@ -22,9 +22,8 @@ QString numbers(const QList<T>& values) {
 
 inline QString definition(const CParamDefItem& d) {
   QStringList bits;
-  for (const auto& bit : d.bitset()) {
+  for (const auto& bit : d.bitset())
     bits += QStringLiteral("%1=%2%3").arg(bit.pos).arg(bit.invert ? "!" : "", bit.name);
-  }
   const auto check = d.checkVals();
   return QStringList{
       QString::number(d.id()),

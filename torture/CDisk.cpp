@@ -64,9 +64,8 @@ void CDisk::apply(const SCall& call) {
       return;
     case SCall::FailedSync:
       mFiles[call.number].isSpoilt = true;
-      for (auto& [key, name] : mNames) {
+      for (auto& [key, name] : mNames)
         if (key.first == call.number && name.files.size() > 1) name.spoilt = name.files.size();
-      }
       return;
   }
 }
@@ -77,9 +76,8 @@ void CDisk::sync(int number) {
     file.synced = content(number);
     file.unsynced.clear();
   }
-  for (auto& [key, name] : mNames) {
+  for (auto& [key, name] : mNames)
     if (key.first == number && name.files.size() > name.spoilt) name = {{name.files.back()}, 0};
-  }
 }
 
 void CDisk::settle() {

@@ -110,9 +110,8 @@ int openat64(int folder, const char* path, int flags, mode_t mode) {
   return pass<int>(Open, "openat64", folder, path, flags, mode);
 }
 ssize_t write(int file, const void* bytes, size_t size) {
-  if (sPlan.isArmed && sPlan.mode == Short && !sPlan.hasStruck && strikes(Write)) {
+  if (sPlan.isArmed && sPlan.mode == Short && !sPlan.hasStruck && strikes(Write))
     return real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, size / 2);
-  }
   return pass<ssize_t>(Write, "write", file, bytes, size);
 }
 ssize_t read(int file, void* bytes, size_t size) {

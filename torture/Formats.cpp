@@ -31,11 +31,10 @@ class CParameterFormat : public CFormat {
   QString content() override { return NParamFileText::content(*mFile); }
   QString state() override { return NParamFileText::all(*mFile); }
   void edit(unsigned choice) override {
-    if (mValues) {
+    if (mValues)
       mFile->setMetaData("author", mFile->comment());
-    } else {
+    else
       mFile->setDefMetaData("author", mFile->defComment());
-    }
     const QStringList definitions = mFile->defNames();
     if (!definitions.isEmpty()) {
       CParamDefItem* item = mFile->paramDefPtr(
@@ -47,9 +46,8 @@ class CParameterFormat : public CFormat {
       for (const QString& name : mFile->paramNames(id)) mFile->setParamValue(name, choice, id);
       mFile->subGroup("new/group", id);
     }
-    if (mFile->containsHardwareId(mFile->hardwareId())) {
+    if (mFile->containsHardwareId(mFile->hardwareId()))
       mFile->cloneHardwareId(mFile->hardwareId(), "clone");
-    }
   }
   bool keepsContent() const override { return true; }
 
@@ -111,9 +109,8 @@ class CCompensationFormat : public CFormat {
     const CXMLMetaData head = mFile->metaData();
     QStringList texts{head.date().toString(Qt::ISODate), head.author(), head.comment(),
                       mFile->header().minimum(), mFile->header().maximum()};
-    for (const CCompensationPoint& point : mFile->allPoints()) {
+    for (const CCompensationPoint& point : mFile->allPoints())
       texts += point.position().asStr() + '=' + point.adjustment().asStr();
-    }
     return texts.join('\n');
   }
   void edit(unsigned choice) override {
@@ -142,11 +139,9 @@ QString kept(QString content) {
 QString firstDifference(const QString& before, const QString& after) {
   const QStringList old = before.split('\n');
   const QStringList now = after.split('\n');
-  for (int i = 0; i < qMax(old.size(), now.size()); ++i) {
-    if (old.value(i) != now.value(i) || (i < old.size()) != (i < now.size())) {
+  for (int i = 0; i < qMax(old.size(), now.size()); ++i)
+    if (old.value(i) != now.value(i) || (i < old.size()) != (i < now.size()))
       return "\"" + old.value(i) + "\", \"" + now.value(i) + '"';
-    }
-  }
   return QString();
 }
 

@@ -104,10 +104,8 @@ void entities(CCases& cases) {
               QString("<!DOCTYPE r SYSTEM 'x'><r>\n<a b='%1'/>&%1;</r>").arg(name),
               line(2, kUndeclared));
   }
-  for (const char* piece :
-       {"&", "&amp", "&;", "& amp;", "&#;", "&#x;", "&#x1G;", "&#-1;", "%e;&<"}) {
+  for (const char* piece : {"&", "&amp", "&;", "& amp;", "&#;", "&#x;", "&#x1G;", "&#-1;", "%e;&<"})
     cases.inside(piece, kInvalid);
-  }
   for (const char* number :
        {"0", "1", "x1F", "xD800", "xDFFF", "xFFFE", "65535", "x110000", "99999999999999999999"}) {
     cases.inside(QString("&#%1;").arg(number), kReference);
@@ -228,13 +226,10 @@ void encodings(CCases& cases) {
   const QString other = line(1, kOtherEncoding);
   declared("UTF-8", other, "");
   declared("UTF-16", "", other);
-  for (const char* name : {"ISO-8859-1", "US-ASCII", "windows-1252", "utf-8"}) {
+  for (const char* name : {"ISO-8859-1", "US-ASCII", "windows-1252", "utf-8"})
     declared(name, other, "");
-  }
-  for (const char* name :
-       {"UCS-4", "UTF-7", "UTF-32", "KOI8-R", "Shift_JIS", "EBCDIC-CP-US", "x"}) {
+  for (const char* name : {"UCS-4", "UTF-7", "UTF-32", "KOI8-R", "Shift_JIS", "EBCDIC-CP-US", "x"})
     declared(name, other, line(1, kUnknownEncoding));
-  }
   // Not by this order, whichever it is, and not by UTF-8.
   cases.bytes(
       "declared in the other order",
@@ -304,9 +299,8 @@ void structure(CCases& cases) {
     cases.add(QString("%1 behind the root").arg(more), QString("<r/>\n") + more,
               line(2, QByteArray(more) == "<" ? kEndsWithin : kInvalid));
   }
-  for (const char* more : {"<r/>", "x", "<![CDATA[x]]>", "<!DOCTYPE r>"}) {
+  for (const char* more : {"<r/>", "x", "<![CDATA[x]]>", "<!DOCTYPE r>"})
     cases.add(QString("%1 behind the root").arg(more), QString("<r/>\n") + more, line(2, kJunk));
-  }
   cases.add("zero behind the root", QString("<r/>\n") + QChar(0), line(2, kInvalid));
   cases.add("comments everywhere",
             "<!--a-->\n<?p?><!----><r><!-- < & -->x<!--b--><a><!--c--></a></r>\n<!--d--><?p q?>\n",

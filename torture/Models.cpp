@@ -37,9 +37,8 @@ void addChoices(CRandom& random, CParamDefItem& item) {
   for (int i = random.below(4); i > 0; --i) item.addEnum(number(random), text(random));
   item.setEnumEditable(item.hasEnums() && random.oneIn(2));
   for (int i = random.below(3); i > 0; --i) item.addRadio(number(random), text(random));
-  for (int i = random.below(3); i > 0; --i) {
+  for (int i = random.below(3); i > 0; --i)
     item.addBit(random.below(64), text(random), random.oneIn(2));
-  }
   if (random.oneIn(3)) {
     const bool third = random.oneIn(2);
     item.setCheckVals({number(random), number(random), third, third ? number(random) : 0});
@@ -90,11 +89,10 @@ void addSettings(CRandom& random, CDomElement group, int depth) {
     if (!isGroup) child.setAttribute(QLatin1String("Type"), kTypes[type]);
     if (!isGroup && random.oneIn(2)) child.setAttribute(QLatin1String("unit"), "u" + text(random));
     if (random.oneIn(2)) child.setAttribute(QLatin1String("comment"), "c" + text(random));
-    if (isGroup) {
+    if (isGroup)
       addSettings(random, child, depth + 1);
-    } else {
+    else
       child.setText(type >= 4 ? text(random) : "7" + text(random));
-    }
   }
 }
 

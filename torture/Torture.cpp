@@ -28,9 +28,7 @@ CFolder::CFolder()
 
 bool CTally::check(bool ok, const QString& what) {
   ++mChecks;
-  if (!ok && ++mFailures <= 50) {
-    std::fprintf(stderr, "%s: FAILED: %s\n", mName, qPrintable(what));
-  }
+  if (!ok && ++mFailures <= 50) std::fprintf(stderr, "%s: FAILED: %s\n", mName, qPrintable(what));
   return ok;
 }
 

@@ -56,9 +56,8 @@ void load(const Source& source, SOutcome& outcome, char* message) {
   outcome.seconds = std::max(outcome.seconds, cpuSeconds() - start);
   error.remove(QRegularExpression("^File \"[^\"]*\": "));
   // The root tag, which is asked last, is not looked at here.
-  if (!error.startsWith("Line ") || !error.contains(": the root element is <")) {
+  if (!error.startsWith("Line ") || !error.contains(": the root element is <"))
     qstrncpy(message, qPrintable(error), sizeof outcome.fromPath);
-  }
 }
 
 void runCase(const SCase& hostile, EEncoding encoding, const QString& fileName, SOutcome& outcome) {

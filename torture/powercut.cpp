@@ -112,9 +112,8 @@ class CPowerCuts {
     mTally.check(mIsSaved && mNew != kOld, mWhat + " is not saved: " + mError);
     cut();
     std::vector<std::pair<NFaults::ECall, int>> faults;
-    for (const NFaults::ECall call : kFailing) {
+    for (const NFaults::ECall call : kFailing)
       for (int n = NFaults::calls(call); n > 0; --n) faults.emplace_back(call, n);
-    }
     for (const auto& [call, n] : faults) {
       mWhat = QString("%1, %2, %3 %4 fails").arg(scene.name, what, NFaults::name(call)).arg(n);
       save(prepare, call, n);
@@ -198,9 +197,8 @@ class CPowerCuts {
       return content == kOld;
     };
     bool ok = true;
-    for (const int file : disk.files(folderNumber(mScene.isLink), kFile + std::string(".bak"))) {
+    for (const int file : disk.files(folderNumber(mScene.isLink), kFile + std::string(".bak")))
       ok &= file != 0 && disk.always(file, isOld);
-    }
     return ok;
   }
 
@@ -244,9 +242,8 @@ int main(int argc, char** argv) {
                                ? QList<int>{0, 1, 511, 512, 513, 2000, 16385, 40000, 1000000}
                                : QList<int>{0, 1, 2000, 40000};
   for (const SScene& scene : kScenes) {
-    for (const int size : sizes) {
+    for (const int size : sizes)
       cuts.cutEvery(scene, contentOf(size), QString("%1 bytes").arg(size));
-    }
     if (!scene.exists && !scene.isLink && !scene.isPlain)
       cuts.cutEvery(scene, newFile, "under another name first");
     if (scene.keepsBackup) cuts.cutEvery(scene, reader, "a reader");

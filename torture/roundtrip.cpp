@@ -56,18 +56,16 @@ QStringList definitionsViaQt(const QDomElement& root) {
        !param.isNull(); param = param.nextSiblingElement("Param")) {
     file.readParamDefinitionFromDom(param);
   }
-  for (const auto& [name, definition] : file.paramDefinitions()) {
+  for (const auto& [name, definition] : file.paramDefinitions())
     texts += NParamFileText::definition(definition);
-  }
   texts.sort();
   return texts;
 }
 
 QStringList definitionsOf(const ICParameterFile& file) {
   QStringList texts;
-  for (const QString& name : file.defNames()) {
+  for (const QString& name : file.defNames())
     texts += NParamFileText::definition(file.paramDef(name));
-  }
   texts.sort();
   return texts;
 }
@@ -126,9 +124,8 @@ class CWorker {
     CDomDoc own;
     QString error;
     bool lost = false;
-    if (!mTally.check(qt.setContent(bytes, &error) && own.setContent(bytes, error), what + error)) {
+    if (!mTally.check(qt.setContent(bytes, &error) && own.setContent(bytes, error), what + error))
       return;
-    }
     mTally.check(isSame(qt.documentElement(), own.documentElement(), lost), what + "Qt differs");
     mTally.check(
         lost || definitions.isEmpty() || definitionsViaQt(qt.documentElement()) == definitions,
@@ -179,9 +176,8 @@ void checkEveryUnit(CTally& tally, bool isLong) {
 /// Texts that no file may hold are refused, whatever they would take.
 void checkLargeTexts(CTally& tally, bool isLong) {
   QList<QPair<int, QChar>> texts{{110, '&'}};  // 550 MiB of references in UTF-8
-  for (const int megabytes : {260, 500, 900}) {
+  for (const int megabytes : {260, 500, 900})
     if (isLong) texts << qMakePair(megabytes, QChar('&')) << qMakePair(megabytes, QChar(0x20AC));
-  }
   for (const auto& [megabytes, character] : texts) {
     for (const QString& encoding : {QStringLiteral("UTF-16"), QStringLiteral("UTF-8")}) {
       CDomDoc document;

@@ -79,9 +79,8 @@ QByteArray anyList(CRandom& random) {
   };
   constexpr auto kNobody = static_cast<quint32>(ACL_UNDEFINED_ID);
   add(ACL_USER_OBJ, kNobody);
-  for (const uid_t user : kNamed) {
+  for (const uid_t user : kNamed)
     if (random.oneIn(2)) add(ACL_USER, user);
-  }
   add(ACL_GROUP_OBJ, kNobody);
   if (random.oneIn(2)) add(ACL_GROUP, kGroups[2]);
   add(ACL_MASK, kNobody);
@@ -106,9 +105,8 @@ QByteArray rightsOf(const QString& fileName) {
   QByteArray rights;
   for (unsigned person = 0; person < 24; ++person) {
     std::vector<gid_t> groups;
-    for (unsigned i = 0; i < 3; ++i) {
+    for (unsigned i = 0; i < 3; ++i)
       if ((person >> i & 1U) != 0) groups.push_back(kGroups[i]);
-    }
     ::setgroups(groups.size(), groups.data());
     ::setegid(kStranger);
     ::seteuid(kNamed[0] + person / 8);  // the second named one and the stranger follow
@@ -270,9 +268,8 @@ class CSaves {
     for (int i = mOptions.pick(20, 200); i > 0; --i) {
       CStage stage(kScenes[1], content, mTally, folder("stage"));
       const pid_t child = ::fork();
-      if (child == 0) {
+      if (child == 0)
         for (;;) stage.save();
-      }
       ::usleep(static_cast<useconds_t>(random.below(3000)));
       ::kill(child, SIGKILL);
       ::waitpid(child, nullptr, 0);
@@ -337,9 +334,8 @@ class CSaves {
     apart("rights", [this] {
       const QString place = folder("rights");
       QDir().mkpath(place);
-      for (const QString& path : {mFolder.path(), place}) {
+      for (const QString& path : {mFolder.path(), place})
         QFile::setPermissions(path, QFileDevice::Permissions(0x7777));
-      }
       CRandom random(10);
       for (int i = mOptions.pick(300, 5000); i > 0; --i) {
         if (loseSome(place, random)) continue;
@@ -425,9 +421,8 @@ class CSaves {
     }
     for (int call = 0; call < NFaults::CallCount; ++call)
       counts[call] = NFaults::calls(NFaults::ECall(call));
-    for (int call = 0; call < NFaults::CallCount; ++call) {
+    for (int call = 0; call < NFaults::CallCount; ++call)
       for (int n = 1; n <= counts[call]; ++n) visit(NFaults::ECall(call), n);
-    }
   }
 
   void failEveryCallOf(const SScene& scene, const QByteArray& content, const CSave& save) {

@@ -164,11 +164,10 @@ int replace(const SFilePlace& place, bool exists, const QByteArray& content,
   CNewFile file(place.folder, temporaryName(), exists || mode ? kOwnersOnly : kAsUsual);
   int code = file.openError();
   if (code == 0) code = file.write(content);
-  if (code == 0 && exists) {
+  if (code == 0 && exists)
     code = FileRights::copy(old.number(), file.number(), mode, lost);
-  } else if (code == 0 && mode) {
+  else if (code == 0 && mode)
     code = FileRights::setMode(file.number(), *mode);
-  }
   if (code == 0) code = file.sync();
   return code == 0 ? file.replace(place.name) : code;
 }

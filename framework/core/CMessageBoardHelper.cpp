@@ -44,11 +44,10 @@ void postToCategory(CMessageBoardHelper::EMessageKind kind, const QString& text)
 void post(CMessageBoardHelper::EMessageKind kind, const QString& text, quint32 level,
           ICLogfile* logfile) {
   if (logfile != nullptr) logfile->write(level, text);
-  if (const auto handler = currentHandler()) {
+  if (const auto handler = currentHandler())
     handler(kind, text);
-  } else {
+  else
     postToCategory(kind, text);
-  }
 }
 
 }  // namespace

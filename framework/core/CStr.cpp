@@ -30,9 +30,8 @@ QStringView trimmed(QStringView text) {
 // A number text without blanks, in bytes. Whatever is not ASCII becomes "?", no number has that.
 struct SNumberText {
   explicit SNumberText(const QString& text) {
-    for (const QChar c : trimmed(text)) {
+    for (const QChar c : trimmed(text))
       bytes.append(c.unicode() < 0x80 ? static_cast<char>(c.unicode()) : '?');
-    }
     rest = {bytes.constData(), static_cast<std::size_t>(bytes.size())};
   }
 

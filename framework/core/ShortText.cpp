@@ -30,9 +30,7 @@ QString endOf(const QString& text) {
 
 QString NShortText::of(const QString& text) {
   const bool isLong = text.size() > kLongest;
-  if (!isLong && !text.contains(kMark)) {
-    return text;
-  }
+  if (!isLong && !text.contains(kMark)) return text;
   const QString marked = kMark + QString::fromLatin1(numberOf(text)) + QChar(0x2026);
   return text.size() > 2 * kShown ? QString(beginningOf(text) + marked + endOf(text))
                                   : QString(text + marked);

@@ -44,11 +44,10 @@ bool writeToConsole(quint32 level, const QString& line) {
 
 /// Qt's logging adds time and level itself.
 bool writeToQt(quint32 level, const QString& line) {
-  if (level == ICLogfile::kLevelErrors || (level & ICLogfile::kLevelReadErrors) != 0) {
+  if (level == ICLogfile::kLevelErrors || (level & ICLogfile::kLevelReadErrors) != 0)
     qCWarning(logfileCategory, "%ls", qUtf16Printable(line));
-  } else {
+  else
     qCInfo(logfileCategory, "%ls", qUtf16Printable(line));
-  }
   return true;
 }
 

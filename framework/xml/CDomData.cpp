@@ -18,9 +18,7 @@ constexpr quint32 kSharedLength = 16;
 
 /// Where a name stands among those met last; chosen so that the tags of the formats are apart.
 size_t slotOf(std::string_view name) {
-  if (name.empty()) {
-    return 0;
-  }
+  if (name.empty()) return 0;
   const auto inner = static_cast<uchar>(name[name.size() / 3]);
   const auto last = static_cast<uchar>(name.back());
   return (name.size() * 19 + inner * 12U + last) % kRecentNames;
@@ -38,24 +36,20 @@ bool CDomData::hasName(quint32 nodeIndex, QLatin1String tag) const {
 
 quint32 CDomData::findAttribute(quint32 nodeIndex, QLatin1String attributeName) const {
   quint32 index = mNodes[nodeIndex].element.firstAttribute;
-  while (index != kNone && name(mAttributes[index].name) != view(attributeName)) {
+  while (index != kNone && name(mAttributes[index].name) != view(attributeName))
     index = mAttributes[index].next;
-  }
   return index;
 }
 
 quint32 CDomData::elementFrom(quint32 nodeIndex) const {
-  while (nodeIndex != kNone && mNodes[nodeIndex].kind != SDomNode::Element) {
+  while (nodeIndex != kNone && mNodes[nodeIndex].kind != SDomNode::Element)
     nodeIndex = mNodes[nodeIndex].next;
-  }
   return nodeIndex;
 }
 
 quint32 CDomData::elementFrom(quint32 nodeIndex, QLatin1String tag) const {
   const quint32 wanted = findName(view(tag));
-  if (wanted == kNone) {
-    return kNone;
-  }
+  if (wanted == kNone) return kNone;
   while (nodeIndex != kNone && (mNodes[nodeIndex].kind != SDomNode::Element ||
                                 mNodes[nodeIndex].element.name != wanted)) {
     nodeIndex = mNodes[nodeIndex].next;
@@ -70,25 +64,18 @@ quint32 CDomData::onlyText(quint32 nodeIndex) const {
 
 QString CDomData::sharedTextOf(quint32 nodeIndex) {
   const quint32 only = onlyText(nodeIndex);
-  if (only == kNone || mNodes[only].text.length > kSharedLength) {
-    return textOf(nodeIndex);
-  }
+  if (only == kNone || mNodes[only].text.length > kSharedLength) return textOf(nodeIndex);
   const SDomText piece = mNodes[only].text;
   SRecentText& recent = mRecentTexts[std::hash<std::string_view>()(text(piece)) % kRecentTexts];
-  if (recent.text.isNull() || text(recent.piece) != text(piece)) {
+  if (recent.text.isNull() || text(recent.piece) != text(piece))
     recent = {piece, toQString(text(piece))};
-  }
   return recent.text;
 }
 
 QString CDomData::textOf(quint32 nodeIndex) const {
   const quint32 first = mNodes[nodeIndex].firstChild;
-  if (first == kNone) {
-    return QLatin1String("");
-  }
-  if (onlyText(nodeIndex) != kNone) {
-    return toQString(text(mNodes[first].text));
-  }
+  if (first == kNone) return QLatin1String("");
+  if (onlyText(nodeIndex) != kNone) return toQString(text(mNodes[first].text));
   // Depth first without recursion: the nodes still to visit are a stack of next siblings.
   std::string all;
   std::vector<quint32> todo{first};
@@ -96,14 +83,11 @@ QString CDomData::textOf(quint32 nodeIndex) const {
     const quint32 index = todo.back();
     const SDomNode& current = mNodes[index];
     todo.pop_back();
-    if (current.next != kNone) {
-      todo.push_back(current.next);
-    }
-    if (isText(current)) {
+    if (current.next != kNone) todo.push_back(current.next);
+    if (isText(current))
       all += text(current.text);
-    } else if (current.firstChild != kNone) {
+    else if (current.firstChild != kNone)
       todo.push_back(current.firstChild);
-    }
   }
   return toQString(all);
 }
@@ -117,9 +101,7 @@ void CDomData::reserveFor(std::string_view document) {
 
 quint32 CDomData::findName(std::string_view name) const {
   const quint32 recent = mRecentNames[slotOf(name)];
-  if (recent < mNames.size() && mNames[recent] == name) {
-    return recent;
-  }
+  if (recent < mNames.size() && mNames[recent] == name) return recent;
   const auto known = mNameIndex.find(name);
   return known == mNameIndex.end() ? kNone : known->second;
 }
@@ -147,11 +129,10 @@ quint32 CDomData::appendNode(quint32 parent, SDomNode::EKind kind, quint32 line)
   mNodes.emplace_back(kind, line);
   if (parent != kNone) {
     SDomNode& owner = mNodes[parent];
-    if (owner.lastChild == kNone) {
+    if (owner.lastChild == kNone)
       owner.firstChild = index;
-    } else {
+    else
       mNodes[owner.lastChild].next = index;
-    }
     owner.lastChild = index;
   }
   return index;
@@ -167,9 +148,7 @@ void CDomData::appendAttribute(quint32 element, quint32 name, const SDomText& va
   // The attributes of an element usually come one after the other.
   quint32* link = mLastAttributeOwner == element ? &mAttributes[index - 1].next
                                                  : &mNodes[element].element.firstAttribute;
-  while (*link != kNone) {
-    link = &mAttributes[*link].next;
-  }
+  while (*link != kNone) link = &mAttributes[*link].next;
   *link = index;
   mLastAttributeOwner = element;
 }
@@ -184,9 +163,8 @@ quint32 CDomData::createElement(quint32 parent, const QString& tag, quint32 line
   const std::string utf8 = tag.toStdString();
   const bool known = findName(utf8) != kNone;
   const quint32 index = appendElement(parent, internName(utf8), line);
-  if (!known && !NXmlText::isName(tag)) {
+  if (!known && !NXmlText::isName(tag))
     setInvalid({index, SDomInvalidText::Tag, kNone, {}}, NXmlText::readable(tag));
-  }
   return index;
 }
 
@@ -198,19 +176,16 @@ void CDomData::setAttribute(quint32 element, QLatin1String attributeName, const 
   const quint32 nameIndex = internName(view(attributeName));
   const SDomText added = addUtf16(value, element, SDomInvalidText::Attribute, nameIndex);
   const quint32 known = findAttribute(element, attributeName);
-  if (known == kNone) {
+  if (known == kNone)
     appendAttribute(element, nameIndex, added);
-  } else {
+  else
     mAttributes[known].value = added;
-  }
 }
 
 void CDomData::setText(quint32 element, const QString& text) {
   mNodes[element].firstChild = kNone;
   mNodes[element].lastChild = kNone;
-  if (!text.isEmpty()) {
-    appendText(element, SDomNode::Text, text);
-  }
+  if (!text.isEmpty()) appendText(element, SDomNode::Text, text);
 }
 
 void CDomData::appendAttribute(quint32 element, const QString& name, const QString& value) {
@@ -231,9 +206,8 @@ SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidTex
     return {begin, 0};
   }
   const int bad = NXmlText::appendUtf8(text, mText);
-  if (bad >= 0) {
+  if (bad >= 0)
     setInvalid({element, kind, attributeName, {}}, NXmlText::readable(text.mid(bad, 1)));
-  }
   return {begin, textEnd() - begin};
 }
 

@@ -21,18 +21,15 @@ std::vector<quint32> pathTo(const CDomData& data, quint32 element) {
   std::vector<quint32> path;
   for (quint32 next = 0; path.empty() || path.back() != element;) {
     if (next == kNone) {
-      if (path.empty()) {  // it was replaced since
+      if (path.empty())  // it was replaced since
         return path;
-      }
       next = data.node(path.back()).next;
       path.pop_back();
       continue;
     }
     path.push_back(next);
     next = data.node(next).firstChild;
-    if (path.back() != element && data.node(path.back()).kind != SDomNode::Element) {
-      next = kNone;
-    }
+    if (path.back() != element && data.node(path.back()).kind != SDomNode::Element) next = kNone;
   }
   return path;
 }
@@ -60,9 +57,8 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
   while (!todo.empty()) {
     const SStep step = todo.back();
     todo.pop_back();
-    if (step.parent != kNone && !step.node.nextSibling().isNull()) {
+    if (step.parent != kNone && !step.node.nextSibling().isNull())
       todo.push_back({step.node.nextSibling(), step.parent});
-    }
     if (step.node.isElement()) {
       const auto line = static_cast<quint32>(std::max(step.node.lineNumber(), 0));
       const QDomElement element = step.node.toElement();
@@ -72,9 +68,7 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
         const QDomAttr attribute = attributes.item(i).toAttr();
         data.appendAttribute(copy, attribute.name(), attribute.value());
       }
-      if (!element.firstChild().isNull()) {
-        todo.push_back({element.firstChild(), copy});
-      }
+      if (!element.firstChild().isNull()) todo.push_back({element.firstChild(), copy});
     } else if (step.node.isText() || step.node.isCDATASection()) {
       const auto kind = step.node.isCDATASection() ? SDomNode::CData : SDomNode::Text;
       data.appendText(step.parent, kind, step.node.nodeValue());
@@ -89,9 +83,7 @@ std::unique_ptr<CDomData> parsed(const QByteArray& bytes, CXmlParser::EExtent ex
                                  QString& error) {
   try {
     auto data = std::make_unique<CDomData>();
-    if (CXmlParser(*data, extent).parse(bytes, error)) {
-      return data;
-    }
+    if (CXmlParser(*data, extent).parse(bytes, error)) return data;
   } catch (const std::bad_alloc&) {
     error = CDomDoc::tr("There is not enough memory to read the document.");
   }
@@ -167,9 +159,8 @@ QByteArray CDomDoc::toByteArray(const QString& encoding, QString& error) const {
 QString CDomDoc::describeInvalidText() const {
   const SDomInvalidText& invalid = d->invalidText();
   const QString tag = toQString(d->name(d->node(invalid.node).element.name));
-  if (invalid.kind == SDomInvalidText::Tag) {
+  if (invalid.kind == SDomInvalidText::Tag)
     return tr("\"%1\" cannot be the name of an XML element.").arg(invalid.what);
-  }
   const QString name = namedPlace(*d, invalid.node);
   const QString place = name.isEmpty() ? QLatin1Char('<') + tag + QLatin1Char('>') : name;
   if (invalid.kind == SDomInvalidText::Attribute) {

@@ -56,9 +56,7 @@ template <class T>
 bool readDigits(std::string_view text, T& value) {
   T number = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || stop != text.data() + text.size()) {
-    return false;
-  }
+  if (error != std::errc() || stop != text.data() + text.size()) return false;
   value = number;
   return true;
 }
@@ -66,14 +64,11 @@ bool readDigits(std::string_view text, T& value) {
 template <class T>
 EResult numberAttribute(QLatin1String name, const CDomElement& element, T& value, QString& error,
                         int base) {
-  if ((base == 0 || base == 10) && readDigits(element.attributeUtf8(name), value)) {
+  if ((base == 0 || base == 10) && readDigits(element.attributeUtf8(name), value))
     return CDomDoc::Ok;
-  }
   QString text;
   const EResult result = CDomDoc::existingAttribute(name, element, text, error);
-  if (CDomDoc::fail(result)) {
-    return result;
-  }
+  if (CDomDoc::fail(result)) return result;
   return SNumber<T>::kRead(text, value, base)
              ? CDomDoc::Ok
              : invalidAttribute(name, element, text, SNumber<T>::kKind, error);
@@ -117,9 +112,7 @@ EResult CDomDoc::existingAttributeAsBool(QLatin1String name, const CDomElement& 
                                          bool& value, QString& error) {
   QString text;
   const EResult result = existingAttribute(name, element, text, error);
-  if (fail(result)) {
-    return result;
-  }
+  if (fail(result)) return result;
   const bool isTrue = text == NLumoXmlTags::VAL_TRUE;
   if (!isTrue && text != NLumoXmlTags::VAL_FALSE) {
     return invalidAttribute(name, element, text,
@@ -154,9 +147,7 @@ EResult CDomDoc::existingSubElementAsI64(QLatin1String tag, const CDomElement& p
                                          qint64& value, QString& error, int base) {
   QString text;
   const EResult result = existingSubElementAsString(tag, parent, text, error);
-  if (fail(result)) {
-    return result;
-  }
+  if (fail(result)) return result;
   if (!CStr::strToI64(text, value, base)) {
     error = withLine(existingSubElement(tag, parent),
                      tr("<%1> is \"%2\", not %3.").arg(tag, text, tr(SNumber<qint64>::kKind)));
@@ -167,9 +158,7 @@ EResult CDomDoc::existingSubElementAsI64(QLatin1String tag, const CDomElement& p
 
 void CDomDoc::setSubElementValue(QLatin1String tag, CDomElement parent, const QString& text) {
   CDomElement element = existingSubElement(tag, parent);
-  if (element.isNull()) {
-    element = parent.appendElement(tag);
-  }
+  if (element.isNull()) element = parent.appendElement(tag);
   element.setText(text);
 }
 

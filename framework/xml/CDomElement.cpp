@@ -78,9 +78,8 @@ QString CDomElement::lastText() const {
   QString last = QLatin1String("");
   for (quint32 i = isNull() ? kNone : mData->node(mNode).firstChild; i != kNone;
        i = mData->node(i).next) {
-    if (mData->node(i).kind == SDomNode::Text || mData->node(i).kind == SDomNode::CData) {
+    if (mData->node(i).kind == SDomNode::Text || mData->node(i).kind == SDomNode::CData)
       last = toQString(mData->text(mData->node(i).text));
-    }
   }
   return last;
 }
@@ -123,21 +122,15 @@ CDomElement CDomElement::appendElement(QLatin1String tag) {
 }
 
 void CDomElement::appendComment() {
-  if (!isNull()) {
-    mData->appendNode(mNode, SDomNode::Other);
-  }
+  if (!isNull()) mData->appendNode(mNode, SDomNode::Other);
 }
 
 void CDomElement::setAttribute(QLatin1String name, const QString& value) {
-  if (!isNull()) {
-    mData->setAttribute(mNode, name, value);
-  }
+  if (!isNull()) mData->setAttribute(mNode, name, value);
 }
 
 void CDomElement::setText(const QString& text) {
-  if (!isNull()) {
-    mData->setText(mNode, text);
-  }
+  if (!isNull()) mData->setText(mNode, text);
 }
 
 void CDomElement::toDom(QDomElement& parent) const {
@@ -146,19 +139,13 @@ void CDomElement::toDom(QDomElement& parent) const {
     QDomNode parent;
   };
   std::vector<SStep> todo;
-  if (!isNull()) {
-    todo.push_back({mNode, parent});
-  }
+  if (!isNull()) todo.push_back({mNode, parent});
   while (!todo.empty()) {
     SStep step = todo.back();
     todo.pop_back();
     const SDomNode& node = mData->node(step.node);
-    if (node.next != kNone && step.node != mNode) {
-      todo.push_back({node.next, step.parent});
-    }
+    if (node.next != kNone && step.node != mNode) todo.push_back({node.next, step.parent});
     const QDomNode copy = appendCopy(step.parent, *mData, step.node);
-    if (node.firstChild != kNone) {
-      todo.push_back({node.firstChild, copy});
-    }
+    if (node.firstChild != kNone) todo.push_back({node.firstChild, copy});
   }
 }

@@ -30,9 +30,7 @@ int CXmlAbstractLumoFile::open(const QByteArray& buffer, const QString& rootTag,
 int CXmlAbstractLumoFile::openBytes(const QByteArray& bytes, const QString& rootTag,
                                     const QString& version) {
   mOpenError.clear();
-  if (!mDocument.setContent(bytes, mOpenError)) {
-    return ParseFailed;
-  }
+  if (!mDocument.setContent(bytes, mOpenError)) return ParseFailed;
   const CDomElement root = mDocument.documentElement();
   const QString line = QString::number(root.lineNumber());
   if (root.tagName() != rootTag) {
@@ -60,9 +58,8 @@ bool CXmlAbstractLumoFile::save(const QString& fileName, const QString& encoding
   const bool saved =
       !bytes.isEmpty() && CAtomicFile::write(fileName, bytes, mPermissions, reason, &notKept);
   error = saved ? QString() : tr("File \"%1\": %2").arg(fileName, reason);
-  if (!notKept.isEmpty()) {
+  if (!notKept.isEmpty())
     CMessageBoardHelper::setWarning(tr("File \"%1\": %2").arg(fileName, notKept), mLogfile);
-  }
   return saved;
 }
 
@@ -70,9 +67,7 @@ bool CXmlAbstractLumoFile::save(QByteArray& buffer, QString& error) {
   QString reason;
   const QByteArray bytes = mDocument.toByteArray(QStringLiteral("UTF-16"), reason);
   error = reason;
-  if (bytes.isEmpty()) {
-    return false;
-  }
+  if (bytes.isEmpty()) return false;
   buffer = bytes;
   return true;
 }

@@ -17,12 +17,9 @@ constexpr int kWindows1252[32] = {0x20AC, -1,     0x201A, 0x0192, 0x201E, 0x2026
                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, -1,     0x017E, 0x0178};
 
 int furtherEncoding(void* /*data*/, const XML_Char* name, XML_Encoding* encoding) {
-  if (qstricmp(name, "windows-1252") != 0) {
-    return XML_STATUS_ERROR;
-  }
-  for (int i = 0; i < 256; ++i) {
+  if (qstricmp(name, "windows-1252") != 0) return XML_STATUS_ERROR;
+  for (int i = 0; i < 256; ++i)
     encoding->map[i] = i >= 0x80 && i < 0xA0 ? kWindows1252[i - 0x80] : i;
-  }
   encoding->convert = nullptr;
   encoding->release = nullptr;
   encoding->data = nullptr;
@@ -36,14 +33,11 @@ struct CXmlParser::SHandlers {
   template <class Action>
   static void call(void* userData, Action action) {
     auto* self = static_cast<CXmlParser*>(userData);
-    if (self->mStopped) {
-      return;
-    }
+    if (self->mStopped) return;
     try {
       action(*self);
-      if (self->mData.isFull() && !self->mStopped) {
+      if (self->mData.isFull() && !self->mStopped)
         self->fail(tr("the document has too many nodes or different names"));
-      }
     } catch (const std::bad_alloc&) {
       self->mOutOfMemory = true;
       self->mStopped = true;
@@ -90,9 +84,7 @@ bool CXmlParser::parse(const QByteArray& bytes, QString& error) {
   const bool done = bytes.size() <= NXmlLimits::kMaxBytes
                         ? decodeAndRun(bytes)
                         : failWithoutLine(tr("The document is larger than 512 MiB."));
-  if (mOutOfMemory) {
-    throw std::bad_alloc();
-  }
+  if (mOutOfMemory) throw std::bad_alloc();
   error = mError;
   return done;
 }
@@ -105,9 +97,8 @@ bool CXmlParser::decodeAndRun(const QByteArray& bytes) {
     mHasUtf8Mark = bytes.startsWith("\xEF\xBB\xBF");
     return run(bytes, nullptr);
   }
-  if (bytes.size() % 2 != 0) {
+  if (bytes.size() % 2 != 0)
     return failWithoutLine(tr("The document is in UTF-16 but has an odd number of bytes."));
-  }
   QByteArray utf8;
   if (!NUtf16::toUtf8(bytes, mUtf16Order, utf8)) {
     mInput = utf8;
@@ -121,18 +112,13 @@ bool CXmlParser::run(const QByteArray& bytes, const char* encoding) {
   mData.reserveFor({mInput.constData(), static_cast<size_t>(mInput.size())});
   start(encoding);
   // One call with all bytes: a long token is then scanned once, however long it is.
-  if (XML_Parse(mParser.get(), mInput.constData(), mInput.size(), 1) == XML_STATUS_OK) {
-    return true;
-  }
+  if (XML_Parse(mParser.get(), mInput.constData(), mInput.size(), 1) == XML_STATUS_OK) return true;
   const XML_Error code = XML_GetErrorCode(mParser.get());
-  if (code == XML_ERROR_NO_MEMORY) {
+  if (code == XML_ERROR_NO_MEMORY)
     mOutOfMemory = true;
-  } else if (!mStopped) {
+  else if (!mStopped)
     fail(reasonOf(code));
-  }
-  if (mDoctypeEnd >= 0) {
-    return runWithoutDoctype(encoding);
-  }
+  if (mDoctypeEnd >= 0) return runWithoutDoctype(encoding);
   return mStopped && mError.isEmpty();  // all that was wanted is read
 }
 
@@ -142,11 +128,8 @@ bool CXmlParser::runWithoutDoctype(const char* encoding) {
   const auto end = static_cast<int>(mDoctypeEnd);
   const int begin = mInput.indexOf("<!DOCTYPE", static_cast<int>(mPrologEnd));
   QByteArray bytes = mInput;
-  for (int i = begin; i >= 0 && i < end; ++i) {
-    if (bytes.at(i) != '\n' && bytes.at(i) != '\r') {
-      bytes[i] = ' ';
-    }
-  }
+  for (int i = begin; i >= 0 && i < end; ++i)
+    if (bytes.at(i) != '\n' && bytes.at(i) != '\r') bytes[i] = ' ';
   bytes.replace(begin, 4, "<!--").replace(end - 2, 2, "--");
   mDoctypeEnd = -1;
   mDoctypeTakenOut = true;
@@ -158,9 +141,7 @@ bool CXmlParser::runWithoutDoctype(const char* encoding) {
 
 void CXmlParser::start(const char* encoding) {
   mParser.reset(XML_ParserCreate(encoding));
-  if (!mParser) {
-    throw std::bad_alloc();
-  }
+  if (!mParser) throw std::bad_alloc();
   installHandlers();
 }
 
@@ -220,18 +201,14 @@ QString CXmlParser::withOpenTag(const QString& text) const {
 }
 
 void CXmlParser::declaration(const char* encoding) {
-  if (encoding == nullptr) {
-    return;
-  }
+  if (encoding == nullptr) return;
   const auto declares = [encoding](const char* name) { return qstricmp(encoding, name) == 0; };
   const bool agrees =
       mUtf16Order == NUtf16::None
           ? !mHasUtf8Mark || declares("UTF-8")  // the parser itself looks at the rest
           : declares("UTF-16") ||
                 declares(mUtf16Order == NUtf16::LittleEndian ? "UTF-16LE" : "UTF-16BE");
-  if (!agrees) {
-    fail(reasonOf(XML_ERROR_INCORRECT_ENCODING));
-  }
+  if (!agrees) fail(reasonOf(XML_ERROR_INCORRECT_ENCODING));
 }
 
 void CXmlParser::doctype(bool hasInternalSubset, bool hasExternalId) {
@@ -264,21 +241,16 @@ void CXmlParser::startElement(const char* tag, const char** attributes) {
                           mData.addText(attributes[i + 1]));
   }
   mOpen.push_back(element);
-  if (mExtent == RootOnly) {
-    stop();
-  }
+  if (mExtent == RootOnly) stop();
 }
 
 void CXmlParser::endElement() {
-  if (mData.node(mOpen.back()).firstChild == kNone) {
-    keepBlankText();
-  }
+  if (mData.node(mOpen.back()).firstChild == kNone) keepBlankText();
   closeText();
   const quint32 element = mOpen.back();
   mOpen.pop_back();
-  if (mExtent == HeadOnly && mOpen.size() == 1 && mData.hasName(element, NLumoXmlTags::TAG_HEAD)) {
+  if (mExtent == HeadOnly && mOpen.size() == 1 && mData.hasName(element, NLumoXmlTags::TAG_HEAD))
     stop();
-  }
 }
 
 /// All that was wanted is read.
@@ -289,13 +261,10 @@ void CXmlParser::stop() {
 
 void CXmlParser::characters(std::string_view text) {
   const SDomText added = mData.addText(text);
-  if (mText.length == 0) {
-    mText.begin = added.begin;
-  }
+  if (mText.length == 0) mText.begin = added.begin;
   mText.length += added.length;
-  for (size_t i = 0; mTextIsBlank && i < text.size(); ++i) {
+  for (size_t i = 0; mTextIsBlank && i < text.size(); ++i)
     mTextIsBlank = NXmlText::isSpace(static_cast<uchar>(text[i]));
-  }
 }
 
 void CXmlParser::startCData() {
@@ -321,11 +290,10 @@ void CXmlParser::otherNode() {
 /// Ends the character data that another node follows or that its element's end follows: blank
 /// text there is layout.
 void CXmlParser::closeText() {
-  if (!mTextIsBlank) {
+  if (!mTextIsBlank)
     mData.appendText(mOpen.back(), SDomNode::Text, mText);
-  } else if (mText.length > 0) {
+  else if (mText.length > 0)
     mData.dropLastText(mText);
-  }
   mText = SDomText();
   mTextIsBlank = true;
 }
@@ -346,9 +314,7 @@ bool CXmlParser::failAt(int line, const QString& reason) {
 bool CXmlParser::failWithoutLine(const QString& message) {
   mError = message;
   mStopped = true;
-  if (mParser) {
-    XML_StopParser(mParser.get(), XML_FALSE);
-  }
+  if (mParser) XML_StopParser(mParser.get(), XML_FALSE);
   return false;
 }
 
@@ -362,9 +328,7 @@ int CXmlParser::countLinesTo(qint64 position) {
   const char* text = mInput.constData() + mCountedTo;
   while (text < end) {
     const void* lineEnd = std::memchr(text, '\n', static_cast<size_t>(end - text));
-    if (lineEnd == nullptr) {
-      break;
-    }
+    if (lineEnd == nullptr) break;
     text = static_cast<const char*>(lineEnd) + 1;
     ++mCountedLine;
   }

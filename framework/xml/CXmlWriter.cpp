@@ -13,9 +13,8 @@ class CBuffer {
 
   /// Where up to `count` bytes may be written; advance() then takes what was.
   char* room(size_t count) {
-    if (static_cast<size_t>(mBytes.size() - mSize) < count) {
+    if (static_cast<size_t>(mBytes.size() - mSize) < count)
       mBytes.resize(qMax(mSize + static_cast<int>(count), mSize + mSize / 2));
-    }
     return mBytes.data() + mSize;
   }
   void advance(size_t count) { mSize += static_cast<int>(count); }
@@ -51,9 +50,8 @@ class CUtf16Sink : public CBuffer {
   /// In pieces, so that what is much too large is found out before it takes room.
   void put(std::string_view utf8) {
     constexpr size_t kPiece = 1U << 16U;
-    for (size_t i = 0; i < utf8.size() && !isTooLarge();) {
+    for (size_t i = 0; i < utf8.size() && !isTooLarge();)
       i = putPiece(utf8, i, std::min(utf8.size(), i + kPiece));
-    }
   }
 
  private:
@@ -69,9 +67,7 @@ class CUtf16Sink : public CBuffer {
       }
       int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
       char32_t c = lead & (0x3Fu >> more);
-      for (; more > 0; --more) {
-        c = (c << 6) | (static_cast<uchar>(utf8[i++]) & 0x3Fu);
-      }
+      for (; more > 0; --more) c = (c << 6) | (static_cast<uchar>(utf8[i++]) & 0x3Fu);
       if (QChar::requiresSurrogates(c)) {
         out = putUnit(QChar::highSurrogate(c), out);
         c = QChar::lowSurrogate(c);
@@ -117,9 +113,7 @@ using CBlanks = std::array<char, NXmlLimits::kMaxDepth + 1>;
 
 constexpr CBlanks blanks() {
   CBlanks blanks{};
-  for (char& blank : blanks) {
-    blank = ' ';
-  }
+  for (char& blank : blanks) blank = ' ';
   return blanks;
 }
 
@@ -191,11 +185,10 @@ void CXmlWriter::writeTree(Sink& sink) {
 
 template <class Sink>
 void CXmlWriter::putLeaf(Sink& sink, const SDomNode& node) {
-  if (node.kind == SDomNode::Other) {
+  if (node.kind == SDomNode::Other)
     sink.put("<!---->");
-  } else {
+  else
     putEscaped(sink, mData.text(node.text), false);
-  }
 }
 
 template <class Sink>
@@ -210,21 +203,16 @@ void CXmlWriter::openElement(Sink& sink, const SDomNode& element, int depth) {
     putEscaped(sink, mData.text(mData.attribute(i).value), true);
     sink.put("\"");
   }
-  if (element.firstChild == kNone) {
+  if (element.firstChild == kNone)
     sink.put("/>\n");
-  } else {
+  else
     sink.put(holdsText(element) ? ">" : ">\n");
-  }
 }
 
 template <class Sink>
 void CXmlWriter::closeElement(Sink& sink, const SDomNode& element, int depth) {
-  if (element.firstChild == kNone) {
-    return;
-  }
-  if (!holdsText(element)) {
-    putIndentation(sink, depth);
-  }
+  if (element.firstChild == kNone) return;
+  if (!holdsText(element)) putIndentation(sink, depth);
   sink.put("</");
   sink.put(mData.name(element.element.name));
   sink.put(">\n");

@@ -29,9 +29,7 @@ int asciiRun(const QByteArray& bytes, int begin, EOrder order) {
   int end = begin;
   for (quint64 units = 0; end + 8 <= bytes.size(); end += 8) {
     std::memcpy(&units, bytes.constData() + end, sizeof units);
-    if ((units & mask) != 0) {
-      break;
-    }
+    if ((units & mask) != 0) break;
   }
   return end - begin;
 }
@@ -41,9 +39,7 @@ void appendAscii(const QByteArray& bytes, int begin, int length, EOrder order, Q
   const int before = utf8.size();
   utf8.resize(before + length / 2);
   char* out = utf8.data() + before;
-  for (int i = 0; i < length / 2; ++i) {
-    out[i] = in[2 * i];
-  }
+  for (int i = 0; i < length / 2; ++i) out[i] = in[2 * i];
 }
 
 constexpr char32_t kLoneSurrogate = 0xD800;
@@ -52,12 +48,8 @@ constexpr char32_t kLoneSurrogate = 0xD800;
 char32_t takeCharacter(const QByteArray& bytes, int& position, EOrder order) {
   const char16_t unit = unitAt(bytes, position, order);
   position += 2;
-  if (!QChar::isSurrogate(unit)) {
-    return unit;
-  }
-  if (!QChar::isHighSurrogate(unit) || position >= bytes.size()) {
-    return kLoneSurrogate;
-  }
+  if (!QChar::isSurrogate(unit)) return unit;
+  if (!QChar::isHighSurrogate(unit) || position >= bytes.size()) return kLoneSurrogate;
   const char16_t partner = unitAt(bytes, position, order);
   position += 2;
   return QChar::isLowSurrogate(partner) ? QChar::surrogateToUcs4(unit, partner) : kLoneSurrogate;
@@ -70,9 +62,7 @@ EOrder orderOf(const QByteArray& bytes) {
     return bytes.size() >= 2 && static_cast<uchar>(bytes.at(0)) == first &&
            static_cast<uchar>(bytes.at(1)) == second;
   };
-  if (startsWith(0xFF, 0xFE) || startsWith('<', 0)) {
-    return LittleEndian;
-  }
+  if (startsWith(0xFF, 0xFE) || startsWith('<', 0)) return LittleEndian;
   return startsWith(0xFE, 0xFF) || startsWith(0, '<') ? BigEndian : None;
 }
 

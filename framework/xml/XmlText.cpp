@@ -31,11 +31,10 @@ bool isName(const QString& name) {
   bool ascii = true;
   for (int i = 0; i < name.size(); ++i) {
     const char16_t c = name.at(i).unicode();
-    if (c >= 0x80) {
+    if (c >= 0x80)
       ascii = false;
-    } else if (!isAsciiNameCharacter(c, i == 0)) {
+    else if (!isAsciiNameCharacter(c, i == 0))
       return false;
-    }
   }
   return !name.isEmpty() && (ascii || parserTakesName(name));
 }
@@ -65,9 +64,7 @@ namespace {
 /// Number of printable ASCII characters from a position on.
 qsizetype printableRun(QStringView text, qsizetype begin) {
   qsizetype end = begin;
-  while (end < text.size() && text[end].unicode() >= 0x20 && text[end].unicode() < 0x7F) {
-    ++end;
-  }
+  while (end < text.size() && text[end].unicode() >= 0x20 && text[end].unicode() < 0x7F) ++end;
   return end - begin;
 }
 
@@ -75,9 +72,7 @@ void appendNarrowed(QStringView ascii, std::string& utf8) {
   const size_t before = utf8.size();
   utf8.resize(before + static_cast<size_t>(ascii.size()));
   char* out = utf8.data() + before;
-  for (const QChar c : ascii) {
-    *out++ = static_cast<char>(c.unicode());
-  }
+  for (const QChar c : ascii) *out++ = static_cast<char>(c.unicode());
 }
 
 }  // namespace
@@ -88,9 +83,7 @@ int appendUtf8(QStringView text, std::string& utf8) {
     const qsizetype run = printableRun(text, i);
     appendNarrowed(text.mid(i, run), utf8);
     i += run;
-    if (i == text.size()) {
-      break;
-    }
+    if (i == text.size()) break;
     char32_t c = text[i].unicode();
     if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
       c = QChar::surrogateToUcs4(text[i], text[i + 1]);
@@ -110,9 +103,8 @@ constexpr size_t kSurrogateSize = 3;  ///< of one, in bytes
 /// Where the next lone surrogate begins, which UTF-8 proper does not hold; or npos.
 size_t nextSurrogate(std::string_view utf8, size_t begin) {
   size_t at = utf8.find('\xED', begin);
-  while (at != std::string_view::npos && (static_cast<uchar>(utf8[at + 1]) & 0x20U) == 0) {
+  while (at != std::string_view::npos && (static_cast<uchar>(utf8[at + 1]) & 0x20U) == 0)
     at = utf8.find('\xED', at + 1);
-  }
   return at;
 }
 
@@ -132,13 +124,9 @@ QString plainToQString(std::string_view utf8) {
 }  // namespace
 
 QString toQString(std::string_view utf8) {
-  if (utf8.empty()) {
-    return QLatin1String("");  // an empty view may have no data
-  }
+  if (utf8.empty()) return QLatin1String("");  // an empty view may have no data
   size_t surrogate = nextSurrogate(utf8, 0);
-  if (surrogate == std::string_view::npos) {
-    return plainToQString(utf8);
-  }
+  if (surrogate == std::string_view::npos) return plainToQString(utf8);
   QString text;
   size_t begin = 0;
   for (; surrogate != std::string_view::npos; surrogate = nextSurrogate(utf8, begin)) {

@@ -88,9 +88,8 @@ class CNamedI64ValueList : public QList<SNamedI64Value> {
   void copyFromTEnum(const QMap<qint64, QString>& names) {
     clear();
     reserve(names.size());
-    for (auto it = names.cbegin(); it != names.cend(); ++it) {
+    for (auto it = names.cbegin(); it != names.cend(); ++it)
       append(SNamedI64Value(it.key(), it.value()));
-    }
   }
 };
 

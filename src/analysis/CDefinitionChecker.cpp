@@ -47,9 +47,7 @@ void CDefinitionChecker::checkId(const CParamDefItem& definition) {
 
 std::optional<CExactNumber> CDefinitionChecker::checkLimit(const CParamDefItem& definition,
                                                            const CParamVal& limit) {
-  if (limit.isEmpty() || !CExactNumber::isNumberType(definition.type())) {
-    return {};
-  }
+  if (limit.isEmpty() || !CExactNumber::isNumberType(definition.type())) return {};
   const std::optional<CExactNumber> number = CExactNumber::of(limit, definition.type());
   if (!number || number->isNan()) {
     add(SParamFinding::LimitNotOfType, definition, limit.asStr(),
@@ -91,9 +89,7 @@ void CDefinitionChecker::checkReferences(const CParamDefItem& definition) {
 void CDefinitionChecker::checkDefault(const CParamDefItem& definition,
                                       const CParamValueRules& rules) {
   const CParamVal value = definition.defVal();
-  if (value.isEmpty()) {
-    return;
-  }
+  if (value.isEmpty()) return;
   const auto defaultOf = [this](const QString& name) { return mIndex.find(name).defVal(); };
   for (const auto& violation : rules.violations(value, defaultOf)) {
     add(static_cast<SParamFinding::ECode>(SParamFinding::DefaultNotOfType + violation.kind),

@@ -24,30 +24,23 @@ CParamDefItem CDefinitionIndex::find(quint32 id) {
 
 QString CDefinitionIndex::shortNameOf(quint32 id) {
   const auto [known, isNew] = mShortNames.try_emplace(id);
-  if (isNew) {
-    known->second = NShortText::of(nameOf(id));
-  }
+  if (isNew) known->second = NShortText::of(nameOf(id));
   return known->second;
 }
 
 void CDefinitionIndex::readNamesById() {
   for (const QString& name : names()) {
     const quint32 id = mFile.paramDef(name).id();
-    if (isId(id) && (mNamesById.empty() || mNamesById.back().first != id)) {
+    if (isId(id) && (mNamesById.empty() || mNamesById.back().first != id))
       mNamesById.emplace_back(id, name);
-    }
   }
   mHasNamesById = true;
 }
 
 // The file itself is asked as well, since others may answer for it.
 QString CDefinitionIndex::nameOf(quint32 id) {
-  if (!isId(id)) {
-    return {};
-  }
-  if (!mHasNamesById) {
-    readNamesById();
-  }
+  if (!isId(id)) return {};
+  if (!mHasNamesById) readNamesById();
   const auto known =
       std::lower_bound(mNamesById.begin(), mNamesById.end(), id,
                        [](const auto& entry, quint32 key) { return entry.first < key; });

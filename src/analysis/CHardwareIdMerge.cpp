@@ -13,11 +13,8 @@ bool isSame(const CParamTreeNodeImpl& a, const CParamTreeNodeImpl& b) {
       a.value() != b.value()) {
     return false;
   }
-  for (int i = 0; i < a.childCount(); ++i) {
-    if (!isSame(*a.childNode(i), *b.childNode(i))) {
-      return false;
-    }
-  }
+  for (int i = 0; i < a.childCount(); ++i)
+    if (!isSame(*a.childNode(i), *b.childNode(i))) return false;
   return true;
 }
 
@@ -38,17 +35,13 @@ CSubDeviceTree copyOf(const CSubDeviceTree& tree) {
 
 CSubDeviceTrees copyOf(const CSubDeviceTrees& trees) {
   CSubDeviceTrees copy;
-  for (const auto& [subDevId, tree] : trees) {
-    copy.emplace(subDevId, tree.clone());
-  }
+  for (const auto& [subDevId, tree] : trees) copy.emplace(subDevId, tree.clone());
   return copy;
 }
 
 template <typename K, typename V>
 const V* find(const std::map<K, V>* map, const K& key) {
-  if (map == nullptr) {
-    return nullptr;
-  }
+  if (map == nullptr) return nullptr;
   const auto found = map->find(key);
   return found == map->end() ? nullptr : &found->second;
 }
@@ -56,11 +49,8 @@ const V* find(const std::map<K, V>* map, const K& key) {
 /// Of all hardware ids, since they share the types and names.
 std::set<quint8> subDeviceIds(const CParameterFileBaseImpl& file) {
   std::set<quint8> ids;
-  for (const auto& [hardwareId, trees] : file.allTrees()) {
-    for (const auto& entry : trees) {
-      ids.insert(entry.first);
-    }
-  }
+  for (const auto& [hardwareId, trees] : file.allTrees())
+    for (const auto& entry : trees) ids.insert(entry.first);
   return ids;
 }
 
@@ -76,21 +66,16 @@ void CHardwareIdMerge::run() {
     mergeName(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
   }
   mergeMap(&mBase.allTrees(), mOurs.allTrees(), mTheirs.allTrees());
-  if (hasActiveId && !mOurs.containsHardwareId(mOurs.hardwareId()) && !mOurs.allTrees().empty()) {
+  if (hasActiveId && !mOurs.containsHardwareId(mOurs.hardwareId()) && !mOurs.allTrees().empty())
     mOurs.selectHardwareId(mOurs.allTrees().begin()->first);
-  }
 }
 
 template <typename K, typename V>
 void CHardwareIdMerge::mergeMap(const std::map<K, V>* base, std::map<K, V>& ours,
                                 const std::map<K, V>& theirs) {
   std::set<K> keys;
-  for (const auto& entry : ours) {
-    keys.insert(entry.first);
-  }
-  for (const auto& entry : theirs) {
-    keys.insert(entry.first);
-  }
+  for (const auto& entry : ours) keys.insert(entry.first);
+  for (const auto& entry : theirs) keys.insert(entry.first);
   for (const K& key : keys) {
     enter(key);
     mergeOne(key, find(base, key), ours, find(&theirs, key));
@@ -128,9 +113,7 @@ void CHardwareIdMerge::mergeBoth(const CSubDeviceTrees* base, CSubDeviceTrees& o
 
 void CHardwareIdMerge::mergeBoth(const CSubDeviceTree* base, CSubDeviceTree& ours,
                                  const CSubDeviceTree& theirs) {
-  if ((base != nullptr && isSame(*base, theirs)) || isSame(ours, theirs)) {
-    return;
-  }
+  if ((base != nullptr && isSame(*base, theirs)) || isSame(ours, theirs)) return;
   CSubDeviceMerge merge(base, ours, theirs, mOurs);
   CSubDeviceTree merged = merge.run();
   for (SMergeConflict conflict : merge.conflicts()) {
@@ -155,9 +138,7 @@ void CHardwareIdMerge::enter(quint8 subDevId) {
 /// One without sub-devices could not be read again.
 void CHardwareIdMerge::leave(const QString& hardwareId) {
   const auto trees = mOurs.allTrees().find(hardwareId);
-  if (trees != mOurs.allTrees().end() && trees->second.empty()) {
-    mOurs.allTrees().erase(trees);
-  }
+  if (trees != mOurs.allTrees().end() && trees->second.empty()) mOurs.allTrees().erase(trees);
 }
 
 void CHardwareIdMerge::leave(quint8) {
@@ -201,9 +182,7 @@ void CHardwareIdMerge::mergeName(quint8 subDevId, bool isInBase, bool isInOurs) 
       isInOurs ? NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs) : NThreeWay::Theirs;
   if (choice == NThreeWay::Theirs) {
     mOurs.setSubDevName(subDevId, theirs);
-    if (theirs.isEmpty()) {
-      mOurs.removeSubDevName(subDevId);
-    }
+    if (theirs.isEmpty()) mOurs.removeSubDevName(subDevId);
   } else if (choice == NThreeWay::Conflict) {
     addConflict(SMergeConflict::SubDeviceName, subDevId, isInBase, base, ours, theirs);
   }

@@ -10,9 +10,7 @@ class CHardwareIdSelection {
   CHardwareIdSelection& operator=(const CHardwareIdSelection&) = delete;
 
   ~CHardwareIdSelection() {
-    if (mFile.hardwareId() == mId) {
-      return;
-    }
+    if (mFile.hardwareId() == mId) return;
     // One that does not hold anything yet is active but does not exist.
     mFile.containsHardwareId(mId) ? mFile.selectHardwareId(mId) : mFile.addHardwareId(mId);
   }

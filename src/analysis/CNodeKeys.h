@@ -23,9 +23,7 @@ class CNodeKeys {
   int group(int parent, const QString& name, int place) {
     const int group = key(mGroups, CGroup(parent, place, name), parent);
     QString& path = at(group).path;
-    if (path.isNull()) {
-      path = NShortText::below(at(parent).path, name);
-    }
+    if (path.isNull()) path = NShortText::below(at(parent).path, name);
     return group;
   }
 
@@ -50,9 +48,7 @@ class CNodeKeys {
   template <typename CKeys, typename K>
   int key(CKeys& keys, const K& identity, int parent) {
     const auto [known, isNew] = keys.try_emplace(identity, count());
-    if (isNew) {
-      mKeys.push_back({parent, {}});
-    }
+    if (isNew) mKeys.push_back({parent, {}});
     return known->second;
   }
 

@@ -22,11 +22,10 @@ QString nameOf(const CDomElement& element) {
 void addParameters(const CDomElement& element, CNames& lines) {
   for (CDomElement child = element.firstChildElement(); !child.isNull();
        child = child.nextSiblingElement()) {
-    if (child.hasTag(TAG_GROUP)) {
+    if (child.hasTag(TAG_GROUP))
       addParameters(child, lines);
-    } else if (child.hasTag(TAG_PARAM)) {
+    else if (child.hasTag(TAG_PARAM))
       lines.try_emplace(nameOf(child), child.lineNumber());
-    }
   }
 }
 
@@ -64,9 +63,8 @@ bool CParamLineIndex::read(const QString& fileName) {
   *this = CParamLineIndex();
   QByteArray content;
   CDomDoc doc;
-  if (!CAtomicFile::read(fileName, content, mErrorMsg) || !doc.setContent(content, mErrorMsg)) {
+  if (!CAtomicFile::read(fileName, content, mErrorMsg) || !doc.setContent(content, mErrorMsg))
     return false;
-  }
   const CDomElement root = doc.documentElement();
   CDomElement data = root.firstChildElement(TAG_DATA);
   if (data.isNull()) {
@@ -86,9 +84,8 @@ bool CParamLineIndex::read(const QString& fileName) {
     for (CDomElement element = data.firstChildElement(TAG_SUB_DEVICE); !element.isNull();
          element = element.nextSiblingElement(TAG_SUB_DEVICE)) {
       quint8 subDevId = 0;
-      if (CStr::strToU8(element.attribute(ATTR_ID), subDevId)) {
+      if (CStr::strToU8(element.attribute(ATTR_ID), subDevId))
         addParameters(element, hardwareId.subDevices[subDevId]);
-      }
     }
   }
   return true;
@@ -108,9 +105,7 @@ int CParamLineIndex::parameterLine(const QString& hardwareId, quint8 subDevId,
 }
 
 void CParamLineIndex::addLines(CParamFindings& findings) const {
-  if (!mLines) {
-    return;
-  }
+  if (!mLines) return;
   // Looked up once for all that follow each other, since a name may be as long as the file.
   QString id;
   const SLines::SHardwareId* hardwareId = &mLines->find(id);
@@ -120,9 +115,7 @@ void CParamLineIndex::addLines(CParamFindings& findings) const {
       hardwareId = &mLines->find(id);
     }
     int line = 0;
-    if (finding.code >= SParamFinding::SubDeviceTypeReplaced) {
-      continue;  // found with its line
-    }
+    if (finding.code >= SParamFinding::SubDeviceTypeReplaced) continue;  // found with its line
     if (finding.subDevId != SParamFinding::kNoSubDevice) {
       line = hardwareId->lineOf(static_cast<quint8>(finding.subDevId), finding.name);
     } else {

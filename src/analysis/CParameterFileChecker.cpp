@@ -19,15 +19,9 @@ class CValueChecker {
   const CParamFindings& findings() const { return mFindings; }
 
   void checkHardwareId(const QString& hardwareId, bool reportMissing) {
-    if (!mFile.selectHardwareId(hardwareId)) {
-      return;
-    }
-    for (const quint8 subDevId : mFile.subDeviceIds()) {
-      checkSubDevice(subDevId);
-    }
-    if (reportMissing) {
-      listMissing();
-    }
+    if (!mFile.selectHardwareId(hardwareId)) return;
+    for (const quint8 subDevId : mFile.subDeviceIds()) checkSubDevice(subDevId);
+    if (reportMissing) listMissing();
   }
 
  private:
@@ -72,9 +66,8 @@ class CValueChecker {
 
   void listMissing() {
     CKeyedSet<QString> present;
-    for (const quint8 subDevId : mFile.subDeviceIds()) {
+    for (const quint8 subDevId : mFile.subDeviceIds())
       for (const QString& name : mFile.paramNames(subDevId)) present.insert(name);
-    }
     for (const QString& name : mIndex.names()) {
       if (present.count(name) == 0) {
         SParamEntry entry;
@@ -102,13 +95,10 @@ class CValueChecker {
 CParamFindings CParameterFileChecker::checkValues(ICParameterFile& file, const QString& hardwareId,
                                                   EMissing missing) {
   const CHardwareIdSelection restored(file);
-  if (!hardwareId.isEmpty() && !file.selectHardwareId(hardwareId)) {
-    return {};
-  }
+  if (!hardwareId.isEmpty() && !file.selectHardwareId(hardwareId)) return {};
   CValueChecker checker(file);
-  for (const QString& id : hardwareId.isEmpty() ? file.hardwareIds() : QStringList(hardwareId)) {
+  for (const QString& id : hardwareId.isEmpty() ? file.hardwareIds() : QStringList(hardwareId))
     checker.checkHardwareId(id, missing == ReportMissing);
-  }
   return file.loadFindings() + checker.findings();
 }
 

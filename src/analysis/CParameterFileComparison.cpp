@@ -17,11 +17,9 @@ using CSubDeviceEntries = QMap<quint8, CEntries>;
 /// A copy of what one hardware id holds, so that both files may be the same object.
 CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId, CNodeKeys& keys) {
   CSubDeviceEntries entries;
-  if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId)) {
-    for (const quint8 subDevId : file.subDeviceIds()) {
+  if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId))
+    for (const quint8 subDevId : file.subDeviceIds())
       entries.insert(subDevId, SParamEntry::read(file, subDevId, keys));
-    }
-  }
   return entries;
 }
 
@@ -76,15 +74,12 @@ class CComparison {
   }
 
   void addShared(SParamDifference::EKind kind, const QString& oldValue, const QString& newValue) {
-    if (oldValue != newValue) {
+    if (oldValue != newValue)
       mShared.append({kind, QString(), mSubDevId, {}, {}, {}, oldValue, newValue});
-    }
   }
 
   void compareTypeAndName(quint8 subDevId) {
-    if (!mCompared.insert(subDevId).second) {
-      return;
-    }
+    if (!mCompared.insert(subDevId).second) return;
     addShared(SParamDifference::SubDeviceTypeChanged,
               ICParameterFile::subDeviceTypeToStr(mOldFile.subDevType(subDevId)),
               ICParameterFile::subDeviceTypeToStr(mNewFile.subDevType(subDevId)));
@@ -96,9 +91,8 @@ class CComparison {
     const auto nameOf = [](const SParamEntry& entry) { return entry.name; };
     const QVector<int> oldPositions = counterparts(newOnes, oldOnes, nameOf);
     QVector<bool> isKept(oldOnes.size());
-    for (const int position : oldPositions) {
+    for (const int position : oldPositions)
       if (position >= 0) isKept[position] = true;
-    }
     addRemovedFrom(0, oldOnes, isKept);
     for (int i = 0; i < newOnes.size(); ++i) {
       const int position = oldPositions.at(i);
@@ -113,29 +107,24 @@ class CComparison {
 
   /// What was removed directly behind a place in the old file.
   void addRemovedFrom(int position, const CEntries& oldOnes, const QVector<bool>& isKept) {
-    for (; position < oldOnes.size() && !isKept.at(position); ++position) {
+    for (; position < oldOnes.size() && !isKept.at(position); ++position)
       addParameter(SParamDifference::ParameterRemoved, &oldOnes.at(position), nullptr);
-    }
   }
 
   void compareParameters(const SParamEntry& oldOne, const SParamEntry& newOne) {
-    if (oldOne.group != newOne.group) {
+    if (oldOne.group != newOne.group)
       addParameter(SParamDifference::ParameterMoved, &oldOne, &newOne);
-    }
     if (oldOne.id != newOne.id) {
       SParamDifference& difference = addParameter(SParamDifference::IdChanged, &oldOne, &newOne);
       difference.oldValue = QString::number(oldOne.id);
       difference.newValue = QString::number(newOne.id);
     }
-    if (!haveEqualValues(oldOne, newOne)) {
+    if (!haveEqualValues(oldOne, newOne))
       addParameter(SParamDifference::ValueChanged, &oldOne, &newOne);
-    }
   }
 
   bool haveEqualValues(const SParamEntry& oldOne, const SParamEntry& newOne) const {
-    if (oldOne.value == newOne.value) {
-      return true;
-    }
+    if (oldOne.value == newOne.value) return true;
     return mDefinitions != nullptr &&
            CParamValueRules::areEqual(oldOne.value, newOne.value,
                                       mDefinitions->paramDef(newOne.name));
@@ -170,9 +159,7 @@ class CComparison {
 
 std::set<QString> allHardwareIds(const ICParameterFile& a, const ICParameterFile& b) {
   std::set<QString> all;
-  for (const QString& id : a.hardwareIds() + b.hardwareIds()) {
-    all.insert(id);
-  }
+  for (const QString& id : a.hardwareIds() + b.hardwareIds()) all.insert(id);
   return all;
 }
 
@@ -184,15 +171,13 @@ CParamDifferences CParameterFileComparison::compare(ICParameterFile& oldFile,
   const CHardwareIdSelection oldRestored(oldFile);
   const CHardwareIdSelection newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
-  for (const QString& id : allHardwareIds(oldFile, newFile)) {
-    if (!newFile.containsHardwareId(id)) {
+  for (const QString& id : allHardwareIds(oldFile, newFile))
+    if (!newFile.containsHardwareId(id))
       comparison.addHardwareId(SParamDifference::HardwareIdRemoved, id);
-    } else if (!oldFile.containsHardwareId(id)) {
+    else if (!oldFile.containsHardwareId(id))
       comparison.addHardwareId(SParamDifference::HardwareIdAdded, id);
-    } else {
+    else
       comparison.compareHardwareIds(id, id);
-    }
-  }
   return comparison.differences();
 }
 

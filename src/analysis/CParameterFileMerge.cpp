@@ -46,9 +46,8 @@ void CParameterFileMerge::mergeVersion() {
   const auto text = [](const ICParameterFile& file) {
     return CStr::revisionToString(file.paramFileVersion());
   };
-  if (mergeText(SMergeConflict::Version, text(mBase), text(mOurs), text(mTheirs))) {
+  if (mergeText(SMergeConflict::Version, text(mBase), text(mOurs), text(mTheirs)))
     mVersion = mTheirs.paramFileVersion();
-  }
 }
 
 /// Whether theirs is to be taken.

@@ -8,17 +8,13 @@ void CRuledDefinitions::beginSubDevice() {
 }
 
 const CRuledDefinitions::SRuled* CRuledDefinitions::find(const QString& name) {
-  if (mNext >= mRuled.size() || mRuled[mNext].name != name) {
-    mNext = position(name);
-  }
+  if (mNext >= mRuled.size() || mRuled[mNext].name != name) mNext = position(name);
   return mNext < mRuled.size() ? &mRuled[mNext++] : nullptr;
 }
 
 // Only earlier sub-devices can have had the name, so that the first one needs no look-up.
 size_t CRuledDefinitions::position(const QString& name) {
-  for (; mIndexed < mEarlier; ++mIndexed) {
-    mPositions.emplace(mRuled[mIndexed].name, mIndexed);
-  }
+  for (; mIndexed < mEarlier; ++mIndexed) mPositions.emplace(mRuled[mIndexed].name, mIndexed);
   const auto known = mPositions.find(name);
   return known != mPositions.end() ? known->second : add(name);
 }
@@ -27,8 +23,7 @@ size_t CRuledDefinitions::position(const QString& name) {
 size_t CRuledDefinitions::add(const QString& name) {
   const size_t behindAll = mRuled.size();
   const CParamDefItem definition = mDefinitions.find(name);
-  if (!definition.name().isEmpty()) {
+  if (!definition.name().isEmpty())
     mRuled.push_back({name, definition.id(), mDefinitions.rulesOf(definition)});
-  }
   return behindAll;
 }

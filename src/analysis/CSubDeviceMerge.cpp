@@ -17,17 +17,11 @@ CSubDeviceMerge::CSubDeviceMerge(const CSubDeviceTree* base, const CSubDeviceTre
       mOutcomes(static_cast<size_t>(mKeys.count())) {}
 
 CSubDeviceTree CSubDeviceMerge::run() {
-  for (int key = 0; key < mKeys.count(); ++key) {
-    ignoreCommonOrder(key);
-  }
-  for (int key = 0; key < mKeys.count(); ++key) {
+  for (int key = 0; key < mKeys.count(); ++key) ignoreCommonOrder(key);
+  for (int key = 0; key < mKeys.count(); ++key)
     mKeys.isGroup(key) ? settleGroup(key) : settleParameter(key);
-  }
-  for (int key = 0; key < mKeys.count(); ++key) {
-    if (outcome(key).isKept) {
-      keepGroupsAbove(key);
-    }
-  }
+  for (int key = 0; key < mKeys.count(); ++key)
+    if (outcome(key).isKept) keepGroupsAbove(key);
   CSubDeviceTree tree(mSubDevId);
   build(CNodeKeys::kRoot, tree.root(), tree);
   return tree;
@@ -38,20 +32,14 @@ CSubDeviceTree CSubDeviceMerge::run() {
 void CSubDeviceMerge::ignoreCommonOrder(int group) {
   const auto stayed = [this, group](const CTreeOutline& side) {
     QVector<int> keys;
-    for (const int key : side.children(group)) {
-      if (mBase.parent(key) == group && mOurs.parent(key) == group &&
-          mTheirs.parent(key) == group) {
+    for (const int key : side.children(group))
+      if (mBase.parent(key) == group && mOurs.parent(key) == group && mTheirs.parent(key) == group)
         keys.append(key);
-      }
-    }
     return keys;
   };
   const QVector<int> common = stayed(mTheirs);
-  if (common == stayed(mOurs)) {
-    for (const int key : common) {
-      mPlacedByTheirs[static_cast<size_t>(key)] = false;
-    }
-  }
+  if (common == stayed(mOurs))
+    for (const int key : common) mPlacedByTheirs[static_cast<size_t>(key)] = false;
 }
 
 bool CSubDeviceMerge::theirsAlonePlaced(int key) const {
@@ -64,11 +52,10 @@ void CSubDeviceMerge::settleParameter(int key) {
   if (isInOurs && isInTheirs) {
     settleInBoth(key);
   } else if (mBase.contains(key)) {
-    if (isInOurs) {
+    if (isInOurs)
       settleRemoved(key, mOurs, SMergeConflict::TheirsRemoved);
-    } else if (isInTheirs) {
+    else if (isInTheirs)
       settleRemoved(key, mTheirs, SMergeConflict::OursRemoved);
-    }
   } else {
     const CTreeOutline& side = isInOurs ? mOurs : mTheirs;
     outcome(key) = {true, isInTheirs, side.parent(key), side.data(key).id(), side.value(key)};
@@ -77,16 +64,13 @@ void CSubDeviceMerge::settleParameter(int key) {
 
 /// One side removed it, the given one did not.
 void CSubDeviceMerge::settleRemoved(int key, const CTreeOutline& side, SMergeConflict::EKind kind) {
-  if (!isChanged(key, side)) {
-    return;
-  }
+  if (!isChanged(key, side)) return;
   SMergeConflict& conflict = addConflict(key, SMergeConflict::Parameter, kind);
   conflict.base = mBase.value(key).asStr();
   conflict.ours = mOurs.value(key).asStr();
   conflict.theirs = mTheirs.value(key).asStr();
-  if (kind == SMergeConflict::TheirsRemoved) {
+  if (kind == SMergeConflict::TheirsRemoved)
     outcome(key) = {true, false, side.parent(key), side.data(key).id(), side.value(key)};
-  }
 }
 
 bool CSubDeviceMerge::isChanged(int key, const CTreeOutline& side) const {
@@ -207,17 +191,14 @@ std::list<int> CSubDeviceMerge::orderOf(int group) {
   CKeyedMap<int, std::list<int>::iterator> places;
   for (const int key : mOurs.children(group)) {
     const SOutcome& settled = outcome(key);
-    if (settled.isKept && settled.parent == group && !settled.isPlacedByTheirs) {
+    if (settled.isKept && settled.parent == group && !settled.isPlacedByTheirs)
       places.emplace(key, order.insert(order.end(), key));
-    }
   }
   auto next = order.begin();    // behind what precedes in theirs
   auto steady = order.begin();  // behind what precedes there and was not moved by ours
   for (const int key : mTheirs.children(group)) {
     const SOutcome& settled = outcome(key);
-    if (!settled.isKept || settled.parent != group) {
-      continue;
-    }
+    if (!settled.isKept || settled.parent != group) continue;
     if (settled.isPlacedByTheirs) {
       auto place = mBase.parent(key) == group ? steady : next;
       while (place != order.end() && isPlaced(mPlacedByOurs, *place) &&
@@ -243,9 +224,7 @@ void CSubDeviceMerge::build(int group, CParamTreeNodeImpl* node, CSubDeviceTree&
     }
     const CTreeOutline& side = mOurs.contains(key) ? mOurs : mTheirs;
     CParamTreeNodeImpl* child = tree.addGroup(node, side.data(key).name());
-    if (mOurs.contains(key)) {
-      child->setData(mOurs.data(key));  // the properties as well
-    }
+    if (mOurs.contains(key)) child->setData(mOurs.data(key));  // the properties as well
     build(key, child, tree);
   }
 }

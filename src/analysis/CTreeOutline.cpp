@@ -16,11 +16,10 @@ std::vector<bool> ascending(const std::vector<int>& numbers) {
         std::lower_bound(ends.begin(), ends.end(), numbers[i],
                          [&numbers](size_t index, int number) { return numbers[index] < number; });
     previous[i] = end == ends.begin() ? i : *(end - 1);
-    if (end == ends.end()) {
+    if (end == ends.end())
       ends.push_back(i);
-    } else {
+    else
       *end = i;
-    }
   }
   std::vector<bool> marked(numbers.size());
   size_t index = ends.empty() ? 0 : ends.back();
@@ -56,14 +55,10 @@ void CTreeOutline::add(const CParamTreeNodeImpl& group, int groupKey, CNodeKeys&
     const QString name = child->name();
     const int key =
         child->isParam() ? keys.parameter(name) : keys.group(groupKey, name, places[name]++);
-    if (static_cast<size_t>(key) >= mNodes.size()) {
-      mNodes.resize(static_cast<size_t>(key) + 1);
-    }
+    if (static_cast<size_t>(key) >= mNodes.size()) mNodes.resize(static_cast<size_t>(key) + 1);
     mNodes[static_cast<size_t>(key)] = {child, groupKey, i, {}};
     childKeys.append(key);
-    if (child->isGroup()) {
-      add(*child, key, keys);
-    }
+    if (child->isGroup()) add(*child, key, keys);
   }
   mNodes[static_cast<size_t>(groupKey)].children = childKeys;
 }
@@ -75,9 +70,7 @@ CParamVal CTreeOutline::value(int key) const {
 
 std::vector<bool> CTreeOutline::placedSince(const CTreeOutline& base, int count) const {
   std::vector<bool> placed(static_cast<size_t>(count));
-  for (size_t key = 0; key < mNodes.size(); ++key) {
-    markPlaced(static_cast<int>(key), base, placed);
-  }
+  for (size_t key = 0; key < mNodes.size(); ++key) markPlaced(static_cast<int>(key), base, placed);
   return placed;
 }
 
@@ -94,7 +87,5 @@ void CTreeOutline::markPlaced(int group, const CTreeOutline& base,
     }
   }
   const std::vector<bool> isInOrder = ascending(positions);
-  for (size_t i = 0; i < stayed.size(); ++i) {
-    placed[static_cast<size_t>(stayed[i])] = !isInOrder[i];
-  }
+  for (size_t i = 0; i < stayed.size(); ++i) placed[static_cast<size_t>(stayed[i])] = !isInOrder[i];
 }

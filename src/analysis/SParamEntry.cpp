@@ -10,11 +10,10 @@ void visitGroup(const ICParamTreeNode& group, int key, CNodeKeys& keys, const CV
   constexpr int kAnyPlace = 0;
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
-    if (child.isParam()) {
+    if (child.isParam())
       visitor({child.name(), child.id(), key, child.value()});
-    } else {
+    else
       visitGroup(child, keys.group(key, child.name(), kAnyPlace), keys, visitor);
-    }
   }
 }
 
@@ -23,9 +22,7 @@ void visitGroup(const ICParamTreeNode& group, int key, CNodeKeys& keys, const CV
 void SParamEntry::visit(ICParameterFile& file, quint8 subDevId, CNodeKeys& keys,
                         const CVisitor& visitor) {
   const ICParamTreeNode* root = file.existingSubGroup(QString(), subDevId);
-  if (root != nullptr) {
-    visitGroup(*root, CNodeKeys::kRoot, keys, visitor);
-  }
+  if (root != nullptr) visitGroup(*root, CNodeKeys::kRoot, keys, visitor);
 }
 
 QVector<SParamEntry> SParamEntry::read(ICParameterFile& file, quint8 subDevId, CNodeKeys& keys) {

@@ -78,18 +78,14 @@ void CCompensationFileImpl::startLoad() {
 int CCompensationFileImpl::readDocument() {
   setMetaData(CXmlAbstractLumoFile::metaData());
   int result = readCompensationHeader();
-  if (result == Ok) {
-    result = readCompensationPoints();
-  }
+  if (result == Ok) result = readCompensationPoints();
   domDocument().clear();
   return result;
 }
 
 int CCompensationFileImpl::readCompensationHeader() {
   const CDomElement element = existingDomElement(TAG_HEADER, domDocument().documentElement());
-  if (element.isNull()) {
-    return notFound(TAG_HEADER);
-  }
+  if (element.isNull()) return notFound(TAG_HEADER);
   CCompensationHeader header;
   header.setMinimum(valueOf(TAG_MIN, element));
   header.setMaximum(valueOf(TAG_MAX, element));
@@ -99,22 +95,17 @@ int CCompensationFileImpl::readCompensationHeader() {
 
 int CCompensationFileImpl::readCompensationPoints() {
   const CDomElement list = existingDomElement(TAG_POINTLIST, domDocument().documentElement());
-  if (list.isNull()) {
-    return notFound(TAG_POINTLIST);
-  }
+  if (list.isNull()) return notFound(TAG_POINTLIST);
   CDomElement element = CDomDoc::existingSubElement(TAG_POINT, list);
-  if (element.isNull()) {
-    return Ok;
-  }
+  if (element.isNull()) return Ok;
   mDetectedFormat =
       CDomDoc::existingSubElement(TAG_ERROR, element).isNull() ? CurrentFormat : OldFormat;
   if (mDetectedFormat == OldFormat) {
     CMessageBoardHelper::setFormDebugWarning(tr("Old compensation data point format found."),
                                              logfile());
   }
-  for (; !element.isNull(); element = element.nextSiblingElement(TAG_POINT)) {
+  for (; !element.isNull(); element = element.nextSiblingElement(TAG_POINT))
     appendPoint(readPoint(element, mDetectedFormat));
-  }
   return Ok;
 }
 
@@ -125,18 +116,14 @@ int CCompensationFileImpl::notFound(QLatin1String tag) {
 
 int CCompensationFileImpl::save(const QString& fileName, const QString& version) {
   int result = setDataToDocument(version);
-  if (result == Ok && !CXmlAbstractLumoFile::save(fileName, mErrorMsg)) {
-    result = SaveError;
-  }
+  if (result == Ok && !CXmlAbstractLumoFile::save(fileName, mErrorMsg)) result = SaveError;
   domDocument().clear();
   return result;
 }
 
 int CCompensationFileImpl::saveToBuffer(QByteArray& buffer, const QString& version) {
   int result = setDataToDocument(version);
-  if (result == Ok && !CXmlAbstractLumoFile::save(buffer, mErrorMsg)) {
-    result = SaveError;
-  }
+  if (result == Ok && !CXmlAbstractLumoFile::save(buffer, mErrorMsg)) result = SaveError;
   domDocument().clear();
   return result;
 }
@@ -145,9 +132,7 @@ int CCompensationFileImpl::setDataToDocument(const QString& version) {
   mErrorMsg.clear();
   createNewDocument(TAG_ROOT_C_COMPENSATION, version);
   fillMetaData();
-  if (!CXmlAbstractLumoFile::setMetaData(metaData())) {
-    return notWritten(TAG_HEAD);
-  }
+  if (!CXmlAbstractLumoFile::setMetaData(metaData())) return notWritten(TAG_HEAD);
   const int result = writeCompensationHeader();
   return result == Ok ? writeCompensationPoints() : result;
 }
@@ -163,9 +148,7 @@ void CCompensationFileImpl::fillMetaData() {
 
 int CCompensationFileImpl::writeCompensationHeader() {
   const CDomElement element = domElement(TAG_HEADER, domDocument().documentElement());
-  if (element.isNull()) {
-    return notWritten(TAG_HEADER);
-  }
+  if (element.isNull()) return notWritten(TAG_HEADER);
   CDomDoc::setSubElementValue(TAG_MIN, element, header().minimum().asStr());
   CDomDoc::setSubElementValue(TAG_MAX, element, header().maximum().asStr());
   return Ok;
@@ -173,9 +156,7 @@ int CCompensationFileImpl::writeCompensationHeader() {
 
 int CCompensationFileImpl::writeCompensationPoints() {
   CDomElement list = domElement(TAG_POINTLIST, domDocument().documentElement());
-  if (list.isNull()) {
-    return notWritten(TAG_POINTLIST);
-  }
+  if (list.isNull()) return notWritten(TAG_POINTLIST);
   const QLatin1String tag = adjustmentTag(mSaveFormat);
   const QList<CCompensationPoint> points = allPoints();
   for (const CCompensationPoint& point : points) {

@@ -53,9 +53,7 @@ bool CParamBaseFile::openChecked(const QString& fileName, const QString& rootTag
                                  const QString& version) {
   mVersionError = false;
   mErrorLine = 0;
-  if (!open(fileName, rootTag, version, mErrorMsg)) {
-    return false;
-  }
+  if (!open(fileName, rootTag, version, mErrorMsg)) return false;
   mMetaData = metaData();
   return true;
 }
@@ -72,7 +70,6 @@ bool CParamBaseFile::failAt(const CDomElement& element, const QString& message) 
 }
 
 void CParamBaseFile::logDetail(const QString& text) const {
-  if (logfile() != nullptr && logfile()->isLevelEnabled(ICLogfile::kLevelDetail)) {
+  if (logfile() != nullptr && logfile()->isLevelEnabled(ICLogfile::kLevelDetail))
     logfile()->write(ICLogfile::kLevelDetail, text);
-  }
 }

@@ -32,9 +32,8 @@ bool CParamDefFile::open(const QString& fileName, const QString& version) {
 
 bool CParamDefFile::readDefinitions() {
   const CDomElement data = existingDomElement(TAG_DATA, domDocument().documentElement());
-  if (data.isNull()) {
+  if (data.isNull())
     return failAt(domDocument().documentElement(), tr("There is no data section !"));
-  }
   const auto count = static_cast<size_t>(data.childElementCount());
   mDefinitions.reserve(count);
   mNameById.reserve(count);
@@ -52,9 +51,7 @@ bool CParamDefFile::readParamDefinitionFromDom(const CDomElement& param) {
   quint32 id = 0;
   QString name;
   NParamDef::EParamType type = NParamDef::PARAM_TYPE_UNDEF;
-  if (!readKey(param, id, name, type)) {
-    return false;
-  }
+  if (!readKey(param, id, name, type)) return false;
   CParamDefItem definition(name, type, id);
   if (!readPlainParts(param, definition) || !readChoices(param, definition) ||
       !readCheck(param, definition) || !readBits(param, definition)) {
@@ -87,9 +84,7 @@ bool CParamDefFile::readKey(const CDomElement& param, quint32& id, QString& name
 }
 
 bool CParamDefFile::readPlainParts(const CDomElement& param, CParamDefItem& definition) {
-  if (!readUnit(param, definition)) {
-    return false;
-  }
+  if (!readUnit(param, definition)) return false;
   const auto text = [&param](QLatin1String tag) {
     return CDomDoc::existingSubElementAsString(tag, param, QString());
   };
@@ -105,9 +100,7 @@ bool CParamDefFile::readPlainParts(const CDomElement& param, CParamDefItem& defi
 bool CParamDefFile::readParameterTypeFromDom(const CDomElement& param, quint32 id,
                                              NParamDef::EParamType& type) {
   QString text;
-  if (!existingParamSubElemetStr(param, TAG_TYPE, id, text)) {
-    return false;
-  }
+  if (!existingParamSubElemetStr(param, TAG_TYPE, id, text)) return false;
   type = CParamDefItem::typeFromString(text);
   if (CParamDefItem::typeToString(type) != text) {
     mErrorMsg = tr("Parameter (Id=%1) -> Type \"%2\" is not valid.").arg(QString::number(id), text);
@@ -118,9 +111,7 @@ bool CParamDefFile::readParameterTypeFromDom(const CDomElement& param, quint32 i
 
 bool CParamDefFile::readUnit(const CDomElement& param, CParamDefItem& definition) {
   const CDomElement unit = CDomDoc::existingSubElement(TAG_UNIT, param);
-  if (unit.isNull()) {
-    return true;
-  }
+  if (unit.isNull()) return true;
   quint32 unitId = 0;
   if (!CStr::strToU32(unit.text(), unitId)) {
     mErrorMsg = tr("Parameter (Id=%1, Tag <%2>) -> \"%3\" is not a valid u32 value.")
@@ -135,18 +126,15 @@ bool CParamDefFile::readChoices(const CDomElement& param, CParamDefItem& definit
   const CDomElement enumeration = CDomDoc::existingSubElement(TAG_ENUM, param);
   if (!enumeration.isNull()) {
     QList<NParamDef::SNamedI64Value> values;
-    if (!readNamedI64ValuesFromDom(enumeration, values)) {
+    if (!readNamedI64ValuesFromDom(enumeration, values))
       return prefixSection(definition.id(), TAG_ENUM);
-    }
     definition.setEnumEditable(enumeration.attribute(ATTR_EDIT) == VAL_TRUE);
     definition.addEnums(values);
   }
   const CDomElement radio = CDomDoc::existingSubElement(TAG_RADIO, param);
   if (!radio.isNull()) {
     QList<NParamDef::SNamedI64Value> values;
-    if (!readNamedI64ValuesFromDom(radio, values)) {
-      return prefixSection(definition.id(), TAG_RADIO);
-    }
+    if (!readNamedI64ValuesFromDom(radio, values)) return prefixSection(definition.id(), TAG_RADIO);
     definition.addRadios(values);
   }
   return true;
@@ -157,9 +145,8 @@ bool CParamDefFile::readNamedI64ValuesFromDom(const CDomElement& section,
   for (CDomElement item = section.firstChildElement(TAG_ITEM); !item.isNull();
        item = item.nextSiblingElement(TAG_ITEM)) {
     qint64 value = 0;
-    if (CDomDoc::fail(CDomDoc::existingAttributeAsI64(ATTR_VALUE, item, value, mErrorMsg))) {
+    if (CDomDoc::fail(CDomDoc::existingAttributeAsI64(ATTR_VALUE, item, value, mErrorMsg)))
       return false;
-    }
     values.append({value, item.text()});
   }
   return true;
@@ -167,9 +154,7 @@ bool CParamDefFile::readNamedI64ValuesFromDom(const CDomElement& section,
 
 bool CParamDefFile::readCheck(const CDomElement& param, CParamDefItem& definition) {
   const CDomElement check = CDomDoc::existingSubElement(TAG_CHECK, param);
-  if (check.isNull()) {
-    return true;
-  }
+  if (check.isNull()) return true;
   NParamDef::SCheckValues values;
   values.hasUndefined = !CDomDoc::existingSubElement(TAG_UNDEFINED, check).isNull();
   const auto read = [&](QLatin1String tag, qint64& value) {
@@ -188,9 +173,8 @@ bool CParamDefFile::readCheck(const CDomElement& param, CParamDefItem& definitio
 bool CParamDefFile::readBits(const CDomElement& param, CParamDefItem& definition) {
   const CDomElement section = CDomDoc::existingSubElement(TAG_BIT_SET, param);
   QList<NParamDef::SBitValue> bits;
-  if (!section.isNull() && !readBitsetFromDom(section, bits)) {
+  if (!section.isNull() && !readBitsetFromDom(section, bits))
     return prefixSection(definition.id(), TAG_BIT_SET);
-  }
   definition.addBits(bits);
   return true;
 }
@@ -201,9 +185,8 @@ bool CParamDefFile::readBitsetFromDom(const CDomElement& section,
        element = element.nextSiblingElement(TAG_BIT)) {
     NParamDef::SBitValue bit;
     bit.name = element.text();
-    if (CDomDoc::fail(CDomDoc::existingAttributeAsI32(ATTR_POS, element, bit.pos, mErrorMsg))) {
+    if (CDomDoc::fail(CDomDoc::existingAttributeAsI32(ATTR_POS, element, bit.pos, mErrorMsg)))
       return false;
-    }
     if (!bit.isValid()) {
       mErrorMsg =
           tr("Tag <%1> Attribute \"%2\" -> %3 exceeds the valid bit position range (0...%4).")
@@ -226,13 +209,10 @@ bool CParamDefFile::readBitsetFromDom(QDomElement& section, QList<NParamDef::SBi
 
 bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& definition) {
   const CDomElement section = CDomDoc::existingSubElement(TAG_VISIBLE_VALUES, param);
-  if (section.isNull()) {
-    return true;
-  }
+  if (section.isNull()) return true;
   quint32 refId = 0;
-  if (CDomDoc::fail(CDomDoc::existingAttributeAsU32(ATTR_REF_ID, section, refId, mErrorMsg))) {
+  if (CDomDoc::fail(CDomDoc::existingAttributeAsU32(ATTR_REF_ID, section, refId, mErrorMsg)))
     return prefixSection(definition.id(), TAG_VISIBLE_VALUES);
-  }
   definition.setVisibleId(refId);
   definition.addVisibleValues(valueListFromStr(section.text()));
   return true;
@@ -253,9 +233,7 @@ bool CParamDefFile::enterDefinition(const CParamDefItem& definition) {
     return false;
   }
   mDefinitions.emplace(definition.name(), definition);
-  if (NParamDef::isRealId(definition.id())) {
-    mNameById.emplace(definition.id(), definition.name());
-  }
+  if (NParamDef::isRealId(definition.id())) mNameById.emplace(definition.id(), definition.name());
   return true;
 }
 
@@ -272,9 +250,7 @@ QList<quint32> CParamDefFile::idListFromStr(const QString& text) {
   QList<quint32> ids;
   for (const QString& piece : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
     quint32 id = 0;
-    if (CStr::strToU32(piece, id, 10)) {
-      ids.append(id);
-    }
+    if (CStr::strToU32(piece, id, 10)) ids.append(id);
   }
   return ids;
 }
@@ -283,9 +259,7 @@ QList<qint64> CParamDefFile::valueListFromStr(const QString& text) {
   QList<qint64> values;
   for (const QString& piece : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
     qint64 value = 0;
-    if (CStr::strToI64(piece, value, 10)) {
-      values.append(value);
-    }
+    if (CStr::strToI64(piece, value, 10)) values.append(value);
   }
   return values;
 }

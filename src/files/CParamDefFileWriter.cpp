@@ -18,9 +18,8 @@ const CParamDefItem* doubledName(const QVector<const CParamDefItem*>& definition
   using CEntry = std::pair<uint, const CParamDefItem*>;
   std::vector<CEntry> entries;
   entries.reserve(static_cast<size_t>(definitions.size()));
-  for (const CParamDefItem* definition : definitions) {
+  for (const CParamDefItem* definition : definitions)
     entries.emplace_back(qHash(definition->name(), 0), definition);
-  }
   std::sort(entries.begin(), entries.end(), [](const CEntry& a, const CEntry& b) {
     return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
   });
@@ -37,23 +36,17 @@ bool CParamDefFile::save(const QString& fileName, const CParamDefinitions& defin
                          const QString& version) {
   QVector<const CParamDefItem*> sorted;
   sorted.reserve(static_cast<int>(definitions.size()));
-  for (const auto& [name, definition] : definitions) {
-    sorted.append(&definition);
-  }
+  for (const auto& [name, definition] : definitions) sorted.append(&definition);
   sortByIdAndName(sorted);
   return save(fileName, sorted, version);
 }
 
 bool CParamDefFile::save(const QString& fileName, const QVector<const CParamDefItem*>& sorted,
                          const QString& version) {
-  if (!canBeReadAgain(sorted)) {
-    return false;
-  }
+  if (!canBeReadAgain(sorted)) return false;
   createDocumentWithHead(TAG_ROOT_PARAM_DEFINITION, version);
   const CDomElement data = domElement(TAG_DATA, domDocument().documentElement());
-  for (const CParamDefItem* definition : sorted) {
-    appendParamDefinitionToDom(data, *definition);
-  }
+  for (const CParamDefItem* definition : sorted) appendParamDefinitionToDom(data, *definition);
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
 
@@ -62,9 +55,8 @@ void CParamDefFile::sortByIdAndName(QVector<const CParamDefItem*>& definitions) 
   using CEntry = std::pair<quint32, const CParamDefItem*>;
   std::vector<CEntry> entries;
   entries.reserve(static_cast<size_t>(definitions.size()));
-  for (const CParamDefItem* definition : definitions) {
+  for (const CParamDefItem* definition : definitions)
     entries.emplace_back(definition->id(), definition);
-  }
   std::sort(entries.begin(), entries.end(), [](const CEntry& a, const CEntry& b) {
     return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
   });
@@ -99,9 +91,7 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
 bool CParamDefFile::limitsFit(const CParamDefItem& definition) {
   const CParamVal min = definition.minVal();
   const CParamVal max = definition.maxVal();
-  if (min.isEmpty() || max.isEmpty()) {
-    return true;
-  }
+  if (min.isEmpty() || max.isEmpty()) return true;
   switch (definition.type()) {
     case NParamDef::PARAM_TYPE_U8:
     case NParamDef::PARAM_TYPE_U16:
@@ -135,9 +125,7 @@ void CParamDefFile::appendParamDefinitionToDom(CDomElement data, const CParamDef
     param.appendElement(tag).setText(text);
   };
   const auto appendUnlessEmpty = [&append](QLatin1String tag, const QString& text) {
-    if (!text.isEmpty()) {
-      append(tag, text);
-    }
+    if (!text.isEmpty()) append(tag, text);
   };
   append(TAG_NAME, definition.name());
   append(TAG_TYPE, definition.typeStr());
@@ -164,21 +152,18 @@ void CParamDefFile::appendChoicesToDom(CDomElement param, const CParamDefItem& d
     section.setAttribute(ATTR_EDIT, definition.isEnumEditable() ? VAL_TRUE : VAL_FALSE);
     appendNamedI64ValuesToDom(section, definition.enums());
   }
-  if (definition.hasRadios()) {
+  if (definition.hasRadios())
     appendNamedI64ValuesToDom(param.appendElement(TAG_RADIO), definition.radios());
-  }
   const NParamDef::SCheckValues check = definition.checkVals();
   if (check != NParamDef::SCheckValues()) {
     CDomElement section = param.appendElement(TAG_CHECK);
     section.appendElement(TAG_CHECKED).setText(QString::number(check.checked));
     section.appendElement(TAG_UNCHECKED).setText(QString::number(check.unchecked));
-    if (check.hasUndefined) {
+    if (check.hasUndefined)
       section.appendElement(TAG_UNDEFINED).setText(QString::number(check.undefined));
-    }
   }
-  if (definition.hasBitset()) {
+  if (definition.hasBitset())
     appendBitsetToDom(param.appendElement(TAG_BIT_SET), definition.bitset());
-  }
   if (definition.hasVisibleValues()) {
     CDomElement section = param.appendElement(TAG_VISIBLE_VALUES);
     section.setAttribute(ATTR_REF_ID, QString::number(definition.visibleId()));
@@ -208,17 +193,13 @@ void CParamDefFile::appendBitsetToDom(CDomElement section,
 QString CParamDefFile::idListToStr(const QList<quint32>& ids) {
   QStringList texts;
   texts.reserve(ids.size());
-  for (const quint32 id : ids) {
-    texts.append(QString::number(id));
-  }
+  for (const quint32 id : ids) texts.append(QString::number(id));
   return texts.join(QLatin1Char(' '));
 }
 
 QString CParamDefFile::valueListToStr(const QList<qint64>& values) {
   QStringList texts;
   texts.reserve(values.size());
-  for (const qint64 value : values) {
-    texts.append(QString::number(value));
-  }
+  for (const qint64 value : values) texts.append(QString::number(value));
   return texts.join(QLatin1Char(' '));
 }

@@ -12,9 +12,7 @@ namespace {
 
 QStringList keysOf(const CHardwareIdTrees& trees) {
   QStringList keys;
-  for (const auto& entry : trees) {
-    keys.append(entry.first);
-  }
+  for (const auto& entry : trees) keys.append(entry.first);
   return keys;
 }
 
@@ -23,9 +21,7 @@ QStringList keysOf(const CHardwareIdTrees& trees) {
 CParamValueFile::CParamValueFile(NktoGlobal::EParamFileType type, ICLogfile* logfile,
                                  CParameterFileErrorHandler* errorHandler)
     : CParamBaseFile(logfile, errorHandler), mRootTag(ICParameterFile::fileTypeToStr(type)) {
-  if (mRootTag.isEmpty()) {
-    mRootTag = TAG_ROOT_PARAMETERS;
-  }
+  if (mRootTag.isEmpty()) mRootTag = TAG_ROOT_PARAMETERS;
 }
 
 CParamValueFile::EResult CParamValueFile::load(const QString& fileName, const QString& version,
@@ -50,14 +46,10 @@ CParamValueFile::EResult CParamValueFile::loadAll(const QString& fileName, const
                                                   CHardwareIdTrees& trees, QString& hardwareId,
                                                   const CSubDeviceReader& readSubDevicesOf) {
   EResult result = openValueFile(fileName, version);
-  if (result != Ok) {
-    return result;
-  }
+  if (result != Ok) return result;
   result = finish(fileName,
                   readAllDataFromDom(domDocument().documentElement(), trees, readSubDevicesOf));
-  if (result == Ok) {
-    result = acceptHardwareId(fileName, trees, hardwareId);
-  }
+  if (result == Ok) result = acceptHardwareId(fileName, trees, hardwareId);
   if (result == Ok) {
     logDetail(tr("Parameter file \"%1\" loaded successfully. There are parameters for %2 hardware "
                  "id(s).")
@@ -70,9 +62,7 @@ CParamValueFile::EResult CParamValueFile::load(const QString& fileName, const QS
                                                QString& hardwareId, CSubDeviceTrees& trees,
                                                CSubDeviceTypes& types, CSubDeviceNames& names) {
   EResult result = openValueFile(fileName, version);
-  if (result != Ok) {
-    return result;
-  }
+  if (result != Ok) return result;
   result =
       finish(fileName, readSingleDataFromDom(domDocument().documentElement(), hardwareId,
                                              [&](const CDomElement& data, CSubDeviceTrees&) {
@@ -88,9 +78,7 @@ CParamValueFile::EResult CParamValueFile::load(const QString& fileName, const QS
 
 CParamValueFile::EResult CParamValueFile::openValueFile(const QString& fileName,
                                                         const QString& version) {
-  if (openChecked(fileName, mRootTag, version)) {
-    return Ok;
-  }
+  if (openChecked(fileName, mRootTag, version)) return Ok;
   return mVersionError ? VersionRejected : OpenFailed;
 }
 
@@ -108,9 +96,7 @@ CParamValueFile::EResult CParamValueFile::acceptHardwareId(const QString& fileNa
                                                            const CHardwareIdTrees& trees,
                                                            QString& hardwareId) {
   mErrorMsg.clear();
-  if (errorHandler().handleHardwareIdError(hardwareId, keysOf(trees), mErrorMsg)) {
-    return Ok;
-  }
+  if (errorHandler().handleHardwareIdError(hardwareId, keysOf(trees), mErrorMsg)) return Ok;
   prependToError(tr("File \"%1\" load error: ").arg(fileName));
   setMessageBoardCritical(mErrorMsg);
   return HardwareIdRejected;
@@ -119,19 +105,13 @@ CParamValueFile::EResult CParamValueFile::acceptHardwareId(const QString& fileNa
 bool CParamValueFile::save(const QString& fileName, const QString& version,
                            const CHardwareIdTrees& trees, const CSubDeviceTypes& types,
                            const CSubDeviceNames& names) {
-  if (trees.empty()) {
-    return true;
-  }
-  if (!idsStayApart(trees)) {
-    return false;
-  }
+  if (trees.empty()) return true;
+  if (!idsStayApart(trees)) return false;
   createDocumentWithHead(mRootTag, version);
   for (const auto& [hardwareId, subDevices] : trees) {
     CDomElement data = domDocument().documentElement().appendElement(TAG_DATA);
     data.setAttribute(ATTR_HARDWARE_ID, hardwareId);
-    for (const auto& entry : subDevices) {
-      appendSubDeviceToDom(data, entry.second, types, names);
-    }
+    for (const auto& entry : subDevices) appendSubDeviceToDom(data, entry.second, types, names);
   }
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
@@ -157,9 +137,7 @@ bool CParamValueFile::save(const QString& fileName, const CSubDeviceTrees& trees
   createDocumentWithHead(mRootTag, version);
   CDomElement data = domElement(TAG_DATA, domDocument().documentElement());
   data.setAttribute(ATTR_HARDWARE_ID, hardwareId);
-  for (const auto& entry : trees) {
-    appendSubDeviceToDom(data, entry.second, types, names);
-  }
+  for (const auto& entry : trees) appendSubDeviceToDom(data, entry.second, types, names);
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
 

@@ -15,16 +15,12 @@ EResult CParamValueFile::readAllDataFromDom(const CDomElement& root, CHardwareId
                                             const CSubDeviceReader& readSubDevicesOf) {
   mErrorMsg.clear();
   CDomElement data = root.firstChildElement(TAG_DATA);
-  if (data.isNull()) {
-    return failed(NoData, root, tr("There is no data section !"));
-  }
+  if (data.isNull()) return failed(NoData, root, tr("There is no data section !"));
   EResult result = Ok;
   for (; result == Ok && !data.isNull(); data = data.nextSiblingElement(TAG_DATA)) {
     QString hardwareId;
     result = readHardwareId(data, hardwareId);
-    if (result != Ok) {
-      return result;
-    }
+    if (result != Ok) return result;
     if (trees.count(hardwareId) > 0) {
       return failed(DoubledHardwareId, data,
                     tr("There are multiple data sections with hardware id %1!").arg(hardwareId));
@@ -38,15 +34,11 @@ EResult CParamValueFile::readSingleDataFromDom(const CDomElement& root, QString&
                                                const CSubDeviceReader& readSubDevicesOf) {
   mErrorMsg.clear();
   CDomElement data = root.firstChildElement(TAG_DATA);
-  if (data.isNull()) {
-    return failed(NoData, root, tr("There is no data section !"));
-  }
+  if (data.isNull()) return failed(NoData, root, tr("There is no data section !"));
   for (; !data.isNull(); data = data.nextSiblingElement(TAG_DATA)) {
     QString fileId;
     const EResult result = readHardwareId(data, fileId);
-    if (result != Ok) {
-      return result;
-    }
+    if (result != Ok) return result;
     mErrorMsg.clear();
     if (errorHandler().handleHardwareIdError(hardwareId, fileId, mErrorMsg)) {
       hardwareId = fileId;
@@ -58,9 +50,8 @@ EResult CParamValueFile::readSingleDataFromDom(const CDomElement& root, QString&
 }
 
 EResult CParamValueFile::readHardwareId(const CDomElement& data, QString& hardwareId) {
-  if (CDomDoc::fail(CDomDoc::existingAttribute(ATTR_HARDWARE_ID, data, hardwareId, mErrorMsg))) {
+  if (CDomDoc::fail(CDomDoc::existingAttribute(ATTR_HARDWARE_ID, data, hardwareId, mErrorMsg)))
     return failed(NoHardwareId, data);
-  }
   hardwareId = hardwareId.trimmed();
   mReadHardwareId = hardwareId;
   return Ok;
@@ -82,9 +73,7 @@ EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees
                       tr("There are multiple subdevices with subid %1!").arg(id));
     } else {
       result = readSubDevice(element, id, trees, types, names);
-      if (result == Ok) {
-        logDetail(tr("Parametes successfully read from sub device %1.").arg(id));
-      }
+      if (result == Ok) logDetail(tr("Parametes successfully read from sub device %1.").arg(id));
     }
   }
   // This replaces the error of a first sub-device whose id could not be read, too.
@@ -98,9 +87,8 @@ EResult CParamValueFile::readFirstSubDeviceAsSubDevId(const CDomElement& data, q
                                                       CSubDeviceTypes& types,
                                                       CSubDeviceNames& names) {
   const CDomElement element = data.firstChildElement(TAG_SUB_DEVICE);
-  if (element.isNull()) {
+  if (element.isNull())
     return failed(NoSubDevice, data, tr("The parameter file does not contain sub devices."));
-  }
   const EResult result = readSubDevice(element, subDevId, trees, types, names);
   if (result == Ok) {
     logDetail(
@@ -114,15 +102,12 @@ EResult CParamValueFile::readSubDevice(const CDomElement& element, quint8 subDev
                                        CSubDeviceNames& names) {
   CSubDeviceTree tree(subDevId);
   const EResult result = readGroupsAndParamsFromDom(element, tree, tree.root());
-  if (result != Ok) {
-    return result;
-  }
+  if (result != Ok) return result;
   const auto known = trees.find(subDevId);
-  if (known == trees.end()) {
+  if (known == trees.end())
     trees.emplace(subDevId, std::move(tree));
-  } else {
+  else
     known->second.merge(std::move(tree));
-  }
   readTypeAndName(element, subDevId, types, names);
   return Ok;
 }
@@ -147,9 +132,7 @@ void CParamValueFile::noteGiven(SParamFinding::ECode code, quint8 subDevId,
                                 const CDomElement& given) {
   SGiven& known = mGiven[{code, subDevId}];
   const SGiven later{given.text(), given.lineNumber()};
-  if (known.line > 0 && known.text != later.text) {
-    noteReplaced(code, subDevId, known, later);
-  }
+  if (known.line > 0 && known.text != later.text) noteReplaced(code, subDevId, known, later);
   known = later;
 }
 
@@ -181,24 +164,19 @@ EResult CParamValueFile::readGroupsAndParamsFromDom(const CDomElement& element,
   EResult result = Ok;
   for (CDomElement child = element.firstChildElement(); result == Ok && !child.isNull();
        child = child.nextSiblingElement()) {
-    if (child.hasTag(TAG_PARAM)) {
+    if (child.hasTag(TAG_PARAM))
       result = readParameterFromDom(child, tree, parent);
-    } else if (child.hasTag(TAG_GROUP)) {
+    else if (child.hasTag(TAG_GROUP))
       result = readGroupFromDom(child, tree, parent);
-    }
   }
   return result;
 }
 
 EResult CParamValueFile::readGroupFromDom(const CDomElement& element, CSubDeviceTree& tree,
                                           CParamTreeNodeImpl* parent) {
-  if (!parent->isGroup()) {
-    return failed(ParentIsNoGroup, element);
-  }
+  if (!parent->isGroup()) return failed(ParentIsNoGroup, element);
   QString name;
-  if (!readName(element, name)) {
-    return failed(NoGroupName, element);
-  }
+  if (!readName(element, name)) return failed(NoGroupName, element);
   return readGroupsAndParamsFromDom(element, tree, tree.addGroup(parent, name));
 }
 
@@ -208,9 +186,7 @@ EResult CParamValueFile::readParameterFromDom(const CDomElement& element, CSubDe
   QString name;
   QString value;
   EResult result = readParameterId(element, id);
-  if (result != Ok) {
-    return failed(result, element);
-  }
+  if (result != Ok) return failed(result, element);
   if (!readName(element, name)) {
     result = NoParamName;
   } else if (CDomDoc::fail(
@@ -242,9 +218,8 @@ EResult CParamValueFile::readParameterId(const CDomElement& element, quint32& id
 
 /// A name that marks nodes without any would make neither a group nor a parameter.
 bool CParamValueFile::readName(const CDomElement& element, QString& name) {
-  if (CDomDoc::fail(CDomDoc::existingSubElementAsString(TAG_NAME, element, name, mErrorMsg))) {
+  if (CDomDoc::fail(CDomDoc::existingSubElementAsString(TAG_NAME, element, name, mErrorMsg)))
     return false;
-  }
   if (name == CParamNodeData::mStandardConstructedStr) {
     mErrorMsg = tr("Line %1: the name \"%2\" is reserved.")
                     .arg(QString::number(element.lineNumber()), name);
@@ -271,12 +246,9 @@ void CParamValueFile::appendSubDeviceToDom(CDomElement data, const CSubDeviceTre
   CDomElement element = data.appendElement(TAG_SUB_DEVICE);
   element.setAttribute(ATTR_ID, QString::number(id));
   const NParamDef::ESubDeviceTypes type = types.value(id, NParamDef::SUB_DEV_TYPE_UNDEFINED);
-  if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED) {
+  if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED)
     element.appendElement(TAG_TYPE).setText(ICParameterFile::subDeviceTypeToStr(type));
-  }
-  if (names.contains(id)) {
-    element.appendElement(TAG_NAME).setText(names.value(id));
-  }
+  if (names.contains(id)) element.appendElement(TAG_NAME).setText(names.value(id));
   appendGroupsAndParamsToDom(element, *tree.root());
 }
 
@@ -284,11 +256,10 @@ void CParamValueFile::appendGroupsAndParamsToDom(CDomElement element,
                                                  const CParamTreeNodeImpl& group) {
   for (int i = 0; i < group.childCount(); ++i) {
     const CParamTreeNodeImpl& child = *group.childNode(i);
-    if (child.isParam()) {
+    if (child.isParam())
       appendParameterToDom(element, child);
-    } else if (child.isGroup()) {
+    else if (child.isGroup())
       appendGroupToDom(element, child);
-    }
   }
 }
 
@@ -301,9 +272,7 @@ void CParamValueFile::appendGroupToDom(CDomElement element, const CParamTreeNode
 void CParamValueFile::appendParameterToDom(CDomElement element,
                                            const CParamTreeNodeImpl& parameter) {
   CDomElement param = element.appendElement(TAG_PARAM);
-  if (parameter.id() != 0) {
-    param.setAttribute(ATTR_ID, QString::number(parameter.id()));
-  }
+  if (parameter.id() != 0) param.setAttribute(ATTR_ID, QString::number(parameter.id()));
   param.appendElement(TAG_NAME).setText(parameter.name());
   param.appendElement(TAG_VALUE).setText(parameter.value().asStr());
 }

@@ -8,9 +8,7 @@ CParameterFileErrorHandler::~CParameterFileErrorHandler() = default;
 
 bool CParameterFileErrorHandler::handleHardwareIdError(const QString& expectedId,
                                                        const QString& fileId, QString& errorMsg) {
-  if (expectedId.isEmpty() || fileId == expectedId) {
-    return true;
-  }
+  if (expectedId.isEmpty() || fileId == expectedId) return true;
   errorMsg = tr("Hardware id '%1' is wrong. Expected was '%2'.").arg(fileId, expectedId);
   return false;
 }

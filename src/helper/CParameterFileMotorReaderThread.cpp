@@ -73,18 +73,15 @@ void CParameterFileMotorReaderThread::readFiles() {
   const QList<CParamFileElement> files = filesToRead();
   if (files.isEmpty()) return;
   const auto paramFile = NMotorFile::create(mLogfile);
-  for (const CParamFileElement& file : files) {
-    guarded([&] { readFile(*paramFile, file); });
-  }
+  for (const CParamFileElement& file : files) guarded([&] { readFile(*paramFile, file); });
 }
 
 QList<CParamFileElement> CParameterFileMotorReaderThread::filesToRead() const {
   if (mDeviceElement.isNull()) return mMotorParameterFiles;
   QList<CParamFileElement> files =
       mDeviceElement.parameterFiles(NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS);
-  for (CParamFileElement& file : files) {
+  for (CParamFileElement& file : files)
     if (file.projectPath().isEmpty()) file.setProjectPath(mPath);
-  }
   return files;
 }
 

@@ -14,9 +14,7 @@ class CTracedMutex {
   CTracedMutex() = default;
 
 #ifdef KTO_THREAD_SANITIZER
-  ~CTracedMutex() {
-    __tsan_mutex_destroy(&mMutex, 0);
-  }
+  ~CTracedMutex() { __tsan_mutex_destroy(&mMutex, 0); }
 
   void lock() {
     __tsan_mutex_pre_lock(&mMutex, 0);
@@ -29,12 +27,8 @@ class CTracedMutex {
     __tsan_mutex_post_unlock(&mMutex, 0);
   }
 #else
-  void lock() {
-    mMutex.lock();
-  }
-  void unlock() {
-    mMutex.unlock();
-  }
+  void lock() { mMutex.lock(); }
+  void unlock() { mMutex.unlock(); }
 #endif
 
  private:

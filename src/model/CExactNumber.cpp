@@ -12,9 +12,7 @@ std::optional<CExactNumber> read(const CParamVal& value) {
   using CWide = std::conditional_t<std::is_floating_point_v<T>, double,
                                    std::conditional_t<std::is_signed_v<T>, qint64, quint64>>;
   T number = 0;
-  if (!value.value(number)) {
-    return {};
-  }
+  if (!value.value(number)) return {};
   return CExactNumber(static_cast<CWide>(number));
 }
 
@@ -69,12 +67,9 @@ bool CExactNumber::isUnsigned(NParamDef::EParamType type) {
 }
 
 int CExactNumber::widthOf(NParamDef::EParamType type) {
-  if (isUnsigned(type)) {
-    return 8 << (type - NParamDef::PARAM_TYPE_U8);
-  }
-  if (type >= NParamDef::PARAM_TYPE_I8 && type <= NParamDef::PARAM_TYPE_I64) {
+  if (isUnsigned(type)) return 8 << (type - NParamDef::PARAM_TYPE_U8);
+  if (type >= NParamDef::PARAM_TYPE_I8 && type <= NParamDef::PARAM_TYPE_I64)
     return 8 << (type - NParamDef::PARAM_TYPE_I8);
-  }
   return 0;
 }
 
@@ -89,9 +84,7 @@ bool CExactNumber::isNan() const {
 
 std::optional<qint64> CExactNumber::asI64() const {
   constexpr auto kMax = static_cast<quint64>(std::numeric_limits<qint64>::max());
-  if (mIsReal || mMagnitude > kMax + (mIsNegative ? 1 : 0)) {
-    return {};
-  }
+  if (mIsReal || mMagnitude > kMax + (mIsNegative ? 1 : 0)) return {};
   return static_cast<qint64>(bits());
 }
 
@@ -100,9 +93,7 @@ quint64 CExactNumber::bits() const {
 }
 
 QString CExactNumber::decimal() const {
-  if (mIsReal) {
-    return QString::number(mReal, 'g', std::numeric_limits<double>::max_digits10);
-  }
+  if (mIsReal) return QString::number(mReal, 'g', std::numeric_limits<double>::max_digits10);
   return mIsNegative ? QStringLiteral("-%1").arg(mMagnitude) : QString::number(mMagnitude);
 }
 
@@ -120,17 +111,9 @@ bool CExactNumber::isAboveReal(double real) const {
 }
 
 bool operator<(const CExactNumber& a, const CExactNumber& b) {
-  if (a.mIsReal && b.mIsReal) {
-    return a.mReal < b.mReal;
-  }
-  if (a.mIsReal) {
-    return b.isAboveReal(a.mReal);
-  }
-  if (b.mIsReal) {
-    return a.isBelowReal(b.mReal);
-  }
-  if (a.mIsNegative != b.mIsNegative) {
-    return a.mIsNegative;
-  }
+  if (a.mIsReal && b.mIsReal) return a.mReal < b.mReal;
+  if (a.mIsReal) return b.isAboveReal(a.mReal);
+  if (b.mIsReal) return a.isBelowReal(b.mReal);
+  if (a.mIsNegative != b.mIsNegative) return a.mIsNegative;
   return a.mIsNegative ? b.mMagnitude < a.mMagnitude : a.mMagnitude < b.mMagnitude;
 }

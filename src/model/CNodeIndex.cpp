@@ -50,9 +50,8 @@ void CNodeIndex::reserve(int count) {
 
 void CNodeIndex::resize(size_t size) {
   const std::vector<SSlot> entries = std::exchange(mSlots, std::vector<SSlot>(size));
-  for (const SSlot& entry : entries) {
+  for (const SSlot& entry : entries)
     if (entry.node) place(entry);
-  }
 }
 
 void CNodeIndex::place(const SSlot& entry) {

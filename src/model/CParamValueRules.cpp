@@ -32,9 +32,7 @@ struct SLimit {
   SBound own;
 
   SBound bound(const Rules::CValueByName& valueByName) const {
-    if (parameter.isEmpty()) {
-      return own;
-    }
+    if (parameter.isEmpty()) return own;
     const CParamVal text = valueByName(parameter);
     return {text, CExactNumber::of(text, type)};
   }
@@ -109,23 +107,14 @@ CLists first(CLists lists) {
 
 /// The value of the first choice of that name; a choice without a name is not found.
 std::optional<qint64> valueOfName(const CParamDefItem& definition, const QString& name) {
-  if (name.isEmpty()) {
-    return {};
-  }
+  if (name.isEmpty()) return {};
   bool isFound = false;
   qint64 value = definition.enumValueOfName(name, isFound);
-  if (!isFound) {
-    value = definition.radioValueOfName(name, isFound);
-  }
-  if (isFound) {
-    return value;
-  }
+  if (!isFound) value = definition.radioValueOfName(name, isFound);
+  if (isFound) return value;
   for (const auto language : {CParamValueText::Translated, CParamValueText::English}) {
-    for (const SNamedI64Value& state : CParamValueText::states(definition, language)) {
-      if (state.name == name) {
-        return state.value;
-      }
-    }
+    for (const SNamedI64Value& state : CParamValueText::states(definition, language))
+      if (state.name == name) return state.value;
   }
   return {};
 }
@@ -164,9 +153,7 @@ class CParamValueRulesData : public QSharedData {
 CParamValueRulesData::CParamValueRulesData(const CParamDefItem& item,
                                            const Rules::CDefinitionById& definitionById)
     : definition(item), type(item.type()) {
-  if (!CExactNumber::isNumberType(type)) {
-    return;
-  }
+  if (!CExactNumber::isNumberType(type)) return;
   addLimits(item.minVal(), item.minIds(), definitionById, mMinima);
   addLimits(item.maxVal(), item.maxIds(), definitionById, mMaxima);
   addChoices(kEnumeration, item.enums(), !item.isEnumEditable());
@@ -179,25 +166,18 @@ void CParamValueRulesData::addLimits(const CParamVal& own, const QList<quint32>&
                                      const Rules::CDefinitionById& definitionById,
                                      QVector<SLimit>& limits) const {
   const std::optional<CExactNumber> number = CExactNumber::of(own, type);
-  if (number && !number->isNan()) {
-    limits.append({{}, type, {own, number}});
-  }
+  if (number && !number->isNan()) limits.append({{}, type, {own, number}});
   for (const quint32 id : ids) {
     const CParamDefItem parameter = definitionById(id);
-    if (CExactNumber::isNumberType(parameter.type())) {
+    if (CExactNumber::isNumberType(parameter.type()))
       limits.append({parameter.name(), parameter.type(), {}});
-    }
   }
 }
 
 void CParamValueRulesData::addChoices(CLists list, const QList<SNamedI64Value>& choices,
                                       bool isBinding) {
-  for (const SNamedI64Value& choice : choices) {
-    mLists[choice.value] |= list;
-  }
-  if (isBinding && !choices.isEmpty()) {
-    mBinding |= list;
-  }
+  for (const SNamedI64Value& choice : choices) mLists[choice.value] |= list;
+  if (isBinding && !choices.isEmpty()) mBinding |= list;
 }
 
 CLists CParamValueRulesData::listsOf(const CExactNumber& number) const {
@@ -208,18 +188,12 @@ CLists CParamValueRulesData::listsOf(const CExactNumber& number) const {
 
 CViolations CParamValueRulesData::violations(const CParamVal& value,
                                              const Rules::CValueByName& valueByName) const {
-  if (!CExactNumber::isNumberType(type)) {
-    return {};
-  }
+  if (!CExactNumber::isNumberType(type)) return {};
   const std::optional<CExactNumber> number = CExactNumber::of(value, type);
-  if (!number) {
-    return {{Rules::NotOfType, noNumberProblem(value.asStr(), type)}};
-  }
+  if (!number) return {{Rules::NotOfType, noNumberProblem(value.asStr(), type)}};
   CViolations found;
   const CLists lists = listsOf(*number);
-  if (lists == 0) {
-    compareWithLimits(value, *number, valueByName, found);
-  }
+  if (lists == 0) compareWithLimits(value, *number, valueByName, found);
   compareWithChoices(value, *number, lists, found);
   compareWithBits(*number, found);
   return found;
@@ -235,30 +209,26 @@ void CParamValueRulesData::compareWithLimits(const CParamVal& value, const CExac
   }
   for (const SLimit& limit : mMinima) {
     const SBound bound = limit.bound(valueByName);
-    if (bound.number && number < *bound.number) {
+    if (bound.number && number < *bound.number)
       found.append(below(shownNumber(value, number), limit, bound));
-    }
   }
   for (const SLimit& limit : mMaxima) {
     const SBound bound = limit.bound(valueByName);
-    if (bound.number && *bound.number < number) {
+    if (bound.number && *bound.number < number)
       found.append(above(shownNumber(value, number), limit, bound));
-    }
   }
 }
 
 void CParamValueRulesData::compareWithChoices(const CParamVal& value, const CExactNumber& number,
                                               CLists lists, CViolations& found) const {
-  for (CLists missing = mBinding & ~lists; missing != 0; missing &= missing - 1) {
+  for (CLists missing = mBinding & ~lists; missing != 0; missing &= missing - 1)
     found.append({Rules::NotAChoice, notInListProblem(first(missing), shownNumber(value, number))});
-  }
 }
 
 void CParamValueRulesData::compareWithBits(const CExactNumber& number, CViolations& found) const {
   QStringList positions;
-  for (quint64 bits = number.bits() & mUnnamedBits; bits != 0; bits &= bits - 1) {
+  for (quint64 bits = number.bits() & mUnnamedBits; bits != 0; bits &= bits - 1)
     positions.append(QString::number(qCountTrailingZeroBits(bits)));
-  }
   if (!positions.isEmpty()) {
     found.append({Rules::UnnamedBits, CParamValueRules::tr("Bits are set that have no name: %1.")
                                           .arg(positions.join(QLatin1String(", ")))});
@@ -311,9 +281,7 @@ bool CParamValueRules::allowsOtherValues() const {
 
 bool CParamValueRules::areEqual(const CParamVal& a, const CParamVal& b,
                                 const CParamDefItem& definition) {
-  if (a == b) {
-    return true;
-  }
+  if (a == b) return true;
   const std::optional<CExactNumber> x = CExactNumber::of(a, definition.type());
   const std::optional<CExactNumber> y = CExactNumber::of(b, definition.type());
   return x && y && !x->isNan() && !y->isNan() && !(*x < *y) && !(*y < *x);

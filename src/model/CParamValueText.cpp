@@ -27,9 +27,8 @@ QString decimal(const CParamDefItem& definition, const CParamVal& value) {
 CParamVal unitValue(const ICParameterFile& file, const CParamDefItem& unit, quint8 subDevId) {
   CParamVal value = file.paramValue(unit.name(), subDevId);
   const QList<quint8> subDevices = file.subDeviceIds();
-  for (int i = 0; i < subDevices.size() && value.isNull(); ++i) {
+  for (int i = 0; i < subDevices.size() && value.isNull(); ++i)
     value = file.paramValue(unit.name(), subDevices.at(i));
-  }
   return value.isNull() ? unit.defVal() : value;
 }
 
@@ -37,13 +36,9 @@ CParamVal unitValue(const ICParameterFile& file, const CParamDefItem& unit, quin
 
 QString CParamValueText::unitName(const ICParameterFile& file, const CParamDefItem& definition,
                                   quint8 subDevId) {
-  if (definition.unitId() == 0 || definition.unitId() == NO_ID) {
-    return {};
-  }
+  if (definition.unitId() == 0 || definition.unitId() == NO_ID) return {};
   const CParamDefItem unit = file.paramDef(definition.unitId());
-  if (unit.valid()) {
-    return choiceName(unit, unitValue(file, unit, subDevId));
-  }
+  if (unit.valid()) return choiceName(unit, unitValue(file, unit, subDevId));
   return file.paramDef(UNIT_PARAMETER_NAME).enumNameOfValue(definition.unitId());
 }
 
@@ -54,35 +49,27 @@ QList<SNamedI64Value> CParamValueText::choices(const CParamDefItem& definition,
 
 QList<SNamedI64Value> CParamValueText::states(const CParamDefItem& definition, ELanguage language) {
   const SCheckValues values = definition.checkVals();
-  if (!values.isValid()) {
-    return {};
-  }
+  if (!values.isValid()) return {};
   const auto name = [language](const char* english) {
     return language == English ? QString::fromLatin1(english) : tr(english);
   };
   QList<SNamedI64Value> states = {
       {values.checked, name(QT_TRANSLATE_NOOP("CParamValueText", "checked"))},
       {values.unchecked, name(QT_TRANSLATE_NOOP("CParamValueText", "unchecked"))}};
-  if (values.hasUndefined) {
+  if (values.hasUndefined)
     states.append({values.undefined, name(QT_TRANSLATE_NOOP("CParamValueText", "undefined"))});
-  }
   return states;
 }
 
 QString CParamValueText::choiceName(const CParamDefItem& definition, const CParamVal& value,
                                     ELanguage language) {
   const std::optional<qint64> number = choiceNumber(definition, value);
-  if (!number) {
-    return {};
-  }
+  if (!number) return {};
   QString name = definition.enumNameOfValue(*number);
-  if (name.isEmpty()) {
-    name = definition.radioNameOfValue(*number);
-  }
+  if (name.isEmpty()) name = definition.radioNameOfValue(*number);
   const QList<SNamedI64Value> all = states(definition, language);
-  for (int i = 0; i < all.size() && name.isEmpty(); ++i) {
+  for (int i = 0; i < all.size() && name.isEmpty(); ++i)
     name = all.at(i).value == *number ? all.at(i).name : QString();
-  }
   return name;
 }
 
@@ -90,15 +77,11 @@ std::optional<QStringList> CParamValueText::activeBits(const CParamDefItem& defi
                                                        const CParamVal& value) {
   const QList<SBitValue> named = definition.bitset();
   const std::optional<CExactNumber> number = CExactNumber::of(value, definition.type());
-  if (named.isEmpty() || !number) {
-    return {};
-  }
+  if (named.isEmpty() || !number) return {};
   QStringList names;
   for (const SBitValue& bit : named) {
     const bool isSet = ((number->bits() >> bit.pos) & 1U) != 0;
-    if (isSet != bit.invert) {
-      names.append(bit.name);
-    }
+    if (isSet != bit.invert) names.append(bit.name);
   }
   return names;
 }
@@ -106,18 +89,14 @@ std::optional<QStringList> CParamValueText::activeBits(const CParamDefItem& defi
 quint64 CParamValueText::unnamedBits(const CParamDefItem& definition) {
   const QList<SBitValue> named = definition.bitset();
   quint64 bits = named.isEmpty() ? 0 : CExactNumber::allBits(definition.type());
-  for (const SBitValue& bit : named) {
-    bits &= ~(1ULL << bit.pos);
-  }
+  for (const SBitValue& bit : named) bits &= ~(1ULL << bit.pos);
   return bits;
 }
 
 QString CParamValueText::shown(const CParamDefItem& definition, const CParamVal& value) {
   const QString choice = choiceName(definition, value);
   const std::optional<QStringList> bits = activeBits(definition, value);
-  if (!choice.isEmpty() || !bits) {
-    return editable(definition, value);
-  }
+  if (!choice.isEmpty() || !bits) return editable(definition, value);
   const std::optional<CExactNumber> number = CExactNumber::of(value, definition.type());
   const quint64 unnamed = number->bits() & unnamedBits(definition);
   const QStringList rest =
@@ -128,8 +107,6 @@ QString CParamValueText::shown(const CParamDefItem& definition, const CParamVal&
 
 QString CParamValueText::editable(const CParamDefItem& definition, const CParamVal& value) {
   const QString choice = choiceName(definition, value);
-  if (!choice.isEmpty()) {
-    return choice;
-  }
+  if (!choice.isEmpty()) return choice;
   return definition.hasBitset() ? value.asStr() : decimal(definition, value);
 }

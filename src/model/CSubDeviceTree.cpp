@@ -95,19 +95,17 @@ CParamTreeNodeImpl* CSubDeviceTree::append(CParamTreeNodeImpl* parent, CParamNod
 }
 
 void CSubDeviceTree::index(CParamTreeNodeImpl* node) {
-  if (node->isParam()) {
+  if (node->isParam())
     mParams.insert(node);
-  } else if (const CGroupKey key{parentOf(node), node->name()}; !mGroups.contains(key)) {
+  else if (const CGroupKey key{parentOf(node), node->name()}; !mGroups.contains(key))
     mGroups.insert(key, node);
-  }
 }
 
 void CSubDeviceTree::removeFromIndex(CParamTreeNodeImpl* node) {
-  if (node->isParam()) {
+  if (node->isParam())
     mParams.remove(node);
-  } else if (const CGroupKey key{parentOf(node), node->name()}; mGroups.value(key) == node) {
+  else if (const CGroupKey key{parentOf(node), node->name()}; mGroups.value(key) == node)
     mGroups.remove(key);
-  }
 }
 
 CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const QString& name) {
@@ -160,10 +158,9 @@ void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNode
 
 void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
   CParamTreeNodeImpl* param = node(source.name());
-  if (!param) {
+  if (!param)
     param = append(target, source.dataRef());
-  } else if (source.id() != 0) {
+  else if (source.id() != 0)
     param->dataPtr()->setId(source.id());
-  }
   param->setValue(source.value());
 }

@@ -29,11 +29,10 @@ class CUniqueList {
   bool add(const T& value) {
     if (contains(value)) return false;
     mList.append(value);
-    if (isIndexed()) {
+    if (isIndexed())
       mSet.insert(value);
-    } else {
+    else
       indexWhenLong();
-    }
     return true;
   }
 

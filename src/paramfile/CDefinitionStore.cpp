@@ -3,9 +3,7 @@
 CDefinitionStore::CDefinitionStore(const CDefinitionStore& other)
     : mReferences(other.mReferences), mMetaData(other.mMetaData) {
   mKeys.reserve(other.mDefinitions.size());
-  for (const CParamDefItem& definition : other.mDefinitions) {
-    append(definition);
-  }
+  for (const CParamDefItem& definition : other.mDefinitions) append(definition);
 }
 
 void CDefinitionStore::clear() {
@@ -18,18 +16,14 @@ void CDefinitionStore::clear() {
 
 CParamDefItem* CDefinitionStore::findForEdit(const QString& name) {
   CParamDefItem* definition = mKeys.byName(name);
-  if (definition != nullptr) {
-    definition->setChangedFlag(&mChanged);
-  }
+  if (definition != nullptr) definition->setChangedFlag(&mChanged);
   return definition;
 }
 
 QVector<const CParamDefItem*> CDefinitionStore::sorted() const {
   QVector<const CParamDefItem*> definitions;
   definitions.reserve(static_cast<int>(mDefinitions.size()));
-  for (const CParamDefItem& definition : mDefinitions) {
-    definitions.append(&definition);
-  }
+  for (const CParamDefItem& definition : mDefinitions) definitions.append(&definition);
   CParamDefFile::sortByIdAndName(definitions);
   return definitions;
 }
@@ -55,11 +49,8 @@ void CDefinitionStore::unite(const CParamDefinitions& definitions) {
 
 void CDefinitionStore::updateReferenceIdList(const CParamDefinitions& definitions) {
   QVector<const CParamDefItem*> referring;
-  for (const auto& [name, definition] : definitions) {
-    if (definition.id() != 0 && definition.hasVisibleValues()) {
-      referring.append(&definition);
-    }
-  }
+  for (const auto& [name, definition] : definitions)
+    if (definition.id() != 0 && definition.hasVisibleValues()) referring.append(&definition);
   CParamDefFile::sortByIdAndName(referring);
   for (const CParamDefItem* definition : referring) {
     mReferences[definition->visibleId()].add(definition->id());

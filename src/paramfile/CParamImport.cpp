@@ -11,9 +11,8 @@ using CParams = QVector<CParamTreeNodeImpl*>;
 /// The group in which a node lies, as names from the root on.
 QStringList groupPath(const CParamTreeNodeImpl& node) {
   QStringList path;
-  for (const auto* group = node.parent(); group->parent() != nullptr; group = group->parent()) {
+  for (const auto* group = node.parent(); group->parent() != nullptr; group = group->parent())
     path.prepend(group->dataRef().name());
-  }
   return path;
 }
 
@@ -41,16 +40,10 @@ QString nameOf(const CParamTreeNodeImpl* param) {
 bool CParamImport::plan(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
                         NParamDef::EImportMissing missing, QString& error) {
   mDestination = &destination;
-  for (const auto& [subDevId, tree] : destination) {
-    if (!planTree(paramsOf(source, subDevId), tree.params(), missing, error)) {
-      return false;
-    }
-  }
-  for (const auto& [subDevId, tree] : source) {
-    if (destination.count(subDevId) == 0) {
-      planAdditions(tree.params());
-    }
-  }
+  for (const auto& [subDevId, tree] : destination)
+    if (!planTree(paramsOf(source, subDevId), tree.params(), missing, error)) return false;
+  for (const auto& [subDevId, tree] : source)
+    if (destination.count(subDevId) == 0) planAdditions(tree.params());
   return true;
 }
 
@@ -99,9 +92,7 @@ void CParamImport::planAdditions(const CParams& source) {
 }
 
 bool CParamImport::planValue(CParamTreeNodeImpl* param, const CParamVal& value) {
-  if (param->value() == value) {
-    return false;
-  }
+  if (param->value() == value) return false;
   const CParamDefItem* definition = mDefinitions.find(param->name());
   if (CParamValueRules::mayStay(param->value(), value,
                                 definition != nullptr ? *definition : CParamDefItem())) {
@@ -112,12 +103,8 @@ bool CParamImport::planValue(CParamTreeNodeImpl* param, const CParamVal& value) 
 }
 
 bool CParamImport::apply() {
-  for (const SNewValue& newValue : mNewValues) {
-    newValue.param->setValue(newValue.value);
-  }
-  for (const CParamTreeNodeImpl* addition : mAdditions) {
-    add(*addition);
-  }
+  for (const SNewValue& newValue : mNewValues) newValue.param->setValue(newValue.value);
+  for (const CParamTreeNodeImpl* addition : mAdditions) add(*addition);
   return !mNewValues.empty() || !mAdditions.empty();
 }
 

@@ -23,11 +23,8 @@ CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& oth
       mSubDevNames(other.mSubDevNames),
       mDefinitions(other.mDefinitions) {
   installOwnErrorHandler();
-  for (const auto& [id, subDevices] : other.mTrees) {
-    for (const auto& [subDevId, tree] : subDevices) {
-      mTrees[id].emplace(subDevId, tree.clone());
-    }
-  }
+  for (const auto& [id, subDevices] : other.mTrees)
+    for (const auto& [subDevId, tree] : subDevices) mTrees[id].emplace(subDevId, tree.clone());
 }
 
 CParameterFileBaseImpl::~CParameterFileBaseImpl() = default;
@@ -69,9 +66,8 @@ bool CParameterFileBaseImpl::setErrorMsg(const QString& text, const QString& con
                                          quint32 level) const {
   mErrorMsg = text;
   mErrorLine = 0;
-  if (mLogfile != nullptr && mLogfile->isLevelEnabled(level)) {
+  if (mLogfile != nullptr && mLogfile->isLevelEnabled(level))
     mLogfile->write(level, context.isEmpty() ? text : QStringLiteral("%1 : %2").arg(context, text));
-  }
   return false;
 }
 
@@ -109,11 +105,10 @@ void CParameterFileBaseImpl::setSubDevType(quint8 subDevId, NParamDef::ESubDevic
 
 void CParameterFileBaseImpl::setSubDevName(quint8 subDevId, const QString& name) {
   if (subDevName(subDevId) != name) {
-    if (name.isEmpty()) {  // as a load would find it, so that the next save writes the same
+    if (name.isEmpty())  // as a load would find it, so that the next save writes the same
       mSubDevNames.remove(subDevId);
-    } else {
+    else
       mSubDevNames.insert(subDevId, name);
-    }
     setHwIdChanged(mHardwareId);
   }
 }

@@ -32,9 +32,8 @@ struct CParameterFileBaseImpl::SLoadedValues {
 
 bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 revision) {
   CParamDefFile file(mLogfile, mErrorHandler);
-  if (!file.open(fileName, CStr::revisionToString(revision))) {
+  if (!file.open(fileName, CStr::revisionToString(revision)))
     return failedLoad(file, tr("Loading parameter definition file failed"));
-  }
   const CParamDefinitions& definitions = file.paramDefinitions();
   mDefinitions.updateReferenceIdList(definitions);
   mDefinitions.unite(definitions);
@@ -50,9 +49,8 @@ bool CParameterFileBaseImpl::failedLoad(const CParamBaseFile& file, const QStrin
 
 bool CParameterFileBaseImpl::saveParamDefFile(const QString& fileName, quint32 revision) {
   CParamDefFile file(mLogfile, mErrorHandler);
-  if (!defAuthor().isEmpty() || !defComment().isEmpty()) {
+  if (!defAuthor().isEmpty() || !defComment().isEmpty())
     file.setMetaData(defAuthor(), defComment());
-  }
   return file.save(fileName, mDefinitions.sorted(), CStr::revisionToString(revision)) ||
          setErrorMsg(file.errorMsg(), tr("Saving parameter definition file failed"));
 }
@@ -102,12 +100,10 @@ void CParameterFileBaseImpl::takeOver(SLoadedValues&& loaded, quint32 revision) 
   mMetaData = loaded.metaData;
   mVersion = revision;
   mLoadFindings = loaded.findings;
-  for (auto it = loaded.types.cbegin(); it != loaded.types.cend(); ++it) {
+  for (auto it = loaded.types.cbegin(); it != loaded.types.cend(); ++it)
     mSubDevTypes.insert(it.key(), it.value());
-  }
-  for (auto it = loaded.names.cbegin(); it != loaded.names.cend(); ++it) {
+  for (auto it = loaded.names.cbegin(); it != loaded.names.cend(); ++it)
     mSubDevNames.insert(it.key(), it.value());
-  }
   appendParameterRootNodes(std::move(loaded.trees));
 }
 
@@ -116,11 +112,10 @@ void CParameterFileBaseImpl::appendParameterRootNodes(CHardwareIdTrees&& trees) 
     CSubDeviceTrees& present = mTrees[id];
     for (auto& [subDevId, tree] : subDevices) {
       const auto known = present.find(subDevId);
-      if (known == present.end()) {
+      if (known == present.end())
         present.emplace(subDevId, std::move(tree));
-      } else {
+      else
         known->second.merge(std::move(tree));
-      }
     }
   }
 }
@@ -128,9 +123,7 @@ void CParameterFileBaseImpl::appendParameterRootNodes(CHardwareIdTrees&& trees) 
 bool CParameterFileBaseImpl::saveParamFile(const QString& fileName, const QString& hardwareId,
                                            quint32 revision) {
   CParamValueFile file(mFileType, mLogfile, mErrorHandler);
-  if (!author().isEmpty() || !comment().isEmpty()) {
-    file.setMetaData(author(), comment());
-  }
+  if (!author().isEmpty() || !comment().isEmpty()) file.setMetaData(author(), comment());
   const QString version = CStr::revisionToString(revision);
   if (hardwareId.isEmpty()) {
     return file.save(fileName, version, mTrees, mSubDevTypes, mSubDevNames) ||

@@ -6,9 +6,7 @@ namespace {
 
 CSubDeviceTrees cloneOf(const CSubDeviceTrees& source) {
   CSubDeviceTrees copy;
-  for (const auto& [subDevId, tree] : source) {
-    copy.emplace(subDevId, tree.clone());
-  }
+  for (const auto& [subDevId, tree] : source) copy.emplace(subDevId, tree.clone());
   return copy;
 }
 
@@ -17,9 +15,7 @@ CSubDeviceTrees cloneOf(const CSubDeviceTrees& source) {
 QStringList CParameterFileBaseImpl::hardwareIds() const {
   QStringList ids;
   ids.reserve(static_cast<int>(mTrees.size()));
-  for (const auto& entry : mTrees) {
-    ids.append(entry.first);
-  }
+  for (const auto& entry : mTrees) ids.append(entry.first);
   return ids;
 }
 
@@ -28,57 +24,47 @@ bool CParameterFileBaseImpl::containsHardwareId(const QString& hardwareId) const
 }
 
 bool CParameterFileBaseImpl::selectHardwareId(const QString& hardwareId) {
-  if (!containsHardwareId(hardwareId)) {
+  if (!containsHardwareId(hardwareId))
     return setErrorMsg(tr("Hardware id \"%1\" does not exist. Select failed.").arg(hardwareId));
-  }
   mHardwareId = hardwareId;
   return true;
 }
 
 bool CParameterFileBaseImpl::addHardwareId(const QString& hardwareId) {
-  if (containsHardwareId(hardwareId)) {
+  if (containsHardwareId(hardwareId))
     return setErrorMsg(tr("Hardware id \"%1\" already exists. Add failed.").arg(hardwareId));
-  }
   mHardwareId = hardwareId;
   return true;
 }
 
 bool CParameterFileBaseImpl::removeHardwareId(const QString& hardwareId) {
-  if (hardwareId == mHardwareId) {
+  if (hardwareId == mHardwareId)
     return setErrorMsg(tr("Cannot remove the active hardware id \"%1\".").arg(hardwareId));
-  }
-  if (mTrees.erase(hardwareId) == 0) {
+  if (mTrees.erase(hardwareId) == 0)
     return setErrorMsg(tr("Hardware id \"%1\" does not exist. Remove failed.").arg(hardwareId));
-  }
   setHwIdChanged(hardwareId);
   return true;
 }
 
 bool CParameterFileBaseImpl::renameHardwareId(const QString& oldId, const QString& newId) {
-  if (!containsHardwareId(oldId)) {
+  if (!containsHardwareId(oldId))
     return setErrorMsg(tr("Hardware id \"%1\" does not exist. Rename failed.").arg(oldId));
-  }
-  if (containsHardwareId(newId)) {
+  if (containsHardwareId(newId))
     return setErrorMsg(tr("Hardware id \"%1\" already exists. Rename failed.").arg(newId));
-  }
   auto entry = mTrees.extract(oldId);
   entry.key() = newId;
   mTrees.insert(std::move(entry));
-  if (mHardwareId == oldId) {
-    mHardwareId = newId;
-  }
+  if (mHardwareId == oldId) mHardwareId = newId;
   setHwIdChanged(newId);
   return true;
 }
 
 bool CParameterFileBaseImpl::cloneHardwareId(const QString& source, const QString& target) {
   const auto trees = mTrees.find(source);
-  if (trees == mTrees.end()) {
+  if (trees == mTrees.end())
     return setErrorMsg(tr("Source hardware id \"%1\" does not exist. Clone failed.").arg(source));
-  }
-  if (containsHardwareId(target)) {
+  if (containsHardwareId(target))
     return setErrorMsg(tr("Hardware id \"%1\" already exists. Clone failed.").arg(target));
-  }
   mTrees.emplace(target, cloneOf(trees->second));
   mHardwareId = target;
   setHwIdChanged(target);
@@ -88,17 +74,15 @@ bool CParameterFileBaseImpl::cloneHardwareId(const QString& source, const QStrin
 bool CParameterFileBaseImpl::cloneHardwareIdFromInstance(const QString& hardwareId,
                                                          ICParameterFile* other) {
   const auto* source = dynamic_cast<CParameterFileBaseImpl*>(other);
-  if (source == nullptr) {
+  if (source == nullptr)
     return setErrorMsg(tr("Other instance is not from type CParameterFileBaseImpl. Clone failed."));
-  }
   const auto trees = source->mTrees.find(hardwareId);
   if (trees == source->mTrees.end()) {
     return setErrorMsg(
         tr("Other instance does not contain hardware id \"%1\". Clone failed.").arg(hardwareId));
   }
-  if (containsHardwareId(hardwareId)) {
+  if (containsHardwareId(hardwareId))
     return setErrorMsg(tr("Hardware id \"%1\" already exists. Clone failed.").arg(hardwareId));
-  }
   mTrees.emplace(hardwareId, cloneOf(trees->second));
   mHardwareId = hardwareId;
   setHwIdChanged(hardwareId);

@@ -7,9 +7,7 @@ bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
                                              const QString& sourceHardwareId,
                                              const QString& destinationHardwareId,
                                              NParamDef::EImportMissing missing) {
-  if (!checkDestination(destinationHardwareId)) {
-    return false;
-  }
+  if (!checkDestination(destinationHardwareId)) return false;
   const auto* other = dynamic_cast<CParameterFileBaseImpl*>(source);
   if (other == nullptr) {
     return setErrorMsg(
@@ -22,9 +20,7 @@ bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
 
 bool CParameterFileBaseImpl::firstHardwareId(QString& hardwareId,
                                              const CHardwareIdTrees& trees) const {
-  if (trees.empty()) {
-    return setErrorMsg(tr("The parameter file does not contain any hardware ID."));
-  }
+  if (trees.empty()) return setErrorMsg(tr("The parameter file does not contain any hardware ID."));
   hardwareId = trees.begin()->first;
   return true;
 }
@@ -63,9 +59,8 @@ bool CParameterFileBaseImpl::importParameters(const CSubDeviceTrees& source,
   const auto known = mTrees.find(destinationHardwareId);
   CParamImport import(mDefinitions, mLogfile);
   QString error;
-  if (!import.plan(source, known != mTrees.end() ? known->second : added, missing, error)) {
+  if (!import.plan(source, known != mTrees.end() ? known->second : added, missing, error))
     return setErrorMsg(error);
-  }
   if (import.apply()) {
     mTrees.try_emplace(destinationHardwareId, std::move(added));
     setHwIdChanged(destinationHardwareId);

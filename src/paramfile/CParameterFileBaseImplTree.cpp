@@ -12,9 +12,7 @@ constexpr int kMaxGroupDepth = 1019;
 
 int depthOf(const CTreeNode<CParamNodeData>* node) {
   int depth = 0;
-  for (; node->parent() != nullptr; node = node->parent()) {
-    ++depth;
-  }
+  for (; node->parent() != nullptr; node = node->parent()) ++depth;
   return depth;
 }
 
@@ -33,13 +31,9 @@ CParamTreeNodeImpl* toImpl(ICParamTreeNode* node) {
 ICParamTreeNode* searchParameter(const ICParamTreeNode& node, const QString& name) {
   for (int i = 0; i < node.childCnt(); ++i) {
     ICParamTreeNode* child = node.childPtr(i);
-    if (child->isParam() && child->name() == name) {
-      return child;
-    }
+    if (child->isParam() && child->name() == name) return child;
     ICParamTreeNode* found = searchParameter(*child, name);
-    if (found != nullptr) {
-      return found;
-    }
+    if (found != nullptr) return found;
   }
   return nullptr;
 }
@@ -47,9 +41,7 @@ ICParamTreeNode* searchParameter(const ICParamTreeNode& node, const QString& nam
 /// The names in a group path.
 QStringList piecesOf(QString path) {
   QStringList pieces;
-  while (!path.isEmpty()) {
-    pieces += CParameterFileBaseImpl::getNextSubPath(path);
-  }
+  while (!path.isEmpty()) pieces += CParameterFileBaseImpl::getNextSubPath(path);
   pieces.removeAll(QString());
   return pieces;
 }
@@ -91,21 +83,15 @@ const CSubDeviceTree* CParameterFileBaseImpl::activeTreeOf(const CParamTreeNodeI
 
 QList<quint8> CParameterFileBaseImpl::subDeviceIds() const {
   QList<quint8> ids;
-  if (const CSubDeviceTrees* trees = activeTrees()) {
-    for (const auto& entry : *trees) {
-      ids.append(entry.first);
-    }
-  }
+  if (const CSubDeviceTrees* trees = activeTrees())
+    for (const auto& entry : *trees) ids.append(entry.first);
   return ids;
 }
 
 QList<quint8> CParameterFileBaseImpl::subDeviceIds(NParamDef::ESubDeviceTypes type) const {
   QList<quint8> ids;
-  for (const quint8 id : subDeviceIds()) {
-    if (subDevType(id) == type) {
-      ids.append(id);
-    }
-  }
+  for (const quint8 id : subDeviceIds())
+    if (subDevType(id) == type) ids.append(id);
   return ids;
 }
 
@@ -119,16 +105,12 @@ bool CParameterFileBaseImpl::copySubDevice(quint8 source, quint8 target) {
     return setErrorMsg(tr("Sub device %1 does not exist. Copying it to sub device %2 failed.")
                            .arg(QString::number(source), QString::number(target)));
   }
-  if (source == target) {
+  if (source == target)
     return setErrorMsg(tr("Sub device %1 cannot be copied to itself.").arg(source));
-  }
   mTrees[mHardwareId].insert_or_assign(target, tree->cloneAs(target));
-  if (subDevType(target) == NParamDef::SUB_DEV_TYPE_UNDEFINED) {
+  if (subDevType(target) == NParamDef::SUB_DEV_TYPE_UNDEFINED)
     setSubDevType(target, subDevType(source));
-  }
-  if (subDevName(target).isEmpty()) {
-    setSubDevName(target, subDevName(source));
-  }
+  if (subDevName(target).isEmpty()) setSubDevName(target, subDevName(source));
   setHwIdChanged(mHardwareId);
   return true;
 }
@@ -153,9 +135,7 @@ ICParamTreeNode* CParameterFileBaseImpl::existingSubGroup(const QString& path, q
 ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& path, quint8 subDevId) {
   QStringList missing = piecesOf(path);
   CParamTreeNodeImpl* group = followPath(missing, subDevId);
-  if (!checkNewGroups(group, missing, subDevId)) {
-    return nullptr;
-  }
+  if (!checkNewGroups(group, missing, subDevId)) return nullptr;
   CSubDeviceTree& tree = createActiveTree(subDevId);
   group = group != nullptr ? group : tree.root();
   for (const QString& name : qAsConst(missing)) {
@@ -172,9 +152,7 @@ CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path, quint8
   CParamTreeNodeImpl* group = tree != nullptr ? tree->root() : nullptr;
   while (group != nullptr && !path.isEmpty()) {
     CParamTreeNodeImpl* next = tree->group(group, path.first());
-    if (next == nullptr) {
-      break;
-    }
+    if (next == nullptr) break;
     group = next;
     path.removeFirst();
   }
@@ -189,12 +167,8 @@ ICParamTreeNode* CParameterFileBaseImpl::addGroup(ICParamTreeNode* parent, const
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = checkParent(parent, name, tree);
   CParamTreeNodeImpl* existing = group != nullptr ? tree->group(group, name) : nullptr;
-  if (group == nullptr || existing != nullptr) {
-    return existing;
-  }
-  if (!checkNewGroups(group, {name}, tree->subDevId())) {
-    return nullptr;
-  }
+  if (group == nullptr || existing != nullptr) return existing;
+  if (!checkNewGroups(group, {name}, tree->subDevId())) return nullptr;
   setHwIdChanged(mHardwareId);
   return tree->addGroup(group, name);
 }
@@ -213,9 +187,8 @@ bool CParameterFileBaseImpl::checkNewGroups(const CParamTreeNodeImpl* parent,
   }
   int depth = parent != nullptr ? depthOf(parent) : 0;
   for (const QString& name : names) {
-    if (name.isEmpty() || isReservedName(name)) {
+    if (name.isEmpty() || isReservedName(name))
       return setErrorMsg(name.isEmpty() ? tr("A group needs a name.") : reservedNameMessage(name));
-    }
     if (depth++ >= kMaxGroupDepth) {
       return setErrorMsg(
           tr("SubDevice %1 : Adding group \"%2\" failed because groups can be nested %3 deep at "
@@ -260,9 +233,7 @@ ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(ICParamTreeNode* pa
   }
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = checkParent(parent, name, tree);
-  if (group == nullptr) {
-    return nullptr;
-  }
+  if (group == nullptr) return nullptr;
   const CParamDefItem definition = paramDef(name);
   if (definition.name().isEmpty()) {
     setErrorMsg(tr("SubDevice %1 : Adding parameter \"%2\" failed because the parameter "
@@ -303,55 +274,38 @@ bool CParameterFileBaseImpl::deleteNode(ICParamTreeNode* node) {
 ICParamTreeNode* CParameterFileBaseImpl::findParameter(ICParamTreeNode* node,
                                                        const QString& name) const {
   const CParamTreeNodeImpl* group = toImpl(node);
-  if (group == nullptr) {
-    return nullptr;
-  }
+  if (group == nullptr) return nullptr;
   const CSubDeviceTree* tree = activeTreeOf(group);
-  if (tree == nullptr) {
-    return searchParameter(*node, name);
-  }
+  if (tree == nullptr) return searchParameter(*node, name);
   CParamTreeNodeImpl* found = tree->node(name);
   return found != nullptr && isBelow(found, group) ? found : nullptr;
 }
 
 bool CParameterFileBaseImpl::loadDefaultValues(ICParamTreeNode* node) {
-  if (node == nullptr) {
-    return false;
-  }
+  if (node == nullptr) return false;
   for (int i = 0; i < node->childCnt(); ++i) {
     ICParamTreeNode* child = node->childPtr(i);
     const bool done =
         child->childCnt() > 0
             ? loadDefaultValues(child)
             : setParamValue(child->name(), paramDef(child->name()).defVal(), child->subDevId());
-    if (!done) {
-      return false;
-    }
+    if (!done) return false;
   }
   return true;
 }
 
 bool CParameterFileBaseImpl::loadDefaultValues() {
-  for (const quint8 id : subDeviceIds()) {
-    if (!loadDefaultValues(rootGroup(id))) {
-      return false;
-    }
-  }
+  for (const quint8 id : subDeviceIds())
+    if (!loadDefaultValues(rootGroup(id))) return false;
   return true;
 }
 
 void CParameterFileBaseImpl::removeAllProperties(ICParamTreeNode* node) {
-  if (node == nullptr) {
-    return;
-  }
+  if (node == nullptr) return;
   node->removeAllProperties();
-  for (int i = 0; i < node->childCnt(); ++i) {
-    removeAllProperties(node->childPtr(i));
-  }
+  for (int i = 0; i < node->childCnt(); ++i) removeAllProperties(node->childPtr(i));
 }
 
 void CParameterFileBaseImpl::removeAllProperties() {
-  for (const quint8 id : subDeviceIds()) {
-    removeAllProperties(rootGroup(id));
-  }
+  for (const quint8 id : subDeviceIds()) removeAllProperties(rootGroup(id));
 }

@@ -102,12 +102,8 @@ bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CPa
                                                   quint8 subDevId) {
   CSubDeviceTree* tree = activeTree(subDevId);
   CParamTreeNodeImpl* parameter = tree != nullptr ? tree->node(name) : nullptr;
-  if (parameter == nullptr) {
-    return false;
-  }
-  if (CParameterFileHelper::compareValues(parameter->value(), value, paramDef(name))) {
-    return true;
-  }
+  if (parameter == nullptr) return false;
+  if (CParameterFileHelper::compareValues(parameter->value(), value, paramDef(name))) return true;
   parameter->setValue(value);
   parameter->setProperty(NParamDef::PROPERTY_CHANGED, true);
   setHwIdChanged(mHardwareId);
@@ -132,12 +128,8 @@ CParamDefItem* CParameterFileBaseImpl::addDef(const QString& name, NParamDef::EP
 bool CParameterFileBaseImpl::checkNewDefinition(const CParamDefItem& definition) const {
   const QString name = definition.name();
   const QString context = tr("Parameter file addDef() failed");
-  if (name.isEmpty()) {
-    return setErrorMsg(tr("A parameter definition needs a name."), context);
-  }
-  if (isReservedName(name)) {
-    return setErrorMsg(reservedNameMessage(name), context);
-  }
+  if (name.isEmpty()) return setErrorMsg(tr("A parameter definition needs a name."), context);
+  if (isReservedName(name)) return setErrorMsg(reservedNameMessage(name), context);
   if (mDefinitions.find(name) != nullptr) {
     return setErrorMsg(tr("There is already a parameter defined with name \"%1\".").arg(name),
                        context);
@@ -156,8 +148,6 @@ QStringList CParameterFileBaseImpl::defNames() const {
   const QVector<const CParamDefItem*> definitions = mDefinitions.sorted();
   QStringList names;
   names.reserve(definitions.size());
-  for (const CParamDefItem* definition : definitions) {
-    names.append(definition->name());
-  }
+  for (const CParamDefItem* definition : definitions) names.append(definition->name());
   return names;
 }

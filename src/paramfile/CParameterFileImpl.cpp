@@ -18,9 +18,7 @@ CParameterFileImpl::CParameterFileImpl(CParameterFileImpl* parent, NktoGlobal::E
 
 CParameterFileImpl::~CParameterFileImpl() {
   mGroup->removeOne(this);
-  if (mGroup != &sAllParams && mGroup->isEmpty()) {
-    delete mGroup;
-  }
+  if (mGroup != &sAllParams && mGroup->isEmpty()) delete mGroup;
 }
 
 // Each query walks a copy of the group, since an application may make or delete members meanwhile
@@ -30,9 +28,7 @@ QString CParameterFileImpl::nameById(quint32 id) const {
   const CGroup group = *mGroup;
   for (const CParameterFileImpl* member : group) {
     const QString name = member->ownNameById(id);
-    if (!name.isEmpty()) {
-      return name;
-    }
+    if (!name.isEmpty()) return name;
   }
   return CParameterFileBaseImpl::nameById(id);  // which tells that there is none
 }
@@ -41,9 +37,7 @@ CParamDefItem CParameterFileImpl::paramDef(const QString& name) const {
   const CGroup group = *mGroup;
   for (const CParameterFileImpl* member : group) {
     const CParamDefItem* definition = member->ownDefinition(name);
-    if (definition != nullptr) {
-      return *definition;
-    }
+    if (definition != nullptr) return *definition;
   }
   return CParamDefItem();
 }
@@ -51,9 +45,8 @@ CParamDefItem CParameterFileImpl::paramDef(const QString& name) const {
 CParamVal CParameterFileImpl::paramValue(const QString& name, quint8 subDevId) const {
   CParamVal value;
   const CGroup group = *mGroup;
-  for (int i = 0; i < group.size() && value.isNull(); ++i) {
+  for (int i = 0; i < group.size() && value.isNull(); ++i)
     value = group.at(i)->ownParamValue(name, subDevId);
-  }
   return value;
 }
 
@@ -67,8 +60,6 @@ bool CParameterFileImpl::isReferenced(quint32 id) const {
 QList<quint32> CParameterFileImpl::referencedBy(quint32 id) const {
   QList<quint32> ids;
   const CGroup group = *mGroup;
-  for (const CParameterFileImpl* member : group) {
-    ids += member->ownReferencedBy(id);
-  }
+  for (const CParameterFileImpl* member : group) ids += member->ownReferencedBy(id);
   return ids;
 }

@@ -146,9 +146,8 @@ bool CParameterFileModel::removeRows(int row, int count, const QModelIndex& pare
   beginRemoveRows(parent.siblingAtColumn(0), row, row + count - 1);
   d->index.remove(*group, row, count);
   bool isRemoved = true;
-  for (int i = row + count - 1; isRemoved && i >= row; --i) {
+  for (int i = row + count - 1; isRemoved && i >= row; --i)
     isRemoved = d->file->deleteNode(parentNode->childPtr(i));
-  }
   endRemoveRows();
   if (!isRemoved) {  // the file was changed past this model
     d->errorMsg = d->file->errorMsg();
@@ -166,9 +165,8 @@ void CParameterFileModel::valueChanged(const QString& name, quint8 subDevId) {
 }
 
 void CParameterFileModel::rowChanged(const QModelIndex& index) {
-  if (index.isValid()) {
+  if (index.isValid())
     Q_EMIT dataChanged(index.siblingAtColumn(0), index.siblingAtColumn(ColumnCount - 1));
-  }
 }
 
 /// The names of units depend on the values of other parameters. Where nobody has looked at a unit

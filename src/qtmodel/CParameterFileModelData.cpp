@@ -69,9 +69,8 @@ QString nameOf(const ICParameterFile& file, const ICParamTreeNode& node) {
 QString toolTip(const ICParamTreeNode& node, const QString& hint) {
   if (node.property(PROPERTY_ERROR).toBool())
     return node.property(PROPERTY_ERROR_MESSAGE).toString();
-  if (node.property(PROPERTY_WARNING).toBool()) {
+  if (node.property(PROPERTY_WARNING).toBool())
     return node.property(PROPERTY_WARNING_MESSAGE).toString();
-  }
   return hint;
 }
 
@@ -204,9 +203,8 @@ bool CParameterFileModel::setValue(const QModelIndex& index, const CParamVal& va
   const QString problem = d->problem(item, value);
   if (!problem.isEmpty()) return refuse(index, problem);
   if (CParamValueRules::mayStay(item.value(), value, d->definitionOf(item))) return true;
-  if (!d->file->setParamValue(item.name(), value, item.subDevId())) {
+  if (!d->file->setParamValue(item.name(), value, item.subDevId()))
     return refuse(index, d->file->errorMsg());
-  }
   item.setProperty(PROPERTY_CHANGED, true);
   rowChanged(index);
   refreshUnitsOf(item.name());

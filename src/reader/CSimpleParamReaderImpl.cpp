@@ -50,15 +50,11 @@ bool CSimpleParamReaderImpl::load(const QString& defFile, const QString& paramFi
   mParamDefFileUnread = !mParamDefFileLoaded;
   if (!mParamDefFileLoaded) {
     err += mFile->errorMsg() + QLatin1Char('\n');
-    if (!isFullAccess()) {
-      return false;
-    }
+    if (!isFullAccess()) return false;
   }
   mParamFileLoaded = mFile->loadParamFile(mParamFileName, hardwareId(), mParamFileVersion);
   mParamFileUnread = !mParamFileLoaded;
-  if (!mParamFileLoaded) {
-    err += mFile->errorMsg() + QLatin1Char('\n');
-  }
+  if (!mParamFileLoaded) err += mFile->errorMsg() + QLatin1Char('\n');
   return mParamFileLoaded || isFullAccess();
 }
 
@@ -68,9 +64,7 @@ void CSimpleParamReaderImpl::setMetaData(const QString& author, const QString& c
 }
 
 bool CSimpleParamReaderImpl::saveFiles() {
-  if (!changed()) {
-    return true;
-  }
+  if (!changed()) return true;
   if (!mParamFileName.isEmpty() && CAtomicFile::isSameFile(mParamDefFileName, mParamFileName)) {
     return postFailure(mFile->setErrorMsg(
         tr("Definitions and values are not saved because \"%1\" and \"%2\" are the same file.")
@@ -83,18 +77,14 @@ bool CSimpleParamReaderImpl::saveFiles() {
 
 bool CSimpleParamReaderImpl::saveDefinitions() {
   logSaving(tr("Saving changed parameter definition file \"%1\".").arg(mParamDefFileName));
-  if (!mParamDefFileLoaded && hasMetaData()) {
-    mFile->setDefMetaData(mAuthor, mComment);
-  }
+  if (!mParamDefFileLoaded && hasMetaData()) mFile->setDefMetaData(mAuthor, mComment);
   return postFailure(keepUnread(mParamDefFileName, mParamDefFileUnread) &&
                      mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion));
 }
 
 bool CSimpleParamReaderImpl::saveValues() {
   logSaving(tr("Saving changed parameter file \"%1\".").arg(mParamFileName));
-  if (!mParamFileLoaded && hasMetaData()) {
-    mFile->setMetaData(mAuthor, mComment);
-  }
+  if (!mParamFileLoaded && hasMetaData()) mFile->setMetaData(mAuthor, mComment);
   if (mFile->hardwareIds().isEmpty()) {
     logSaving(
         tr("Parameter file \"%1\" is not written because there are no values. Types and names "
@@ -107,9 +97,8 @@ bool CSimpleParamReaderImpl::saveValues() {
 }
 
 void CSimpleParamReaderImpl::logSaving(const QString& text) const {
-  if (mLogfile->isLevelEnabled(ICLogfile::kLevelSaving)) {
+  if (mLogfile->isLevelEnabled(ICLogfile::kLevelSaving))
     mLogfile->write(ICLogfile::kLevelSaving, text);
-  }
 }
 
 /// Nobody knows what a file holds that could not be read, so it is not lost when it is replaced.
@@ -133,9 +122,7 @@ bool CSimpleParamReaderImpl::keepUnread(const QString& fileName, bool& unread) c
 /// Nothing else tells why saving failed after the reader is closed or deleted; the file has logged
 /// it already.
 bool CSimpleParamReaderImpl::postFailure(bool saved) const {
-  if (!saved) {
-    CMessageBoardHelper::setCritical(mFile->errorMsg());
-  }
+  if (!saved) CMessageBoardHelper::setCritical(mFile->errorMsg());
   return saved;
 }
 
@@ -164,9 +151,7 @@ bool CSimpleParamReaderImpl::containsVal(const QString& name, unsigned char subD
 
 CParamDefItem* CSimpleParamReaderImpl::paramDefPtr(const QString& name, QString& err) {
   CParamDefItem* definition = mFile->paramDefPtr(name);
-  if (definition == nullptr) {
-    err += mFile->errorMsg() + QLatin1Char('\n');
-  }
+  if (definition == nullptr) err += mFile->errorMsg() + QLatin1Char('\n');
   return definition;
 }
 
@@ -180,15 +165,11 @@ NParamDef::ESubDeviceTypes CSimpleParamReaderImpl::subDevType(unsigned char subD
 
 void CSimpleParamReaderImpl::setSubDevType(unsigned char subDevId,
                                            NParamDef::ESubDeviceTypes type) {
-  if (!isReadOnly()) {
-    mFile->setSubDevType(subDevId, type);
-  }
+  if (!isReadOnly()) mFile->setSubDevType(subDevId, type);
 }
 
 void CSimpleParamReaderImpl::setSubDevName(unsigned char subDevId, const QString& name) {
-  if (!isReadOnly()) {
-    mFile->setSubDevName(subDevId, name);
-  }
+  if (!isReadOnly()) mFile->setSubDevName(subDevId, name);
 }
 
 CParamDefItem* CSimpleParamReaderImpl::addDef(const CParamDefItem& definition) {

@@ -9,13 +9,9 @@ CParamDefItem* CSimpleParamReaderImpl::neededDefinition(const QString& name,
   CParamDefItem* definition = mFile->paramDefPtr(name);
   if (definition == nullptr && isFullAccess()) {
     definition = mFile->addDef(name, type, id);
-    if (definition != nullptr) {
-      definition->setDefVal(def);
-    }
+    if (definition != nullptr) definition->setDefVal(def);
   }
-  if (definition == nullptr) {
-    err += mFile->errorMsg() + QLatin1Char('\n');
-  }
+  if (definition == nullptr) err += mFile->errorMsg() + QLatin1Char('\n');
   return definition;
 }
 
@@ -24,13 +20,9 @@ bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& nam
                                       CParamVal& val, CParamVal def, QString& err, unsigned int id,
                                       CParamDefItem** defOut) {
   CParamDefItem* definition = neededDefinition(name, type, id, def, err);
-  if (defOut != nullptr) {
-    *defOut = definition;
-  }
+  if (defOut != nullptr) *defOut = definition;
   val = definition != nullptr ? mFile->paramValue(name, subDevId) : def;
-  if (definition == nullptr || !val.isNull()) {
-    return definition != nullptr;
-  }
+  if (definition == nullptr || !val.isNull()) return definition != nullptr;
   val = def;
   if (!isFullAccess()) {
     err += tr("Error : Parameter \"%1\" does nor exist on subdevice %2.\n")
@@ -58,12 +50,8 @@ bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& nam
   CParamDefItem* definition = nullptr;
   const bool read = readDefAndVal(subDevId, name, group, CParamDefItem::type(val), id, stored, def,
                                   err, definition);
-  if (defOut != nullptr) {
-    *defOut = definition;
-  }
-  if (!read || stored.value(val)) {
-    return read;
-  }
+  if (defOut != nullptr) *defOut = definition;
+  if (!read || stored.value(val)) return read;
   val = def;
   const QString message =
       tr("Error while reading parameter \"%1\" on subdevice %2 : Value \"%3\" "
@@ -76,17 +64,14 @@ bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& nam
 
 bool CSimpleParamReaderImpl::repairValue(unsigned char subDevId, const QString& name,
                                          const CParamVal& def) {
-  if (isReadOnly()) {
-    return false;
-  }
+  if (isReadOnly()) return false;
   mFile->setParamValue(name, def, subDevId);
   return true;
 }
 
 void CSimpleParamReaderImpl::logReadError(const char* operation, const QString& message) const {
-  if (mLogfile->isLevelEnabled(ICLogfile::kLevelReadErrors)) {
+  if (mLogfile->isLevelEnabled(ICLogfile::kLevelReadErrors))
     mLogfile->write(ICLogfile::kLevelReadErrors, QLatin1String(operation) + message);
-  }
 }
 
 bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, CParamVal& val,
@@ -103,18 +88,14 @@ bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& nam
                                       QString& err) const {
   CParamVal text;
   const bool read = getParam(subDevId, name, text, err);
-  if (read) {
-    val = text.asStr();
-  }
+  if (read) val = text.asStr();
   return read;
 }
 
 bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, double& val,
                                       QString& err) const {
   CParamVal stored;
-  if (!getParam(subDevId, name, stored, err)) {
-    return false;
-  }
+  if (!getParam(subDevId, name, stored, err)) return false;
   const bool converted = stored.value(val);
   if (!converted) {
     err += tr("Error while reading parameter \"%1\" on subdevice %2 : Value \"%3\" is not an f64 "
@@ -133,9 +114,7 @@ bool CSimpleParamReaderImpl::setParam(unsigned char subDevId, const QString& nam
     return false;
   }
   const bool set = mFile->setParamValue(name, val, subDevId);
-  if (!set) {
-    err += mFile->errorMsg() + QLatin1Char('\n');
-  }
+  if (!set) err += mFile->errorMsg() + QLatin1Char('\n');
   return set;
 }
 

@@ -20,12 +20,8 @@ QString typeName(const T& number) {
 
 /// A definition keeps the range that it has.
 void completeRange(CParamDefItem& definition, const CParamVal& min, const CParamVal& max) {
-  if (definition.minVal().isEmpty()) {
-    definition.setMinVal(min);
-  }
-  if (definition.maxVal().isEmpty()) {
-    definition.setMaxVal(max);
-  }
+  if (definition.minVal().isEmpty()) definition.setMinVal(min);
+  if (definition.maxVal().isEmpty()) definition.setMaxVal(max);
 }
 
 }  // namespace
@@ -39,18 +35,10 @@ bool CSimpleParamReaderImpl::getIntegerParam(unsigned char subDevId, const QStri
   CParamDefItem* definition = nullptr;
   const bool read = readDefAndVal(subDevId, name, group, CParamDefItem::type(val), id, stored, def,
                                   err, definition);
-  if (defOut != nullptr) {
-    *defOut = definition;
-  }
-  if (!read) {
-    return false;
-  }
-  if (isFullAccess()) {
-    completeRange(*definition, min, max);
-  }
-  if (stored.value(val)) {
-    return true;
-  }
+  if (defOut != nullptr) *defOut = definition;
+  if (!read) return false;
+  if (isFullAccess()) completeRange(*definition, min, max);
+  if (stored.value(val)) return true;
   val = def;
   const QString message =
       tr("Error while reading parameter \"%1\" on subdevice %2 : Value \"%3\" "
@@ -65,12 +53,8 @@ template <typename T>
 bool CSimpleParamReaderImpl::getExistingInteger(unsigned char subDevId, const QString& name, T& val,
                                                 QString& err) const {
   CParamVal stored;
-  if (!getParam(subDevId, name, stored, err)) {
-    return false;
-  }
-  if (stored.value(val)) {
-    return true;
-  }
+  if (!getParam(subDevId, name, stored, err)) return false;
+  if (stored.value(val)) return true;
   const QString message =
       tr("Error while reading parameter \"%1\" on subdevice %2 : Value \"%3\" is not an %4 value.")
           .arg(name, QString::number(subDevId), stored.asStr(), typeName(val));

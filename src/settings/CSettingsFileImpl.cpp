@@ -30,9 +30,7 @@ bool isBlank(const QString& text) {
 }
 
 void setOptionalAttribute(CDomElement element, QLatin1String name, const QString& value) {
-  if (!value.isEmpty()) {
-    element.setAttribute(name, value);
-  }
+  if (!value.isEmpty()) element.setAttribute(name, value);
 }
 
 /// Whether a value of that type lacks its text. For all but strings white space is none.
@@ -86,12 +84,8 @@ ICSettingsFile::ESettingsError CSettingsFileImpl::finishLoad(bool opened, const 
     mErrorMsg = openError();
   }
   domDocument().clear();
-  if (result != NoError) {
-    mErrorMsg.prepend(prefix);
-  }
-  if (opened && result != NoError) {
-    setMessageBoardCritical(mErrorMsg);
-  }
+  if (result != NoError) mErrorMsg.prepend(prefix);
+  if (opened && result != NoError) setMessageBoardCritical(mErrorMsg);
   return result;
 }
 
@@ -115,9 +109,7 @@ ICSettingsFile::ESettingsError CSettingsFileImpl::readGroupFromDom(const CDomEle
 
 std::unique_ptr<CSettingsTreeNodeImpl> CSettingsFileImpl::toValue(const CDomElement& element,
                                                                   ESettingsError& error) {
-  if (!element.hasOnlyText()) {
-    return nullptr;
-  }
+  if (!element.hasOnlyText()) return nullptr;
   const ESettingsType type = typeFromTag(element.attribute(ATTR_TYPE));
   const QString line = QString::number(element.lineNumber());
   if (type == ICSettingsTreeNode::TypeGroup) {
@@ -181,9 +173,8 @@ ICSettingsFile::ESettingsError CSettingsFileImpl::appendGroupToDom(CDomElement e
       CDomElement group = element.appendElement(child->name());
       setOptionalAttribute(group, ATTR_COMMENT, child->comment());
       error = appendGroupToDom(group, child);
-      if (group.hasOnlyText()) {  // it would be read as a value
+      if (group.hasOnlyText())  // it would be read as a value
         group.appendComment();
-      }
     }
   }
   return error;

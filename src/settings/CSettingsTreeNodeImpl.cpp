@@ -9,9 +9,7 @@ CSettingsTreeNodeImpl::CSettingsTreeNodeImpl(const CSettingsNodeData& data) {
 
 ICSettingsTreeNode* CSettingsTreeNodeImpl::rootPtr() {
   CTreeNode<CSettingsNodeData>* node = this;
-  while (node->parent() != nullptr) {
-    node = node->parent();
-  }
+  while (node->parent() != nullptr) node = node->parent();
   return static_cast<CSettingsTreeNodeImpl*>(node);
 }
 

@@ -45,9 +45,8 @@ void compareWithGolden(CParamFindings findings, const QString& name, const QStri
   const QStringList found = texts(findings);
   QStringList expected = NGoldenFiles::lines(testFile(name + ".txt"));
   expected.removeAll(QString());
-  for (int i = 0; i < qMin(found.size(), expected.size()); ++i) {
+  for (int i = 0; i < qMin(found.size(), expected.size()); ++i)
     QCOMPARE(found.at(i), expected.at(i));
-  }
   QVERIFY2(found.size() == expected.size(), qPrintable(found.join('\n')));
 }
 

@@ -121,9 +121,8 @@ class CHand {
   int chunkOf(int side) { return 2 * below(mChunks / 2) + side; }
 
   static int find(const QStringList& tokens, const QString& prefix) {
-    for (int i = 0; i < tokens.size(); ++i) {
+    for (int i = 0; i < tokens.size(); ++i)
       if (tokens.at(i).startsWith(prefix)) return i;
-    }
     return -1;
   }
   static void replace(QStringList& tokens, const QString& prefix, const QStringList& by) {
@@ -233,9 +232,8 @@ class tst_CParameterFileMerge : public QObject {
                  fromText("[A:1] X=1 [B:1] X=1 Y=1 [C:1] X=1 Z=1"),
                  fromText("[B:1] X=2 [C:1] X=1")};
     ICParameterFile& ours = *files.ours;
-    for (const auto& name : {"X", "Y"}) {
+    for (const auto& name : {"X", "Y"})
       treesOf(ours).at("B").at(1).node(name)->setProperty(NParamDef::PROPERTY_CHANGED, true);
-    }
     QVERIFY(files.merge.run());
     QCOMPARE(ours.changedList(), QStringList({"A", "B"}));
     QCOMPARE(ours.hardwareId(), QString("B"));
@@ -271,9 +269,8 @@ class tst_CParameterFileMerge : public QObject {
         QVERIFY(files.merge.run());
         QVERIFY2(files.merge.conflicts().isEmpty(), qPrintable(QString::number(seed)));
         QStringList shown{"seed " + QString::number(seed)};
-        for (const auto& tokens : {base, sides[side], sides[1 - side], both}) {
+        for (const auto& tokens : {base, sides[side], sides[1 - side], both})
           shown += tokens.join(' ');
-        }
         shown += toText(*files.ours);
         QVERIFY2(toText(*files.ours) == toText(*expected), qPrintable(shown.join('\n')));
         if (isSaved) QCOMPARE(saved(*files.ours, folder), saved(*expected, folder));

@@ -36,9 +36,8 @@ QString dump(const ICCompensationFile& file) {
   QString result = QString("format %1\n").arg(file.detectedDataPointFormat());
   result += line("head " + head.date().toString(Qt::ISODate) + ' ', head.author(), head.comment());
   result += line("range ", range.minimum(), range.maximum());
-  for (const CCompensationPoint& point : file.allPoints()) {
+  for (const CCompensationPoint& point : file.allPoints())
     result += line("", point.position(), point.adjustment());
-  }
   return result;
 }
 

@@ -27,17 +27,15 @@ CCompensationHeader makeHeader(const CParamVal& minimum, const CParamVal& maximu
 /// The texts of all points: position and adjustment in turn.
 QStringList texts(const ICCompensationFile& file) {
   QStringList texts;
-  for (const CCompensationPoint& point : file.allPoints()) {
+  for (const CCompensationPoint& point : file.allPoints())
     texts << point.position() << point.adjustment();
-  }
   return texts;
 }
 
 Indices indices(const QString& text) {
   Indices result;
-  for (const QString& index : text.split(' ')) {
+  for (const QString& index : text.split(' '))
     if (index != "-") result << index.toInt();
-  }
   return result;
 }
 
@@ -95,9 +93,8 @@ class tst_CCompensationTable : public QObject {
     for (const QString& position : positions.split(' ')) all << makePoint(position, "1");
     mFile->setAllPoints(all);
     Indices bad;
-    for (int i = 0; i < mFile->count(); ++i) {
+    for (int i = 0; i < mFile->count(); ++i)
       if (!mFile->checkPoint(i)) bad << i;
-    }
     QCOMPARE(bad, badPoints);
 
     bad = {7, 8};

@@ -15,9 +15,8 @@ namespace {
 
 QString definitionsOf(const ICParameterFile& file) {
   QStringList lines;
-  for (const QString& name : file.defNames()) {
+  for (const QString& name : file.defNames())
     lines += NParamFileText::definition(file.paramDef(name));
-  }
   return lines.join('\n');
 }
 
@@ -35,9 +34,8 @@ class tst_CParamDefFile : public QObject {
   void refusesAndChangesNothing_data() {
     QTest::addColumn<QString>("fileName");
     const QDir folder(data("definitions/invalid"));
-    for (const QString& name : folder.entryList({"*.xpdef"})) {
+    for (const QString& name : folder.entryList({"*.xpdef"}))
       QTest::newRow(qPrintable(name)) << folder.filePath(name);
-    }
     QTest::newRow("missing file") << folder.filePath("missing");
   }
   void refusesAndChangesNothing() {
@@ -119,9 +117,8 @@ class tst_CParamDefFile : public QObject {
 
   void qtDomTakesAndGivesTextsWholeThatNoFileHolds() {
     QString hint;
-    for (const int unit : {0xFEFF, 0, 0xD800, 0x10, 0xDC00, 0xD7FF, 0xD83D, 0xDD29, 0xFFFE}) {
+    for (const int unit : {0xFEFF, 0, 0xD800, 0x10, 0xDC00, 0xD7FF, 0xD83D, 0xDD29, 0xFFFE})
       hint += QChar(unit);
-    }
     CParamDefItem definition("A", NParamDef::PARAM_TYPE_U8, 7);
     definition.setHint(hint);
     QDomDocument document;

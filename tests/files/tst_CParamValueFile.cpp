@@ -34,9 +34,8 @@ class tst_CParamValueFile : public QObject {
   void refusesAndChangesNothing_data() {
     QTest::addColumn<QString>("fileName");
     const QDir folder(data("values/invalid"));
-    for (const QString& name : folder.entryList({"*.xparam"})) {
+    for (const QString& name : folder.entryList({"*.xparam"}))
       QTest::newRow(qPrintable(name)) << folder.filePath(name);
-    }
     QTest::newRow("missing file") << folder.filePath("missing");
   }
   void refusesAndChangesNothing() {

@@ -30,19 +30,16 @@ class tst_CParameterFileHelper : public QObject {
       const QString tag = QStringLiteral("  <%1 version=\"1.0\">").arg(QString(name));
       QCOMPARE(CParameterFileHelper::fileTypeFromStr(tag), type);
       // Of several the first in the text, whatever the order in which they are kept.
-      for (const auto& other : names) {
+      for (const auto& other : names)
         QCOMPARE(CParameterFileHelper::fileTypeFromStr(tag + other.second), type);
-      }
     }
   }
 
   void unknownFileTypes() {
-    for (const int type : {-1, 12}) {
+    for (const int type : {-1, 12})
       QVERIFY(CParameterFileHelper::fileTypeToStr(static_cast<EParamFileType>(type)).isEmpty());
-    }
-    for (const char* text : {"", "lumoparameters", "LumoParamDefinition"}) {
+    for (const char* text : {"", "lumoparameters", "LumoParamDefinition"})
       QCOMPARE(CParameterFileHelper::fileTypeFromStr(text), FILE_TYPE_NONE);
-    }
   }
 
   void detectsFileTypes_data() {
@@ -58,9 +55,8 @@ class tst_CParameterFileHelper : public QObject {
     row("CR LF", "<?xml version=\"1.0\"?>\r\n<LumoMotorParameters>\r\n", 9);
     row("UTF-16", utf16("<?xml version=\"1.0\"?>\n<LumoLogicDataBase/>"), 7);
     row("UTF-16 with CR LF", utf16("<?xml version=\"1.0\"?>\r\n<LumoLogicDataBase/>\r\n"), 7);
-    for (const char* codec : {"UTF-16LE", "UTF-16BE"}) {
+    for (const char* codec : {"UTF-16LE", "UTF-16BE"})
       row(codec, utf16("\n<LumoLogicDataBase/>", codec).mid(2), 7);  // without the mark
-    }
     row("UTF-8 with mark", "\xEF\xBB\xBF<LumoTypePlateData/>", 10);
     row("fourth line", "<?xml version=\"1.0\"?>\n\n\n<LumoParameters>", -1);
     row("unknown tag decides", "<LumoOther>\n<LumoParameters>", -1);

@@ -258,9 +258,8 @@ class tst_CParameterFileHelperMotors : public QObject {
     for (int i = 0; i < files.size(); ++i) {
       if (i % 6 < 4) continue;
       const QString name = QString::number(i);
-      for (const QString& motor : QStringList{"M" + name, "N" + name, "Common"}) {
+      for (const QString& motor : QStringList{"M" + name, "N" + name, "Common"})
         expected.insert(motor, mFolder->filePath(name));
-      }
     }
     QCOMPARE(CParameterFileHelper::readMotorNames(files, nullptr), expected);
 
@@ -282,9 +281,8 @@ class tst_CParameterFileHelperMotors : public QObject {
       }
       QMap<QString, QString> found;
       const CMotorNames names = helper.motorNames();
-      for (auto it = names.cbegin(); it != names.cend(); ++it) {
+      for (auto it = names.cbegin(); it != names.cend(); ++it)
         found.insert(it.key(), it->valueFile().projectFilePath());
-      }
       QCOMPARE(found, expected);
     }
   }

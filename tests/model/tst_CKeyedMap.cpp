@@ -14,9 +14,8 @@ constexpr int kLetters = 64;
 /// A name of letters 'a', and 'b' where the mask says so.
 QString name(quint64 mask) {
   QString text(kLetters, 'a');
-  for (int i = 0; i < kLetters; ++i) {
+  for (int i = 0; i < kLetters; ++i)
     if (((mask >> i) & 1) != 0) text[i] = 'b';
-  }
   return text;
 }
 
@@ -32,11 +31,9 @@ std::vector<quint64> collidingMasks(const Hash& hash) {
   std::vector<quint64> masks;
   for (int i = 0; i < kLetters; ++i) {
     SChange change{static_cast<quint32>(hash(name(1ULL << i)) ^ hash(name(0))), 1ULL << i};
-    for (const SChange& each : basis) {
-      if ((change.bits ^ each.bits) < change.bits) {
+    for (const SChange& each : basis)
+      if ((change.bits ^ each.bits) < change.bits)
         change = {change.bits ^ each.bits, change.mask ^ each.mask};
-      }
-    }
     if (change.bits == 0) {
       masks.push_back(change.mask);
     } else {

@@ -183,9 +183,8 @@ class tst_CParamDefItem : public QObject {
     timer.start();
     CParamDefItem item;
     for (int i = 0; i < kCount; ++i) item.addEnum(i, QString::number(i, 36));
-    for (int i = 0; i < kCount; ++i) {
+    for (int i = 0; i < kCount; ++i)
       QCOMPARE(item.enumValueOfName(item.enumNameOfValue(i)), qint64(i));
-    }
     QCOMPARE(item.enums().size(), kCount);
     QVERIFY(!item.hasRadios());
     QVERIFY(timer.elapsed() < 10000);  // a search through the list would take minutes
@@ -208,9 +207,8 @@ class tst_CParamDefItem : public QObject {
     addTextRow("12##3#", true, 12U, CValues{3});
     addTextRow("0x10#3", true, 16U, CValues{3});
     addTextRow("5#-3#-3", true, 5U, CValues{-3});
-    for (const char* text : {"5", "5#", "", "x#1", "-1#1"}) {
+    for (const char* text : {"5", "5#", "", "x#1", "-1#1"})
       addTextRow(text, false, NO_ID, CValues());
-    }
     addTextRow("5#1#x#2", false, 5U, CValues{1});
     addTextRow("5#0x3", false, 5U, CValues());
   }

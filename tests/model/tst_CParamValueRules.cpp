@@ -27,9 +27,8 @@ struct SDefinition {
   }
   QStringList said(const CParamVal& value) const {
     QStringList texts;
-    for (const auto& each : rules().violations(value, [this](auto) { return limit.defVal(); })) {
+    for (const auto& each : rules().violations(value, [this](auto) { return limit.defVal(); }))
       texts += each.isWarning() ? "warning: " + each.text : each.text;
-    }
     return texts;
   }
 

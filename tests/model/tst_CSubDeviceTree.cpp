@@ -89,9 +89,8 @@ class CEditor {
     const bool deletable = node != tree.root();
     QList<CParamTreeNodeImpl*> beneath;
     walk(node, beneath);
-    for (const CParamTreeNodeImpl* each : qAsConst(beneath)) {
+    for (const CParamTreeNodeImpl* each : qAsConst(beneath))
       if (deletable) expected.remove(each->name());
-    }
     QCOMPARE(tree.deleteNode(node), deletable);
   }
 

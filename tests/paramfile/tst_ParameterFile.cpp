@@ -11,9 +11,8 @@ using namespace NTestFiles;
 namespace {
 
 void editMuch(ICParameterFile& drive) {
-  for (const QString& name : drive.paramNames(2)) {
+  for (const QString& name : drive.paramNames(2))
     drive.setAndMarkParamValue(name, CParamVal("edited"), 2);
-  }
   drive.deleteNode(drive.rootGroup(3)->childPtr(0));
 }
 
@@ -73,9 +72,8 @@ class tst_ParameterFile : public QObject {
     const auto file = makeSmall();
     CParamDefItem* speed = file->paramDefPtr("Speed");
     QVERIFY(file->loadParamDefFile(folder.filePath("d"), 0x10000));
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 1000; ++i)
       file->addDef(QString("P%1").arg(i), NParamDef::PARAM_TYPE_U8, quint32(100 + i));
-    }
     file->clearChanged();
     CParameterFileBaseImpl copy(*dynamic_cast<CParameterFileBaseImpl*>(file.get()), nullptr);
     QCOMPARE(file->paramDefPtr("Speed"), speed);
@@ -351,17 +349,15 @@ class tst_ParameterFile : public QObject {
     const auto again = makeFile();
     QVERIFY2(again->loadParamFile(folder.filePath("a"), QString(), 0x10000),
              qPrintable(again->errorMsg()));
-    for (const quint8 subDevId : {quint8(2), quint8(3)}) {
+    for (const quint8 subDevId : {quint8(2), quint8(3)})
       QCOMPARE(again->paramNames(subDevId), QStringList("Speed"));
-    }
   }
 
   void randomEditsKeepIndexAndTreeInStep() {
     const auto file = makeFile();
     file->addHardwareId("A");
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 60; ++i)
       file->addDef("P" + QString::number(i), NParamDef::PARAM_TYPE_U32, quint32(i + 1));
-    }
     std::mt19937 random(4711);
     const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     const auto someNode = [&](quint8 subDevId) {
@@ -403,9 +399,8 @@ class tst_ParameterFile : public QObject {
       };
       walk(file->rootGroup(subDevId));
       QCOMPARE(file->paramNames(subDevId), walked);
-      for (const QString& defined : file->defNames()) {
+      for (const QString& defined : file->defNames())
         QCOMPARE(file->paramValue(defined, subDevId).isNull(), !walked.contains(defined));
-      }
     }
   }
 };

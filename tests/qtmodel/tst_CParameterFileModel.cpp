@@ -104,9 +104,8 @@ qint64 timeOfGroup(int count) {
   };
   for (int i = 0; i < count / 2; ++i) remove(i);
   for (int i = count - 1; i >= count / 2; --i) remove(i);
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < count; ++i)
     good += model.addParameter(group, QString::number(i)).row() == i ? 1 : 0;
-  }
   return good == 4 * count ? timer.elapsed() : -1;
 }
 
@@ -151,9 +150,8 @@ class tst_CParameterFileModel : public QObject {
     QFETCH(QString, role);
     const SWatched drive;
     QStringList columns;
-    for (int i = 0; i < drive.model.columnCount(); ++i) {
+    for (int i = 0; i < drive.model.columnCount(); ++i)
       columns += drive.model.headerData(i, Qt::Horizontal).toString();
-    }
     const QModelIndex index = drive.model.indexOf(name, 0, columns.indexOf(column));
     const QVariant shown = index.data(roleOf(role));
     const bool isList = shown.type() == QVariant::StringList;

@@ -44,13 +44,12 @@ const QVector<CAnyValue> kKinds = {quint8(0), quint16(0), 0U,  0ULL, qint8(0),
 
 template <typename T>
 T valueOf(quint64 bits) {
-  if constexpr (std::is_same_v<T, QString>) {
+  if constexpr (std::is_same_v<T, QString>)
     return QString(u8" \u00e4 %1\n").arg(bits);
-  } else if constexpr (std::is_same_v<T, double>) {
+  else if constexpr (std::is_same_v<T, double>)
     return double(bits >> 24U) / 16;  // 15 digits hold it
-  } else {
+  else
     return static_cast<T>(bits);
-  }
 }
 
 }  // namespace
@@ -262,9 +261,8 @@ class tst_CSimpleParamReader : public QObject {
     const QString disk = mFolder->filePath("disk");
     QVERIFY(QDir().mkdir(disk));
     const bool full = kind == "disk full";
-    if (full && ::mount("tmpfs", qPrintable(disk), "tmpfs", 0, "size=2m") != 0) {
+    if (full && ::mount("tmpfs", qPrintable(disk), "tmpfs", 0, "size=2m") != 0)
       QSKIP("This needs the right to mount a file system.");
-    }
     const auto unmount = qScopeGuard([&] { ::umount(qPrintable(disk)); });
     usePair(disk);
     const auto reader = makeReader(ReadWrite, kHardwareId);

@@ -26,14 +26,12 @@ const QMap<QString, const char*> kBeyondSchemas = {
 bool validates(const QString& schema, const QString& file) {
   QProcess xmllint;
   xmllint.start(XMLLINT, {"--noout", "--nonet", "--schema", KTO_SCHEMAS "/" + schema, file});
-  if (!xmllint.waitForFinished() || xmllint.exitStatus() != QProcess::NormalExit) {
+  if (!xmllint.waitForFinished() || xmllint.exitStatus() != QProcess::NormalExit)
     qFatal("xmllint did not run");
-  }
   const int result = xmllint.exitCode();
   // 1: not well-formed, 3: not valid, 4: not valid by an identity constraint.
-  if (result != 0 && result != 1 && result != 3 && result != 4) {
+  if (result != 0 && result != 1 && result != 3 && result != 4)
     qFatal("xmllint: %s", xmllint.readAllStandardError().constData());
-  }
   return result == 0;
 }
 
@@ -95,9 +93,8 @@ class tst_Schemas : public QObject {
     rows("sub-device", {"255", "256", "0xff", "0x100", "0x00ff"});
     const QString reserved = "[standard constructed]";
     rows("name", {"", reserved + " ", "\n" + reserved});
-    for (int i = 0; i < reserved.size(); ++i) {
+    for (int i = 0; i < reserved.size(); ++i)
       rows("name", {reserved.left(i + 1), QString(reserved).replace(i, 1, 'x')});
-    }
   }
   void texts() {
     QFETCH(QString, place);

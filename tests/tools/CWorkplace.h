@@ -23,9 +23,8 @@ class CWorkplace {
   explicit CWorkplace(const char* locale = "C") : mLocale(QString::fromLatin1(locale)) {
     for (const char* folder : {KTO_EXAMPLE_DATA, KTO_TOOL_TESTS "/files"}) {
       const QDir source(QString::fromLocal8Bit(folder));
-      for (const QString& name : source.entryList(QDir::Files)) {
+      for (const QString& name : source.entryList(QDir::Files))
         QFile::copy(source.filePath(name), path(name));
-      }
     }
   }
 
@@ -43,9 +42,8 @@ class CWorkplace {
   QMap<QString, QByteArray> files() const {
     QMap<QString, QByteArray> contents;
     const QDir folder(mFolder.path());
-    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden))
       contents.insert(name, NTestFiles::read(path(name)));
-    }
     return contents;
   }
 

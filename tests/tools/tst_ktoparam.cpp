@@ -71,9 +71,8 @@ class tst_ktoparam : public QObject {
   void followsSessions_data() {
     QTest::addColumn<QString>("fileName");
     const QDir folder(KTO_TOOL_TESTS "/sessions");
-    for (const QString& name : folder.entryList({"*.session"})) {
+    for (const QString& name : folder.entryList({"*.session"}))
       addRow(qPrintable(name), folder.filePath(name));
-    }
   }
   void followsSessions() {
     QFETCH(QString, fileName);
@@ -92,9 +91,8 @@ class tst_ktoparam : public QObject {
     const SKeptMessages quiet;
     QStringList loaded;
     for (const char* folder : {KTO_TEST_DATA, KTO_TOOL_TESTS "/files", KTO_CORPUS}) {
-      for (QDirIterator i(folder, QDir::Files, QDirIterator::Subdirectories); i.hasNext();) {
+      for (QDirIterator i(folder, QDir::Files, QDirIterator::Subdirectories); i.hasNext();)
         if (loads(i.next())) loaded.append(i.filePath());
-      }
     }
     QVERIFY(loaded.size() > 100);
     const SRun run = CWorkplace().run(QStringList("detect") + loaded);
@@ -121,9 +119,8 @@ class tst_ktoparam : public QObject {
     QFETCH(QString, example);
     const CWorkplace workplace;
     // Examples compare and merge other states of the example drive.
-    for (const QString name : {"Delivered", "Base", "Ours", "Theirs"}) {
+    for (const QString name : {"Delivered", "Base", "Ours", "Theirs"})
       QVERIFY(QFile::copy(workplace.path("TwoAxisDrive.xparam"), workplace.path(name + ".xparam")));
-    }
     const SRun run = workplace.run(QProcess::splitCommand(example).mid(1));
     QCOMPARE(run.err, "");
     QVERIFY(run.status <= 1);  // a comparison may find differences
@@ -182,9 +179,8 @@ class tst_ktoparam : public QObject {
     const CWorkplace workplace;
     const QString other = "setpriv --reuid 101 --regid 201 --clear-groups ktoparam ";
     const QString prepare = "chmod 777 . && chown 100:200 Odd.xparam && ";
-    if (workplace.shell(prepare + other + "--version").status != 0) {
+    if (workplace.shell(prepare + other + "--version").status != 0)
       QSKIP("Nobody else can run the tool here.");
-    }
     const SRun run = workplace.shell(other + "set Odd.xparam Loose=x");
     QCOMPARE(run.err,
              "ktoparam: Odd.xparam: the file is saved, but these could not be kept: owner, "

@@ -48,9 +48,8 @@ struct SPlot {
 
   QDomElement group(const char* id) const {
     QDomElement element = picture.documentElement().firstChildElement("g");
-    while (!element.isNull() && element.attribute("id") != id) {
+    while (!element.isNull() && element.attribute("id") != id)
       element = element.nextSiblingElement("g");
-    }
     return element;
   }
 
@@ -212,9 +211,8 @@ class tst_ktoparamCompensation : public QObject {
     for (int round = 0; round < 40; ++round) {
       QString words = QString("%1/%2").arg(random.bounded(4)).arg(random.bounded(3, 12));
       const int count = round == 0 ? 520 : random.bounded(12);
-      for (int i = 0; i < count; ++i) {
+      for (int i = 0; i < count; ++i)
         words += QString(" %1/0").arg(random.bounded(3) == 0 ? random.bounded(-1, 13) : i);
-      }
       QVERIFY(NTestFiles::write(place.path("Table.xcomp"), tableOf(words)));
       QCOMPARE(table->load(place.path("Table.xcomp"), "1.0"), int(ICCompensationFile::Ok));
       QList<int> expected;

@@ -33,13 +33,11 @@ CAssignments::CAssignments(CLoadedFile& loaded, const QVector<SAssignment>& assi
 
 bool CAssignments::check(std::optional<quint8> subDevice) {
   bool isGood = true;
-  for (SAssignment& each : mAssignments) {
+  for (SAssignment& each : mAssignments)
     if (!locate(each, subDevice) || !convert(each)) isGood = false;
-  }
   // Limits may be set by the same command, so they are looked at when all values are known.
-  for (const SAssignment& each : qAsConst(mAssignments)) {
+  for (const SAssignment& each : qAsConst(mAssignments))
     if (each.rules && !judge(each)) isGood = false;
-  }
   return isGood;
 }
 
@@ -49,9 +47,8 @@ bool CAssignments::hasChanges() const {
 }
 
 void CAssignments::make() {
-  for (const SAssignment& each : qAsConst(mAssignments)) {
+  for (const SAssignment& each : qAsConst(mAssignments))
     if (each.isChange) mFile.setParamValue(each.name, each.newValue, each.subDevId);
-  }
 }
 
 bool CAssignments::refuse(const SAssignment& assignment, const QString& problem) const {
@@ -94,9 +91,8 @@ bool CAssignments::convert(SAssignment& assignment) {
     }
     const CParamValueRules rules(definition, mFile);
     QString problem;
-    if (!rules.read(assignment.text, assignment.newValue, problem)) {
+    if (!rules.read(assignment.text, assignment.newValue, problem))
       return refuse(assignment, problem + choiceHelp(definition, rules, assignment.text));
-    }
     assignment.rules = rules;
   }
   assignment.isChange =
@@ -116,11 +112,10 @@ bool CAssignments::judge(const SAssignment& assignment) const {
     const QString help =
         isChoice ? choiceHelp(mFile.paramDef(assignment.name), *assignment.rules, assignment.text)
                  : QString();
-    if (violation.isWarning()) {
+    if (violation.isWarning())
       refuse(assignment, Tool::tr("warning: %1").arg(violation.text));
-    } else {
+    else
       isGood = refuse(assignment, violation.text + help);
-    }
   }
   return isGood;
 }

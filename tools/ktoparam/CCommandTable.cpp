@@ -35,9 +35,8 @@ EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
     return ExitDone;
   }
   if (first == QLatin1String("complete")) return complete(words, out);
-  if (const SCommand* command = find(words)) {
+  if (const SCommand* command = find(words))
     return runCommand(*command, words.mid(wordsOf(*command).size()), out);
-  }
   if (words.size() > 1 && asksForHelp(words.at(1))) return help({first}, out);
   return unknown(words, out);
 }
@@ -52,9 +51,8 @@ const SCommand* CCommandTable::find(const QStringList& words) const {
 
 QVector<SCommand> CCommandTable::family(const QString& firstWord) const {
   QVector<SCommand> found;
-  for (const SCommand& command : mCommands) {
+  for (const SCommand& command : mCommands)
     if (wordsOf(command).first() == firstWord) found.append(command);
-  }
   return found;
 }
 

@@ -107,11 +107,10 @@ std::vector<CCompensationPlot::SPoint> CCompensationPlot::drawablePoints(
     const CCompensationPoint point = table.point(i);
     const std::optional<double> position = drawable(point.position());
     const std::optional<double> adjustment = drawable(point.adjustment());
-    if (position && adjustment) {
+    if (position && adjustment)
       points.push_back({i, *position, *adjustment, findings.isBad(i)});
-    } else {
+    else
       skipped.append(QString::number(i + 1));
-    }
   }
   return points;
 }
@@ -222,9 +221,8 @@ void CCompensationPlot::writeGrid(CSvgWriter& svg) const {
   svg.beginGroup("frame", {{"stroke", kSoftInk},
                            {"stroke-width", QStringLiteral("0.8")},
                            {"fill", QStringLiteral("none")}});
-  if (mFrame.yAxis().low() < 0 && mFrame.yAxis().high() > 0) {
+  if (mFrame.yAxis().low() < 0 && mFrame.yAxis().high() > 0)
     svg.line(mFrame.left(), mFrame.y(0), mFrame.right(), mFrame.y(0));
-  }
   svg.rect(mFrame.left(), mFrame.top(), mFrame.width(), mFrame.height());
   svg.endGroup();
 }
@@ -232,12 +230,10 @@ void CCompensationPlot::writeGrid(CSvgWriter& svg) const {
 void CCompensationPlot::writeTickTexts(CSvgWriter& svg) const {
   svg.beginGroup("ticks",
                  {{"font-size", CSvgWriter::number(CPlotFrame::kTickFont)}, {"fill", kInk}});
-  for (const CPlotAxis::STick& tick : mFrame.xAxis().ticks()) {
+  for (const CPlotAxis::STick& tick : mFrame.xAxis().ticks())
     svg.text(mFrame.x(tick.value), mFrame.bottom() + 18, "middle", tick.text);
-  }
-  for (const CPlotAxis::STick& tick : mFrame.yAxis().ticks()) {
+  for (const CPlotAxis::STick& tick : mFrame.yAxis().ticks())
     svg.text(mFrame.left() - 9, mFrame.y(tick.value) + 4, "end", tick.text);
-  }
   svg.endGroup();
 }
 
@@ -313,18 +309,15 @@ void CCompensationPlot::writeCourse(CSvgWriter& svg) const {
     svg.path(bad,
              {{"stroke", kBad}, {"stroke-width", kLineWidth}, {"stroke-dasharray", kBadDashes}});
   }
-  if (!good.isEmpty()) {
-    svg.path(good, {{"stroke", kCourse}, {"stroke-width", kLineWidth}});
-  }
+  if (!good.isEmpty()) svg.path(good, {{"stroke", kCourse}, {"stroke-width", kLineWidth}});
   svg.endGroup();
 }
 
 void CCompensationPlot::writeGoodPoints(CSvgWriter& svg) const {
   const double radius = qBound(1.4, spacing() * 0.45, 3.2);
   svg.beginGroup("points", {{"fill", kCourse}});
-  for (const SPoint& point : mPoints) {
+  for (const SPoint& point : mPoints)
     if (!point.isBad) svg.circle(mFrame.x(point.position), mFrame.y(point.adjustment), radius);
-  }
   svg.endGroup();
 }
 
@@ -410,9 +403,8 @@ void CCompensationPlot::writeLegend(CSvgWriter& svg) const {
 /// What the picture cannot show, or shows too quietly.
 void CCompensationPlot::writeNotes(CSvgWriter& svg) const {
   QStringList notes = mFindings.ofRange();
-  if (notes.isEmpty() && !(mMinimum && mMaximum)) {
+  if (notes.isEmpty() && !(mMinimum && mMaximum))
     notes.append(Tool::tr("the range is too large to be shown"));
-  }
   if (mTable.count() == 0) notes.append(Tool::tr("the table has no points"));
   if (!mSkipped.isEmpty()) {
     notes.append(Tool::tr("points not shown, which are no finite numbers or too large: %1")

@@ -46,11 +46,10 @@ CCompletion::CCompletion(const QVector<SCommand>& commands, const CShellLine& li
         const QStringList name = command.name.split(QLatin1Char(' '));
         return words.mid(0, name.size()) == name;
       });
-  if (named == commands.cend()) {
+  if (named == commands.cend())
     expectCommand(words);
-  } else {
+  else
     expect(*named, named->name.count(QLatin1Char(' ')) + 1);
-  }
 }
 
 void CCompletion::expectCommand(const QStringList& words) {
@@ -58,13 +57,11 @@ void CCompletion::expectCommand(const QStringList& words) {
   const QStringList begun = words.mid(isHelp ? 1 : 0);
   for (const SCommand& command : mCommands) {
     const QStringList name = command.name.split(QLatin1Char(' '));
-    if (name.size() > begun.size() && name.mid(0, begun.size()) == begun) {
+    if (name.size() > begun.size() && name.mid(0, begun.size()) == begun)
       mChoices.append(name.at(begun.size()));
-    }
   }
-  if (words.isEmpty()) {
+  if (words.isEmpty())
     mChoices += {QStringLiteral("help"), QStringLiteral("--help"), QStringLiteral("--version")};
-  }
 }
 
 void CCompletion::expect(const SCommand& command, int nameWords) {
@@ -80,9 +77,8 @@ void CCompletion::expect(const SCommand& command, int nameWords) {
     mWord = option->word;
     mChoices = option->choices;
   } else if (typed.startsWith(QLatin1Char('-'))) {
-    for (const SOption& each : command.options) {
+    for (const SOption& each : command.options)
       if (!mGiven.contains(each.name)) mChoices.append(dashed(each.name));
-    }
     mChoices.append(QStringLiteral("--help"));
   } else {
     expectArgument(command);
@@ -94,11 +90,10 @@ void CCompletion::expect(const SCommand& command, int nameWords) {
 void CCompletion::expectArgument(const SCommand& command) {
   const QVector<SArgument>& known = command.arguments;
   if (known.isEmpty()) return;
-  if (mArguments < known.size()) {
+  if (mArguments < known.size())
     mWord = known.at(mArguments).word;
-  } else if (known.last().mayRepeat()) {
+  else if (known.last().mayRepeat())
     mWord = known.last().word;
-  }
 }
 
 void CCompletion::take(const SCommand& command, const QString& word) {
@@ -109,9 +104,8 @@ void CCompletion::take(const SCommand& command, const QString& word) {
     takeOption(command, word);
   } else {
     const int place = std::min(mArguments++, command.arguments.size() - 1);
-    if (place >= 0 && command.arguments.at(place).word == EWord::File) {
+    if (place >= 0 && command.arguments.at(place).word == EWord::File)
       mFiles.append(withHome(word));
-    }
   }
 }
 
@@ -120,11 +114,10 @@ void CCompletion::takeOption(const SCommand& command, const QString& word) {
   const SOption* option = findOption(command, word.left(sign));
   if (!option) return;
   mGiven.insert(option->name, {});
-  if (sign > 0) {
+  if (sign > 0)
     takeValue(*option, word.mid(sign + 1));
-  } else if (!option->valueName.isEmpty()) {
+  else if (!option->valueName.isEmpty())
     mOpen = option;
-  }
 }
 
 void CCompletion::takeValue(const SOption& option, const QString& value) {
@@ -156,14 +149,12 @@ QStringList CCompletion::assignments(const KnownNames::SPart& part, COutput& out
   const int sign = mLine.current().indexOf(kEquals);
   const QString name = mLine.current().left(sign);
   QStringList words;
-  if (sign < 0) {
+  if (sign < 0)
     for (const QString& each : KnownNames::parameters(mFiles, part, out))
       words.append(each + kEquals);
-  } else {
-    for (const QString& each : KnownNames::choices(mFiles, name, out)) {
+  else
+    for (const QString& each : KnownNames::choices(mFiles, name, out))
       words.append(name + kEquals + each);
-    }
-  }
   return words;
 }
 
@@ -173,9 +164,7 @@ QStringList CCompletion::replacements(COutput& out) const {
     const QString word = mLead + candidate;
     // One that would be shortened when shown would not be the word any more.
     const bool isShown = candidate.size() <= NShortText::kLongest && isOneLine(word);
-    if (word.startsWith(mLine.current()) && isShown) {
-      words.append(mLine.replacement(word));
-    }
+    if (word.startsWith(mLine.current()) && isShown) words.append(mLine.replacement(word));
   }
   return uniqueNames(words);
 }

@@ -34,21 +34,17 @@ QString CInvocation::argumentProblem() const {
   const QVector<SArgument>& expected = mCommand.arguments;
   const SArgument last = expected.isEmpty() ? SArgument() : expected.last();
 
-  if (given < expected.size() - (last.mayBeMissing() ? 1 : 0)) {
+  if (given < expected.size() - (last.mayBeMissing() ? 1 : 0))
     return Tool::tr("%1 is missing.").arg(expected.at(given).name);
-  }
-  if (given > expected.size() && !last.mayRepeat()) {
+  if (given > expected.size() && !last.mayRepeat())
     return Tool::tr("\"%1\" is one word too many.").arg(argument(expected.size()));
-  }
   return {};
 }
 
 QString CInvocation::missingOption() const {
-  for (const SOption& option : mCommand.options) {
-    if (option.isRequired && !mParser.isSet(option.name)) {
+  for (const SOption& option : mCommand.options)
+    if (option.isRequired && !mParser.isSet(option.name))
       return Tool::tr("--%1 %2 is missing.").arg(option.name, option.valueName);
-    }
-  }
   return {};
 }
 
@@ -68,17 +64,13 @@ QString CInvocation::emptyFileName() const {
 
 QString CInvocation::subDeviceProblem() const {
   QStringList numbers;
-  for (const SOption& option : mCommand.options) {
+  for (const SOption& option : mCommand.options)
     if (option.word == EWord::SubDevice) numbers += mParser.values(option.name);
-  }
-  for (int i = 0; i < mCommand.arguments.size(); ++i) {
+  for (int i = 0; i < mCommand.arguments.size(); ++i)
     if (mCommand.arguments.at(i).word == EWord::SubDevice) numbers += argumentsFrom(i).mid(0, 1);
-  }
-  for (const QString& text : qAsConst(numbers)) {
-    if (!toSubDevice(text)) {
+  for (const QString& text : qAsConst(numbers))
+    if (!toSubDevice(text))
       return Tool::tr("\"%1\" is no sub-device; these are numbers from 0 to 255.").arg(text);
-    }
-  }
   return {};
 }
 

@@ -92,13 +92,12 @@ bool CLoadedFile::saveNew() {
   const QTemporaryDir folder(QFileInfo(mFileName).path() + QLatin1String("/.kto-XXXXXX"));
   const QString made = folder.filePath(QStringLiteral("new"));
   QString error = CAtomicFile::nameProblem(mFileName);
-  if (error.isEmpty() && !folder.isValid()) {
+  if (error.isEmpty() && !folder.isValid())
     error = Tool::tr("the file cannot be written: %1.").arg(folder.errorString());
-  } else if (error.isEmpty() && !mFile->saveParamFile(made, {}, mInfo.version)) {
+  else if (error.isEmpty() && !mFile->saveParamFile(made, {}, mInfo.version))
     error = LibraryMessage::withoutFileName(mFile->errorMsg(), made);
-  } else if (error.isEmpty() && CAtomicFile::renameToNew(made, mFileName, error)) {
+  else if (error.isEmpty() && CAtomicFile::renameToNew(made, mFileName, error))
     return true;
-  }
   message(error);
   FileHints::tellWhyUnsaved(mFileName, mOut);
   return false;

@@ -29,9 +29,8 @@ struct SStep {
 
   static SStep atLeast(double size) {
     const int exponent = orderOf(size);
-    for (const int mantissa : {1, 2, 5}) {
+    for (const int mantissa : {1, 2, 5})
       if (scaled(mantissa, exponent) >= size) return {mantissa, exponent};
-    }
     return {1, exponent + 1};
   }
 };

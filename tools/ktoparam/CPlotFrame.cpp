@@ -14,9 +14,8 @@ constexpr double kTextGap = 14;
 
 double widestTick(const CPlotAxis& axis) {
   double widest = 0;
-  for (const CPlotAxis::STick& tick : axis.ticks()) {
+  for (const CPlotAxis::STick& tick : axis.ticks())
     widest = std::max(widest, CSvgWriter::textWidth(tick.text, CPlotFrame::kTickFont));
-  }
   return widest;
 }
 

@@ -11,9 +11,8 @@ constexpr double kColumnWidth = 0.58;  // of the font size, in a wide typeface
 // The writer takes what XML cannot hold, and nobody could read the picture then.
 QString harmless(const QString& text) {
   QString result = DisplayText::escaped(text);
-  for (QChar& each : result) {
+  for (QChar& each : result)
     if (each.unicode() >= 0xFFFE) each = QChar::ReplacementCharacter;
-  }
   return result;
 }
 
@@ -36,9 +35,8 @@ CSvgWriter::CSvgWriter(double widthMm, double heightMm, const QString& title) : 
 }
 
 void CSvgWriter::write(CAttributes attributes) {
-  for (const auto& [name, value] : attributes) {
+  for (const auto& [name, value] : attributes)
     mXml.writeAttribute(QLatin1String(name), harmless(value));
-  }
 }
 
 void CSvgWriter::beginGroup(const char* id, CAttributes attributes) {

@@ -39,11 +39,9 @@ QVector<int> CTable::columnWidths() const {
       widths[i] = qMax(widths.at(i), width > kMaxColumnWidth ? 0 : width);
     }
   }
-  for (int i = 0; i < widths.size(); ++i) {
-    if (widths.at(i) != kUnused) {
+  for (int i = 0; i < widths.size(); ++i)
+    if (widths.at(i) != kUnused)
       widths[i] = qMax(widths.at(i), DisplayText::width(mHeadings.at(i)));
-    }
-  }
   return widths;
 }
 

@@ -25,9 +25,8 @@ void addNumberProblem(const QString& what, const CParamVal& value, QStringList& 
 
 void addMissing(const CCompensationPoint& point, QStringList& problems) {
   const CCompensationPoint::EGaps gaps = point.gaps();
-  if (gaps.testFlag(CCompensationPoint::NoPosition)) {
+  if (gaps.testFlag(CCompensationPoint::NoPosition))
     problems.append(Tool::tr("without a position, which counts as 0"));
-  }
   if (!gaps.testFlag(CCompensationPoint::NoAdjustment)) return;
   const bool hasOther = gaps.testFlag(CCompensationPoint::OtherAdjustment);
   problems.append(hasOther ? Tool::tr("its adjustment is not in the format of the first point and "
@@ -54,9 +53,8 @@ CTableFindings::CTableFindings(const ICCompensationFile& table)
   const std::set<int> bad = badIndices(table);
   for (int i = 0; i < table.count(); ++i) {
     QStringList found = problems(i);
-    if (found.isEmpty() && bad.count(i) > 0) {
+    if (found.isEmpty() && bad.count(i) > 0)
       found.append(Tool::tr("not in the range, which is none"));
-    }
     if (!found.isEmpty()) mPoints.insert(i, found);
     const double here = position(i);
     if (mHighest < 0 ? !std::isnan(here) : here > mHighestPosition) setHighest(i, here);
@@ -92,9 +90,8 @@ QStringList CTableFindings::problems(int index) {
   if (mHasNumbers) found += rangeProblems(index);
   const QString order = orderProblem(index);
   if (!order.isEmpty()) found.append(order);
-  if (index >= ICCompensationFile::kMaxPoints) {
+  if (index >= ICCompensationFile::kMaxPoints)
     found.append(Tool::tr("beyond the first %1 points").arg(ICCompensationFile::kMaxPoints));
-  }
   return found;
 }
 
@@ -114,8 +111,7 @@ QString CTableFindings::orderProblem(int index) {
     return Tool::tr("not above the position %1 of point %2")
         .arg(mHighestText, QString::number(mHighest + 1));
   }
-  if (index > 0 && here == mMinimum) {
+  if (index > 0 && here == mMinimum)
     return Tool::tr("at the minimum %1, where only the first point may be").arg(mMinimumText);
-  }
   return {};
 }

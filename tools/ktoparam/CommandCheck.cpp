@@ -31,11 +31,9 @@ using CCounts = std::array<int, 3>;  // by SParamFinding::ESeverity
 
 CCounts count(const QVector<SChecked>& files) {
   CCounts counts{};
-  for (const SChecked& file : files) {
-    for (const SParamFinding& finding : file.findings) {
+  for (const SChecked& file : files)
+    for (const SParamFinding& finding : file.findings)
       ++counts.at(static_cast<std::size_t>(finding.severity));
-    }
-  }
   return counts;
 }
 
@@ -43,9 +41,8 @@ CCounts count(const QVector<SChecked>& files) {
 QString place(const SParamFinding& finding, const CLabels& labels) {
   QStringList parts;
   if (!finding.hardwareId.isEmpty()) parts.append(labels.shown(finding.hardwareId));
-  if (finding.subDevId != SParamFinding::kNoSubDevice) {
+  if (finding.subDevId != SParamFinding::kNoSubDevice)
     parts.append(Tool::tr("sub-device %1").arg(finding.subDevId));
-  }
   const QString group =
       finding.groupPath.isEmpty() ? QString() : finding.groupPath + QLatin1Char('/');
   if (!finding.name.isEmpty()) parts.append(DisplayText::shown(group + labels.of(finding.name)));
@@ -101,10 +98,9 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
   const auto [infos, warnings, errors] = count(files);
   if (invocation.wantsJson()) {
     QJsonArray array;
-    for (const SChecked& file : files) {
+    for (const SChecked& file : files)
       for (const SParamFinding& finding : file.findings)
         array.append(toJson(file.fileName, finding, out.labels()));
-    }
     out.json({{QStringLiteral("errors"), errors},
               {QStringLiteral("warnings"), warnings},
               {QStringLiteral("infos"), infos},

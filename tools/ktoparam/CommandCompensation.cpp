@@ -31,9 +31,8 @@ const QLatin1String kTitle("title");
 void printFindings(const ICCompensationFile& table, const CTableFindings& findings, COutput& out) {
   CompensationTexts::printTable(table, findings, out);
   CTable rows({Tool::tr("NO"), Tool::tr("POSITION"), Tool::tr("ADJUSTMENT"), Tool::tr("PROBLEM")});
-  for (const int index : findings.ofPoints().keys()) {
+  for (const int index : findings.ofPoints().keys())
     rows.addRow(CompensationTexts::pointCells(table, findings, index));
-  }
   if (!rows.isEmpty()) rows.print(out, QStringLiteral("  "));
   if (findings.isEmpty()) out.line(Tool::tr("Nothing is wrong."));
 }
@@ -48,9 +47,8 @@ EExitStatus check(const CInvocation& invocation, COutput& out) {
     QJsonObject object{{QStringLiteral("file"), fileName}};
     CompensationTexts::addTable(table, findings, object);
     QJsonArray points;
-    for (const int index : findings.ofPoints().keys()) {
+    for (const int index : findings.ofPoints().keys())
       points.append(CompensationTexts::pointJson(table, findings, index));
-    }
     object.insert(QStringLiteral("wrongPoints"), points);
     out.json(object);
   } else {

@@ -33,9 +33,8 @@ class CNamePatterns {
   /// Those that matched nothing.
   QStringList unused() const {
     QStringList texts;
-    for (int i = 0; i < mTexts.size(); ++i) {
+    for (int i = 0; i < mTexts.size(); ++i)
       if (!mUsed.at(i)) texts.append(mTexts.at(i));
-    }
     return texts;
   }
 

@@ -37,11 +37,10 @@ EExitStatus detect(const CInvocation& invocation, COutput& out) {
     files.append(toJson(fileName, *info));
     table.addRow(toCells(fileName, *info));
   }
-  if (invocation.wantsJson()) {
+  if (invocation.wantsJson())
     out.json({{QStringLiteral("files"), files}});
-  } else if (!table.isEmpty()) {
+  else if (!table.isEmpty())
     table.print(out);
-  }
   return status;
 }
 

@@ -19,9 +19,8 @@ const QLatin1String kNewSubDevice("new-sub-device");
 QString usageProblem(const CInvocation& invocation) {
   for (const auto& [option, needed] : {std::make_pair(kNewHardwareId, CommonOptions::kHardwareId),
                                        std::make_pair(kNewSubDevice, CommonOptions::kSubDevice)}) {
-    if (invocation.isSet(option) && !invocation.isSet(needed)) {
+    if (invocation.isSet(option) && !invocation.isSet(needed))
       return Tool::tr("--%1 needs --%2.").arg(option, needed);
-    }
   }
   const bool isOneFile = invocation.argument(1).isEmpty();
   if (isOneFile && !invocation.isSet(kNewHardwareId) && !invocation.isSet(kNewSubDevice)) {
@@ -56,14 +55,12 @@ class CSides {
       const QString oldId = mInvocation.value(CommonOptions::kHardwareId);
       const bool isOther = mInvocation.isSet(kNewHardwareId);
       mHardwareIds = {{oldId, isOther ? mInvocation.value(kNewHardwareId) : oldId}};
-      if (!mOld.selectHardwareId(oldId) || !mNew.selectHardwareId(mHardwareIds.first().second)) {
+      if (!mOld.selectHardwareId(oldId) || !mNew.selectHardwareId(mHardwareIds.first().second))
         return false;
-      }
     } else {
       const QStringList all = mOld.file().hardwareIds() + mNew.file().hardwareIds();
-      for (const QString& id : std::set<QString>(all.begin(), all.end())) {
+      for (const QString& id : std::set<QString>(all.begin(), all.end()))
         mHardwareIds.append({id, id});
-      }
     }
     return mOld.checkSubDevice(mOldSubDevice, mOld.hardwareIds(mInvocation)) &&
            mNew.checkSubDevice(mNewSubDevice, mNew.file().hardwareIds());
@@ -73,9 +70,8 @@ class CSides {
     using CComparison = CParameterFileComparison;
     ICParameterFile& oldFile = mOld.file();
     ICParameterFile& newFile = mNew.file();
-    if (!mOldSubDevice && !mInvocation.isSet(CommonOptions::kHardwareId)) {
+    if (!mOldSubDevice && !mInvocation.isSet(CommonOptions::kHardwareId))
       return CComparison::compare(oldFile, newFile, &newFile);
-    }
     CParamDifferences all;
     for (const auto& [oldId, newId] : qAsConst(mHardwareIds)) {
       all += mOldSubDevice

@@ -55,11 +55,10 @@ void visit(CValueViews& views, const ICParamTreeNode& group, const QString& path
            const CVisitor& visitor) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
-    if (child.isGroup()) {
+    if (child.isGroup())
       visit(views, child, NShortText::below(path, child.name()), visitor);
-    } else {
+    else
       visitor(views.of(child, path));
-    }
   }
 }
 
@@ -70,9 +69,8 @@ void visitAll(CLoadedFile& loaded, const QStringList& hardwareIds, std::optional
   CValueViews views(file, labels);
   for (const QString& hardwareId : hardwareIds) {
     loaded.selectHardwareId(hardwareId);
-    for (const quint8 id : file.subDeviceIds()) {
+    for (const quint8 id : file.subDeviceIds())
       if (!subDevice || *subDevice == id) visit(views, *file.rootGroup(id), {}, visitor);
-    }
   }
 }
 
@@ -131,14 +129,12 @@ EExitStatus exportValues(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
   const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds))
     return ExitFindings;
-  }
-  if (isJson) {
+  if (isJson)
     exportJson(loaded, hardwareIds, invocation.subDevice(), out);
-  } else {
+  else
     exportLines(loaded, hardwareIds, invocation.subDevice(), kLineFormats.value(format), out);
-  }
   return ExitDone;
 }
 

@@ -50,10 +50,9 @@ class CGathering {
     }
     known = uniqueNames(known);
     int reported = 0;
-    for (const QString& name : mNames) {
+    for (const QString& name : mNames)
       if (mFound.count(name) == 0)
         report(name, reported++ < Suggestion::kMaxHelped ? known : QStringList());
-    }
     return reported == 0;
   }
 
@@ -121,16 +120,14 @@ EExitStatus get(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
   const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds))
     return ExitFindings;
-  }
   CGathering gathering(loaded, invocation, out.labels());
   const QVector<SFound> found = gathering.gather(hardwareIds);
-  if (invocation.wantsJson()) {
+  if (invocation.wantsJson())
     printJson(loaded, found, out);
-  } else {
+  else
     printTable(found, out);
-  }
   return gathering.reportMissing(hardwareIds) ? ExitDone : ExitFindings;
 }
 

@@ -42,9 +42,8 @@ EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
   EExitStatus status = ExitDone;
   QMap<QString, SMotor> motors;
   const QStringList files = invocation.argumentsFrom(0);
-  for (const QString& fileName : files) {
+  for (const QString& fileName : files)
     if (!addMotors(fileName, out, motors)) status = ExitFile;
-  }
   QJsonArray list;
   CTable table({Tool::tr("MOTOR"), Tool::tr("FILE"), Tool::tr("COMMENT")});
   for (auto it = motors.cbegin(); it != motors.cend(); ++it) {
@@ -54,11 +53,10 @@ EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
     table.addRow({out.labels().shown(it.key()), DisplayText::shown(it->file),
                   out.labels().shownOrNothing(it->comment)});
   }
-  if (invocation.wantsJson()) {
+  if (invocation.wantsJson())
     out.json({{QStringLiteral("motors"), list}});
-  } else if (!table.isEmpty()) {
+  else if (!table.isEmpty())
     table.print(out);
-  }
   return status;
 }
 

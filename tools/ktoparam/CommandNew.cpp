@@ -67,9 +67,8 @@ EExitStatus create(const CInvocation& invocation, COutput& out) {
         out);
   }
   const QString hardwareId = invocation.value(CommonOptions::kHardwareId).trimmed();
-  if (hardwareId.isEmpty()) {
+  if (hardwareId.isEmpty())
     return invocation.wrongUsage(Tool::tr("A hardware id must not be empty."), out);
-  }
   const QFileInfo place(invocation.argument(0));
   if (place.exists() || place.isSymLink()) {
     out.message(invocation.argument(0), Tool::tr("the file exists already and is not replaced."));

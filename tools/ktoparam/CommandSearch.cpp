@@ -88,9 +88,8 @@ QStringList knownWords(const ICParameterFile& file) {
   for (const QString& name : file.defNames()) {
     const CParamDefItem definition = file.paramDef(name);
     const QStringList texts = QStringList{name, definition.hint()} + choiceNames(definition);
-    for (auto it = kWord.globalMatch(texts.join(QLatin1Char(' '))); it.hasNext();) {
+    for (auto it = kWord.globalMatch(texts.join(QLatin1Char(' '))); it.hasNext();)
       found.insert(it.next().captured().toCaseFolded());
-    }
   }
   return QStringList(found.begin(), found.end());
 }
@@ -98,11 +97,9 @@ QStringList knownWords(const ICParameterFile& file) {
 /// For the first word that stands nowhere.
 QString suggestionFor(const ICParameterFile& file, const QStringList& words) {
   const QStringList known = knownWords(file);
-  for (const QString& word : words) {
-    if (known.filter(word, Qt::CaseInsensitive).isEmpty()) {
+  for (const QString& word : words)
+    if (known.filter(word, Qt::CaseInsensitive).isEmpty())
       return Suggestion::didYouMean(word, known);
-    }
-  }
   return {};
 }
 

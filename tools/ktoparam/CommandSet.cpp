@@ -25,9 +25,8 @@ QString readAssignments(const QStringList& words, QVector<SAssignment>& assignme
     assignment.name = word.left(sign);
     assignment.text = word.mid(sign + 1);
     if (assignment.text.isNull()) assignment.text = QLatin1String("");
-    if (!names.insert(assignment.name).second) {
+    if (!names.insert(assignment.name).second)
       return Tool::tr("\"%1\" is set twice.").arg(assignment.name);
-    }
     assignments.append(assignment);
   }
   return {};

@@ -52,11 +52,10 @@ EExitStatus runList(const CInvocation& invocation, COutput& out) {
         QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
                     {QStringLiteral("subDevices"), subDevicesJson(loaded.file(), out.labels())}});
   }
-  if (invocation.wantsJson()) {
+  if (invocation.wantsJson())
     out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
-  } else if (!table.isEmpty()) {
+  else if (!table.isEmpty())
     table.print(out);
-  }
   return ExitDone;
 }
 

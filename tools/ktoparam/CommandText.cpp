@@ -112,9 +112,8 @@ EExitStatus compensation(const QString& fileName, COutput& out) {
                        CompensationTexts::formatName(table.detectedDataPointFormat()));
   lines.add(QStringLiteral("minimum"), table.header().minimum().asStr());
   lines.add(QStringLiteral("maximum"), table.header().maximum().asStr());
-  for (const CCompensationPoint& point : table.allPoints()) {
+  for (const CCompensationPoint& point : table.allPoints())
     lines.add(QStringLiteral("at %1").arg(point.position().asStr()), point.adjustment().asStr());
-  }
   return ExitDone;
 }
 

@@ -32,9 +32,8 @@ class CLines {
     if (!value.isNull()) add(QString::fromLatin1(property), value.asStr());
   }
   void addChoices(const QString& kind, const QList<NParamDef::SNamedI64Value>& choices) {
-    for (const NParamDef::SNamedI64Value& each : choices) {
+    for (const NParamDef::SNamedI64Value& each : choices)
       addLabel(QStringLiteral("%1 %2").arg(kind, QString::number(each.value)), each.name);
-    }
   }
 
  private:
@@ -43,9 +42,8 @@ class CLines {
 };
 
 void addStates(const QList<NParamDef::SNamedI64Value>& states, CLines& lines) {
-  for (const NParamDef::SNamedI64Value& each : states) {
+  for (const NParamDef::SNamedI64Value& each : states)
     lines.add(each.name, QString::number(each.value));
-  }
 }
 
 void addBits(const QList<NParamDef::SBitValue>& bits, CLines& lines) {
@@ -61,9 +59,8 @@ void DefinitionLines::add(const CParamDefItem& definition, CTextLines& out) {
   CLines lines(definition.name(), out);
   if (definition.valid()) lines.add(QStringLiteral("id"), QString::number(definition.id()));
   lines.add(QStringLiteral("type"), definition.typeStr());
-  if (definition.unitId() != 0) {
+  if (definition.unitId() != 0)
     lines.add(QStringLiteral("unit"), QString::number(definition.unitId()));
-  }
   if (!definition.hint().isEmpty()) lines.addLabel(QStringLiteral("hint"), definition.hint());
   lines.addValue("default", definition.defVal());
   lines.addValue("minimum", definition.minVal());
@@ -71,9 +68,8 @@ void DefinitionLines::add(const CParamDefItem& definition, CTextLines& out) {
   lines.addUnlessEmpty("minimum parameters", numbers(definition.minIds()));
   lines.addUnlessEmpty("maximum parameters", numbers(definition.maxIds()));
   lines.addChoices(QStringLiteral("choice"), definition.enums());
-  if (definition.hasEnums() && definition.isEnumEditable()) {
+  if (definition.hasEnums() && definition.isEnumEditable())
     lines.add(QStringLiteral("other values"), QStringLiteral("allowed"));
-  }
   lines.addChoices(QStringLiteral("radio"), definition.radios());
   addStates(CParamValueText::states(definition, CParamValueText::English), lines);
   addBits(definition.bitset(), lines);

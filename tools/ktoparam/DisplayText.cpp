@@ -90,13 +90,11 @@ int widthOf(uint character) {
 QString DisplayText::escaped(const QString& text) {
   QString result;
   result.reserve(text.size());
-  for (const uint character : text.toUcs4()) {
-    if (needsEscape(character)) {
+  for (const uint character : text.toUcs4())
+    if (needsEscape(character))
       result += escape(character);
-    } else {
+    else
       result += QString::fromUcs4(&character, 1);
-    }
-  }
   return result;
 }
 

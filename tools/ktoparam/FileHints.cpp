@@ -37,9 +37,8 @@ QString FileHints::unreadable(const QString& fileName) {
   if (place.isDir()) return Tool::tr("this is a folder; name a file.");
   if (place.exists()) return place.isFile() ? QString() : Tool::tr("this is no regular file.");
   if (place.isSymLink()) return Tool::tr("this is a link to a file that does not exist.");
-  if (fileName == QLatin1String("-")) {
+  if (fileName == QLatin1String("-"))
     return Tool::tr("files are not read from the standard input; name a file.");
-  }
   return missing(place);
 }
 

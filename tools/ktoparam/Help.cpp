@@ -113,7 +113,6 @@ void Help::printCommand(const SCommand& command, COutput& out) {
   printEntries(Tool::tr("Options:"), options, out);
   out.line({});
   out.line(Tool::tr("Example:"));
-  for (const QString& example : command.examples) {
+  for (const QString& example : command.examples)
     out.line(kIndent + QStringLiteral("ktoparam ") + example);
-  }
 }

@@ -40,9 +40,8 @@ QString entry(const QString& left, const QString& right) {
 
 QString paragraphs(const QString& text) {
   QString page;
-  for (const QString& each : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+  for (const QString& each : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
     page += QStringLiteral(".PP\n") + line(plain(each));
-  }
   return page;
 }
 
@@ -50,9 +49,8 @@ QString section(const SCommand& command) {
   QString page = QStringLiteral(".SS ktoparam ") + line(plain(Help::syntax(command)));
   page += line(plain(command.summary)) + paragraphs(command.details);
   for (const SArgument& each : command.arguments) page += entry(bold(each.name), plain(each.help));
-  for (const SOption& each : command.options) {
+  for (const SOption& each : command.options)
     page += entry(bold(Help::optionSyntax(each)), plain(each.help));
-  }
   for (const QString& example : command.examples) {
     page += QStringLiteral(".PP\n.EX\n") + line(plain(QStringLiteral("  ktoparam ") + example)) +
             QStringLiteral(".EE\n");
@@ -105,8 +103,7 @@ QString ManPage::fromMarkdown(const QString& text) {
   QString joined = text;
   joined.replace(kTableHead, QStringLiteral("\n")).replace(kNextLine, QStringLiteral(" "));
   QString page;
-  for (const QString& each : joined.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+  for (const QString& each : joined.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
     page += block(each.trimmed());
-  }
   return page;
 }

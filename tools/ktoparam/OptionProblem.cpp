@@ -50,9 +50,8 @@ QString OptionProblem::of(const SCommand& command, const QStringList& words) {
     if (!takesValue && word.hasValue) return Tool::tr("--%1 takes no value.").arg(option->name);
     if (!takesValue || word.hasValue) continue;
     ++i;  // the next word is its value, whatever it begins with
-    if (i == words.size()) {
+    if (i == words.size())
       return Tool::tr("%1 is missing after %2.").arg(option->valueName, word.text);
-    }
   }
   return {};
 }

@@ -6,9 +6,8 @@
 
 QList<quint8> ParameterLookup::subDevicesWith(const ICParameterFile& file, const QString& name) {
   QList<quint8> found;
-  for (const quint8 id : file.subDeviceIds()) {
+  for (const quint8 id : file.subDeviceIds())
     if (!file.paramValue(name, id).isNull()) found.append(id);
-  }
   return found;
 }
 

@@ -39,11 +39,10 @@ SFileInfo infoOf(const SFileBeginning& beginning, bool isEmpty) {
   SFileInfo info;
   info.type = CParameterFileHelper::mFileTypeStrHash.key(tag, NktoGlobal::FILE_TYPE_NONE);
   info.kind = kindOf(tag, info.type);
-  if (info.kind == SFileInfo::Unknown) {
+  if (info.kind == SFileInfo::Unknown)
     info.reason = reasonOf(beginning, isEmpty);
-  } else {
+  else
     info.typeName = tag;
-  }
   info.writtenVersion = beginning.version;
   CStr::stringToRevision(beginning.version, info.version);
   info.comment = beginning.comment;

@@ -43,9 +43,8 @@ EExitStatus Show::compensation(const CInvocation& invocation, COutput& out) {
     QJsonObject object = headJson(fileName, opened.info, head);
     CompensationTexts::addTable(table, findings, object);
     QJsonArray points;
-    for (int i = 0; i < table.count(); ++i) {
+    for (int i = 0; i < table.count(); ++i)
       points.append(CompensationTexts::pointJson(table, findings, i));
-    }
     object.insert(QStringLiteral("points"), points);
     out.json(object);
     return ExitDone;

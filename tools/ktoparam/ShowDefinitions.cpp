@@ -80,10 +80,8 @@ QString named(const SNamedI64Value& choice, const CLabels& labels) {
 
 QString choicesCell(const CParamDefItem& definition, const CLabels& labels) {
   QStringList parts;
-  for (const SNamedI64Value& each :
-       CParamValueText::choices(definition, CParamValueText::English)) {
+  for (const SNamedI64Value& each : CParamValueText::choices(definition, CParamValueText::English))
     parts.append(named(each, labels));
-  }
   if (definition.hasEnums() && definition.isEnumEditable()) parts.append(QStringLiteral("…"));
   for (const SBitValue& bit : definition.bitset()) {
     const QString place = bit.invert ? Tool::tr("not bit %1") : Tool::tr("bit %1");

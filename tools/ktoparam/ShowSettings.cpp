@@ -17,9 +17,8 @@ constexpr int kDeepest = 200;
 /// Levels of groups and values.
 int depthOf(const ICSettingsTreeNode& group) {
   int deepest = 0;
-  for (int i = 0; i < group.childCnt(); ++i) {
+  for (int i = 0; i < group.childCnt(); ++i)
     deepest = qMax(deepest, 1 + depthOf(*group.childPtr(i)));
-  }
   return deepest;
 }
 

@@ -69,9 +69,8 @@ class CTreeRows {
   }
 
   void addWaitingGroups() {
-    for (; mWritten < mGroups.size(); ++mWritten) {
+    for (; mWritten < mGroups.size(); ++mWritten)
       mTable.addRow({QString(), indented(*mGroups.at(mWritten), mWritten)});
-    }
   }
 
   CValueViews mViews;
@@ -129,9 +128,8 @@ QJsonArray hardwareIdsJson(ICParameterFile& file, const QStringList& hardwareIds
   for (const QString& hardwareId : hardwareIds) {
     file.selectHardwareId(hardwareId);
     QJsonArray subDevices;
-    for (const quint8 id : selection.subDevices(file)) {
+    for (const quint8 id : selection.subDevices(file))
       subDevices.append(subDeviceJson(file, id, selection.onlyChanged, labels));
-    }
     array.append(QJsonObject{{QStringLiteral("id"), labels.of(hardwareId)},
                              {QStringLiteral("subDevices"), subDevices}});
   }
@@ -142,15 +140,13 @@ QJsonArray hardwareIdsJson(ICParameterFile& file, const QStringList& hardwareIds
 
 EExitStatus Show::values(const CInvocation& invocation, COutput& out) {
   const SSelection selection{invocation.subDevice(), invocation.isSet(kChanged)};
-  if (selection.onlyChanged && !invocation.isSet(CommonOptions::kDef)) {
+  if (selection.onlyChanged && !invocation.isSet(CommonOptions::kDef))
     return invocation.wrongUsage(Tool::tr("--changed needs --def, which tells the defaults."), out);
-  }
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), invocation)) return ExitFile;
   const QStringList hardwareIds = loaded.hardwareIds(invocation);
-  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds)) {
+  if (hardwareIds.isEmpty() || !loaded.checkSubDevice(invocation.subDevice(), hardwareIds))
     return ExitFindings;
-  }
   ICParameterFile& file = loaded.file();
   const SHead head{file.date(), file.author(), file.comment()};
   if (invocation.wantsJson()) {
@@ -163,9 +159,8 @@ EExitStatus Show::values(const CInvocation& invocation, COutput& out) {
   out.line(headLine(loaded.info(), head));
   for (const QString& hardwareId : hardwareIds) {
     file.selectHardwareId(hardwareId);
-    for (const quint8 id : selection.subDevices(file)) {
+    for (const quint8 id : selection.subDevices(file))
       printSubDevice(file, id, selection.onlyChanged, out);
-    }
   }
   return ExitDone;
 }

@@ -9,8 +9,7 @@
 inline QStringList uniqueNames(const QStringList& names) {
   std::set<QString> seen;
   QStringList unique;
-  for (const QString& name : names) {
+  for (const QString& name : names)
     if (seen.insert(name).second) unique.append(name);
-  }
   return unique;
 }

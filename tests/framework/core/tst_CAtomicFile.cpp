@@ -28,9 +28,8 @@ class tst_CAtomicFile : public QObject {
 
   void createsAndReplaces_data() {
     QTest::addColumn<int>("size");
-    for (const int size : {0, 1, 16383, 16384, 16385, 5000000}) {
+    for (const int size : {0, 1, 16383, 16384, 16385, 5000000})
       QTest::newRow(qPrintable(QString::number(size))) << size;
-    }
   }
   void createsAndReplaces() {
     QFETCH(int, size);
@@ -83,9 +82,8 @@ class tst_CAtomicFile : public QObject {
     const QString before = QDir::currentPath();
     QVERIFY(QDir(mFolder->path()).mkpath("real/deep"));
     QVERIFY(QDir::setCurrent(mFolder->path()));
-    for (int i = 0; i + 1 < links.size(); i += 2) {
+    for (int i = 0; i + 1 < links.size(); i += 2)
       QCOMPARE(::symlink(links.at(i + 1).constData(), links.at(i).constData()), 0);
-    }
     QVERIFY(write("file", "another"));
     QString error;
     for (const QByteArray content : {"first", "second"}) {  // the first one makes the file
@@ -300,9 +298,8 @@ class tst_CAtomicFile : public QObject {
       struct stat here {};
       struct stat there {};
       ::stat(qPrintable(mFolder->path()), &here);
-      if (::stat(qPrintable(otherDisk.path()), &there) != 0 || here.st_dev == there.st_dev) {
+      if (::stat(qPrintable(otherDisk.path()), &there) != 0 || here.st_dev == there.st_dev)
         QSKIP("There is no other disk.");
-      }
       target = otherDisk.filePath("target");
     }
     QString backup;
@@ -321,9 +318,8 @@ class tst_CAtomicFile : public QObject {
       QCOMPARE(::lstat(qPrintable(backup), &info), 0);
       QCOMPARE(info.st_mode, mode_t(S_IFREG | 0604));
     }
-    for (const char* suffix : {".bak", ".bak.2", ".bak.3"}) {
+    for (const char* suffix : {".bak", ".bak.2", ".bak.3"})
       QCOMPARE(read(mName + suffix), QByteArray(suffix));
-    }
     QVERIFY(!QFile::exists(mFolder->filePath("elsewhere")));
   }
 

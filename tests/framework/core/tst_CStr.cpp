@@ -63,9 +63,8 @@ class tst_CStr : public QObject {
          "9223372036854775808"},
     };
     for (const SLimits& row : rows) {
-      for (const char* text : {row.min, row.max}) {
+      for (const char* text : {row.min, row.max})
         QTest::addRow("%s takes %s", row.type, text) << row.type << text << text;
-      }
       for (const char* text :
            {row.belowMin, row.aboveMax, "340282366920938463463374607431768211455"}) {
         QTest::addRow("%s refuses %s", row.type, text) << row.type << text << kRefused;
@@ -115,9 +114,8 @@ class tst_CStr : public QObject {
     refused("form feed", "\f5");
     refused("0x10 in base 10", "0x10", 10);
     refused("8 in base 8", "8", 8);
-    for (const int base : {-10, 1, 37}) {
+    for (const int base : {-10, 1, 37})
       refused(qPrintable(QStringLiteral("base %1").arg(base)), "1", base);
-    }
   }
   void integerTexts() {
     QFETCH(QString, text);

@@ -31,9 +31,8 @@ QString nodes(const QDomNode& node) {
     if (child.isElement()) {
       QStringList attributes;
       const QDomNamedNodeMap map = child.attributes();
-      for (int i = 0; i < map.count(); ++i) {
+      for (int i = 0; i < map.count(); ++i)
         attributes += map.item(i).nodeName() + '=' + map.item(i).nodeValue();
-      }
       attributes.sort();
       text += '<' + child.nodeName() + ' ' + attributes.join(' ') + '>' + nodes(child) + "</>";
     } else if (child.isCDATASection()) {

@@ -10,6 +10,8 @@
 /// Reads and replaces whole files so that nothing is lost on the way. Names are resolved as the
 /// system does it, so a file is written back to where it was read. On failure error is the reason,
 /// without the file's name.
+///
+/// @snippet usage.cpp CAtomicFile
 class KTOFRAMEWORK_EXPORT CAtomicFile {
   Q_DECLARE_TR_FUNCTIONS(CAtomicFile)
 

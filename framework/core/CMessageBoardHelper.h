@@ -10,6 +10,8 @@ class ICLogfile;
 
 /// The message board: messages meant for the user's eyes. An application installs a handler that
 /// shows them; without one they go to the QLoggingCategory "kto.messageboard". Thread-safe.
+///
+/// @snippet usage.cpp CMessageBoardHelper
 class KTOFRAMEWORK_EXPORT CMessageBoardHelper {
  public:
   enum EMessageKind { DebugWarning = 0, Warning = 1, Critical = 2 };

@@ -7,6 +7,8 @@
 
 /// A logfile: accepts lines of text by level. Levels are bit sets, and so is the mask that says
 /// which are on. Applications may derive their own; whoever takes a logfile accepts a null one.
+///
+/// @snippet usage.cpp ICLogfile
 class KTOFRAMEWORK_EXPORT ICLogfile {
  public:
   /// Where createLogfile() sends the lines: a text file, stderr, or the QLoggingCategory "kto".

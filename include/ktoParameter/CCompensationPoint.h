@@ -7,6 +7,8 @@
 
 /// A point of a compensation table: a position and the adjustment to apply there.
 /// Values are the texts in the file, in the unit of the axis; initially 0.0 both.
+///
+/// @snippet usage.cpp ICCompensationFile
 class KTOPARAMETER_EXPORT CCompensationPoint {
  public:
   /// What was amiss with a point when it was read from a file.

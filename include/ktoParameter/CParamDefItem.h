@@ -18,6 +18,8 @@ class CParamDefItemData;
 /// keeps it, and raises it unless it is given a copy of itself.
 /// Adders append, never sort, and ignore what is there already; in a long list they hardly cost
 /// more than in a short one.
+///
+/// @snippet usage.cpp CParamDefItem
 class KTOPARAMETER_EXPORT CParamDefItem {
  public:
   /// The type texts, each at the position of its NParamDef::EParamType.

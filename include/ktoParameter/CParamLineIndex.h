@@ -10,6 +10,8 @@
 
 /// The lines on which a definition or value file has its parameters. It is read from the file when
 /// somebody wants to know, since a model that is loaded carries no lines.
+///
+/// @snippet usage.cpp CParameterFileChecker
 class KTOPARAMETER_EXPORT CParamLineIndex {
   Q_DECLARE_TR_FUNCTIONS(CParamLineIndex)
 

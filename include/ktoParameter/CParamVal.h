@@ -12,6 +12,8 @@
 /// integers "0x" means hexadecimal and everything else is decimal. Floating point numbers are
 /// decimal, "inf" or "nan": "0x10" is not one. So an unsigned value has no number as a double.
 /// Copies share the text.
+///
+/// @snippet usage.cpp CParamVal
 class KTOPARAMETER_EXPORT CParamVal {
  public:
   CParamVal() = default;  ///< a null text

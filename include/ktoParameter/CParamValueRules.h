@@ -20,6 +20,8 @@ class ICParameterFile;
 /// same time however many choices there are. Later changes of the definition, and of the
 /// definitions of limit parameters, have no effect on it; the values of limit parameters are asked
 /// for each time.
+///
+/// @snippet usage.cpp CParamValueRules
 class KTOPARAMETER_EXPORT CParamValueRules {
   Q_DECLARE_TR_FUNCTIONS(CParamValueRules)
 

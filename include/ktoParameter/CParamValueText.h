@@ -14,6 +14,8 @@ class ICParameterFile;
 
 /// How a value is shown to people. Numbers look the same in every language. CParamValueRules reads
 /// what is typed, and judges it.
+///
+/// @snippet usage.cpp CParamValueText
 class KTOPARAMETER_EXPORT CParamValueText {
   Q_DECLARE_TR_FUNCTIONS(CParamValueText)
 

@@ -11,6 +11,8 @@ class ICParameterFile;
 ///
 /// Integers are compared exactly, whatever their types. Files that answer for each other (those of
 /// ICParameterFile::create()) answer here too; use ICParameterFile::createSingle().
+///
+/// @snippet usage.cpp CParameterFileChecker
 class KTOPARAMETER_EXPORT CParameterFileChecker {
  public:
   /// Whether to list what is defined but missing: for each hardware id, each definition that none

@@ -13,6 +13,8 @@ class ICParameterFile;
 ///
 /// Nothing is changed; the active hardware ids are others meanwhile, and restored. Both files may
 /// be the same object. The effort grows with the number of parameters.
+///
+/// @snippet usage.cpp CParameterFileComparison
 class KTOPARAMETER_EXPORT CParameterFileComparison {
  public:
   /// First the types and names of sub-devices that both files have under one hardware id, then

@@ -15,6 +15,8 @@ class ICParameterFile;
 /// a rejection fails the load.
 ///
 /// The decisions here log nothing and post nothing; a reason is only returned.
+///
+/// @snippet usage.cpp CParameterFileErrorHandler
 class KTOPARAMETER_EXPORT CParameterFileErrorHandler {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileErrorHandler)
 

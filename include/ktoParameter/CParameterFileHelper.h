@@ -30,6 +30,8 @@ class ICLogfile;
 ///
 /// An object reads motor names in the background, on a thread of its own. It is itself used from
 /// the one thread that it lives in, whose event loop delivers the signals.
+///
+/// @snippet usage.cpp CParameterFileHelper
 class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   Q_OBJECT
 

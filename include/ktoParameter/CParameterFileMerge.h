@@ -23,6 +23,8 @@ class ICParameterFile;
 ///
 /// So without conflicts, and unless both put something in the same place, ours is what one would
 /// have got by making both sides' changes by hand. The effort grows with the number of parameters.
+///
+/// @snippet usage.cpp CParameterFileMerge
 class KTOPARAMETER_EXPORT CParameterFileMerge {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileMerge)
 

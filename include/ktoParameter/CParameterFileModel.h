@@ -25,6 +25,8 @@ class ICParameterFile;
 /// A parameter is found at the same cost in a group of ten and of a hundred thousand; what the
 /// model keeps grows with the groups that were looked into, not with the parameters. It lives in
 /// one thread together with its file.
+///
+/// @snippet usage.cpp CParameterFileModel
 class KTOPARAMETER_EXPORT CParameterFileModel : public QAbstractItemModel {
   Q_OBJECT
 

@@ -19,6 +19,8 @@ class ICLogfile;
 /// counts as 0. Versions are texts such as "1.5". A file loads when it has none, the expected text,
 /// or the same main number; the sub-number never matters. An object is used from one thread at a
 /// time.
+///
+/// @snippet usage.cpp ICCompensationFile
 class KTOPARAMETER_EXPORT ICCompensationFile {
  public:
   /// Result of every load and save; errorMsg() says more. Only a buffer that cannot be opened gives

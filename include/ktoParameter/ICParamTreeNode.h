@@ -11,6 +11,8 @@
 /// The nodes belong to the parameter file that hands them out; they are valid until they are
 /// deleted there and are never deleted through this interface. Nodes are added and deleted through
 /// the file, which also sets the values.
+///
+/// @snippet usage.cpp ICParamTreeNode
 class KTOPARAMETER_EXPORT ICParamTreeNode {
  public:
   virtual ~ICParamTreeNode();

@@ -28,6 +28,8 @@ class ICLogfile;
 /// Operations that can fail return false, null or an unset id and leave the reason in errorMsg(),
 /// which a success does not clear; the object is then what it was before, except where an operation
 /// says otherwise. An object is used by one thread at a time.
+///
+/// @snippet usage.cpp ICParameterFile
 class KTOPARAMETER_EXPORT ICParameterFile {
  public:
   /// The texts of NParamDef::ESubDeviceTypes, in order.

@@ -13,6 +13,8 @@ class ICLogfile;
 ///
 /// Versions are texts such as "1.5". A file loads when it has none, the expected text, or the same
 /// main number; the sub-number never matters. An object is used from one thread at a time.
+///
+/// @snippet usage.cpp ICSettingsFile
 class KTOPARAMETER_EXPORT ICSettingsFile {
  public:
   /// Result of every load and save; errorMsg() says more.

@@ -11,6 +11,8 @@
 /// The nodes belong to the settings file that hands them out; they are valid until its tree is
 /// cleared or replaced by a load, and are never deleted through this interface. Name and type are
 /// fixed. A node without a name is neither group nor value, and is not saved.
+///
+/// @snippet usage.cpp ICSettingsFile
 class KTOPARAMETER_EXPORT ICSettingsTreeNode {
  public:
   /// The type of a node, with its name in the file. Values are kept as texts whatever their type.

@@ -29,6 +29,8 @@ class ICParameterFile;
 /// Operations that fail return false. Those with an `err` append messages to it, each with a line
 /// break at its end, and never clear it; a message may also come with true, for what was repaired.
 /// A reader is used by one thread at a time.
+///
+/// @snippet usage.cpp ICSimpleParamReader
 class KTOPARAMETER_EXPORT ICSimpleParamReader {
  public:
   /// A reader whose parameter file joins the group of all objects of ICParameterFile::create(), so

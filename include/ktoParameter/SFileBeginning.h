@@ -5,6 +5,8 @@
 #include <QString>
 
 /// What the beginning of a file tells about it; what follows may be damaged.
+///
+/// @snippet usage.cpp CParameterFileHelper
 struct KTOPARAMETER_EXPORT SFileBeginning {
   bool isRead = false;  ///< the file could be read, whatever it holds
   QString rootTag;      ///< empty when the file is damaged up to the end of that tag

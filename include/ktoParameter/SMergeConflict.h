@@ -6,6 +6,8 @@
 #include <QString>
 
 /// Something that both sides of a merge changed, each in its way.
+///
+/// @snippet usage.cpp CParameterFileMerge
 struct KTOPARAMETER_EXPORT SMergeConflict {
   /// What is in conflict; behind each its stable text.
   enum ESubject : int {

@@ -6,6 +6,8 @@
 #include <QString>
 
 /// One difference between an old and a new parameter file.
+///
+/// @snippet usage.cpp CParameterFileComparison
 struct KTOPARAMETER_EXPORT SParamDifference {
   /// Behind each: its stable text. "Added" is what only the new file has.
   enum EKind : int {

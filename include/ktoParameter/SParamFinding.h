@@ -7,6 +7,8 @@
 
 /// One thing that a check or a load found, and where. Definitions have neither hardware id nor
 /// sub-device.
+///
+/// @snippet usage.cpp CParameterFileChecker
 struct KTOPARAMETER_EXPORT SParamFinding {
   enum ESeverity : int {
     Info = 0,     ///< nothing is wrong

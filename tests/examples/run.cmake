@@ -69,3 +69,8 @@ if(VIEW)
     message(FATAL_ERROR "the picture has ${size} bytes")
   endif()
 endif()
+
+set(files TwoAxisDrive.xpdef TwoAxisDrive.xparam Motors.xparam MachineSettings.xset
+    SpindleCompensation.xcomp)
+copy_files()
+expect("fine" ${USAGE} ${WORK_DIR})

@@ -18,6 +18,19 @@ function(check_texts ts)
   check_messages(${name} "${updated}")
 endfunction()
 
+# Users and other programs match on these messages, so their wording never changes; each line is
+# what a .ts file has of one.
+function(check_fixed ts)
+  file(READ ${ts} texts)
+  file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/fixed-messages.txt fixed)
+  foreach(message IN LISTS fixed)
+    string(FIND "${texts}" "${message}" position)
+    if(position EQUAL -1)
+      complain("reworded: ${message}")
+    endif()
+  endforeach()
+endfunction()
+
 function(check_messages name texts)
   # A semicolon would end an element of the list, and a bracket keeps two together.
   string(REGEX REPLACE "[][;]" "," texts "${texts}")
@@ -45,6 +58,7 @@ file(GLOB library_texts ${SOURCE_DIR}/translations/ktoParameter_*.ts)
 file(GLOB tool_texts ${SOURCE_DIR}/translations/ktoparam_*.ts)
 foreach(ts ${library_texts})
   check_texts(${ts} ${SOURCE_DIR}/framework ${SOURCE_DIR}/src ${SOURCE_DIR}/include)
+  check_fixed(${ts})
 endforeach()
 foreach(ts ${tool_texts})
   check_texts(${ts} ${SOURCE_DIR}/tools/ktoparam)

@@ -1,7 +1,7 @@
 #include "CCompensationFileImpl.h"
 #include "GoldenFiles.h"
 #include "KeptMessages.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "SubVersions.h"
 
 #include <QTemporaryDir>
@@ -61,9 +61,9 @@ class tst_CCompensationFile : public QObject {
  private slots:
   void initTestCase() {
     qputenv("USER", "tester");
-    NLumoToday::setToday(&testDay);
+    NClock::setToday(&testDay);
   }
-  void cleanupTestCase() { NLumoToday::setToday(nullptr); }
+  void cleanupTestCase() { NClock::setToday(nullptr); }
   void init() {
     mFile.reset(ICCompensationFile::create(nullptr));
     mBoard.texts.clear();
@@ -175,10 +175,10 @@ class tst_CCompensationFile : public QObject {
     QCOMPARE(mFile->metaData().date(), testDay());
     QCOMPARE(mFile->metaData().comment(), "");
 
-    NLumoToday::setToday([] { return testDay().addDays(1); });
+    NClock::setToday([] { return testDay().addDays(1); });
     QByteArray second;
     QCOMPARE(mFile->saveToBuffer(second, kVersion), 0);
-    NLumoToday::setToday(&testDay);
+    NClock::setToday(&testDay);
     QCOMPARE(second, first);
 
     CXMLMetaData comment;

@@ -1,6 +1,6 @@
 #include "CParamDefFile.h"
 #include "CParameterFileErrorHandler.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "TestRows.h"
 
 #include <QDomDocument>
@@ -11,13 +11,13 @@ class tst_CParamBaseFile : public QObject {
 
  private slots:
   void aFreshFileHasTheLibrarysDefaults() {
-    NLumoToday::setToday([] { return QDate(2026, 5, 6); });
+    NClock::setToday([] { return QDate(2026, 5, 6); });
     CParamDefFile file(nullptr, nullptr);
     QCOMPARE(file.errorMsg(), QString("Ok"));
     QCOMPARE(file.author(), QString("RX5"));
     QCOMPARE(file.comment(), QString("automatic generated"));
     QCOMPARE(file.date(), QDate(2026, 5, 6));
-    NLumoToday::setToday(nullptr);
+    NClock::setToday(nullptr);
   }
 
   void versions_data() {

@@ -1,7 +1,7 @@
 #include "CKeptLines.h"
 #include "CMessageBoardHelper.h"
 #include "CParamDefFile.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "ParamFileText.h"
 #include "paramfile/ExampleDrive.h"
 
@@ -27,7 +27,7 @@ class tst_CParamDefFile : public QObject {
 
  private slots:
   void initTestCase() {
-    NLumoToday::setToday([] { return QDate(2026, 3, 4); });
+    NClock::setToday([] { return QDate(2026, 3, 4); });
   }
   void cleanup() { CMessageBoardHelper::setHandler({}); }
 
@@ -78,7 +78,7 @@ class tst_CParamDefFile : public QObject {
   }
 
   void writesTheExampleAsItIs() {
-    NLumoToday::setToday([] { return QDate(2026, 11, 20); });
+    NClock::setToday([] { return QDate(2026, 11, 20); });
     QTemporaryDir folder;
     auto file = makeFile();
     QVERIFY(file->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000));

@@ -2,7 +2,7 @@
 #include "CParamValueFile.h"
 #include "CParameterFileErrorHandler.h"
 #include "ICLogfile.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "ParamFileText.h"
 #include "paramfile/ExampleDrive.h"
 
@@ -26,7 +26,7 @@ class tst_CParamValueFile : public QObject {
 
  private slots:
   void initTestCase() {
-    NLumoToday::setToday([] { return QDate(2026, 11, 20); });
+    NClock::setToday([] { return QDate(2026, 11, 20); });
     CMessageBoardHelper::setHandler([this](auto, const QString& text) { mPosted += text; });
   }
   void init() { mPosted.clear(); }

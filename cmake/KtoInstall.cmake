@@ -6,7 +6,7 @@ set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 # The languages of messages.
 set(kto_translations_dir ${CMAKE_INSTALL_DATADIR}/ktoParameter/translations)
 
-# Installs public headers of one of the two libraries under include/<component>.
+# Installs public headers of one of the libraries under include/<component>.
 function(kto_install_headers component)
   install(FILES ${ARGN} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${component})
 endfunction()
@@ -20,8 +20,8 @@ endfunction()
 
 # The libraries find each other, as the tool finds them, wherever the installation is moved to.
 function(kto_install_binaries)
-  set_target_properties(ktoFramework ktoParameter PROPERTIES INSTALL_RPATH "$ORIGIN")
-  install(TARGETS ktoFramework ktoParameter EXPORT ktoParameterTargets
+  set_target_properties(ktoFramework ktoParameter ktoParameterPlot PROPERTIES INSTALL_RPATH "$ORIGIN")
+  install(TARGETS ktoFramework ktoParameter ktoParameterPlot EXPORT ktoParameterTargets
           LIBRARY COMPONENT library NAMELINK_COMPONENT development)
   install(TARGETS ktoparam COMPONENT tool)
 endfunction()
@@ -42,9 +42,11 @@ endfunction()
 function(kto_install_pkgconfig)
   set(pkgconfig_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
   file(RELATIVE_PATH PKGCONFIG_TO_PREFIX ${pkgconfig_dir} ${CMAKE_INSTALL_PREFIX})
-  configure_file(${PROJECT_SOURCE_DIR}/cmake/ktoParameter.pc.in ktoParameter.pc @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/ktoParameter.pc
-          DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  foreach(library ktoParameter ktoParameterPlot)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/${library}.pc.in ${library}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${library}.pc
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  endforeach()
 endfunction()
 
 function(kto_install_package)

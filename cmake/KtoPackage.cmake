@@ -19,7 +19,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The packages need each other's libraries before they are installed.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    ${PROJECT_BINARY_DIR}/src ${PROJECT_BINARY_DIR}/framework)
+    ${PROJECT_BINARY_DIR}/src ${PROJECT_BINARY_DIR}/src/plot ${PROJECT_BINARY_DIR}/framework)
 
 set(same_version "${CPACK_DEBIAN_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}")
 set(library_package libktoparameter${PROJECT_VERSION_MAJOR})
@@ -28,7 +28,7 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 # Debian wants a trigger where CPack has scripts that run ldconfig, which it adds all the same.
 file(WRITE ${PROJECT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
-foreach(library ktoFramework ktoParameter)
+foreach(library ktoFramework ktoParameter ktoParameterPlot)
   list(APPEND shlibs "lib${library} ${PROJECT_VERSION_MAJOR} ${library_package} (>= ${PROJECT_VERSION})\n")
 endforeach()
 file(WRITE ${PROJECT_BINARY_DIR}/debian/shlibs ${shlibs})

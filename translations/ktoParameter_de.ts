@@ -100,6 +100,144 @@
     </message>
 </context>
 <context>
+    <name>CCompensationFindings</name>
+    <message>
+        <source>%1 %2 cannot be read as a number and counts as 0</source>
+        <translation>%1 %2 kann nicht als Zahl gelesen werden und zählt als 0</translation>
+    </message>
+    <message>
+        <source>%1 %2 is not finite</source>
+        <translation>%1 %2 ist nicht endlich</translation>
+    </message>
+    <message>
+        <source>without a position, which counts as 0</source>
+        <translation>ohne Position, die als 0 zählt</translation>
+    </message>
+    <message>
+        <source>its adjustment is not in the format of the first point and counts as 0</source>
+        <translation>die Korrektur ist nicht im Format des ersten Punktes und zählt als 0</translation>
+    </message>
+    <message>
+        <source>without an adjustment, which counts as 0</source>
+        <translation>ohne Korrektur, die als 0 zählt</translation>
+    </message>
+    <message>
+        <source>the minimum</source>
+        <translation>das Minimum</translation>
+    </message>
+    <message>
+        <source>the maximum</source>
+        <translation>das Maximum</translation>
+    </message>
+    <message>
+        <source>the minimum %1 is not below the maximum %2</source>
+        <translation>das Minimum %1 ist nicht kleiner als das Maximum %2</translation>
+    </message>
+    <message>
+        <source>below the minimum %1</source>
+        <translation>kleiner als das Minimum %1</translation>
+    </message>
+    <message>
+        <source>above the maximum %1</source>
+        <translation>größer als das Maximum %1</translation>
+    </message>
+    <message>
+        <source>not above the position %1 of point %2</source>
+        <translation>nicht größer als die Position %1 von Punkt %2</translation>
+    </message>
+    <message>
+        <source>at the minimum %1, where only the first point may be</source>
+        <translation>auf dem Minimum %1, wo nur der erste Punkt sein darf</translation>
+    </message>
+    <message>
+        <source>the position</source>
+        <translation>die Position</translation>
+    </message>
+    <message>
+        <source>the adjustment</source>
+        <translation>die Korrektur</translation>
+    </message>
+    <message>
+        <source>beyond the first %1 points</source>
+        <translation>hinter den ersten %1 Punkten</translation>
+    </message>
+    <message>
+        <source>outside the range, which is not valid</source>
+        <translation>außerhalb des Bereichs, der ungültig ist</translation>
+    </message>
+</context>
+<context>
+    <name>CCompensationPlot</name>
+    <message>
+        <source>%1, … (%2 in all)</source>
+        <translation>%1, … (insgesamt %2)</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>Compensation table</source>
+        <translation>Kompensationstabelle</translation>
+    </message>
+    <message>
+        <source>Range %1 to %2</source>
+        <translation>Bereich %1 bis %2</translation>
+    </message>
+    <message>
+        <source>points: %1 (old format)</source>
+        <translation>Punkte: %1 (altes Format)</translation>
+    </message>
+    <message>
+        <source>points: %1</source>
+        <translation>Punkte: %1</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Adjustment</source>
+        <translation>Korrektur</translation>
+    </message>
+    <message>
+        <source>min %1</source>
+        <translation>min. %1</translation>
+    </message>
+    <message>
+        <source>max %1</source>
+        <translation>max. %1</translation>
+    </message>
+    <message>
+        <source>points and linear course</source>
+        <translation>Punkte und linearer Verlauf</translation>
+    </message>
+    <message>
+        <source>wrong points: %1</source>
+        <translation>falsche Punkte: %1</translation>
+    </message>
+    <message>
+        <source>range</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>outside the range</source>
+        <translation>außerhalb des Bereichs</translation>
+    </message>
+    <message>
+        <source>the range is too large to be shown</source>
+        <translation>der Bereich ist zu groß, um dargestellt zu werden</translation>
+    </message>
+    <message>
+        <source>the table has no points</source>
+        <translation>die Tabelle hat keine Punkte</translation>
+    </message>
+    <message>
+        <source>points not shown because they are not finite or too large: %1</source>
+        <translation>nicht dargestellte Punkte, die keine endlichen Zahlen oder zu groß sind: %1</translation>
+    </message>
+</context>
+<context>
     <name>CDomDoc</name>
     <message>
         <source>There is not enough memory to read the document.</source>

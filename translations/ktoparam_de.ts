@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
-    <name>QCommandLineParser</name>
-    <message>
-        <source>Unknown option &apos;%1&apos;.</source>
-        <translation>Die Option &apos;%1&apos; gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>Unknown options: %1.</source>
-        <translation>Diese Optionen gibt es nicht: %1.</translation>
-    </message>
-    <message>
-        <source>Missing value after &apos;%1&apos;.</source>
-        <translation>Hinter &apos;%1&apos; fehlt ein Wert.</translation>
-    </message>
-    <message>
-        <source>Unexpected value after &apos;%1&apos;.</source>
-        <translation>Hinter &apos;%1&apos; darf kein Wert stehen.</translation>
-    </message>
-</context>
-<context>
     <name>QIODevice</name>
     <message>
         <source>Permission denied</source>
@@ -66,78 +47,6 @@
         <translation>Einer von diesen muss folgen: %1.%2 Siehe &quot;ktoparam help %3&quot;.</translation>
     </message>
     <message>
-        <source>A command must stand before &quot;%1&quot;. See &quot;ktoparam help&quot;.</source>
-        <translation>Vor &quot;%1&quot; muss ein Befehl stehen. Siehe &quot;ktoparam help&quot;.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no command.%2 See &quot;ktoparam help&quot;.</source>
-        <translation>&quot;%1&quot; ist kein Befehl.%2 Siehe &quot;ktoparam help&quot;.</translation>
-    </message>
-    <message>
-        <source>%1 in %2</source>
-        <translation>%1 in %2</translation>
-    </message>
-    <message>
-        <source>Compensation table</source>
-        <translation>Kompensationstabelle</translation>
-    </message>
-    <message>
-        <source>Range %1 to %2</source>
-        <translation>Bereich %1 bis %2</translation>
-    </message>
-    <message>
-        <source>points: %1 (old format)</source>
-        <translation>Punkte: %1 (altes Format)</translation>
-    </message>
-    <message>
-        <source>points: %1</source>
-        <translation>Punkte: %1</translation>
-    </message>
-    <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
-        <source>Adjustment</source>
-        <translation>Korrektur</translation>
-    </message>
-    <message>
-        <source>min %1</source>
-        <translation>min. %1</translation>
-    </message>
-    <message>
-        <source>max %1</source>
-        <translation>max. %1</translation>
-    </message>
-    <message>
-        <source>points and linear course</source>
-        <translation>Punkte und linearer Verlauf</translation>
-    </message>
-    <message>
-        <source>wrong points: %1</source>
-        <translation>falsche Punkte: %1</translation>
-    </message>
-    <message>
-        <source>range</source>
-        <translation>Bereich</translation>
-    </message>
-    <message>
-        <source>outside the range</source>
-        <translation>außerhalb des Bereichs</translation>
-    </message>
-    <message>
-        <source>the range is too large to be shown</source>
-        <translation>der Bereich ist zu groß, um dargestellt zu werden</translation>
-    </message>
-    <message>
-        <source>the table has no points</source>
-        <translation>die Tabelle hat keine Punkte</translation>
-    </message>
-    <message>
-        <source>points not shown, which are no finite numbers or too large: %1</source>
-        <translation>nicht dargestellte Punkte, die keine endlichen Zahlen oder zu groß sind: %1</translation>
-    </message>
-    <message>
         <source>%1 is missing.</source>
         <translation>%1 fehlt.</translation>
     </message>
@@ -152,10 +61,6 @@
     <message>
         <source>%1 is empty; it must be the name of a file.</source>
         <translation>%1 ist leer; hier muss der Name einer Datei stehen.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no sub-device; these are numbers from 0 to 255.</source>
-        <translation>&quot;%1&quot; ist kein Subdevice; diese sind Zahlen von 0 bis 255.</translation>
     </message>
     <message>
         <source>%1 See &quot;ktoparam help %2&quot;.</source>
@@ -258,10 +163,6 @@
         <translation>es gibt Korrekturen in beiden Formaten, und nur die im Format des ersten Punktes werden gelesen; beim Umwandeln gingen die anderen verloren.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no format of points; these are &quot;%2&quot; and &quot;%3&quot;.</source>
-        <translation>&quot;%1&quot; ist kein Format für Punkte; es gibt &quot;%2&quot; und &quot;%3&quot;.</translation>
-    </message>
-    <message>
         <source>Points not shown: %1</source>
         <translation>Nicht dargestellte Punkte: %1</translation>
     </message>
@@ -272,10 +173,6 @@
     <message>
         <source>Tell what is wrong with a table, point by point.</source>
         <translation>Sagt Punkt für Punkt, was an einer Tabelle falsch ist.</translation>
-    </message>
-    <message>
-        <source>The range must not be empty, and the positions must lie in it and grow; only the first %1 points are ever valid. After a point that lies too far, all that do not lie beyond it are wrong too. Texts that are no numbers and points that lack something are also told. The exit status is 1 when there is anything.</source>
-        <translation>Der Bereich darf nicht leer sein, und die Positionen müssen in ihm liegen und wachsen; nur die ersten %1 Punkte sind überhaupt gültig. Nach einem Punkt, der zu weit liegt, sind auch alle falsch, die nicht noch weiter liegen. Texte, die keine Zahlen sind, und Punkte, denen etwas fehlt, werden ebenfalls genannt. Der Exit-Status ist 1, wenn es etwas gibt.</translation>
     </message>
     <message>
         <source>Write the points of a table in the current format, or in the old one.</source>
@@ -324,10 +221,6 @@
     <message>
         <source>Set parameters to the defaults of their definitions.</source>
         <translation>Setzt Parameter auf die Vorgabewerte ihrer Definitionen.</translation>
-    </message>
-    <message>
-        <source>Without a pattern all parameters of the hardware id are set. In a pattern &quot;*&quot; stands for any characters and &quot;?&quot; for one; put it in quotes, or the shell looks for files. Parameters that are not defined, or whose definition has no default, are left as they are and counted as unknown or kept. A pattern that no name matches is an error, and nothing is changed then.</source>
-        <translation>Ohne Muster werden alle Parameter der Hardware-ID gesetzt. In einem Muster steht &quot;*&quot; für beliebige Zeichen und &quot;?&quot; für eines; setzen Sie es in Anführungszeichen, sonst sucht die Shell nach Dateien. Parameter, die nicht definiert sind oder deren Definition keinen Vorgabewert hat, bleiben, wie sie sind, und werden als unbekannt oder behalten gezählt. Ein Muster, zu dem kein Name passt, ist ein Fehler; dann wird nichts geändert.</translation>
     </message>
     <message>
         <source>A value file.</source>
@@ -382,16 +275,8 @@
         <translation>Zeigt, worin sich die Werte zweier Dateien unterscheiden.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no format; there are csv, tsv and json.</source>
-        <translation>&quot;%1&quot; ist kein Format; es gibt csv, tsv und json.</translation>
-    </message>
-    <message>
         <source>Print all values for a spreadsheet or a program.</source>
         <translation>Gibt alle Werte für eine Tabellenkalkulation oder ein Programm aus.</translation>
-    </message>
-    <message>
-        <source>One line for each value, behind a line of headings, in UTF-8; or one JSON object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks become \t, \n and \r, and \ becomes \\.</source>
-        <translation>Eine Zeile für jeden Wert hinter einer Zeile mit Überschriften, in UTF-8; oder ein JSON-Objekt. CSV setzt Felder nach RFC 4180 in Anführungszeichen; in TSV werden Tabulatoren und Zeilenumbrüche zu \t, \n und \r, und \ wird zu \\.</translation>
     </message>
     <message>
         <source>One of csv, tsv and json.</source>
@@ -494,14 +379,6 @@
         <translation>Gibt einer Hardware-ID einen anderen Namen.</translation>
     </message>
     <message>
-        <source>The hardware id as it is.</source>
-        <translation>Die Hardware-ID, wie sie ist.</translation>
-    </message>
-    <message>
-        <source>The hardware id as it shall be.</source>
-        <translation>Die Hardware-ID, wie sie heißen soll.</translation>
-    </message>
-    <message>
         <source>Remove a hardware id with all its values.</source>
         <translation>Entfernt eine Hardware-ID mit allen Werten.</translation>
     </message>
@@ -562,12 +439,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
         <translation>Führt die Änderungen zweier Dateien zusammen, die aus einer entstanden sind.</translation>
     </message>
     <message>
-        <source>Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where both changed the same thing differently, OUT has what stands in OURS, the conflict is listed, and the exit status is 1. The date of the Head never conflicts. An empty BASE stands for files made independently.
-OUT may be one of the three files, as a merge driver of git needs it.</source>
-        <translation>Übernimmt Parameter für Parameter in OURS, was THEIRS seit BASE geändert hat. Wo beide dasselbe verschieden geändert haben, steht in OUT, was in OURS steht; der Konflikt wird genannt, und der Exit-Status ist 1. Das Datum im Head ist nie ein Konflikt. Ein leeres BASE steht für unabhängig entstandene Dateien.
-OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</translation>
-    </message>
-    <message>
         <source>The value file that both come from.</source>
         <translation>Die Wertedatei, aus der beide entstanden sind.</translation>
     </message>
@@ -584,16 +455,8 @@ OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</
         <translation>Wohin das Ergebnis geschrieben wird.</translation>
     </message>
     <message>
-        <source>The definition file: values that are the same number are no conflict then.</source>
-        <translation>Die Definitionsdatei: Werte, die dieselbe Zahl sind, sind dann kein Konflikt.</translation>
-    </message>
-    <message>
         <source>A file of motors is needed (LumoMotorParameters).</source>
         <translation>Es wird eine Datei mit Motoren gebraucht (LumoMotorParameters).</translation>
-    </message>
-    <message>
-        <source>motor &quot;%1&quot; stands in %2, too; this file counts.</source>
-        <translation>der Motor &quot;%1&quot; steht auch in %2; diese Datei gilt.</translation>
     </message>
     <message>
         <source>MOTOR</source>
@@ -610,10 +473,6 @@ OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</
     <message>
         <source>Files of motors.</source>
         <translation>Dateien mit Motoren.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no type of value files.%2 There are: %3.</source>
-        <translation>&quot;%1&quot; ist kein Typ einer Wertedatei.%2 Es gibt: %3.</translation>
     </message>
     <message>
         <source>A hardware id must not be empty.</source>
@@ -716,20 +575,8 @@ OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</
         <translation>Die Definitionsdatei, gegen die die Werte geprüft werden.</translation>
     </message>
     <message>
-        <source>%1 is no value file; --json is the only option for others.</source>
-        <translation>%1 ist keine Wertedatei; für andere gibt es nur die Option --json.</translation>
-    </message>
-    <message>
         <source>Show what is in a file.</source>
         <translation>Zeigt, was in einer Datei steht.</translation>
-    </message>
-    <message>
-        <source>Definitions are shown as a table, values as a tree for each hardware id and sub-device. With --def, units and the names of choices and bits stand beside the values, and a &quot;*&quot; before each value that is not the default.
-Settings are shown as a tree, compensation tables point by point, with a &quot;!&quot; before each wrong one.
-A text stands between quotes, as in JSON, when it is empty, begins or ends with a blank, or holds line breaks or control characters.</source>
-        <translation>Definitionen erscheinen als Tabelle, Werte als Baum für jede Hardware-ID und jedes Subdevice. Mit --def stehen Einheiten und die Namen von Auswahlwerten und Bits neben den Werten, und ein &quot;*&quot; vor jedem Wert, der nicht der Vorgabewert ist.
-Einstellungen erscheinen als Baum, Kompensationstabellen Punkt für Punkt, mit einem &quot;!&quot; vor jedem falschen.
-Ein Text steht wie in JSON in Anführungszeichen, wenn er leer ist, mit einem Leerzeichen anfängt oder endet oder Zeilenumbrüche oder Steuerzeichen enthält.</translation>
     </message>
     <message>
         <source>A file of any kind.</source>
@@ -810,70 +657,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
         <translation>die Ergebnisse konnten nicht geschrieben werden: %1</translation>
     </message>
     <message>
-        <source>%1 %2 cannot be read as a number and counts as 0</source>
-        <translation>%1 %2 kann nicht als Zahl gelesen werden und zählt als 0</translation>
-    </message>
-    <message>
-        <source>%1 %2 is not finite</source>
-        <translation>%1 %2 ist nicht endlich</translation>
-    </message>
-    <message>
-        <source>without a position, which counts as 0</source>
-        <translation>ohne Position, die als 0 zählt</translation>
-    </message>
-    <message>
-        <source>its adjustment is not in the format of the first point and counts as 0</source>
-        <translation>die Korrektur ist nicht im Format des ersten Punktes und zählt als 0</translation>
-    </message>
-    <message>
-        <source>without an adjustment, which counts as 0</source>
-        <translation>ohne Korrektur, die als 0 zählt</translation>
-    </message>
-    <message>
-        <source>not in the range, which is none</source>
-        <translation>nicht im Bereich, denn es gibt keinen</translation>
-    </message>
-    <message>
-        <source>the minimum</source>
-        <translation>das Minimum</translation>
-    </message>
-    <message>
-        <source>the maximum</source>
-        <translation>das Maximum</translation>
-    </message>
-    <message>
-        <source>the minimum %1 is not below the maximum %2</source>
-        <translation>das Minimum %1 ist nicht kleiner als das Maximum %2</translation>
-    </message>
-    <message>
-        <source>the position</source>
-        <translation>die Position</translation>
-    </message>
-    <message>
-        <source>the adjustment</source>
-        <translation>die Korrektur</translation>
-    </message>
-    <message>
-        <source>beyond the first %1 points</source>
-        <translation>hinter den ersten %1 Punkten</translation>
-    </message>
-    <message>
-        <source>below the minimum %1</source>
-        <translation>kleiner als das Minimum %1</translation>
-    </message>
-    <message>
-        <source>above the maximum %1</source>
-        <translation>größer als das Maximum %1</translation>
-    </message>
-    <message>
-        <source>not above the position %1 of point %2</source>
-        <translation>nicht größer als die Position %1 von Punkt %2</translation>
-    </message>
-    <message>
-        <source>at the minimum %1, where only the first point may be</source>
-        <translation>auf dem Minimum %1, wo nur der erste Punkt sein darf</translation>
-    </message>
-    <message>
         <source>taken %1, equal %2, defaulted %3, kept %4, added %5, removed %6, unknown %7, failed %8</source>
         <translation>übernommen %1, gleich %2, Vorgabe %3, behalten %4, hinzugefügt %5, entfernt %6, unbekannt %7, fehlgeschlagen %8</translation>
     </message>
@@ -940,10 +723,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
     <message>
         <source>this is a folder; name a file.</source>
         <translation>dies ist ein Ordner; nennen Sie eine Datei.</translation>
-    </message>
-    <message>
-        <source>this is no regular file.</source>
-        <translation>dies ist keine reguläre Datei.</translation>
     </message>
     <message>
         <source>this is a link to a file that does not exist.</source>
@@ -1016,10 +795,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
     <message>
         <source>Example:</source>
         <translation>Beispiel:</translation>
-    </message>
-    <message>
-        <source>File &quot;%1&quot;</source>
-        <translation>Datei &quot;%1&quot;</translation>
     </message>
     <message>
         <source>A settings file is needed here.</source>
@@ -1122,14 +897,6 @@ git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; 
         <translation>NEW fehlt. Ohne diese Angabe sagt --%1 oder --%2, womit verglichen wird.</translation>
     </message>
     <message>
-        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment are no differences.
-Two hardware ids or two sub-devices can be compared, too, also of one file; those of NEW stand in the list then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
-The exit status is 1 when there are differences.</source>
-        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
-Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
-Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
-    </message>
-    <message>
         <source>A value file; OLD unless given.</source>
         <translation>Eine Wertedatei; ohne Angabe OLD.</translation>
     </message>
@@ -1194,12 +961,6 @@ Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
         <translation>Subdevice %1: %2</translation>
     </message>
     <message>
-        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or no choice, unnamed bits, parameters that are not defined, wrong ids, hardware ids that give a sub-device different types or names, and bad definitions. Without a value file, definitions alone are checked. Several value files are checked against the same definitions.
-The exit status is 1 when there are errors or warnings.</source>
-        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs, Hardware-IDs, die einem Subdevice verschiedene Typen oder Namen geben, und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft. Mehrere Wertedateien werden gegen dieselben Definitionen geprüft.
-Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
-    </message>
-    <message>
         <source> They are: %1.</source>
         <translation> Es gibt: %1.</translation>
     </message>
@@ -1232,6 +993,90 @@ Werte anderer Parameter, die ein geänderter begrenzt, werden nicht betrachtet.<
     <message>
         <source>this is not valid text in the encoding of the locale.</source>
         <translation>das ist kein gültiger Text in der Kodierung der Locale.</translation>
+    </message>
+    <message>
+        <source>A command must come before &quot;%1&quot;. See &quot;ktoparam help&quot;.</source>
+        <translation>Vor &quot;%1&quot; muss ein Befehl stehen. Siehe &quot;ktoparam help&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a command.%2 See &quot;ktoparam help&quot;.</source>
+        <translation>&quot;%1&quot; ist kein Befehl.%2 Siehe &quot;ktoparam help&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a sub-device; these are numbers from 0 to 255.</source>
+        <translation>&quot;%1&quot; ist kein Subdevice; diese sind Zahlen von 0 bis 255.</translation>
+    </message>
+    <message>
+        <source>Lists all findings with file and line: values that are not of their type, beyond their limits or not a choice, unnamed bits, parameters that are not defined, wrong ids, hardware ids that give a sub-device different types or names, and bad definitions. Without a value file, definitions alone are checked. Several value files are checked against the same definitions.
+The exit status is 1 when there are errors or warnings.</source>
+        <translation>Zeigt alle Befunde mit Datei und Zeile: Werte, die nicht von ihrem Typ sind, außerhalb ihrer Grenzen liegen oder kein Auswahlwert sind, Bits ohne Namen, nicht definierte Parameter, falsche IDs, Hardware-IDs, die einem Subdevice verschiedene Typen oder Namen geben, und fehlerhafte Definitionen. Ohne Wertedatei werden nur Definitionen geprüft. Mehrere Wertedateien werden gegen dieselben Definitionen geprüft.
+Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a format of points; use &quot;%2&quot; or &quot;%3&quot;.</source>
+        <translation>&quot;%1&quot; ist kein Format für Punkte; es gibt &quot;%2&quot; und &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>The range must not be empty, and the positions must lie in it and grow; only the first %1 points are ever valid. After a point that is too far, all points not beyond it are wrong, too. Texts that are not numbers and points that lack something are also listed. The exit status is 1 when there is anything.</source>
+        <translation>Der Bereich darf nicht leer sein, und die Positionen müssen in ihm liegen und wachsen; nur die ersten %1 Punkte sind überhaupt gültig. Nach einem Punkt, der zu weit liegt, sind auch alle falsch, die nicht noch weiter liegen. Texte, die keine Zahlen sind, und Punkte, denen etwas fehlt, werden ebenfalls genannt. Der Exit-Status ist 1, wenn es etwas gibt.</translation>
+    </message>
+    <message>
+        <source>Without a pattern all parameters of the hardware id are set. In a pattern &quot;*&quot; matches any characters and &quot;?&quot; one; put it in quotes, or the shell looks for files. Parameters that are not defined, or whose definition has no default, are left as they are and counted as unknown or kept. A pattern that no name matches is an error, and nothing is changed then.</source>
+        <translation>Ohne Muster werden alle Parameter der Hardware-ID gesetzt. In einem Muster steht &quot;*&quot; für beliebige Zeichen und &quot;?&quot; für eines; setzen Sie es in Anführungszeichen, sonst sucht die Shell nach Dateien. Parameter, die nicht definiert sind oder deren Definition keinen Vorgabewert hat, bleiben, wie sie sind, und werden als unbekannt oder behalten gezählt. Ein Muster, zu dem kein Name passt, ist ein Fehler; dann wird nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment do not count as differences.
+Two hardware ids or two sub-devices can be compared, too, also of one file; the list shows those of NEW then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
+The exit status is 1 when there are differences.</source>
+        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
+Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
+Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a format; use csv, tsv or json.</source>
+        <translation>&quot;%1&quot; ist kein Format; es gibt csv, tsv und json.</translation>
+    </message>
+    <message>
+        <source>One line for each value, after a line of headings, in UTF-8; or one JSON object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks become \t, \n and \r, and \ becomes \\.</source>
+        <translation>Eine Zeile für jeden Wert hinter einer Zeile mit Überschriften, in UTF-8; oder ein JSON-Objekt. CSV setzt Felder nach RFC 4180 in Anführungszeichen; in TSV werden Tabulatoren und Zeilenumbrüche zu \t, \n und \r, und \ wird zu \\.</translation>
+    </message>
+    <message>
+        <source>The current hardware id.</source>
+        <translation>Die Hardware-ID, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where both changed the same thing differently, OUT keeps what OURS has, the conflict is listed, and the exit status is 1. The date of the Head never conflicts. With an empty BASE, the files were made independently.
+OUT may be one of the three files, as a merge driver of git needs it.</source>
+        <translation>Übernimmt Parameter für Parameter in OURS, was THEIRS seit BASE geändert hat. Wo beide dasselbe verschieden geändert haben, steht in OUT, was in OURS steht; der Konflikt wird genannt, und der Exit-Status ist 1. Das Datum im Head ist nie ein Konflikt. Ein leeres BASE steht für unabhängig entstandene Dateien.
+OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</translation>
+    </message>
+    <message>
+        <source>The definition file: values that are the same number are not a conflict then.</source>
+        <translation>Die Definitionsdatei: Werte, die dieselbe Zahl sind, sind dann kein Konflikt.</translation>
+    </message>
+    <message>
+        <source>motor &quot;%1&quot; is also in %2; this file counts.</source>
+        <translation>der Motor &quot;%1&quot; steht auch in %2; diese Datei gilt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a type of value file.%2 The types are: %3.</source>
+        <translation>&quot;%1&quot; ist kein Typ einer Wertedatei.%2 Es gibt: %3.</translation>
+    </message>
+    <message>
+        <source>%1 is not a value file; --json is the only option for others.</source>
+        <translation>%1 ist keine Wertedatei; für andere gibt es nur die Option --json.</translation>
+    </message>
+    <message>
+        <source>Definitions are shown as a table, values as a tree for each hardware id and sub-device. With --def, units and the names of choices and bits are shown with the values, and a &quot;*&quot; before each value that is not the default.
+Settings are shown as a tree, compensation tables point by point, with a &quot;!&quot; before each wrong one.
+A text is quoted, as in JSON, when it is empty, begins or ends with a blank, or holds line breaks or control characters.</source>
+        <translation>Definitionen erscheinen als Tabelle, Werte als Baum für jede Hardware-ID und jedes Subdevice. Mit --def stehen Einheiten und die Namen von Auswahlwerten und Bits neben den Werten, und ein &quot;*&quot; vor jedem Wert, der nicht der Vorgabewert ist.
+Einstellungen erscheinen als Baum, Kompensationstabellen Punkt für Punkt, mit einem &quot;!&quot; vor jedem falschen.
+Ein Text steht wie in JSON in Anführungszeichen, wenn er leer ist, mit einem Leerzeichen anfängt oder endet oder Zeilenumbrüche oder Steuerzeichen enthält.</translation>
+    </message>
+    <message>
+        <source>this is not a regular file.</source>
+        <translation>dies ist keine reguläre Datei.</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 # Installs the build into an empty folder, then builds and runs the outside project against it.
 set(PREFIX ${WORK_DIR}/prefix)
-set(files ${EXAMPLE_DATA}/TwoAxisDrive.xpdef ${EXAMPLE_DATA}/TwoAxisDrive.xparam)
+set(files ${EXAMPLE_DATA}/TwoAxisDrive.xpdef ${EXAMPLE_DATA}/TwoAxisDrive.xparam
+          ${EXAMPLE_DATA}/SpindleCompensation.xcomp)
 set(flags)
 if(SANITIZE)
   set(flags -fsanitize=${SANITIZE})
@@ -18,7 +19,7 @@ endfunction()
 
 function(run_consumer program)
   run(${program} ${files})
-  if(NOT output STREQUAL "KTO-2A-16 KTO-2A-32\n")
+  if(NOT output STREQUAL "KTO-2A-16 KTO-2A-32\n<?xml\n")
     message(FATAL_ERROR "unexpected output of ${program}: ${output}")
   endif()
 endfunction()
@@ -32,7 +33,7 @@ run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 run_consumer(${WORK_DIR}/build/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
-run(pkg-config --cflags --libs ktoParameter)
+run(pkg-config --cflags --libs ktoParameterPlot)
 separate_arguments(package UNIX_COMMAND "${output}")
 # -fPIC is what Qt itself asks of its users.
 run(${CXX} -std=c++17 -fPIC ${flags} ${PROJECT_DIR}/main.cpp -o ${WORK_DIR}/consumer ${package})

@@ -76,21 +76,19 @@ class tst_Git : public QObject {
                           "+KTO-2A-16[2]/Motion/Limits/VelocityLimit (4413) = 900"}));
   }
 
-  void mergesDifferentParameters() {
+  void mergesAndReportsConflicts() {
     const CRepository byHand;
     QVERIFY(byHand.set("VelocityLimit=900") && byHand.set("FeedConstant=12.5"));
     const CRepository repository;
     QVERIFY(repository.diverge("VelocityLimit=900", "FeedConstant=12.5"));
-    const SRun merge = repository.git("merge --quiet --no-edit other");
+    SRun merge = repository.git("merge --quiet --no-edit other");
     QVERIFY2(merge.status == 0, qPrintable(merge.out + merge.err));
     QVERIFY(repository.content() == byHand.content());
-  }
 
-  void reportsConflicts() {
-    const CRepository repository;
-    QVERIFY(repository.diverge("VelocityLimit=900", "VelocityLimit=800"));
+    QVERIFY(repository.git("branch --quiet -d other").status == 0);
+    QVERIFY(repository.diverge("VelocityLimit=700", "VelocityLimit=800"));
     const QByteArray mine = repository.content();
-    const SRun merge = repository.git("merge --quiet --no-edit other");
+    merge = repository.git("merge --quiet --no-edit other");
     QCOMPARE(merge.status, 1);
     QVERIFY2(merge.out.contains("VelocityLimit"), qPrintable(merge.out));
     QCOMPARE(repository.git("status --short --untracked-files=no").out, "UU TwoAxisDrive.xparam\n");

@@ -6,6 +6,7 @@
 #include "TestRows.h"
 
 #include <QDirIterator>
+#include <QTextCodec>
 #include <QtTest>
 
 namespace {
@@ -161,6 +162,33 @@ class tst_ktoparam : public QObject {
     const SRun run = CWorkplace().shell("export TERM=xterm\n" + script);
     QCOMPARE(run.err, "");
     QVERIFY2(QRegularExpression(pattern).match(run.out).hasMatch(), qPrintable(run.out));
+  }
+
+  /// The example is as the library writes it, so the way back ends at the same bytes.
+  void convertsThereAndBack() {
+    const CWorkplace place;
+    const QString name = "SpindleCompensationOld.xcomp";
+    const QByteArray old = place.files().value(name);
+    for (const char* to : {"current", "old"}) {
+      const SRun run = place.runLine("compensation convert " + name + " --to " + to);
+      QCOMPARE(run.out + run.err, QString("Points converted to the %1 format: 12\n").arg(to));
+      QCOMPARE(NTestFiles::read(place.path(name)) == old, QByteArray(to) == "old");
+    }
+  }
+
+  void convertsAnyVersion() {
+    const CWorkplace place;
+    for (const char* version : {"1.0", "01.050", "0.0", "7", "beta", ""}) {
+      const QByteArray root = QByteArray("<C_COMPENSATION_FORMAT Version=\"") + version + "\">";
+      NTestFiles::write(place.path("F"), root +
+                                             "<HEADER><MIN>0</MIN><MAX>1</MAX></HEADER><POINTLIST>"
+                                             "<POINT><POSITION>0</POSITION><ADJUST>0</ADJUST>"
+                                             "</POINT></POINTLIST></C_COMPENSATION_FORMAT>");
+      QCOMPARE(place.runLine("compensation convert F --to old").err, "");
+      const QByteArray bytes = NTestFiles::read(place.path("F"));
+      const QString saved = QTextCodec::codecForUtfText(bytes)->toUnicode(bytes);
+      QVERIFY(saved.contains(root) && saved.contains("<ERROR>"));
+    }
   }
 
   void failedSaveLeavesTheFile() {

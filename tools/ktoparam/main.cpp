@@ -2,7 +2,8 @@
 #include "CLanguage.h"
 #include "CMessageBoardHelper.h"
 #include "COutput.h"
-#include "LibraryMessage.h"
+#include "Commands.h"
+#include "FileMessage.h"
 #include "Tool.h"
 
 #include <QCoreApplication>
@@ -13,8 +14,8 @@
 
 namespace {
 
-/// False, with a message, when a word does not mean what it says: the bytes behind it would be
-/// another file or another value.
+/// False, with a message, when a word does not mean what it says: its bytes name another file or
+/// are another value.
 bool areExact(char** bytes, const QStringList& words, COutput& out) {
   for (const QString& word : words) {
     if (QFile::encodeName(word) == *bytes++) continue;
@@ -40,11 +41,14 @@ int main(int argc, char* argv[]) {
   // What is critical is also the reason of a failed operation, and told with that.
   CMessageBoardHelper::setHandler(
       [&out](CMessageBoardHelper::EMessageKind kind, const QString& text) {
-        if (kind == CMessageBoardHelper::Warning) LibraryMessage::print(text, out);
+        if (kind != CMessageBoardHelper::Warning) return;
+        const auto [file, reason] = NFileMessage::parts(text);
+        file.isEmpty() ? out.message(reason) : out.message(file, reason);
       });
   EExitStatus status = ExitFile;
   try {
-    status = areExact(argv + 1, words, out) ? CCommandTable().run(words, out) : ExitUsage;
+    status =
+        areExact(argv + 1, words, out) ? CCommandTable(allCommands()).run(words, out) : ExitUsage;
   } catch (const std::bad_alloc&) {
     // What was taken is free again. No file is half written: a save begins when all of it is there.
     out.message(Tool::tr("there is not enough memory for these files."));

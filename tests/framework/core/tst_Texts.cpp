@@ -1,0 +1,60 @@
+#include "DisplayText.h"
+#include "NShortText.h"
+#include "TestRows.h"
+
+class tst_Texts : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void showsTexts_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("width");
+    addRow("empty", "", "\"\"", 0);
+    addRow("plain", "a \"b\" \\", "a \"b\" \\", 7);
+    addRow("looks quoted", "\"a\"", "\"\\\"a\\\"\"", 3);
+    addRow("blanks", "a ", "\"a \"", 2);
+    addRow("no-break space", u8"\u00a0a", u8"\"\u00a0a\"", 2);
+    addRow("terminal control", u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", 5);
+    addRow("turned direction", QString("a") + QChar(0x202e) + 'b', "\"a\\u202eb\"", 2);
+    addRow("line ends", u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", 6);
+    addRow("combining", u8"a\u0301\u20dd", u8"a\u0301\u20dd", 1);
+    addRow("wide", "軸한ｱＡ", "軸한ｱＡ", 7);
+    addRow("beyond the first plane", "😀𝛼𠀀", "😀𝛼𠀀", 5);
+  }
+  void showsTexts() {
+    QFETCH(QString, text);
+    QTEST(NDisplayText::shown(text), "shown");
+    QTEST(NDisplayText::width(text), "width");
+  }
+
+  void shortensDifferentTextsDifferently() {
+    const QString half(500, 'a');
+    QStringList texts{half + half, half + 'b' + half, half + 'c' + half, half + half + half};
+    // Nothing passes for the short form of something else, and no pair of surrogates is cut.
+    texts += NShortText::of(texts.at(1));
+    texts += QString(99, 'a') + QString("😀").repeated(500) + QString(99, 'a');
+    QSet<QString> results;
+    for (const QString& text : texts) {
+      const QString result = NShortText::of(text);
+      QCOMPARE(result == text, text.size() <= NShortText::kLongest && !text.contains("…#"));
+      QVERIFY(result == text || (result.size() >= 233 && result.size() <= 235));
+      QCOMPARE(QString::fromUtf8(result.toUtf8()), result);
+      results.insert(result);
+    }
+    QCOMPARE(results.size(), texts.size());
+  }
+
+  void joinsPathsFromGroupToGroup() {
+    QString path;
+    QStringList paths;
+    for (int i = 0; i < 10; ++i) paths += path = NShortText::below(path, QString(300, 'a'));
+    QCOMPARE(paths.at(2), QString(300, 'a') + '/' + QString(300, 'a') + '/' + QString(300, 'a'));
+    QCOMPARE(paths.removeDuplicates(), 0);
+    QCOMPARE(path.size(), 235);
+    QCOMPARE(NShortText::below(NShortText::below({}, ""), "a"), QString("/a"));
+  }
+};
+
+QTEST_APPLESS_MAIN(tst_Texts)
+#include "tst_Texts.moc"

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "SCommand.h"
+
+#include <QMap>
+
+/// The words after a command's name, taken apart as its record says.
+class CParsedWords {
+ public:
+  /// The command must live as long as this.
+  CParsedWords(const SCommand& command, const QStringList& words);
+
+  bool isSet(const QString& option) const { return mOptions.contains(option); }
+  /// The last one that was given; empty when there is none.
+  QString value(const QString& option) const { return mOptions.value(option); }
+  const QStringList& arguments() const { return mArguments; }
+  /// The option whose value is still missing, since its name is the last word; mostly null.
+  const SOption* openOption() const { return mOpen; }
+  /// The values of all arguments and options that mean such a word.
+  QStringList valuesOf(EWord word) const;
+
+  /// What is wrong with the options; empty when nothing is.
+  const QString& problem() const { return mProblem; }
+
+ private:
+  void readOption(const QString& word);
+  void complain(const QString& problem);
+
+  const SCommand& mCommand;
+  QMap<QString, QString> mOptions;
+  QStringList mArguments;
+  const SOption* mOpen = nullptr;
+  QString mProblem;
+};

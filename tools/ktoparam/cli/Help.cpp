@@ -1,0 +1,118 @@
+#include "Help.h"
+
+#include "COutput.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+namespace {
+
+constexpr int kColumns = 80;
+const QLatin1String kIndent("  ");
+
+/// The left and the right column of a list of arguments, options or commands.
+using CEntries = QVector<QPair<QString, QString>>;
+
+QString argumentSyntax(const SArgument& argument) {
+  switch (argument.count) {
+    case SArgument::OneOrMore:
+      return argument.name + QStringLiteral("…");
+    case SArgument::AnyNumber:
+      return QStringLiteral("[%1…]").arg(argument.name);
+    case SArgument::NoneOrOne:
+      return QStringLiteral("[%1]").arg(argument.name);
+    default:
+      return argument.name;
+  }
+}
+
+// Breaks at blanks; the first line begins after `left`, the others below it.
+void printWrapped(const QString& left, const QString& text, COutput& out) {
+  const QString indent(NDisplayText::width(left), QLatin1Char(' '));
+  QString line = left;
+  bool isFresh = true;
+  for (const QString& word : text.split(QLatin1Char(' '))) {
+    if (!isFresh && NDisplayText::width(line) + 1 + NDisplayText::width(word) > kColumns) {
+      out.line(line);
+      line = indent;
+      isFresh = true;
+    }
+    if (!isFresh) line += QLatin1Char(' ');
+    line += word;
+    isFresh = false;
+  }
+  out.line(line);
+}
+
+void printEntries(const QString& heading, const CEntries& entries, COutput& out) {
+  if (entries.isEmpty()) return;
+  int widest = 0;
+  for (const auto& entry : entries) widest = qMax(widest, NDisplayText::width(entry.first));
+  out.line({});
+  out.line(heading);
+  for (const auto& entry : entries) {
+    const QString gap(widest - NDisplayText::width(entry.first) + 2, QLatin1Char(' '));
+    printWrapped(kIndent + entry.first + gap, entry.second, out);
+  }
+}
+
+void printParagraphs(const QString& text, COutput& out) {
+  if (text.isEmpty()) return;
+  out.line({});
+  for (const QString& paragraph : text.split(QLatin1Char('\n'))) printWrapped({}, paragraph, out);
+}
+
+}  // namespace
+
+QString NHelp::optionSyntax(const SOption& option) {
+  const QString letter =
+      option.letter.isEmpty() ? QString() : QStringLiteral("-%1, ").arg(option.letter);
+  const QString dashed = letter + QStringLiteral("--") + option.name;
+  return option.valueName.isEmpty() ? dashed : dashed + QLatin1Char(' ') + option.valueName;
+}
+
+QString NHelp::syntax(const SCommand& command) {
+  QStringList words(command.name);
+  for (const SArgument& argument : command.arguments) words.append(argumentSyntax(argument));
+  bool hasMore = false;
+  for (const SOption& option : command.options) {
+    if (option.isRequired)
+      words.append(QStringLiteral("--%1 %2").arg(option.name, option.valueName));
+    hasMore = hasMore || !option.isRequired;
+  }
+  if (hasMore) words.append(Tool::tr("[options]"));
+  return words.join(QLatin1Char(' '));
+}
+
+void NHelp::printOverview(const QVector<SCommand>& commands, COutput& out) {
+  out.line(Tool::tr("ktoparam shows and edits the parameter files of servo drives."));
+  out.line({});
+  out.line(Tool::tr("Usage: ktoparam COMMAND [options] FILE…"));
+  CEntries entries;
+  for (const SCommand& command : commands) entries.append({command.name, command.summary});
+  entries.append({QStringLiteral("help [COMMAND]"), Tool::tr("Tell more about a command.")});
+  entries.append({QStringLiteral("--version"), Tool::tr("Print the version of this program.")});
+  printEntries(Tool::tr("Commands:"), entries, out);
+  const CEntries states = {
+      {QStringLiteral("0"), Tool::tr("done")},
+      {QStringLiteral("1"), Tool::tr("findings, differences, or something that was refused")},
+      {QStringLiteral("2"), Tool::tr("wrong usage")},
+      {QStringLiteral("3"), Tool::tr("a file could not be read or written")}};
+  printEntries(Tool::tr("Exit status:"), states, out);
+}
+
+void NHelp::printCommand(const SCommand& command, COutput& out) {
+  out.line(QStringLiteral("ktoparam %1").arg(syntax(command)));
+  printWrapped(kIndent, command.summary, out);
+  printParagraphs(command.details, out);
+  CEntries arguments;
+  for (const SArgument& each : command.arguments) arguments.append({each.name, each.help});
+  printEntries(Tool::tr("Arguments:"), arguments, out);
+  CEntries options;
+  for (const SOption& each : command.options) options.append({optionSyntax(each), each.help});
+  options.append({QStringLiteral("-h, --help"), Tool::tr("Print this help.")});
+  printEntries(Tool::tr("Options:"), options, out);
+  out.line({});
+  out.line(Tool::tr("Example:"));
+  for (const QString& example : command.examples)
+    out.line(kIndent + QStringLiteral("ktoparam ") + example);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "SCommand.h"
+#include "Tool.h"
+
+#include <QLatin1String>
+
+/// Options that several commands have, each with one name and one meaning.
+namespace NOptions {
+
+inline const QLatin1String kJson("json");
+inline const QLatin1String kDef("def");
+inline const QLatin1String kHardwareId("hardware-id");
+inline const QLatin1String kSubDevice("sub-device");
+inline const QLatin1String kDryRun("dry-run");
+inline const QLatin1String kOutput("output");
+
+inline SOption json() {
+  return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};
+}
+inline SOption def(const QString& help) {
+  return {kDef, QStringLiteral("DEF"), help, EWord::File};
+}
+inline SOption required(SOption option) {
+  option.isRequired = true;
+  return option;
+}
+inline SOption hardwareId(const QString& help) {
+  return {kHardwareId, QStringLiteral("ID"), help, EWord::HardwareId};
+}
+inline SOption subDevice(const QString& help) {
+  return {kSubDevice, QStringLiteral("N"), help, EWord::SubDevice};
+}
+inline SOption choice(QLatin1String name, const QStringList& choices, const QString& help) {
+  SOption option{name, QStringLiteral("FORMAT"), help};
+  option.choices = choices;
+  return option;
+}
+inline SOption dryRun() {
+  return {kDryRun, {}, Tool::tr("Show what would be done, and leave the file as it is.")};
+}
+
+inline SOption output(const QString& help) {
+  return {kOutput, QStringLiteral("OUT"), help, EWord::File, QStringLiteral("o")};
+}
+
+inline SArgument valueFile() {
+  return {QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File};
+}
+
+inline QString dryRunNote() {
+  return Tool::tr("Dry run: nothing was saved.");
+}
+
+}  // namespace NOptions

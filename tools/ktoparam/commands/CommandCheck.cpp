@@ -1,0 +1,217 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CParamLineIndex.h"
+#include "CParameterFileChecker.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <array>
+
+namespace {
+
+const QLatin1String kMissing("missing");
+
+/// Findings about one file, with their lines.
+struct SChecked {
+  QString fileName;
+  CParamFindings findings;
+
+  SChecked(const QString& file, const CParamFindings& found) : fileName(file), findings(found) {
+    CParamLineIndex lines;
+    if (!findings.isEmpty() && lines.read(fileName)) lines.addLines(findings);
+  }
+};
+
+using CCounts = std::array<int, 3>;  // by SParamFinding::ESeverity
+
+CCounts count(const QVector<SChecked>& files) {
+  CCounts counts{};
+  for (const SChecked& file : files)
+    for (const SParamFinding& finding : file.findings)
+      ++counts.at(static_cast<std::size_t>(finding.severity));
+  return counts;
+}
+
+/// "KTO-2A-16, sub-device 2, Motion/Limits/VelocityLimit"
+QString place(const SParamFinding& finding, const CLabels& labels) {
+  QStringList parts;
+  if (!finding.hardwareId.isEmpty()) parts.append(labels.shown(finding.hardwareId));
+  if (finding.subDevId != SParamFinding::kNoSubDevice)
+    parts.append(Tool::tr("sub-device %1").arg(finding.subDevId));
+  const QString group =
+      finding.groupPath.isEmpty() ? QString() : finding.groupPath + QLatin1Char('/');
+  if (!finding.name.isEmpty()) parts.append(NDisplayText::shown(group + labels.of(finding.name)));
+  return parts.join(QLatin1String(", "));
+}
+
+QString severity(const SParamFinding& finding, const COutput& out) {
+  const QString text = SParamFinding::severityText(finding.severity);
+  if (finding.severity == SParamFinding::Info) return text;
+  return out.styled(text,
+                    finding.severity == SParamFinding::Error ? COutput::Red : COutput::Yellow);
+}
+
+/// As compilers write, so that editors jump to the line.
+void print(const SChecked& file, COutput& out) {
+  for (const SParamFinding& finding : file.findings) {
+    const QString line = finding.line > 0 ? QStringLiteral(":%1").arg(finding.line) : QString();
+    out.line(QStringLiteral("%1%2: %3: %4: %5 [%6]")
+                 .arg(NDisplayText::escaped(file.fileName), line, severity(finding, out),
+                      place(finding, out.labels()), NDisplayText::escaped(finding.text),
+                      SParamFinding::codeText(finding.code)));
+  }
+}
+
+/// The stable text; SParamFinding::severityText() is translated.
+QString severityKey(SParamFinding::ESeverity severity) {
+  switch (severity) {
+    case SParamFinding::Info:
+      return QStringLiteral("info");
+    case SParamFinding::Warning:
+      return QStringLiteral("warning");
+    case SParamFinding::Error:
+      break;
+  }
+  return QStringLiteral("error");
+}
+
+QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const CLabels& labels) {
+  const bool hasSubDevice = finding.subDevId != SParamFinding::kNoSubDevice;
+  return {{QStringLiteral("file"), fileName},
+          {QStringLiteral("line"), finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
+          {QStringLiteral("severity"), severityKey(finding.severity)},
+          {QStringLiteral("code"), SParamFinding::codeText(finding.code)},
+          {QStringLiteral("hardwareId"), labels.of(finding.hardwareId)},
+          {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},
+          {QStringLiteral("group"), finding.groupPath},
+          {QStringLiteral("name"), labels.of(finding.name)},
+          {QStringLiteral("value"), finding.value},
+          {QStringLiteral("text"), finding.text}};
+}
+
+EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation, COutput& out) {
+  const auto [infos, warnings, errors] = count(files);
+  if (invocation.wantsJson()) {
+    QJsonArray array;
+    for (const SChecked& file : files)
+      for (const SParamFinding& finding : file.findings)
+        array.append(toJson(file.fileName, finding, out.labels()));
+    out.json({{QStringLiteral("errors"), errors},
+              {QStringLiteral("warnings"), warnings},
+              {QStringLiteral("infos"), infos},
+              {QStringLiteral("findings"), array}});
+  } else {
+    for (const SChecked& file : files) print(file, out);
+    out.line(Tool::tr("errors %1, warnings %2, infos %3")
+                 .arg(QString::number(errors), QString::number(warnings), QString::number(infos)));
+  }
+  return errors + warnings > 0 ? ExitFindings : ExitDone;
+}
+
+/// Checks one file after another, each as its kind asks for, and gathers what is found.
+class CChecking {
+ public:
+  CChecking(const CInvocation& invocation, COutput& out) : mInvocation(invocation), mOut(out) {}
+
+  EExitStatus check(const QString& fileName) {
+    const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
+    if (!info) return ExitFile;
+    if (info->kind == SFileInfo::Definitions) return checkDefinitions(fileName);
+    if (info->kind == SFileInfo::Values) return checkValues(fileName);
+    mOut.message(fileName, info->refusal(Tool::tr("A value or definition file is needed here.")));
+    return ExitFile;
+  }
+
+  const QVector<SChecked>& checked() const { return mChecked; }
+
+ private:
+  EExitStatus checkDefinitions(const QString& fileName) {
+    if (mInvocation.isSet(NOptions::kDef) || mInvocation.isSet(NOptions::kHardwareId) ||
+        mInvocation.isSet(kMissing)) {
+      return mInvocation.wrongUsage(
+          Tool::tr("%1 is a definition file; --json is the only option for it.").arg(fileName),
+          mOut);
+    }
+    CLoadedFile loaded(mOut);
+    if (!loaded.load(fileName, SFileInfo::Definitions)) return ExitFile;
+    addDefinitions(fileName, loaded);
+    return ExitDone;
+  }
+
+  EExitStatus checkValues(const QString& fileName) {
+    if (!mInvocation.isSet(NOptions::kDef)) {
+      return mInvocation.wrongUsage(
+          Tool::tr("Values are checked against definitions; name their file with --def DEF."),
+          mOut);
+    }
+    CLoadedFile loaded(mOut);
+    if (!loaded.loadValues(fileName, mInvocation)) return ExitFile;
+    if (mInvocation.isSet(NOptions::kHardwareId) &&
+        !loaded.selectHardwareId(mInvocation.value(NOptions::kHardwareId))) {
+      return ExitFindings;
+    }
+    mOut.progress().doing(Tool::tr("Checking %1 …").arg(fileName));
+    // All value files are checked against the same ones.
+    if (mChecked.isEmpty()) addDefinitions(mInvocation.value(NOptions::kDef), loaded);
+    const auto missing = mInvocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
+                                                     : CParameterFileChecker::SkipMissing;
+    mChecked.append(
+        SChecked(fileName, CParameterFileChecker::checkValues(
+                               loaded.file(), mInvocation.value(NOptions::kHardwareId), missing)));
+    return ExitDone;
+  }
+
+  void addDefinitions(const QString& fileName, const CLoadedFile& loaded) {
+    mChecked.append(SChecked(fileName, CParameterFileChecker::checkDefinitions(loaded.file())));
+  }
+
+  const CInvocation& mInvocation;
+  COutput& mOut;
+  QVector<SChecked> mChecked;
+};
+
+EExitStatus check(const CInvocation& invocation, COutput& out) {
+  CChecking checking(invocation, out);
+  EExitStatus status = ExitDone;
+  for (const QString& fileName : invocation.argumentsFrom(0)) {
+    const EExitStatus ofFile = checking.check(fileName);
+    if (ofFile == ExitUsage) return ofFile;
+    status = qMax(status, ofFile);
+  }
+  if (checking.checked().isEmpty()) return status;
+  return qMax(status, report(checking.checked(), invocation, out));
+}
+
+}  // namespace
+
+QVector<SCommand> checkCommands() {
+  return {
+      {QStringLiteral("check"),
+       Tool::tr("Find what is wrong with values and definitions."),
+       Tool::tr(
+           "Lists all findings with file and line: values that are not of their type, beyond their "
+           "limits or not a choice, unnamed bits, parameters that are not defined, wrong ids, "
+           "hardware ids "
+           "that give a sub-device different types or names, and bad definitions. Without a value "
+           "file, "
+           "definitions alone are checked. Several value files are "
+           "checked against the same definitions.\n"
+           "The exit status is 1 when there are errors or warnings."),
+       {{QStringLiteral("FILE"), Tool::tr("Value files, or definition files."), EWord::File,
+         SArgument::OneOrMore}},
+       {NOptions::def(Tool::tr("The definition file; needed for value files.")),
+        NOptions::hardwareId(Tool::tr("Only this hardware id.")),
+        {kMissing,
+         {},
+         Tool::tr("List what is defined but missing, too, for each hardware id; these "
+                  "are infos.")},
+        NOptions::json()},
+       {QStringLiteral("check TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
+        QStringLiteral("check TwoAxisDrive.xpdef")},
+       check}};
+}

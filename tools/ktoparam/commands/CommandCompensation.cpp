@@ -1,0 +1,218 @@
+#include "CCompensationFindings.h"
+#include "CCompensationPlot.h"
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "CompensationTable.h"
+#include "SafeWrite.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace {
+
+using EFormat = ICCompensationFile::EDataPointFormat;
+
+const QLatin1String kTo("to");
+const QLatin1String kUnit("unit");
+const QLatin1String kAdjustmentUnit("adjustment-unit");
+const QLatin1String kTitle("title");
+
+// --- check
+
+void printFindings(const ICCompensationFile& table, const CCompensationFindings& findings,
+                   COutput& out) {
+  NCompensationTable::print(table, findings, out);
+  CTable rows({Tool::tr("NO"), Tool::tr("POSITION"), Tool::tr("ADJUSTMENT"), Tool::tr("PROBLEM")});
+  for (const int index : findings.ofPoints().keys())
+    rows.addRow(NCompensationTable::pointCells(table, findings, index));
+  rows.print(out, QStringLiteral("  "));
+  if (findings.isEmpty()) out.line(Tool::tr("Nothing is wrong."));
+}
+
+EExitStatus check(const CInvocation& invocation, COutput& out) {
+  const QString fileName = invocation.argument(0);
+  CLoadedFile loaded(out);
+  if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
+  const ICCompensationFile& table = *loaded.compensation();
+  const CCompensationFindings findings(table);
+  if (invocation.wantsJson()) {
+    QJsonObject object{{QStringLiteral("file"), fileName}};
+    NCompensationTable::addTable(table, findings, object);
+    QJsonArray points;
+    for (const int index : findings.ofPoints().keys())
+      points.append(NCompensationTable::pointJson(table, findings, index));
+    object.insert(QStringLiteral("wrongPoints"), points);
+    out.json(object);
+  } else {
+    printFindings(table, findings, out);
+  }
+  return findings.isEmpty() ? ExitDone : ExitFindings;
+}
+
+// --- convert
+
+// Reading takes the adjustments of one format only, so those of the other would be gone.
+bool losesAdjustments(const ICCompensationFile& table) {
+  const QList<CCompensationPoint> points = table.allPoints();
+  return std::any_of(points.begin(), points.end(), [](const CCompensationPoint& point) {
+    return point.gaps().testFlag(CCompensationPoint::OtherAdjustment);
+  });
+}
+
+void printConversion(const CInvocation& invocation, const ICCompensationFile& table, EFormat wanted,
+                     const QString& written, COutput& out) {
+  const QString to = NCompensationTable::formatName(wanted);
+  if (invocation.wantsJson()) {
+    const QString from = NCompensationTable::formatName(table.detectedDataPointFormat());
+    out.json({{QStringLiteral("file"), invocation.argument(0)},
+              {QStringLiteral("from"), from.isEmpty() ? QJsonValue() : QJsonValue(from)},
+              {QStringLiteral("to"), to},
+              {QStringLiteral("count"), table.count()},
+              {QStringLiteral("written"), written.isEmpty() ? QJsonValue() : QJsonValue(written)}});
+  } else if (table.count() == 0) {
+    out.line(Tool::tr("The table has no points to convert; nothing was written."));
+  } else if (written.isEmpty()) {
+    out.line(Tool::tr("The points are in the %1 format already; nothing was written.").arg(to));
+  } else {
+    out.line(
+        Tool::tr("Points converted to the %1 format: %2").arg(to, QString::number(table.count())));
+  }
+}
+
+EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& out) {
+  const QString fileName = invocation.argument(0);
+  CLoadedFile loaded(out);
+  if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
+  ICCompensationFile& table = *loaded.compensation();
+  const EFormat found = table.detectedDataPointFormat();
+  if (losesAdjustments(table)) {
+    out.message(fileName, Tool::tr("there are adjustments in both formats, and only those in the "
+                                   "format of the first point are read; converting would lose the "
+                                   "others."));
+    return ExitFindings;
+  }
+  QString written;
+  if (table.count() > 0 && found != wanted) {
+    const bool isInPlace = !invocation.isSet(NOptions::kOutput);
+    written = isInPlace ? fileName : invocation.value(NOptions::kOutput);
+    if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFile;
+    table.setDataPointSaveFormat(wanted);
+    if (!loaded.saveCompensation(written)) return ExitFile;
+  }
+  printConversion(invocation, table, wanted, written, out);
+  return ExitDone;
+}
+
+EExitStatus convert(const CInvocation& invocation, COutput& out) {
+  const QString current = NCompensationTable::formatName(ICCompensationFile::CurrentFormat);
+  const QString old = NCompensationTable::formatName(ICCompensationFile::OldFormat);
+  const QString to = invocation.isSet(kTo) ? invocation.value(kTo) : current;
+  if (to == current) return convertTo(ICCompensationFile::CurrentFormat, invocation, out);
+  if (to == old) return convertTo(ICCompensationFile::OldFormat, invocation, out);
+  return invocation.wrongUsage(
+      Tool::tr("\"%1\" is not a format of points; use \"%2\" or \"%3\".").arg(to, current, old),
+      out);
+}
+
+// --- plot
+
+EExitStatus plot(const CInvocation& invocation, COutput& out) {
+  const QString fileName = invocation.argument(0);
+  const QString picture = invocation.value(NOptions::kOutput);
+  CLoadedFile loaded(out);
+  if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
+  if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFile;
+
+  const ICCompensationFile& table = *loaded.compensation();
+  const CCompensationFindings findings(table);
+  const QString unit = invocation.value(kUnit);
+  const QString adjustmentUnit =
+      invocation.isSet(kAdjustmentUnit) ? invocation.value(kAdjustmentUnit) : unit;
+  const CCompensationPlot image(table, {invocation.value(kTitle), unit, adjustmentUnit});
+  if (!NSafeWrite::bytes(picture, image.toSvg(), out)) return ExitFile;
+  if (invocation.wantsJson()) {
+    QJsonObject object{{QStringLiteral("file"), fileName},
+                       {QStringLiteral("written"), picture},
+                       {QStringLiteral("notShown"), image.skippedPoints()}};
+    NCompensationTable::addTable(table, findings, object);
+    out.json(object);
+  } else {
+    NCompensationTable::print(table, findings, out);
+    if (image.skippedPoints() > 0)
+      out.line(Tool::tr("Points not shown: %1").arg(image.skippedPoints()));
+  }
+  return ExitDone;
+}
+
+// --- The records
+
+SArgument fileArgument() {
+  return {QStringLiteral("FILE"), Tool::tr("A compensation file."), EWord::File};
+}
+
+SCommand checkCommand() {
+  return {
+      QStringLiteral("compensation check"),
+      Tool::tr("Tell what is wrong with a table, point by point."),
+      Tool::tr(
+          "The range must not be empty, and the positions must lie in it and grow; only the first "
+          "%1 "
+          "points are ever valid. After a point that is too far, all points not beyond it are "
+          "wrong, too. Texts that are not numbers and points that lack something are also listed. "
+          "The "
+          "exit status is 1 when there is anything.")
+          .arg(ICCompensationFile::kMaxPoints),
+      {fileArgument()},
+      {NOptions::json()},
+      {QStringLiteral("compensation check SpindleCompensation.xcomp")},
+      check};
+}
+
+SCommand convertCommand() {
+  return {
+      QStringLiteral("compensation convert"),
+      Tool::tr("Write the points of a table in the current format, or in the old one."),
+      Tool::tr(
+          "The formats differ in the name of an element only; the texts of all values stay as they "
+          "are. "
+          "A file whose points are in that format already is left alone."),
+      {fileArgument()},
+      {NOptions::choice(kTo, {QStringLiteral("current"), QStringLiteral("old")},
+                        Tool::tr("\"current\", unless given, or \"old\".")),
+       NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::json()},
+      {QStringLiteral("compensation convert SpindleCompensationOld.xcomp"),
+       QStringLiteral("compensation convert SpindleCompensation.xcomp --to old -o "
+                      "ForTheOldDrive.xcomp")},
+      convert};
+}
+
+SCommand plotCommand() {
+  return {
+      QStringLiteral("compensation plot"),
+      Tool::tr("Draw a table as an SVG picture that fills a page when printed."),
+      Tool::tr("Shows the points, the linear course between them, wrong points with their numbers, "
+               "and the "
+               "range. Units are printed with the axes; no value is converted."),
+      {fileArgument()},
+      {NOptions::required(NOptions::output(Tool::tr("The picture to write."))),
+       {kUnit, QStringLiteral("UNIT"), Tool::tr("The unit of the positions in the file.")},
+       {kAdjustmentUnit, QStringLiteral("UNIT"),
+        Tool::tr("The unit of the adjustments in the file; that of --unit unless given.")},
+       {kTitle, QStringLiteral("TEXT"), Tool::tr("The title, instead of the comment in the file.")},
+       NOptions::json()},
+      {QStringLiteral(
+          "compensation plot SpindleCompensation.xcomp -o SpindleCompensation.svg --unit mm")},
+      plot};
+}
+
+}  // namespace
+
+QVector<SCommand> compensationCommands() {
+  return {checkCommand(), convertCommand(), plotCommand()};
+}

@@ -1,0 +1,115 @@
+#include "CCompletion.h"
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CParamValueText.h"
+#include "Commands.h"
+#include "ParameterLookup.h"
+
+namespace {
+
+/// Looks up the names that may follow in the files that the command line names. Files of other
+/// kinds are passed over; what cannot be loaded is reported and has no names.
+class CKnownNames {
+ public:
+  CKnownNames(const CCompletion& completion, COutput& out) : mCompletion(completion), mOut(out) {}
+
+  QStringList candidates() {
+    switch (mCompletion.word()) {
+      case EWord::HardwareId:
+        visit(SFileInfo::Values, [this](ICParameterFile& file) { mNames += file.hardwareIds(); });
+        return mNames;
+      case EWord::SubDevice:
+        visitHardwareIds([this](const ICParameterFile& file) {
+          for (const quint8 id : file.subDeviceIds()) mNames.append(QString::number(id));
+        });
+        return mNames;
+      case EWord::Parameter:
+        return parameters();
+      case EWord::Assignment:
+        return assignments();
+      case EWord::Text:
+      case EWord::File:
+        break;
+    }
+    return mCompletion.choices();
+  }
+
+ private:
+  template <class Visitor>
+  void visit(SFileInfo::EKind kind, const Visitor& visitor) {
+    for (const QString& fileName : mCompletion.files()) {
+      const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
+      CLoadedFile loaded(mOut);
+      if (info && info->kind == kind && loaded.load(fileName, kind)) visitor(loaded.file());
+    }
+  }
+
+  template <class Visitor>
+  void visitHardwareIds(const Visitor& visitor) {
+    const QString only = mCompletion.value(NOptions::kHardwareId);
+    visit(SFileInfo::Values, [&](ICParameterFile& file) {
+      for (const QString& hardwareId : file.hardwareIds())
+        if ((only.isEmpty() || hardwareId == only) && file.selectHardwareId(hardwareId))
+          visitor(file);
+    });
+  }
+
+  /// Of value files, or of definition files where there are no values.
+  QStringList parameters() {
+    const auto subDevice = CInvocation::toSubDevice(mCompletion.value(NOptions::kSubDevice));
+    visitHardwareIds([&](const ICParameterFile& file) {
+      mNames += subDevice ? file.paramNames(*subDevice) : NParameterLookup::allNames(file);
+    });
+    if (mNames.isEmpty()) {
+      visit(SFileInfo::Definitions,
+            [this](const ICParameterFile& file) { mNames += file.defNames(); });
+    }
+    return mNames;
+  }
+
+  /// "NAME=", or the names of the choices after it.
+  QStringList assignments() {
+    const int sign = mCompletion.typed().indexOf(QLatin1Char('='));
+    if (sign < 0) {
+      parameters();
+      for (QString& each : mNames) each += QLatin1Char('=');
+      return mNames;
+    }
+    const QString name = mCompletion.typed().left(sign);
+    visit(SFileInfo::Definitions, [&](const ICParameterFile& file) {
+      for (const auto& each : CParamValueText::choices(file.paramDef(name)))
+        mNames.append(name + QLatin1Char('=') + each.name);
+    });
+    return mNames;
+  }
+
+  const CCompletion& mCompletion;
+  COutput& mOut;
+  QStringList mNames;
+};
+
+/// Prints "files" or "words", and then one word a line.
+EExitStatus complete(const CInvocation& invocation, COutput& out) {
+  const CCompletion completion(
+      allCommands(),
+      CShellLine(invocation.argument(0), invocation.argument(1), invocation.argument(2)));
+  const bool wantsFile = completion.word() == EWord::File;
+  out.line(wantsFile ? QStringLiteral("files") : QStringLiteral("words"));
+  for (const QString& word : completion.replacements(CKnownNames(completion, out).candidates()))
+    out.line(word);
+  return ExitDone;
+}
+
+}  // namespace
+
+QVector<SCommand> completeCommands() {
+  return {
+      {QStringLiteral("complete"),
+       {},
+       {},
+       {{QStringLiteral("HEAD"), {}}, {QStringLiteral("TAIL"), {}}, {QStringLiteral("BREAKS"), {}}},
+       {},
+       {},
+       complete}};
+}

@@ -1,0 +1,105 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CValueEdit.h"
+#include "Commands.h"
+#include "Tool.h"
+
+namespace {
+
+const QLatin1String kSourceHardwareId("source-hardware-id");
+const QLatin1String kKeepMissing("keep-missing");
+
+SEditCounts countsOf(const NParamDef::SImportResult& result) {
+  SEditCounts counts;
+  counts.taken = result.taken;
+  counts.equal = result.equal;
+  counts.defaulted = result.defaulted;
+  counts.kept = result.kept;
+  counts.added = result.added;
+  counts.unknown = result.unknown;
+  return counts;
+}
+
+bool checkTypes(const CLoadedFile& destination, const CLoadedFile& source) {
+  if (destination.info().type == source.info().type) return true;
+  source.message(
+      Tool::tr("this is a file of type %1; values for a file of type %2 are needed here.")
+          .arg(source.info().typeName, destination.info().typeName));
+  return false;
+}
+
+/// Reports all parameters that would need a default and have no definition; the library stops at
+/// the first.
+int reportImpossible(const CLoadedFile& destination, const ICParameterFile& source) {
+  const ICParameterFile& file = destination.file();
+  int failed = 0;
+  for (const quint8 id : file.subDeviceIds()) {
+    for (const QString& name : file.paramNames(id)) {
+      const bool hasValue = !source.paramValue(name, id).isNull();
+      if (hasValue || !file.paramDef(name).name().isEmpty()) continue;
+      ++failed;
+      destination.message(Tool::tr("parameter \"%1\" of sub-device %2 is neither in the source nor "
+                                   "defined, so there is no value for it. --keep-missing leaves "
+                                   "such parameters as they are.")
+                              .arg(name, QString::number(id)));
+    }
+  }
+  return failed;
+}
+
+EExitStatus import(const CInvocation& invocation, COutput& out) {
+  CLoadedFile destination(out);
+  CLoadedFile source(out);
+  if (!destination.loadValues(invocation.argument(0), invocation) || !destination.canSave() ||
+      !source.load(invocation.argument(1), SFileInfo::Values)) {
+    return ExitFile;
+  }
+  if (!checkTypes(destination, source) || !destination.selectOneHardwareId(invocation) ||
+      !source.selectOneHardwareId(invocation, kSourceHardwareId)) {
+    return ExitFindings;
+  }
+  ICParameterFile& file = destination.file();
+  const bool keep = invocation.isSet(kKeepMissing);
+  CValueEdit edit(destination, invocation, out);
+  SEditCounts counts;
+  counts.failed = keep ? 0 : reportImpossible(destination, source.file());
+  if (counts.failed > 0) return edit.refuse(counts);
+  if (!file.importParamFile(&source.file(), source.file().hardwareId(), file.hardwareId(),
+                            keep ? NParamDef::ImportKeep : NParamDef::ImportDefault)) {
+    destination.message(file.errorMsg());
+    return ExitFindings;
+  }
+  return edit.finish(countsOf(file.importResult()));
+}
+
+}  // namespace
+
+QVector<SCommand> importCommands() {
+  return {
+      {QStringLiteral("import"),
+       Tool::tr("Take over the values of another file, or of another hardware id."),
+       Tool::tr(
+           "Every parameter of DEST gets the value that SOURCE has for the same sub-device and "
+           "name, or "
+           "else the default of its definition. Parameters that only SOURCE has are added when "
+           "they are "
+           "defined, and skipped (\"unknown\") when they are not. All is done, or nothing.\n"
+           "DEST and SOURCE may be one file with two hardware ids.\n"
+           "Prints how many parameters were taken, were equal already, got the default, were kept, "
+           "added, and so on."),
+       {{QStringLiteral("DEST"), Tool::tr("The value file to change."), EWord::File},
+        {QStringLiteral("SOURCE"), Tool::tr("The value file to take values from."), EWord::File}},
+       {NOptions::required(NOptions::def(Tool::tr("The definition file of DEST."))),
+        {kSourceHardwareId, QStringLiteral("ID"),
+         Tool::tr("The hardware id in SOURCE; needed when it has several."), EWord::HardwareId},
+        NOptions::hardwareId(Tool::tr("The hardware id in DEST; needed when it has several.")),
+        {kKeepMissing,
+         {},
+         Tool::tr("Leave what SOURCE lacks as it is, instead of setting it to its default.")},
+        NOptions::dryRun(),
+        NOptions::json()},
+       {QStringLiteral("import TwoAxisDrive.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef "
+                       "--source-hardware-id KTO-2A-16 --hardware-id KTO-2A-32 --dry-run")},
+       import}};
+}

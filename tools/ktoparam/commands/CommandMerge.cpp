@@ -1,0 +1,110 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CParameterFileMerge.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "JsonValues.h"
+#include "Tool.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+/// An empty file is what git gives as the base of files that were added on both sides.
+bool loadBase(CLoadedFile& base, const QString& fileName, NktoGlobal::EParamFileType type) {
+  const QFileInfo place(fileName);
+  if (!place.isFile() || place.size() > 0) return base.load(fileName, SFileInfo::Values);
+  base.begin(fileName, type, 0);
+  return true;
+}
+
+bool load(const CInvocation& invocation, CLoadedFile& base, CLoadedFile& ours,
+          CLoadedFile& theirs) {
+  return ours.loadValues(invocation.argument(1), invocation) &&
+         loadBase(base, invocation.argument(0), ours.info().type) &&
+         theirs.load(invocation.argument(2), SFileInfo::Values);
+}
+
+QJsonObject toJson(const SMergeConflict& conflict, const CLabels& labels) {
+  const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
+  return {
+      {QStringLiteral("subject"), SMergeConflict::subjectText(conflict.subject)},
+      {QStringLiteral("kind"), SMergeConflict::kindText(conflict.kind)},
+      {QStringLiteral("hardwareId"), labels.of(conflict.hardwareId)},
+      {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(conflict.subDevId) : QJsonValue()},
+      {QStringLiteral("group"), conflict.groupPath},
+      {QStringLiteral("name"), labels.of(conflict.name)},
+      {QStringLiteral("base"), presentOrNull(conflict.base)},
+      {QStringLiteral("ours"), presentOrNull(conflict.ours)},
+      {QStringLiteral("theirs"), presentOrNull(conflict.theirs)},
+      {QStringLiteral("text"), conflict.text()}};
+}
+
+void printTable(const CMergeConflicts& conflicts, COutput& out) {
+  CTable table(
+      {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
+  for (const SMergeConflict& conflict : conflicts) {
+    const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
+    table.addRow({out.labels().shownOrNothing(conflict.hardwareId),
+                  hasSubDevice ? QString::number(conflict.subDevId) : QString(),
+                  out.labels().shownOrNothing(conflict.name),
+                  NDisplayText::escaped(conflict.text())});
+  }
+  table.print(out);
+}
+
+void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
+  if (!invocation.wantsJson()) return printTable(conflicts, out);
+  QJsonArray array;
+  for (const SMergeConflict& conflict : conflicts) array.append(toJson(conflict, out.labels()));
+  out.json({{QStringLiteral("file"), invocation.value(NOptions::kOutput)},
+            {QStringLiteral("conflicts"), array}});
+}
+
+EExitStatus merge(const CInvocation& invocation, COutput& out) {
+  CLoadedFile base(out);
+  CLoadedFile ours(out);
+  CLoadedFile theirs(out);
+  const QString output = invocation.value(NOptions::kOutput);
+  if (!load(invocation, base, ours, theirs) || !ours.canSave() || !theirs.canSave())
+    return ExitFile;
+  if (!SFileInfo::mayReplace(output, SFileInfo::Values, out)) return ExitFile;
+
+  CParameterFileMerge merging(base.file(), ours.file(), theirs.file());
+  out.progress().doing(Tool::tr("Merging …"));
+  if (!merging.run()) {
+    ours.message(merging.errorMsg());
+    return ExitFile;
+  }
+  if (!ours.saveAs(output, merging.version())) return ExitFile;
+  theirs.tellWhatSavesLose();
+  report(invocation, merging.conflicts(), out);
+  return merging.conflicts().isEmpty() ? ExitDone : ExitFindings;
+}
+
+}  // namespace
+
+QVector<SCommand> mergeCommands() {
+  return {{QStringLiteral("merge"),
+           Tool::tr("Merge the changes of two files that come from one."),
+           Tool::tr("Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where "
+                    "both changed "
+                    "the same thing differently, OUT keeps what OURS has, the conflict is "
+                    "listed, and the "
+                    "exit status is 1. The date of the Head never conflicts. With an empty BASE, "
+                    "the files were made independently.\n"
+                    "OUT may be one of the three files, as a merge driver of git needs it."),
+           {{QStringLiteral("BASE"), Tool::tr("The value file that both come from."), EWord::File},
+            {QStringLiteral("OURS"), Tool::tr("One's own value file."), EWord::File},
+            {QStringLiteral("THEIRS"), Tool::tr("The other value file."), EWord::File}},
+           {NOptions::required(NOptions::output(Tool::tr("Where the result goes to."))),
+            NOptions::def(Tool::tr(
+                "The definition file: values that are the same number are not a conflict then.")),
+            NOptions::json()},
+           {QStringLiteral("merge Base.xparam Ours.xparam Theirs.xparam -o Merged.xparam")},
+           merge}};
+}

@@ -1,0 +1,75 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QMap>
+
+namespace {
+
+/// The file that a motor is in.
+struct SMotor {
+  QString file;
+  QString comment;
+};
+
+/// The motors of one file. A name that another file has, too, is reported: the last file counts.
+bool addMotors(const QString& fileName, COutput& out, QMap<QString, SMotor>& motors) {
+  CLoadedFile loaded(out);
+  if (!loaded.load(fileName, SFileInfo::Values)) return false;
+  if (loaded.info().type != NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS) {
+    out.message(fileName, loaded.info().refusal(
+                              Tool::tr("A file of motors is needed (LumoMotorParameters).")));
+    return false;
+  }
+  const QStringList names = loaded.file().hardwareIds();
+  for (const QString& name : names) {
+    if (motors.contains(name)) {
+      out.message(fileName, Tool::tr("motor \"%1\" is also in %2; this file counts.")
+                                .arg(name, motors.value(name).file));
+    }
+    motors.insert(name, {fileName, loaded.file().comment()});
+  }
+  return true;
+}
+
+EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
+  EExitStatus status = ExitDone;
+  QMap<QString, SMotor> motors;
+  const QStringList files = invocation.argumentsFrom(0);
+  for (const QString& fileName : files)
+    if (!addMotors(fileName, out, motors)) status = ExitFile;
+  QJsonArray list;
+  CTable table({Tool::tr("MOTOR"), Tool::tr("FILE"), Tool::tr("COMMENT")});
+  for (auto it = motors.cbegin(); it != motors.cend(); ++it) {
+    list.append(QJsonObject{{QStringLiteral("name"), out.labels().of(it.key())},
+                            {QStringLiteral("file"), it->file},
+                            {QStringLiteral("comment"), out.labels().of(it->comment)}});
+    table.addRow({out.labels().shown(it.key()), NDisplayText::shown(it->file),
+                  out.labels().shownOrNothing(it->comment)});
+  }
+  if (invocation.wantsJson())
+    out.json({{QStringLiteral("motors"), list}});
+  else
+    table.print(out);
+  return status;
+}
+
+}  // namespace
+
+QVector<SCommand> motorsCommands() {
+  return {
+      {QStringLiteral("motors"),
+       Tool::tr("List the motors that files hold."),
+       Tool::tr("The hardware ids of a file of motors are the names of the motors. When several "
+                "files hold a motor of one name, the last one counts."),
+       {{QStringLiteral("FILE"), Tool::tr("Files of motors."), EWord::File, SArgument::OneOrMore}},
+       {NOptions::json()},
+       {QStringLiteral("motors Motors.xparam")},
+       showMotors}};
+}

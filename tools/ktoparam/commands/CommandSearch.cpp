@@ -1,0 +1,140 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Suggestion.h"
+#include "Tool.h"
+#include "UniqueNames.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+#include <optional>
+#include <set>
+
+namespace {
+
+/// Names of choices, radio buttons and bits.
+QStringList choiceNames(const CParamDefItem& definition) {
+  QStringList names;
+  for (const NParamDef::SNamedI64Value& each : definition.enums()) names.append(each.name);
+  for (const NParamDef::SNamedI64Value& each : definition.radios()) names.append(each.name);
+  for (const NParamDef::SBitValue& each : definition.bitset()) names.append(each.name);
+  return names;
+}
+
+bool contains(const QString& text, const QString& word) {
+  return text.contains(word, Qt::CaseInsensitive);
+}
+
+/// A definition that has all words, each of them anywhere.
+struct SHit {
+  CParamDefItem definition;
+  QStringList choices;  ///< those with one of the words
+
+  static std::optional<SHit> of(const CParamDefItem& definition, const QStringList& words) {
+    SHit hit{definition, {}};
+    const QStringList names = choiceNames(definition);
+    for (const QString& word : words) {
+      const QStringList found = names.filter(word, Qt::CaseInsensitive);
+      if (found.isEmpty() && !contains(definition.name(), word) &&
+          !contains(definition.hint(), word)) {
+        return {};
+      }
+      hit.choices += found;
+    }
+    hit.choices = uniqueNames(hit.choices);
+    return hit;
+  }
+};
+
+void printTable(const QVector<SHit>& hits, COutput& out) {
+  CTable table({Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"), Tool::tr("CHOICES FOUND"),
+                Tool::tr("HINT")});
+  for (const SHit& hit : hits) {
+    QStringList choices;
+    for (const QString& name : hit.choices) choices.append(out.labels().shown(name));
+    const CParamDefItem& definition = hit.definition;
+    table.addRow({definition.valid() ? QString::number(definition.id()) : QString(),
+                  out.labels().shown(definition.name()), definition.typeStr(),
+                  choices.join(QLatin1String(", ")),
+                  out.labels().shownOrNothing(definition.hint())});
+  }
+  table.print(out);
+}
+
+void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& out) {
+  QJsonArray array;
+  for (const SHit& hit : hits) {
+    const CParamDefItem& definition = hit.definition;
+    array.append(
+        QJsonObject{{QStringLiteral("id"),
+                     definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue()},
+                    {QStringLiteral("name"), out.labels().of(definition.name())},
+                    {QStringLiteral("type"), definition.typeStr()},
+                    {QStringLiteral("hint"), out.labels().of(definition.hint())},
+                    {QStringLiteral("choices"), out.labels().of(hit.choices)}});
+  }
+  out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("definitions"), array}});
+}
+
+/// The words of names such as "VelocityLimit", of hints and of choices.
+QStringList knownWords(const ICParameterFile& file) {
+  static const QRegularExpression kWord(QStringLiteral("\\p{L}\\p{Ll}+"));
+  std::set<QString> found;
+  for (const QString& name : file.defNames()) {
+    const CParamDefItem definition = file.paramDef(name);
+    const QStringList texts = QStringList{name, definition.hint()} + choiceNames(definition);
+    for (auto it = kWord.globalMatch(texts.join(QLatin1Char(' '))); it.hasNext();)
+      found.insert(it.next().captured().toCaseFolded());
+  }
+  return QStringList(found.begin(), found.end());
+}
+
+/// For the first word that is in no name, hint or choice.
+QString suggestionFor(const ICParameterFile& file, const QStringList& words) {
+  const QStringList known = knownWords(file);
+  for (const QString& word : words)
+    if (known.filter(word, Qt::CaseInsensitive).isEmpty())
+      return NSuggestion::didYouMean(word, known);
+  return {};
+}
+
+EExitStatus search(const CInvocation& invocation, COutput& out) {
+  CLoadedFile loaded(out);
+  if (!loaded.load(invocation.argument(0), SFileInfo::Definitions)) return ExitFile;
+  const QStringList words = invocation.argumentsFrom(1);
+  QVector<SHit> hits;
+  for (const QString& name : loaded.file().defNames()) {
+    const std::optional<SHit> hit = SHit::of(loaded.file().paramDef(name), words);
+    if (hit) hits.append(*hit);
+  }
+  invocation.wantsJson() ? printJson(loaded, hits, out) : printTable(hits, out);
+  if (!hits.isEmpty()) return ExitDone;
+  const QString suggestion = suggestionFor(loaded.file(), words);
+  loaded.message(
+      words.size() == 1
+          ? Tool::tr("nothing has this word in its name, hint or choices.%1").arg(suggestion)
+          : Tool::tr("nothing has all these words in its name, hint and choices.%1")
+                .arg(suggestion));
+  return ExitFindings;
+}
+
+}  // namespace
+
+QVector<SCommand> searchCommands() {
+  return {{QStringLiteral("search"),
+           Tool::tr("Find parameters by words in their names, hints and choices."),
+           Tool::tr("Lists the definitions that have all words, or parts of words; capitals make "
+                    "no difference. "
+                    "The exit status is 1 when there are none."),
+           {{QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
+            {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Parameter,
+             SArgument::OneOrMore}},
+           {NOptions::json()},
+           {QStringLiteral("search TwoAxisDrive.xpdef velocity limit")},
+           search}};
+}

@@ -1,0 +1,123 @@
+#include "CAssignments.h"
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+#include "ValueMeaning.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <set>
+
+namespace {
+
+/// The words NAME=VALUE; an empty text, or what is wrong with them.
+QString readAssignments(const QStringList& words, QVector<SAssignment>& assignments) {
+  std::set<QString> names;
+  for (const QString& word : words) {
+    const int sign = word.indexOf(QLatin1Char('='));
+    if (sign < 1) return Tool::tr("\"%1\" is not of the form NAME=VALUE.").arg(word);
+    SAssignment assignment;
+    assignment.name = word.left(sign);
+    assignment.text = word.mid(sign + 1);
+    if (assignment.text.isNull()) assignment.text = QLatin1String("");
+    if (!names.insert(assignment.name).second)
+      return Tool::tr("\"%1\" is set twice.").arg(assignment.name);
+    assignments.append(assignment);
+  }
+  return {};
+}
+
+void printTable(const ICParameterFile& file, const QVector<SAssignment>& assignments,
+                COutput& out) {
+  CTable table({Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW"),
+                Tool::tr("MEANING")});
+  for (const SAssignment& each : assignments) {
+    const CParamDefItem definition = file.paramDef(each.name);
+    table.addRow(
+        {QString::number(each.subDevId), NDisplayText::shown(each.name),
+         NDisplayText::shown(each.oldValue.asStr()),
+         each.isChange ? NDisplayText::shown(each.newValue.asStr()) : Tool::tr("(unchanged)"),
+         each.isChange
+             ? NValueMeaning::change(definition, each.oldValue, each.newValue, out.labels())
+             : NValueMeaning::meaning(definition, each.oldValue, out.labels())});
+  }
+  table.print(out);
+}
+
+void printJson(const CLoadedFile& loaded, const QVector<SAssignment>& assignments, bool isSaved,
+               COutput& out) {
+  QJsonArray array;
+  for (const SAssignment& each : assignments) {
+    const CParamVal& value = each.isChange ? each.newValue : each.oldValue;
+    array.append(QJsonObject{{QStringLiteral("subDevice"), each.subDevId},
+                             {QStringLiteral("name"), each.name},
+                             {QStringLiteral("old"), each.oldValue.asStr()},
+                             {QStringLiteral("new"), value.asStr()},
+                             {QStringLiteral("changed"), each.isChange}});
+  }
+  out.json({{QStringLiteral("file"), loaded.fileName()},
+            {QStringLiteral("hardwareId"), loaded.file().hardwareId()},
+            {QStringLiteral("saved"), isSaved},
+            {QStringLiteral("assignments"), array}});
+}
+
+EExitStatus set(const CInvocation& invocation, COutput& out) {
+  QVector<SAssignment> wanted;
+  const QString problem = readAssignments(invocation.argumentsFrom(1), wanted);
+  if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
+
+  CLoadedFile loaded(out);
+  const EExitStatus opened = loaded.openToEdit(invocation);
+  if (opened != ExitDone) return opened;
+  CAssignments assignments(loaded, wanted);
+  if (!assignments.check(invocation.subDevice())) return ExitFindings;
+
+  const bool save = assignments.hasChanges() && !invocation.isDryRun();
+  if (save) {
+    assignments.make();
+    if (!loaded.save()) return ExitFile;
+  }
+  if (invocation.wantsJson()) {
+    printJson(loaded, assignments.all(), save, out);
+  } else {
+    printTable(loaded.file(), assignments.all(), out);
+    if (invocation.isDryRun()) out.line(NOptions::dryRunNote());
+  }
+  return ExitDone;
+}
+
+}  // namespace
+
+QVector<SCommand> setCommands() {
+  return {
+      {QStringLiteral("set"),
+       Tool::tr("Change values of parameters that a file has."),
+       Tool::tr(
+           "All assignments are checked first; then all are made and the file is saved, or none. "
+           "With "
+           "--def a value must be of its type and within the definition's limits and those of its "
+           "limit "
+           "parameters in the same sub-device, or be one of its choices; the name of a choice, "
+           "radio "
+           "button or check box state (checked, unchecked, undefined) may be given in place of its "
+           "value, and is looked for before a number. Bits without a name are set with a warning. "
+           "Without --def a value is taken as it is typed.\n"
+           "Values of other parameters that are limited by a changed one are not looked at."),
+       {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
+        {QStringLiteral("NAME=VALUE"), Tool::tr("Names of parameters and their new values."),
+         EWord::Assignment, SArgument::OneOrMore}},
+       {NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
+        NOptions::subDevice(Tool::tr(
+            "The sub-device, 0 to 255; needed when several have a parameter of the name.")),
+        NOptions::def(Tool::tr("The definition file to check the values against.")),
+        NOptions::dryRun(), NOptions::json()},
+       {QStringLiteral("set TwoAxisDrive.xparam OperatingMode=Homing VelocityLimit=450 --def "
+                       "TwoAxisDrive.xpdef "
+                       "--hardware-id KTO-2A-16 --sub-device 2")},
+       set}};
+}

@@ -1,0 +1,65 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "Commands.h"
+#include "Tool.h"
+#include "Views.h"
+
+namespace {
+
+bool asksForValues(const CInvocation& invocation) {
+  return invocation.isSet(NOptions::kDef) || invocation.isSet(NOptions::kHardwareId) ||
+         invocation.isSet(NOptions::kSubDevice) || invocation.isSet(QLatin1String("changed"));
+}
+
+EExitStatus show(const CInvocation& invocation, COutput& out) {
+  const QString fileName = invocation.argument(0);
+  const std::optional<SFileInfo> info = SFileInfo::read(fileName, out);
+  if (!info) return ExitFile;
+  if (info->kind == SFileInfo::Values) return NViews::showValues(invocation, out);
+  if (asksForValues(invocation)) {
+    return invocation.wrongUsage(
+        Tool::tr("%1 is not a value file; --json is the only option for others.").arg(fileName),
+        out);
+  }
+  CLoadedFile loaded(out);
+  if (!loaded.loadAny(fileName)) return ExitFile;
+  if (info->kind == SFileInfo::Settings)
+    return NViews::showSettings(loaded, invocation.wantsJson(), out);
+  if (info->kind == SFileInfo::Definitions)
+    NViews::showDefinitions(loaded, invocation.wantsJson(), out);
+  else
+    NViews::showCompensation(loaded, invocation.wantsJson(), out);
+  return ExitDone;
+}
+
+}  // namespace
+
+QVector<SCommand> showCommands() {
+  return {
+      {QStringLiteral("show"),
+       Tool::tr("Show what is in a file."),
+       Tool::tr("Definitions are shown as a table, values as a tree for each hardware id and "
+                "sub-device. "
+                "With --def, units and the names of choices and bits are shown with the values, "
+                "and a \"*\" "
+                "before each value that is not the default.\n"
+                "Settings are shown as a tree, compensation tables point by point, with a "
+                "\"!\" before each "
+                "wrong one.\n"
+                "A text is quoted, as in JSON, when it is empty, begins or ends "
+                "with a blank, or "
+                "holds line breaks or control characters."),
+       {{QStringLiteral("FILE"), Tool::tr("A file of any kind."), EWord::File}},
+       {NOptions::def(Tool::tr("The definition file of a value file.")),
+        NOptions::hardwareId(Tool::tr("Only this hardware id.")),
+        NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
+        {QStringLiteral("changed"),
+         {},
+         Tool::tr("Only values that are not the default; needs --def.")},
+        NOptions::json()},
+       {QStringLiteral("show TwoAxisDrive.xpdef"),
+        QStringLiteral(
+            "show TwoAxisDrive.xparam --def TwoAxisDrive.xpdef --sub-device 2 --changed")},
+       show}};
+}

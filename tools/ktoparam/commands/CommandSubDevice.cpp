@@ -1,0 +1,128 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CTable.h"
+#include "CValueEdit.h"
+#include "Commands.h"
+#include "DisplayText.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+// --- sub-device list
+
+QString typeText(const ICParameterFile& file, quint8 id) {
+  return ICParameterFile::subDeviceTypeToStr(file.subDevType(id));
+}
+
+QJsonArray subDevicesJson(const ICParameterFile& file, const CLabels& labels) {
+  QJsonArray array;
+  for (const quint8 id : file.subDeviceIds()) {
+    array.append(QJsonObject{{QStringLiteral("id"), id},
+                             {QStringLiteral("type"), typeText(file, id)},
+                             {QStringLiteral("name"), labels.of(file.subDevName(id))},
+                             {QStringLiteral("parameters"), file.paramNames(id).size()}});
+  }
+  return array;
+}
+
+void addRows(const ICParameterFile& file, const CLabels& labels, CTable& table) {
+  for (const quint8 id : file.subDeviceIds()) {
+    const QString name = file.subDevName(id);
+    table.addRow({labels.shown(file.hardwareId()), QString::number(id), typeText(file, id),
+                  labels.shownOrNothing(name), QString::number(file.paramNames(id).size())});
+  }
+}
+
+EExitStatus runList(const CInvocation& invocation, COutput& out) {
+  CLoadedFile loaded(out);
+  QStringList hardwareIds;
+  const EExitStatus opened = loaded.openToRead(invocation, hardwareIds);
+  if (opened != ExitDone) return opened;
+  CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("TYPE"), Tool::tr("NAME"),
+                Tool::tr("PARAMETERS")});
+  QJsonArray array;
+  for (const QString& hardwareId : hardwareIds) {
+    loaded.selectHardwareId(hardwareId);
+    addRows(loaded.file(), out.labels(), table);
+    array.append(
+        QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
+                    {QStringLiteral("subDevices"), subDevicesJson(loaded.file(), out.labels())}});
+  }
+  if (invocation.wantsJson())
+    out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
+  else
+    table.print(out);
+  return ExitDone;
+}
+
+// --- sub-device copy
+
+/// What a copy will do to the target.
+SEditCounts countsOf(const ICParameterFile& file, quint8 source, quint8 target) {
+  SEditCounts counts;
+  int inBoth = 0;
+  for (const QString& name : file.paramNames(source)) {
+    const CParamVal old = file.paramValue(name, target);
+    if (old.isNull()) {
+      ++counts.added;
+      continue;
+    }
+    ++inBoth;
+    old.asStr() == file.paramValue(name, source).asStr() ? ++counts.equal : ++counts.taken;
+  }
+  counts.removed = file.paramNames(target).size() - inBoth;
+  return counts;
+}
+
+EExitStatus runCopy(const CInvocation& invocation, COutput& out) {
+  const quint8 source = invocation.subDeviceAt(1);
+  const quint8 target = invocation.subDeviceAt(2);
+  CLoadedFile loaded(out);
+  const EExitStatus opened = loaded.openToEdit(invocation);
+  if (opened != ExitDone) return opened;
+
+  ICParameterFile& file = loaded.file();
+  const SEditCounts counts = countsOf(file, source, target);
+  CValueEdit edit(loaded, invocation, out);
+  if (!file.copySubDevice(source, target)) {
+    loaded.message(file.errorMsg());
+    return ExitFindings;
+  }
+  return edit.finish(counts);
+}
+
+SCommand listCommand() {
+  return {QStringLiteral("sub-device list"),
+          Tool::tr("List the sub-devices of a file, such as the axes of a drive."),
+          {},
+          {NOptions::valueFile()},
+          {NOptions::hardwareId(Tool::tr("Only this hardware id.")), NOptions::json()},
+          {QStringLiteral("sub-device list TwoAxisDrive.xparam")},
+          runList};
+}
+
+SCommand copyCommand() {
+  return {
+      QStringLiteral("sub-device copy"),
+      Tool::tr("Copy all values of one sub-device to another."),
+      Tool::tr("The groups and parameters of TO become those of FROM; TO is created when it does "
+               "not exist. "
+               "What only TO had is removed. TO keeps its type and name when it has them."),
+      {NOptions::valueFile(),
+       {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
+       {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::SubDevice}},
+      {NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
+       NOptions::dryRun(), NOptions::json()},
+      {QStringLiteral("sub-device copy TwoAxisDrive.xparam 2 3 --hardware-id KTO-2A-16 --dry-run")},
+      runCopy};
+}
+
+}  // namespace
+
+QVector<SCommand> subDeviceCommands() {
+  return {listCommand(), copyCommand()};
+}

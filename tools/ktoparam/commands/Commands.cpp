@@ -1,0 +1,8 @@
+#include "Commands.h"
+
+QVector<SCommand> allCommands() {
+  return detectCommands() + showCommands() + getCommands() + setCommands() + hardwareIdCommands() +
+         subDeviceCommands() + importCommands() + defaultsCommands() + newCommands() +
+         checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
+         textCommands() + motorsCommands() + compensationCommands() + completeCommands();
+}

@@ -1,0 +1,201 @@
+#include "CLoadedFile.h"
+
+#include "CAtomicFile.h"
+#include "CInvocation.h"
+#include "COutput.h"
+#include "FileMessage.h"
+#include "SafeWrite.h"
+#include "Suggestion.h"
+#include "Tool.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+CLoadedFile::CLoadedFile(COutput& out)
+    : mOut(out), mFile(ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr)) {}
+
+// --- Loading
+
+bool CLoadedFile::load(const QString& fileName, SFileInfo::EKind wanted) {
+  const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
+  if (info && info->kind == wanted) return loadAs(fileName, *info);
+  if (info) mOut.message(fileName, info->refusal(SFileInfo::needed(wanted)));
+  return false;
+}
+
+bool CLoadedFile::loadAny(const QString& fileName) {
+  const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
+  if (info && info->kind != SFileInfo::Unknown) return loadAs(fileName, *info);
+  if (info) mOut.message(fileName, info->refusal(SFileInfo::needed(SFileInfo::Unknown)));
+  return false;
+}
+
+bool CLoadedFile::loadAs(const QString& fileName, const SFileInfo& info) {
+  if (mFileName.isEmpty()) {
+    mInfo = info;
+    mFileName = fileName;
+  }
+  bool isLoaded = false;
+  QString error;
+  if (info.kind == SFileInfo::Definitions) {
+    isLoaded = mHasDefinitions = mFile->loadParamDefFile(fileName, info.version);
+  } else if (info.kind == SFileInfo::Values) {
+    mFile->setFileType(info.type);
+    isLoaded = mFile->loadParamFile(fileName, {}, info.version);
+  } else if (info.kind == SFileInfo::Settings) {
+    mSettings.reset(ICSettingsFile::create(nullptr));
+    isLoaded = mSettings->load(fileName, info.writtenVersion) == ICSettingsFile::NoError;
+  } else {
+    mCompensation.reset(ICCompensationFile::create(nullptr));
+    isLoaded = mCompensation->load(fileName, info.writtenVersion) == ICCompensationFile::Ok;
+  }
+  if (!isLoaded)
+    mOut.message(fileName, NFileMessage::withoutFile(errorMsg(), fileName), mFile->errorLine());
+  return isLoaded;
+}
+
+bool CLoadedFile::loadValues(const QString& fileName, const CInvocation& invocation) {
+  return load(fileName, SFileInfo::Values) &&
+         (!invocation.isSet(NOptions::kDef) ||
+          load(invocation.value(NOptions::kDef), SFileInfo::Definitions));
+}
+
+EExitStatus CLoadedFile::openToRead(const CInvocation& invocation, QStringList& hardwareIds) {
+  if (!loadValues(invocation.argument(0), invocation)) return ExitFile;
+  hardwareIds = this->hardwareIds(invocation);
+  const bool isThere =
+      !hardwareIds.isEmpty() && checkSubDevice(invocation.subDevice(), hardwareIds);
+  return isThere ? ExitDone : ExitFindings;
+}
+
+EExitStatus CLoadedFile::openToEdit(const CInvocation& invocation) {
+  if (!loadValues(invocation.argument(0), invocation) || !canSave()) return ExitFile;
+  const bool isThere = selectOneHardwareId(invocation) &&
+                       checkSubDevice(invocation.subDevice(), {mFile->hardwareId()});
+  return isThere ? ExitDone : ExitFindings;
+}
+
+void CLoadedFile::begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version) {
+  mFileName = fileName;
+  mIsNew = true;
+  mInfo.kind = SFileInfo::Values;
+  mInfo.type = type;
+  mInfo.typeName = ICParameterFile::fileTypeToStr(type);
+  mInfo.version = version;
+  mFile->setFileType(type);
+}
+
+QString CLoadedFile::errorMsg() const {
+  if (mSettings) return mSettings->errorMsg();
+  return mCompensation ? mCompensation->errorMsg() : mFile->errorMsg();
+}
+
+SHead CLoadedFile::head() const {
+  if (mInfo.kind == SFileInfo::Definitions)
+    return {mFile->defDate(), mFile->defAuthor(), mFile->defComment()};
+  if (mInfo.kind == SFileInfo::Values) return {mFile->date(), mFile->author(), mFile->comment()};
+  const CXMLMetaData data = mCompensation ? mCompensation->metaData() : CXMLMetaData();
+  return {data.date(), data.author(), data.comment()};
+}
+
+// --- Saving
+
+bool CLoadedFile::canSave() const {
+  if (mInfo.version != 0) return true;
+  // Applications accept a file without a version, but would refuse it with version 0.0.
+  message(
+      Tool::tr("the file has no version that a save could keep. Give its root element the "
+               "version that the applications expect, for example version=\"1.0\"."));
+  return false;
+}
+
+bool CLoadedFile::save() {
+  if (!mIsNew) return saveAs(mFileName, mInfo.version);
+  return NSafeWrite::run(mFileName, mOut, [this] { return saveNew(); });
+}
+
+// Another process may make a file of that name meanwhile: this one takes it only while it is free.
+QString CLoadedFile::saveNew() {
+  QString error = CAtomicFile::nameProblem(mFileName);
+  if (!error.isEmpty()) return error;
+  const QTemporaryDir folder(QFileInfo(mFileName).path() + QLatin1String("/.kto-XXXXXX"));
+  if (!folder.isValid())
+    return Tool::tr("the file cannot be written: %1.").arg(folder.errorString());
+  const QString made = folder.filePath(QStringLiteral("new"));
+  if (!mFile->saveParamFile(made, {}, mInfo.version))
+    return NFileMessage::withoutFile(mFile->errorMsg(), made);
+  return CAtomicFile::renameToNew(made, mFileName, error) ? QString() : error;
+}
+
+bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
+  const bool isSaved = NSafeWrite::run(fileName, mOut, [&]() -> QString {
+    return mFile->saveParamFile(fileName, {}, version) ? QString() : mFile->errorMsg();
+  });
+  if (isSaved) tellWhatSavesLose();
+  return isSaved;
+}
+
+bool CLoadedFile::saveCompensation(const QString& fileName) {
+  return NSafeWrite::run(fileName, mOut, [&]() -> QString {
+    const int result = mCompensation->save(fileName, mInfo.writtenVersion);
+    return result == ICCompensationFile::Ok ? QString() : mCompensation->errorMsg();
+  });
+}
+
+void CLoadedFile::tellWhatSavesLose() const {
+  for (const SParamFinding& finding : mFile->loadFindings()) {
+    mOut.message(mFileName,
+                 Tool::tr("sub-device %1: %2").arg(QString::number(finding.subDevId), finding.text),
+                 finding.line);
+  }
+}
+
+void CLoadedFile::message(const QString& text) const {
+  mOut.message(mFileName, text);
+}
+
+// --- Hardware ids and sub-devices
+
+bool CLoadedFile::selectHardwareId(const QString& hardwareId) {
+  if (mFile->selectHardwareId(hardwareId)) return true;
+  const QStringList known = mFile->hardwareIds();
+  const QString suggestion =
+      NSuggestion::listsAll(known) ? QString() : NSuggestion::didYouMean(hardwareId, known);
+  message(Tool::tr("there is no hardware id \"%1\".%2 The file has: %3.")
+              .arg(hardwareId, suggestion, NSuggestion::listed(known)));
+  return false;
+}
+
+QStringList CLoadedFile::hardwareIds(const CInvocation& invocation) {
+  if (!invocation.isSet(NOptions::kHardwareId)) return mFile->hardwareIds();
+  const QString hardwareId = invocation.value(NOptions::kHardwareId);
+  return selectHardwareId(hardwareId) ? QStringList(hardwareId) : QStringList();
+}
+
+bool CLoadedFile::selectOneHardwareId(const CInvocation& invocation, QLatin1String option) {
+  if (invocation.isSet(option)) return selectHardwareId(invocation.value(option));
+  const QStringList known = mFile->hardwareIds();
+  if (known.size() == 1) return selectHardwareId(known.first());
+  message(known.isEmpty() ? Tool::tr("the file has no hardware id.")
+                          : Tool::tr("the file has several hardware ids; choose one with --%1: %2.")
+                                .arg(option, NSuggestion::listed(known)));
+  return false;
+}
+
+bool CLoadedFile::checkSubDevice(std::optional<quint8> wanted, const QStringList& hardwareIds) {
+  if (!wanted) return true;
+  QMap<quint8, QString> known;
+  for (const QString& hardwareId : hardwareIds) {
+    mFile->selectHardwareId(hardwareId);
+    if (mFile->doesSubDeviceExist(*wanted)) return true;
+    for (const quint8 id : mFile->subDeviceIds()) known.insert(id, QString::number(id));
+  }
+  message(Tool::tr("there is no sub-device %1; there are: %2.")
+              .arg(QString::number(*wanted), NSuggestion::listed(known.values())));
+  return false;
+}
+
+QList<quint8> CLoadedFile::subDevices(std::optional<quint8> wanted) const {
+  if (!wanted) return mFile->subDeviceIds();
+  return mFile->doesSubDeviceExist(*wanted) ? QList<quint8>{*wanted} : QList<quint8>();
+}

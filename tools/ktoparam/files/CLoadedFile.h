@@ -1,0 +1,102 @@
+#pragma once
+
+#include "ICCompensationFile.h"
+#include "ICParameterFile.h"
+#include "ICSettingsFile.h"
+#include "Options.h"
+#include "SFileInfo.h"
+
+#include <QDate>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+class CInvocation;
+class COutput;
+
+/// The Head of a file.
+struct SHead {
+  QDate date;
+  QString author;
+  QString comment;
+};
+
+/// A file of any kind as a command opens it, or a value file together with its definitions.
+/// Whatever version it has is loaded. Whatever fails is reported to the output at once.
+class CLoadedFile {
+ public:
+  explicit CLoadedFile(COutput& out);
+
+  /// Refuses a file of another kind.
+  bool load(const QString& fileName, SFileInfo::EKind wanted);
+  /// The kind is what info() says then.
+  bool loadAny(const QString& fileName);
+  /// The value file, and the definitions when the command line names a file of them.
+  bool loadValues(const QString& fileName, const CInvocation& invocation);
+
+  /// Loads the first argument and "--def", to show values: those of the hardware ids that are
+  /// given back, and there is a sub-device that is wanted.
+  EExitStatus openToRead(const CInvocation& invocation, QStringList& hardwareIds);
+  /// Loads the same to edit it: it can be saved, and the one hardware id that is meant is active.
+  EExitStatus openToEdit(const CInvocation& invocation);
+
+  /// A value file that does not exist yet. Its save fails when there is one by then.
+  void begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version);
+
+  /// Whether the value file could be saved with the version that it has. To be asked before any
+  /// change is shown as made.
+  bool canSave() const;
+  /// Writes the value file back. What a save loses of the file that was loaded is told.
+  bool save();
+  /// Writes the value file under another name or version.
+  bool saveAs(const QString& fileName, quint32 version);
+  /// Writes the compensation file under this name.
+  bool saveCompensation(const QString& fileName);
+
+  /// Tells which types and names of sub-devices are in the value file but in no save of it.
+  void tellWhatSavesLose() const;
+
+  /// Of definitions and values.
+  ICParameterFile& file() const { return *mFile; }
+  /// Null unless a file of the kind is loaded.
+  ICSettingsFile* settings() const { return mSettings.get(); }
+  ICCompensationFile* compensation() const { return mCompensation.get(); }
+
+  /// About the file that was loaded first.
+  const SFileInfo& info() const { return mInfo; }
+  const QString& fileName() const { return mFileName; }
+  SHead head() const;
+  bool hasDefinitions() const { return mHasDefinitions; }
+
+  /// Makes the hardware id active.
+  bool selectHardwareId(const QString& hardwareId);
+  /// The hardware ids that a command works on: that of "--hardware-id", or all. Empty, which no
+  /// file can be, when that one does not exist.
+  QStringList hardwareIds(const CInvocation& invocation);
+  /// Makes the one hardware id active that the option names, or the file's only one. False, with a
+  /// message, when it is not clear which.
+  bool selectOneHardwareId(const CInvocation& invocation,
+                           QLatin1String option = NOptions::kHardwareId);
+  /// False, with a message, when none of the hardware ids has a sub-device that is wanted.
+  bool checkSubDevice(std::optional<quint8> wanted, const QStringList& hardwareIds);
+  /// The wanted sub-device of the active hardware id if there is one, or all.
+  QList<quint8> subDevices(std::optional<quint8> wanted) const;
+
+  /// Reports about the file.
+  void message(const QString& text) const;
+
+ private:
+  bool loadAs(const QString& fileName, const SFileInfo& info);
+  QString errorMsg() const;
+  QString saveNew();
+
+  COutput& mOut;
+  std::unique_ptr<ICParameterFile> mFile;
+  std::unique_ptr<ICSettingsFile> mSettings;
+  std::unique_ptr<ICCompensationFile> mCompensation;
+  SFileInfo mInfo;
+  QString mFileName;
+  bool mHasDefinitions = false;
+  bool mIsNew = false;
+};

@@ -1,0 +1,83 @@
+#include "COutput.h"
+
+#include "DisplayText.h"
+#include "NShortText.h"
+#include "Tool.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <unistd.h>
+
+#include <limits>
+
+namespace {
+
+constexpr qint64 kTimesTheFiles = 20;
+constexpr qint64 kFewLines = 4096;
+constexpr int kLongestMessage = 10000;
+
+}  // namespace
+
+COutput::COutput(FILE* results, FILE* messages)
+    : mHasColour(isatty(fileno(results)) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+                 qgetenv("TERM") != "dumb"),
+      mProgress(messages, mMessages) {
+  mFailed = !mResults.open(results, QIODevice::WriteOnly);
+  mMessages.open(messages, QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+void COutput::write(const QByteArray& bytes) {
+  mProgress.erase();
+  mIsCut = mIsCut || bytes.size() > space();
+  if (mIsCut) return;
+  mWritten += bytes.size();
+  mFailed = mFailed || mResults.write(bytes) != bytes.size();
+}
+
+qint64 COutput::space() const {
+  // Help has no files.
+  const qint64 files = mProgress.bytesOfFiles();
+  return files == 0 ? std::numeric_limits<qint64>::max()
+                    : kTimesTheFiles * files + kFewLines - mWritten;
+}
+
+QString COutput::styled(const QString& text, EStyle style) const {
+  return mHasColour ? QStringLiteral("\x1b[%1m%2\x1b[0m").arg(QString::number(style), text) : text;
+}
+
+void COutput::line(const QString& text) {
+  write(text.toUtf8() + '\n');
+}
+
+void COutput::json(const QJsonObject& object) {
+  const QJsonDocument document(object);
+  const QByteArray text = document.toJson(QJsonDocument::Indented);
+  // What is deeply nested would be blanks for the most part.
+  write(text.size() <= space() ? text : document.toJson(QJsonDocument::Compact));
+}
+
+void COutput::message(const QString& text) {
+  mProgress.erase();
+  const QString told = text.size() > kLongestMessage ? NShortText::of(text) : text;
+  mMessages.write("ktoparam: " + NDisplayText::escaped(told).toUtf8() + '\n');
+}
+
+void COutput::message(const QString& file, const QString& text, int line) {
+  const QString place = line > 0 ? QStringLiteral("%1:%2").arg(file, QString::number(line)) : file;
+  message(QStringLiteral("%1: %2").arg(place, text));
+}
+
+bool COutput::finish() {
+  mProgress.erase();
+  mFailed = !mResults.flush() || mFailed;
+  if (mFailed)
+    message(Tool::tr("the results could not be written: %1").arg(mResults.errorString()));
+  if (mIsCut) {
+    message(
+        Tool::tr("the results are cut off here, since they are more than %1 times as long as the "
+                 "files.")
+            .arg(kTimesTheFiles));
+  }
+  return !mFailed && !mIsCut;
+}

@@ -1,0 +1,84 @@
+#include "CValueEdit.h"
+
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CParameterFileComparison.h"
+#include "Differences.h"
+#include "Tool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+/// The active hardware id alone, in a file of its own.
+std::unique_ptr<ICParameterFile> copyOf(ICParameterFile& file) {
+  std::unique_ptr<ICParameterFile> copy(ICParameterFile::createSingle(file.fileType(), nullptr));
+  copy->cloneHardwareIdFromInstance(file.hardwareId(), &file);
+  for (const quint8 id : file.subDeviceIds()) {
+    copy->setSubDevType(id, file.subDevType(id));
+    copy->setSubDevName(id, file.subDevName(id));
+  }
+  return copy;
+}
+
+QString toText(const SEditCounts& counts) {
+  return Tool::tr(
+             "taken %1, equal %2, defaulted %3, kept %4, added %5, removed %6, unknown %7, "
+             "failed %8")
+      .arg(QString::number(counts.taken), QString::number(counts.equal),
+           QString::number(counts.defaulted), QString::number(counts.kept),
+           QString::number(counts.added), QString::number(counts.removed),
+           QString::number(counts.unknown), QString::number(counts.failed));
+}
+
+QJsonObject toJson(const SEditCounts& counts) {
+  return {
+      {QStringLiteral("taken"), counts.taken},         {QStringLiteral("equal"), counts.equal},
+      {QStringLiteral("defaulted"), counts.defaulted}, {QStringLiteral("kept"), counts.kept},
+      {QStringLiteral("added"), counts.added},         {QStringLiteral("removed"), counts.removed},
+      {QStringLiteral("unknown"), counts.unknown},     {QStringLiteral("failed"), counts.failed}};
+}
+
+}  // namespace
+
+CValueEdit::CValueEdit(CLoadedFile& loaded, const CInvocation& invocation, COutput& out)
+    : mLoaded(loaded), mInvocation(invocation), mOut(out), mBefore(copyOf(loaded.file())) {
+  loaded.file().clearChanged();
+}
+
+CValueEdit::~CValueEdit() = default;
+
+EExitStatus CValueEdit::finish(const SEditCounts& counts) {
+  const bool save = mLoaded.file().isChanged() && !mInvocation.isDryRun();
+  if (save && !mLoaded.save()) return ExitFile;
+  return report(counts, ExitDone, save);
+}
+
+EExitStatus CValueEdit::refuse(const SEditCounts& counts) {
+  return report(counts, ExitFindings, false);
+}
+
+EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bool isSaved) {
+  ICParameterFile& file = mLoaded.file();
+  const bool isDryRun = mInvocation.isDryRun();
+  CParamDifferences changes;
+  if (isDryRun || mInvocation.wantsJson()) {
+    // As texts: whatever is written in another way is a change of the file.
+    changes = CParameterFileComparison::compareHardwareIds(*mBefore, file.hardwareId(), file,
+                                                           file.hardwareId());
+  }
+  if (mInvocation.wantsJson()) {
+    mOut.json({{QStringLiteral("file"), mLoaded.fileName()},
+               {QStringLiteral("hardwareId"), mOut.labels().of(file.hardwareId())},
+               {QStringLiteral("saved"), isSaved},
+               {QStringLiteral("counts"), toJson(counts)},
+               {QStringLiteral("changes"), NDifferences::toJson(changes, mOut.labels())}});
+    return status;
+  }
+  NDifferences::print(changes, file, mOut);
+  mOut.line(toText(counts));
+  if (isDryRun) mOut.line(NOptions::dryRunNote());
+  return status;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class ICParameterFile;
+
+/// Parameters of the active hardware id by their names.
+namespace NParameterLookup {
+
+/// The sub-devices that have a parameter, ascending.
+QList<quint8> subDevicesWith(const ICParameterFile& file, const QString& name);
+
+/// The names in all sub-devices, without doubles.
+QStringList allNames(const ICParameterFile& file);
+
+/// " Did you mean "…"?" for a name that does not exist, also for a name with its groups in front.
+QString didYouMean(const QString& name, const QStringList& known);
+
+/// "2, 3"
+QString listed(const QList<quint8>& subDevices);
+
+}  // namespace NParameterLookup

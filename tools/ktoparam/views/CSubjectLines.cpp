@@ -1,0 +1,37 @@
+#include "CSubjectLines.h"
+
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "DisplayText.h"
+
+void CSubjectLines::add(const QString& subject, const QString& value) {
+  mOut.line(NDisplayText::escaped(subject) + QLatin1String(" = ") + NDisplayText::shown(value));
+}
+
+void CSubjectLines::addUnlessEmpty(const QString& subject, const QString& value) {
+  if (!value.isEmpty()) add(subject, value);
+}
+
+void CSubjectLines::addLabel(const QString& subject, const QString& label) {
+  add(subject, mOut.labels().of(label));
+}
+
+void CSubjectLines::addLabelUnlessEmpty(const QString& subject, const QString& label) {
+  if (!label.isEmpty()) addLabel(subject, label);
+}
+
+const CLabels& CSubjectLines::labels() const {
+  return mOut.labels();
+}
+
+void CSubjectLines::addHead(const CLoadedFile& loaded) {
+  const SHead head = loaded.head();
+  add(QStringLiteral("file type"), loaded.info().typeName);
+  addUnlessEmpty(QStringLiteral("version"), loaded.info().versionText());
+  addUnlessEmpty(QStringLiteral("author"), head.author);
+  addUnlessEmpty(QStringLiteral("comment"), head.comment);
+}
+
+void CSubjectLines::addBare(const QString& subject) {
+  mOut.line(NDisplayText::escaped(subject));
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+class CLabels;
+class CLoadedFile;
+class COutput;
+
+/// Writes "subject = value" lines, each of which can be understood, compared and found alone.
+class CSubjectLines {
+ public:
+  explicit CSubjectLines(COutput& out) : mOut(out) {}
+
+  void add(const QString& subject, const QString& value);
+  void addUnlessEmpty(const QString& subject, const QString& value);
+  /// The same for a name, a hint or the like, which is shortened when long.
+  void addLabel(const QString& subject, const QString& label);
+  void addLabelUnlessEmpty(const QString& subject, const QString& label);
+  /// Type, version, author and comment. Not the date: each save renews it.
+  void addHead(const CLoadedFile& loaded);
+  /// For the subjects.
+  const CLabels& labels() const;
+  /// A subject alone, for what has no value.
+  void addBare(const QString& subject);
+
+ private:
+  COutput& mOut;
+};

@@ -1,0 +1,27 @@
+#include "CLoadedFile.h"
+#include "DisplayText.h"
+#include "JsonValues.h"
+#include "Views.h"
+
+#include <QJsonObject>
+
+QString NViews::headLine(const CLoadedFile& loaded) {
+  const SHead head = loaded.head();
+  QStringList parts(loaded.info().typeName);
+  if (loaded.info().version != 0) parts[0] += QLatin1Char(' ') + loaded.info().versionText();
+  if (head.date.isValid()) parts.append(head.date.toString(Qt::ISODate));
+  if (!head.author.isEmpty()) parts.append(NDisplayText::shown(head.author));
+  const QString line = parts.join(QLatin1String(", "));
+  return head.comment.isEmpty() ? line
+                                : line + QLatin1String(": ") + NDisplayText::shown(head.comment);
+}
+
+QJsonObject NViews::headJson(const CLoadedFile& loaded) {
+  const SHead head = loaded.head();
+  return {{QStringLiteral("file"), loaded.fileName()},
+          {QStringLiteral("fileType"), loaded.info().typeName},
+          {QStringLiteral("version"), textOrNull(loaded.info().versionText())},
+          {QStringLiteral("date"), textOrNull(head.date.toString(Qt::ISODate))},
+          {QStringLiteral("author"), head.author},
+          {QStringLiteral("comment"), head.comment}};
+}

@@ -1,0 +1,178 @@
+#include "CInvocation.h"
+#include "CLoadedFile.h"
+#include "COutput.h"
+#include "CSubjectLines.h"
+#include "CTable.h"
+#include "DisplayText.h"
+#include "NShortText.h"
+#include "SValueView.h"
+#include "Tool.h"
+#include "Views.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+const QLatin1String kChanged("changed");
+
+/// The tree of one sub-device as rows of a table. A group's row waits until a parameter below it
+/// has one.
+class CTreeRows {
+ public:
+  CTreeRows(const ICParameterFile& file, bool onlyChanged, const CLabels& labels)
+      : mViews(file, labels),
+        mLabels(labels),
+        mOnlyChanged(onlyChanged),
+        mTable({QString(), Tool::tr("NAME"), Tool::tr("VALUE"), Tool::tr("UNIT"),
+                Tool::tr("MEANING")}) {}
+
+  const CTable& addChildren(const ICParamTreeNode& group) {
+    for (int i = 0; i < group.childCnt(); ++i) {
+      const ICParamTreeNode& child = *group.childPtr(i);
+      child.isGroup() ? addGroup(child) : addParameter(child);
+    }
+    return mTable;
+  }
+
+ private:
+  QString indented(const ICParamTreeNode& node, int depth) const {
+    return NDisplayText::indented(mLabels.shown(node.name()), depth);
+  }
+
+  void addGroup(const ICParamTreeNode& group) {
+    mGroups.append(&group);
+    if (!mOnlyChanged) addWaitingGroups();
+    addChildren(group);
+    mGroups.removeLast();
+    mWritten = qMin(mWritten, mGroups.size());
+  }
+
+  void addParameter(const ICParamTreeNode& node) {
+    const SValueView view = mViews.of(node, {});
+    if (mOnlyChanged && !view.isChanged()) return;
+    addWaitingGroups();
+    mTable.addRow({view.isChanged() ? QStringLiteral("*") : QString(),
+                   indented(node, mGroups.size()), NDisplayText::shown(view.value.asStr()),
+                   NDisplayText::shownOrNothing(view.unit), view.meaning},
+                  view.isChanged());
+  }
+
+  void addWaitingGroups() {
+    for (; mWritten < mGroups.size(); ++mWritten)
+      mTable.addRow({QString(), indented(*mGroups.at(mWritten), mWritten)});
+  }
+
+  CValueViews mViews;
+  const CLabels& mLabels;
+  const bool mOnlyChanged;
+  CTable mTable;
+  QVector<const ICParamTreeNode*> mGroups;  // from the root's child down to the current one
+  int mWritten = 0;                         // how many of them have their row
+};
+
+QString heading(const ICParameterFile& file, quint8 subDevId, const CLabels& labels) {
+  const QString name = file.subDevName(subDevId);
+  const QString text = Tool::tr("Hardware id %1, sub-device %2 (%3)")
+                           .arg(labels.shown(file.hardwareId()), QString::number(subDevId),
+                                ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId)));
+  return name.isEmpty() ? text : text + QLatin1String(": ") + labels.shown(name);
+}
+
+void printSubDevice(ICParameterFile& file, quint8 subDevId, bool onlyChanged, COutput& out) {
+  CTreeRows rows(file, onlyChanged, out.labels());
+  const CTable& table = rows.addChildren(*file.rootGroup(subDevId));
+  if (table.isEmpty() && onlyChanged) return;
+  out.line({});
+  out.line(heading(file, subDevId, out.labels()));
+  table.print(out, QStringLiteral("  "));
+}
+
+QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, bool onlyChanged,
+                          const CLabels& labels) {
+  QJsonArray parameters;
+  CValueViews(file, labels).visit(*file.rootGroup(subDevId), [&](const SValueView& view) {
+    if (!onlyChanged || view.isChanged()) parameters.append(view.toJson());
+  });
+  return {{QStringLiteral("id"), subDevId},
+          {QStringLiteral("type"), ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId))},
+          {QStringLiteral("name"), labels.of(file.subDevName(subDevId))},
+          {QStringLiteral("parameters"), parameters}};
+}
+
+// --- text
+
+/// What is in front of the names in a group.
+QString leadOf(const QString& place, const QString& path) {
+  return path.isNull() ? place : place + path + QLatin1Char('/');
+}
+
+QString parameterSubject(const QString& lead, const ICParamTreeNode& node, const CLabels& labels) {
+  const QString subject = lead + labels.of(node.name());
+  return node.id() == 0 ? subject
+                        : QStringLiteral("%1 (%2)").arg(subject, QString::number(node.id()));
+}
+
+/// The place is hardware id and sub-device, the path that of the group.
+void addGroup(const ICParamTreeNode& group, const QString& place, const QString& path,
+              CSubjectLines& lines) {
+  const QString lead = leadOf(place, path);
+  for (int i = 0; i < group.childCnt(); ++i) {
+    const ICParamTreeNode& child = *group.childPtr(i);
+    if (child.isParam()) {
+      lines.add(parameterSubject(lead, child, lines.labels()), child.value().asStr());
+      continue;
+    }
+    const QString childPath = NShortText::below(path, child.name());
+    if (child.childCnt() == 0) lines.addBare(leadOf(place, childPath));
+    addGroup(child, place, childPath, lines);
+  }
+}
+
+void addSubDevice(ICParameterFile& file, quint8 id, CSubjectLines& lines) {
+  const QString hardwareId = lines.labels().of(file.hardwareId());
+  const QString place = QStringLiteral("%1[%2]").arg(hardwareId, QString::number(id));
+  lines.add(place + QLatin1String(" type"),
+            ICParameterFile::subDeviceTypeToStr(file.subDevType(id)));
+  lines.addLabelUnlessEmpty(place + QLatin1String(" name"), file.subDevName(id));
+  addGroup(*file.rootGroup(id), place + QLatin1Char('/'), {}, lines);
+}
+
+}  // namespace
+
+EExitStatus NViews::showValues(const CInvocation& invocation, COutput& out) {
+  const bool onlyChanged = invocation.isSet(kChanged);
+  if (onlyChanged && !invocation.isSet(NOptions::kDef))
+    return invocation.wrongUsage(Tool::tr("--changed needs --def, which tells the defaults."), out);
+  CLoadedFile loaded(out);
+  QStringList hardwareIds;
+  const EExitStatus opened = loaded.openToRead(invocation, hardwareIds);
+  if (opened != ExitDone) return opened;
+  ICParameterFile& file = loaded.file();
+  if (!invocation.wantsJson()) out.line(headLine(loaded));
+  QJsonArray array;
+  for (const QString& hardwareId : hardwareIds) {
+    file.selectHardwareId(hardwareId);
+    QJsonArray subDevices;
+    for (const quint8 id : loaded.subDevices(invocation.subDevice()))
+      if (invocation.wantsJson())
+        subDevices.append(subDeviceJson(file, id, onlyChanged, out.labels()));
+      else
+        printSubDevice(file, id, onlyChanged, out);
+    array.append(QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
+                             {QStringLiteral("subDevices"), subDevices}});
+  }
+  if (!invocation.wantsJson()) return ExitDone;
+  QJsonObject object = headJson(loaded);
+  object.insert(QStringLiteral("hardwareIds"), array);
+  out.json(object);
+  return ExitDone;
+}
+
+void NViews::addValues(const CLoadedFile& loaded, CSubjectLines& lines) {
+  ICParameterFile& file = loaded.file();
+  for (const QString& hardwareId : file.hardwareIds()) {
+    file.selectHardwareId(hardwareId);
+    for (const quint8 id : file.subDeviceIds()) addSubDevice(file, id, lines);
+  }
+}

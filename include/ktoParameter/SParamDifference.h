@@ -7,7 +7,7 @@
 
 /// One difference between an old and a new parameter file.
 struct KTOPARAMETER_EXPORT SParamDifference {
-  /// Behind each: its stable text. "Added" is what only the new file has.
+  /// Each with its stable text. "Added" is what only the new file has.
   enum EKind : int {
     SubDeviceTypeChanged,  ///< "sub-device-type-changed"; values are the types' texts
     SubDeviceNameChanged,  ///< "sub-device-name-changed"; values are the names

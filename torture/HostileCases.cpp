@@ -6,20 +6,20 @@ namespace NHostile {
 
 namespace {
 
-const QString kInvalid = "a character or mark-up stands here that XML does not allow";
+const QString kInvalid = "markup or character not allowed here";
 const QString kSubset = "a document type declaration with declarations of its own is not allowed";
 const QString kUndeclared = "an entity is used that is not declared";
 const QString kReference = "a character reference names a character that XML does not allow";
 const QString kEndsWithin = "the document ends within a tag, text or comment";
 const QString kNoRoot = "there is no root element";
 const QString kJunk = "something follows the end of the root element";
-const QString kDoubled = "an attribute stands twice in one tag";
+const QString kDoubled = "an attribute is repeated in one tag";
 const QString kTooDeep = "the elements are nested deeper than 1024";
 const QString kTooManyAttributes = "a tag has more than 256 attributes";
-const QString kLone = "half of a surrogate pair stands alone";
+const QString kLone = "unpaired surrogate";
 const QString kOtherEncoding = "the document is not in the encoding that it declares";
 const QString kUnknownEncoding = "the encoding that the document declares is not supported";
-const QString kMisplaced = "an XML declaration stands elsewhere than at the very start";
+const QString kMisplaced = "the XML declaration is not at the start of the document";
 const QString kOdd = "The document is in UTF-16 but has an odd number of bytes.";
 
 QString line(int number, const QString& reason) {

@@ -36,7 +36,7 @@
         <translation>die Datei kann nicht geschrieben werden, die alte bleibt erhalten: %1.</translation>
     </message>
     <message>
-        <source>the file is written, but its folder could not be brought to the disk: %1.</source>
+        <source>the file is written, but its folder could not be synced to the disk: %1.</source>
         <translation>die Datei ist geschrieben, aber ihr Ordner konnte nicht auf die Platte gesichert werden: %1.</translation>
     </message>
     <message>
@@ -48,12 +48,12 @@
         <translation>die Datei kann nicht als &quot;%1&quot; aufgehoben werden: %2.</translation>
     </message>
     <message>
-        <source>no file is named.</source>
-        <translation>es ist keine Datei genannt.</translation>
+        <source>the file name is empty.</source>
+        <translation>der Dateiname ist leer.</translation>
     </message>
     <message>
-        <source>on the way is a symbolic link that belongs to somebody else, in a folder that everybody can write to</source>
-        <translation>auf dem Weg liegt ein symbolischer Link, der jemand anderem gehört, in einem Ordner, in den alle schreiben können</translation>
+        <source>the path contains a symbolic link of another user in a folder that everybody can write to</source>
+        <translation>der Pfad enthält einen symbolischen Link eines anderen Benutzers in einem Ordner, in den alle schreiben können</translation>
     </message>
     <message>
         <source>owner</source>
@@ -366,12 +366,12 @@
         <translation>Parameter (Id=%1, Abschnitt=&lt;%2&gt;) -&gt; </translation>
     </message>
     <message>
-        <source>Two definitions bear the name &quot;%1&quot;.</source>
-        <translation>Zwei Definitionen tragen den Namen &quot;%1&quot;.</translation>
+        <source>Two definitions have the name &quot;%1&quot;.</source>
+        <translation>Zwei Definitionen haben den Namen &quot;%1&quot;.</translation>
     </message>
     <message>
-        <source>The definitions &quot;%1&quot; and &quot;%2&quot; bear the same id %3.</source>
-        <translation>Die Definitionen &quot;%1&quot; und &quot;%2&quot; tragen dieselbe ID %3.</translation>
+        <source>The definitions &quot;%1&quot; and &quot;%2&quot; have the same id %3.</source>
+        <translation>Die Definitionen &quot;%1&quot; und &quot;%2&quot; haben dieselbe ID %3.</translation>
     </message>
     <message>
         <source>Parameter &apos;%1&apos; -&gt; Minimum exceeds Maximum.</source>
@@ -412,7 +412,7 @@
         <translation>Datei &quot;%1&quot;: Fehler beim Laden: </translation>
     </message>
     <message>
-        <source>The hardware ids &quot;%1&quot; and &quot;%2&quot; differ in nothing but blanks around them.</source>
+        <source>The hardware ids &quot;%1&quot; and &quot;%2&quot; differ only in blanks around them.</source>
         <translation>Die Hardware-IDs &quot;%1&quot; und &quot;%2&quot; unterscheiden sich nur durch Leerzeichen am Anfang oder Ende.</translation>
     </message>
     <message>
@@ -448,8 +448,8 @@
         <translation>Parameter (Name=%1) -&gt; </translation>
     </message>
     <message>
-        <source>Line %1: attribute &quot;%2&quot; of &lt;%3&gt; is %4, which stands for no id.</source>
-        <translation>Zeile %1: Das Attribut &quot;%2&quot; von &lt;%3&gt; ist %4, was für keine ID steht.</translation>
+        <source>Line %1: attribute &quot;%2&quot; of &lt;%3&gt; is %4, which is not an id.</source>
+        <translation>Zeile %1: Das Attribut &quot;%2&quot; von &lt;%3&gt; ist %4 und damit keine ID.</translation>
     </message>
     <message>
         <source>Line %1: the name &quot;%2&quot; is reserved.</source>
@@ -475,15 +475,15 @@
         <translation>%1 bis %2</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number; decimals stand behind a point: %2.</source>
-        <translation>&quot;%1&quot; ist keine Zahl; Nachkommastellen stehen hinter einem Punkt: %2.</translation>
+        <source>&quot;%1&quot; is not a number; write decimals after a point: %2.</source>
+        <translation>&quot;%1&quot; ist keine Zahl; Nachkommastellen nach einem Punkt schreiben: %2.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number of the type %2.</source>
+        <source>&quot;%1&quot; is not a number of the type %2.</source>
         <translation>&quot;%1&quot; ist keine Zahl vom Typ %2.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number of the type %2 (%3).</source>
+        <source>&quot;%1&quot; is not a number of the type %2 (%3).</source>
         <translation>&quot;%1&quot; ist keine Zahl vom Typ %2 (%3).</translation>
     </message>
     <message>
@@ -549,19 +549,19 @@
         <translation>Zwei Zustände des Kontrollkästchens haben denselben Wert.</translation>
     </message>
     <message>
-        <source>The id %1 is that of &quot;%2&quot; already.</source>
-        <translation>Die ID %1 gehört bereits zu &quot;%2&quot;.</translation>
+        <source>The id %1 is already used by &quot;%2&quot;.</source>
+        <translation>Die ID %1 wird bereits von &quot;%2&quot; verwendet.</translation>
     </message>
     <message>
-        <source>The limit &quot;%1&quot; is no number of the type %2 that others can be compared with.</source>
-        <translation>Die Grenze &quot;%1&quot; ist keine Zahl vom Typ %2, mit der andere verglichen werden können.</translation>
+        <source>The limit &quot;%1&quot; is not a number of the type %2 that can be compared.</source>
+        <translation>Die Grenze &quot;%1&quot; ist keine vergleichbare Zahl vom Typ %2.</translation>
     </message>
     <message>
         <source>The limit parameter %1 is not defined.</source>
         <translation>Der Grenzparameter %1 ist nicht definiert.</translation>
     </message>
     <message>
-        <source>The limit parameter &quot;%1&quot; is no number.</source>
+        <source>The limit parameter &quot;%1&quot; is not a number.</source>
         <translation>Der Grenzparameter &quot;%1&quot; ist keine Zahl.</translation>
     </message>
     <message>
@@ -585,7 +585,7 @@
         <translation>Ein weiterer Auswahlwert als %1 hat den Namen &quot;%2&quot;.</translation>
     </message>
     <message>
-        <source>The choice %1 is no number of the type %2.</source>
+        <source>The choice %1 is not a number of the type %2.</source>
         <translation>Der Auswahlwert %1 ist keine Zahl vom Typ %2.</translation>
     </message>
     <message>
@@ -735,7 +735,7 @@
         <translation>Subdevice %1: Die Gruppe &quot;%2&quot; kann nicht hinzugefügt werden, weil Gruppen höchstens %3 tief verschachtelt werden können!</translation>
     </message>
     <message>
-        <source>Adding &quot;%1&quot; failed because the given parent is no group of the active hardware id!</source>
+        <source>Adding &quot;%1&quot; failed because the given parent is not a group of the active hardware id!</source>
         <translation>&quot;%1&quot; kann nicht hinzugefügt werden, weil der übergeordnete Knoten keine Gruppe der aktiven Hardware-ID ist!</translation>
     </message>
     <message>
@@ -1012,7 +1012,7 @@
         <translation>Zeile %1: Das Wurzelelement ist &lt;%2&gt;, erwartet wird &lt;%3&gt;.</translation>
     </message>
     <message>
-        <source>Line %1: version &quot;%2&quot; does not go with the expected version &quot;%3&quot;.</source>
+        <source>Line %1: version &quot;%2&quot; is not compatible with the expected version &quot;%3&quot;.</source>
         <translation>Zeile %1: Die Version &quot;%2&quot; passt nicht zur erwarteten Version &quot;%3&quot;.</translation>
     </message>
 </context>
@@ -1031,7 +1031,7 @@
         <translation>Das Dokument ist in UTF-16, hat aber eine ungerade Zahl von Bytes.</translation>
     </message>
     <message>
-        <source>half of a surrogate pair stands alone</source>
+        <source>unpaired surrogate</source>
         <translation>ein halbes Ersatzzeichenpaar steht allein</translation>
     </message>
     <message>
@@ -1047,16 +1047,16 @@
         <translation>das Dokument endet innerhalb eines Tags, Textes oder Kommentars</translation>
     </message>
     <message>
-        <source>a character or mark-up stands here that XML does not allow</source>
-        <translation>hier steht ein Zeichen oder eine Auszeichnung, die XML nicht erlaubt</translation>
+        <source>markup or character not allowed here</source>
+        <translation>Auszeichnung oder Zeichen hier nicht erlaubt</translation>
     </message>
     <message>
         <source>the closing tag does not match the open tag &lt;%1&gt; of line %2</source>
         <translation>das schließende Tag passt nicht zum offenen Element &lt;%1&gt; aus Zeile %2</translation>
     </message>
     <message>
-        <source>an attribute stands twice in one tag</source>
-        <translation>ein Attribut steht zweimal in einem Tag</translation>
+        <source>an attribute is repeated in one tag</source>
+        <translation>ein Attribut kommt in einem Tag mehrmals vor</translation>
     </message>
     <message>
         <source>something follows the end of the root element</source>
@@ -1079,8 +1079,8 @@
         <translation>das Dokument hat nicht die Zeichenkodierung, die es angibt</translation>
     </message>
     <message>
-        <source>an XML declaration stands elsewhere than at the very start</source>
-        <translation>eine XML-Deklaration steht nicht ganz am Anfang</translation>
+        <source>the XML declaration is not at the start of the document</source>
+        <translation>die XML-Deklaration steht nicht am Anfang des Dokuments</translation>
     </message>
     <message>
         <source>the XML declaration is not well-formed</source>

@@ -175,14 +175,13 @@ int replace(const SFilePlace& place, bool exists, const QByteArray& content,
 QString reasonOf(int code, const SFilePlace& place) {
   return place.hasStrangersLink
              ? CAtomicFile::tr(
-                   "on the way is a symbolic link that belongs to somebody else, in a "
-                   "folder that everybody can write to")
+                   "the path contains a symbolic link of another user in a folder that "
+                   "everybody can write to")
              : qt_error_string(code);
 }
 
 QString unsyncedFolder(int code) {
-  return CAtomicFile::tr(
-             "the file is written, but its folder could not be brought to the disk: %1.")
+  return CAtomicFile::tr("the file is written, but its folder could not be synced to the disk: %1.")
       .arg(qt_error_string(code));
 }
 
@@ -200,7 +199,7 @@ QString notKeptText(int lost) {
 }  // namespace
 
 QString CAtomicFile::nameProblem(const QString& fileName) {
-  if (fileName.isEmpty()) return tr("no file is named.");
+  if (fileName.isEmpty()) return tr("the file name is empty.");
   // U+FFFD is what bytes become that are no text, here or before the name came here.
   const bool isExact = QFile::decodeName(QFile::encodeName(fileName)) == fileName;
   if (isExact && !fileName.contains(QChar::ReplacementCharacter)) return QString();

@@ -30,7 +30,7 @@ class KTOFRAMEWORK_EXPORT CAtomicFile {
   /// are parted: the other names keep the old content.
   ///
   /// A failed write leaves the old file, or none. There is one exception, which error then names:
-  /// the folder could not be brought to the disk after the new file took its name.
+  /// the folder could not be synced to the disk after the new file took its name.
   static bool write(const QString& fileName, const QByteArray& content,
                     QFileDevice::Permissions permissions, QString& error,
                     QString* notKept = nullptr);

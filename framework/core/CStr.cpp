@@ -90,7 +90,7 @@ bool isText(std::string_view text, std::string_view lowerCase) {
 }
 
 // The largest numbers, written with 15 digits, are rounded up to a text beyond the largest double.
-// What the library writes must be readable, so such a text stands for the largest double.
+// What the library writes must be readable, so such a text is read as the largest double.
 std::optional<double> roundedDown(std::string_view text) {
   constexpr long double kLargestText = 1.79769313486232e308L;
   long double number = 0.0L;
@@ -173,6 +173,13 @@ bool CStr::stringToRevision(const QString& text, unsigned int& revision) {
   if (!majorPart || !minorPart) return false;
   revision = (static_cast<unsigned int>(*majorPart) << kRevisionShift) | *minorPart;
   return true;
+}
+
+std::optional<bool> CStr::haveSameMainNumber(const QString& a, const QString& b) {
+  unsigned int x = 0;
+  unsigned int y = 0;
+  if (!stringToRevision(a, x) || !stringToRevision(b, y)) return {};
+  return x >> kRevisionShift == y >> kRevisionShift;
 }
 
 QString CStr::revisionToString(unsigned int revision) {

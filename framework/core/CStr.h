@@ -4,9 +4,11 @@
 
 #include <QString>
 
+#include <optional>
+
 /// Numbers and revisions from text and back. Nothing here depends on the process locale.
 ///
-/// Every conversion ignores blanks (space, tab, CR, LF) round the text, takes the whole rest or
+/// Every conversion ignores blanks (space, tab, CR, LF) around the text, takes the whole rest or
 /// fails, and leaves its output untouched when it fails. All functions are thread-safe.
 class KTOFRAMEWORK_EXPORT CStr {
  public:
@@ -28,16 +30,18 @@ class KTOFRAMEWORK_EXPORT CStr {
   /// A decimal floating point number with one optional sign, or "inf" or "nan" in any case.
   /// Denormal numbers are read. Out of range fails in both directions: "1e400", and "1e-400",
   /// which is not 0 and would become 0. Only up to 1.79769313486232e308, which the largest number
-  /// is when it is written with 15 digits, it stands for the largest number.
+  /// is when it is written with 15 digits, it is read as the largest number.
   static bool strToF64(const QString& text, double& value);
 
   /// "major.minor" or "major", each a decimal number from 0 to 65535 without a sign. The result
   /// holds major in its upper and minor in its lower 16 bits; "08.15" is 8.15.
   static bool stringToRevision(const QString& text, unsigned int& revision);
+  /// Whether two revisions have the same major number; nothing when a text is not a revision.
+  static std::optional<bool> haveSameMainNumber(const QString& a, const QString& b);
   /// The text "major.minor" of a revision, which stringToRevision() reads back.
   static QString revisionToString(unsigned int revision);
 
-  /// The file name of the logfile called `name`: "name.log", where "_" stands for every character
+  /// The file name of the logfile called `name`: "name.log", where "_" replaces every character
   /// other than a letter, a digit, "-", "_" and ".". Empty for an empty name.
   static QString createLogFileName(const QString& name);
 };

@@ -25,7 +25,7 @@ bool isNone(int code) {
   return code == ENODATA || code == EOPNOTSUPP;
 }
 
-/// Empty when the file does not have the attribute, which is no error.
+/// Empty when the file does not have the attribute, which is not an error.
 int readAttribute(int file, const char* name, QByteArray& value) {
   std::vector<char> bytes(kMaxAttributeBytes);
   const ssize_t size = ::fgetxattr(file, name, bytes.data(), bytes.size());

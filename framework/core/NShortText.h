@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// Names and paths from a file in a length that output, messages and records can bear. A name of a
-/// megabyte, or a path of long names, that stands beside each of ten thousand values would fill
+/// Names and paths from a file, shortened for output, messages and records. A name of a megabyte,
+/// or a path of long names, that is repeated with each of ten thousand values would fill
 /// gigabytes.
 namespace NShortText {
 

@@ -34,7 +34,7 @@ class KTOFRAMEWORK_EXPORT ICLogfile {
   virtual bool isLevelEnabled(quint32 level) const = 0;
   virtual quint32 levelMask() const = 0;
   virtual void setLevelMask(quint32 levelMask) = 0;
-  /// The prefix stands before every text, separated by a colon and a blank; initially empty.
+  /// The prefix precedes every text, separated by a colon and a blank; initially empty.
   virtual QString prefix() const = 0;
   virtual void setPrefix(const QString& prefix) = 0;
   /// Writes one line, or nothing when the level is off. Thread-safe. Line breaks and other control

@@ -13,10 +13,10 @@ std::string_view view(QLatin1String text) {
   return {text.data(), static_cast<size_t>(text.size())};
 }
 
-/// Longer texts hardly ever stand twice in a file.
+/// Longer texts are hardly ever repeated in a file.
 constexpr quint32 kSharedLength = 16;
 
-/// Where a name stands among those met last; chosen so that the tags of the formats are apart.
+/// The slot of a name in the cache; chosen so that the tags of the formats do not collide.
 size_t slotOf(std::string_view name) {
   if (name.empty()) return 0;
   const auto inner = static_cast<uchar>(name[name.size() / 3]);

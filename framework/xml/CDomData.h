@@ -145,7 +145,7 @@ class CDomData {
   std::vector<std::string_view> mNames;  // into the store, whose elements stay where they are
   std::deque<std::string> mNameStore;
   std::map<std::string_view, quint32> mNameIndex;  // no hash: names can be made to collide
-  /// The names met last, by a number made of their size and ends: most tags are found here.
+  /// A direct-mapped cache of the names used last: most tags are found here.
   std::array<quint32, kRecentNames> mRecentNames{};
   SDomInvalidText mInvalid;
   std::array<SRecentText, kRecentTexts> mRecentTexts;  ///< short ones asked for, by their hash

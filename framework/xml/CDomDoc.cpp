@@ -16,7 +16,7 @@ using NXmlText::toQString;
 
 namespace {
 
-/// The element and those round it, from the root on.
+/// The element and those around it, from the root on.
 std::vector<quint32> pathTo(const CDomData& data, quint32 element) {
   std::vector<quint32> path;
   for (quint32 next = 0; path.empty() || path.back() != element;) {
@@ -34,7 +34,7 @@ std::vector<quint32> pathTo(const CDomData& data, quint32 element) {
   return path;
 }
 
-/// The innermost element round a text that bears a name, such as <Param> "TargetPosition".
+/// The innermost element around a text that has a name, such as <Param> "TargetPosition".
 QString namedPlace(const CDomData& data, quint32 element) {
   const std::vector<quint32> path = pathTo(data, element);
   for (auto i = path.rbegin(); i != path.rend(); ++i) {

@@ -15,7 +15,7 @@
 /// Its nodes are those that Qt's DOM gives: neighbouring character data is one text node, a CDATA
 /// section is a text node of its own, a comment or processing instruction is a node that is
 /// neither text nor element. Text of white space alone is kept when it is its element's only
-/// child; beside another node it is layout and dropped.
+/// child; next to another node it is layout and dropped.
 ///
 /// Move-only; elements stay valid when the document is moved.
 class KTOFRAMEWORK_EXPORT CDomDoc {
@@ -26,7 +26,7 @@ class KTOFRAMEWORK_EXPORT CDomDoc {
   enum EResult {
     Ok = 0,
     Missing = 1,  ///< the attribute or element does not exist
-    Invalid = 2,  ///< its text is no value of the type
+    Invalid = 2,  ///< its text is not a value of the type
   };
   static bool fail(EResult result) { return result != Ok; }
 

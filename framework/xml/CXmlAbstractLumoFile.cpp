@@ -2,6 +2,7 @@
 
 #include "CAtomicFile.h"
 #include "CMessageBoardHelper.h"
+#include "CStr.h"
 #include "NLumoXmlTags.h"
 
 using namespace NLumoXmlTags;
@@ -14,21 +15,22 @@ CXmlAbstractLumoFile::~CXmlAbstractLumoFile() = default;
 bool CXmlAbstractLumoFile::open(const QString& fileName, const QString& rootTag,
                                 const QString& version, QString& error) {
   QByteArray bytes;
-  const bool opened = CAtomicFile::read(fileName, bytes, mOpenError) &&
-                      openBytes(bytes, rootTag, version) == Opened;
-  error = opened ? QString() : tr("File \"%1\": %2").arg(fileName, mOpenError);
-  return opened;
+  mOpenResult = CAtomicFile::read(fileName, bytes, mOpenError) ? openBytes(bytes, rootTag, version)
+                                                               : ParseFailed;
+  error = mOpenResult == Opened ? QString() : tr("File \"%1\": %2").arg(fileName, mOpenError);
+  return mOpenResult == Opened;
 }
 
 int CXmlAbstractLumoFile::open(const QByteArray& buffer, const QString& rootTag,
                                const QString& version, QString& error) {
-  const int result = openBytes(buffer, rootTag, version);
+  mOpenResult = openBytes(buffer, rootTag, version);
   error = mOpenError;
-  return result;
+  return mOpenResult;
 }
 
-int CXmlAbstractLumoFile::openBytes(const QByteArray& bytes, const QString& rootTag,
-                                    const QString& version) {
+CXmlAbstractLumoFile::EOpenResult CXmlAbstractLumoFile::openBytes(const QByteArray& bytes,
+                                                                  const QString& rootTag,
+                                                                  const QString& version) {
   mOpenError.clear();
   if (!mDocument.setContent(bytes, mOpenError)) return ParseFailed;
   const CDomElement root = mDocument.documentElement();
@@ -40,7 +42,7 @@ int CXmlAbstractLumoFile::openBytes(const QByteArray& bytes, const QString& root
   }
   const QString fileVersion = root.attribute(mVersionAttribute);
   if (fileVersion != version && !handleVersionError(fileVersion, version)) {
-    mOpenError = tr("Line %1: version \"%2\" does not go with the expected version \"%3\".")
+    mOpenError = tr("Line %1: version \"%2\" is not compatible with the expected version \"%3\".")
                      .arg(line, fileVersion, version);
     return VersionRejected;
   }
@@ -98,6 +100,11 @@ CDomElement CXmlAbstractLumoFile::domElement(QLatin1String tag, CDomElement pare
 CDomElement CXmlAbstractLumoFile::existingDomElement(QLatin1String tag,
                                                      const CDomElement& parent) const {
   return CDomDoc::existingSubElement(tag, parent);
+}
+
+bool CXmlAbstractLumoFile::isCompatible(const QString& fileVersion,
+                                        const QString& expectedVersion) {
+  return fileVersion.isEmpty() || CStr::haveSameMainNumber(fileVersion, expectedVersion) == true;
 }
 
 void CXmlAbstractLumoFile::createNewDocument(const QString& rootTag, const QString& version) {

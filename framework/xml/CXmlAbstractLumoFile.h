@@ -76,14 +76,19 @@ class KTOFRAMEWORK_EXPORT CXmlAbstractLumoFile {
  protected:
   /// Why the last open failed, without the file's name.
   QString openError() const { return mOpenError; }
+  /// Whether it was handleVersionError() that refused the file.
+  bool isVersionRejected() const { return mOpenResult == VersionRejected; }
+  /// The rule of files that may lack their version: none, or the same main number.
+  static bool isCompatible(const QString& fileVersion, const QString& expectedVersion);
 
  private:
-  int openBytes(const QByteArray& bytes, const QString& rootTag, const QString& version);
+  EOpenResult openBytes(const QByteArray& bytes, const QString& rootTag, const QString& version);
 
   ICLogfile* mLogfile;
   const QLatin1String mVersionAttribute;
   CDomDoc mDocument;
   QFileDevice::Permissions mPermissions;
   QString mOpenError;
+  EOpenResult mOpenResult = Opened;
   bool mIsQuiet = false;
 };

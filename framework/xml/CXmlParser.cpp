@@ -102,7 +102,7 @@ bool CXmlParser::decodeAndRun(const QByteArray& bytes) {
   QByteArray utf8;
   if (!NUtf16::toUtf8(bytes, mUtf16Order, utf8)) {
     mInput = utf8;
-    return failAt(countLinesTo(utf8.size()), tr("half of a surrogate pair stands alone"));
+    return failAt(countLinesTo(utf8.size()), tr("unpaired surrogate"));
   }
   return run(utf8, "UTF-8");
 }
@@ -170,11 +170,11 @@ QString CXmlParser::reasonOf(XML_Error code) const {
       return tr("the document ends within a tag, text or comment");
     case XML_ERROR_INVALID_TOKEN:
     case XML_ERROR_SYNTAX:
-      return tr("a character or mark-up stands here that XML does not allow");
+      return tr("markup or character not allowed here");
     case XML_ERROR_TAG_MISMATCH:
       return withOpenTag(tr("the closing tag does not match the open tag <%1> of line %2"));
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
-      return tr("an attribute stands twice in one tag");
+      return tr("an attribute is repeated in one tag");
     case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
       return tr("something follows the end of the root element");
     case XML_ERROR_UNDEFINED_ENTITY:
@@ -186,7 +186,7 @@ QString CXmlParser::reasonOf(XML_Error code) const {
     case XML_ERROR_INCORRECT_ENCODING:
       return tr("the document is not in the encoding that it declares");
     case XML_ERROR_MISPLACED_XML_PI:
-      return tr("an XML declaration stands elsewhere than at the very start");
+      return tr("the XML declaration is not at the start of the document");
     case XML_ERROR_XML_DECL:
       return tr("the XML declaration is not well-formed");
     default:

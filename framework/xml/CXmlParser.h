@@ -66,7 +66,7 @@ class CXmlParser {
   bool mTextIsBlank = true;
   bool mStopped = false;  ///< by this class: because of an error, or since all is read
   bool mOutOfMemory = false;
-  qint64 mPrologEnd = 0;    ///< position behind the last comment before the root element
+  qint64 mPrologEnd = 0;    ///< position after the last comment before the root element
   qint64 mDoctypeEnd = -1;  ///< position of the end of a declaration with an external id
   bool mDoctypeTakenOut = false;
   QString mError;

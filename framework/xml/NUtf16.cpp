@@ -2,57 +2,26 @@
 
 #include "NXmlText.h"
 
-#include <QChar>
+#include <QTextCodec>
+#include <QtEndian>
 
-#include <array>
-#include <cstring>
-#include <string>
+#include <algorithm>
 
 namespace NUtf16 {
 
 namespace {
 
-char16_t unitAt(const QByteArray& bytes, int position, EOrder order) {
-  const auto* b = reinterpret_cast<const uchar*>(bytes.constData()) + position;
-  return order == LittleEndian ? static_cast<char16_t>(b[0] | (b[1] << 8))
-                               : static_cast<char16_t>(b[1] | (b[0] << 8));
-}
+constexpr EOrder kHostOrder = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? LittleEndian : BigEndian;
 
-/// Length of the run of ASCII characters at a position, in bytes of UTF-16, four characters at a
-/// time.
-int asciiRun(const QByteArray& bytes, int begin, EOrder order) {
-  const std::array<uchar, 8> noAscii =
-      order == LittleEndian ? std::array<uchar, 8>{128, 255, 128, 255, 128, 255, 128, 255}
-                            : std::array<uchar, 8>{255, 128, 255, 128, 255, 128, 255, 128};
-  quint64 mask = 0;
-  std::memcpy(&mask, noAscii.data(), sizeof mask);
-  int end = begin;
-  for (quint64 units = 0; end + 8 <= bytes.size(); end += 8) {
-    std::memcpy(&units, bytes.constData() + end, sizeof units);
-    if ((units & mask) != 0) break;
+/// Where the first surrogate without a partner is, or the end.
+int loneSurrogate(const QString& text) {
+  int i = 0;
+  while (i < text.size() &&
+         (!text.at(i).isSurrogate() || (text.at(i).isHighSurrogate() && i + 1 < text.size() &&
+                                        text.at(i + 1).isLowSurrogate()))) {
+    i += text.at(i).isSurrogate() ? 2 : 1;
   }
-  return end - begin;
-}
-
-void appendAscii(const QByteArray& bytes, int begin, int length, EOrder order, QByteArray& utf8) {
-  const char* in = bytes.constData() + begin + (order == LittleEndian ? 0 : 1);
-  const int before = utf8.size();
-  utf8.resize(before + length / 2);
-  char* out = utf8.data() + before;
-  for (int i = 0; i < length / 2; ++i) out[i] = in[2 * i];
-}
-
-constexpr char32_t kLoneSurrogate = 0xD800;
-
-/// The character at a position, which moves behind it.
-char32_t takeCharacter(const QByteArray& bytes, int& position, EOrder order) {
-  const char16_t unit = unitAt(bytes, position, order);
-  position += 2;
-  if (!QChar::isSurrogate(unit)) return unit;
-  if (!QChar::isHighSurrogate(unit) || position >= bytes.size()) return kLoneSurrogate;
-  const char16_t partner = unitAt(bytes, position, order);
-  position += 2;
-  return QChar::isLowSurrogate(partner) ? QChar::surrogateToUcs4(unit, partner) : kLoneSurrogate;
+  return i;
 }
 
 }  // namespace
@@ -67,27 +36,33 @@ EOrder orderOf(const QByteArray& bytes) {
 }
 
 bool toUtf8(const QByteArray& bytes, EOrder order, QByteArray& utf8) {
-  std::string other;
-  utf8.clear();
-  utf8.reserve(bytes.size() / 2);  // enough for ASCII
-  int position = 0;
-  while (position < bytes.size()) {
-    const int run = asciiRun(bytes, position, order);
-    appendAscii(bytes, position, run, order, utf8);
-    position += run;
-    other.clear();
-    // What broke the run, and what is left of its four characters.
-    for (const int end = qMin(position + 8, bytes.size()); position < end;) {
-      const char32_t c = takeCharacter(bytes, position, order);
-      if (c == kLoneSurrogate) {
-        utf8.append(other.data(), static_cast<int>(other.size()));
-        return false;
-      }
-      NXmlText::appendCodePoint(c, other);
-    }
-    utf8.append(other.data(), static_cast<int>(other.size()));
+  const int size = bytes.size() / 2;
+  QString text =
+      QString::fromRawData(reinterpret_cast<const QChar*>(bytes.constData()), size);  // no copy
+  if (order != kHostOrder) qbswap<sizeof(QChar)>(bytes.constData(), size, text.data());
+  QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+  utf8 = QTextCodec::codecForName("UTF-8")->fromUnicode(text.constData(), size, &state);
+  utf8.squeeze();
+  if (state.invalidChars == 0 && state.remainingChars == 0) return true;
+  utf8 = text.leftRef(loneSurrogate(text)).toUtf8();
+  return false;
+}
+
+QByteArray fromUtf8(std::string_view utf8) {
+  constexpr size_t kPiece = 1U << 16U;  // so that there is no third copy of a large text
+  QByteArray bytes;
+  bytes.reserve(static_cast<int>(2 * utf8.size()) + 2);
+  bytes.append("\xFF\xFE", 2);
+  while (!utf8.empty()) {
+    size_t end = std::min(kPiece, utf8.size());
+    while (end < utf8.size() && (static_cast<uchar>(utf8[end]) & 0xC0U) == 0x80) --end;
+    const QString text = NXmlText::toQString(utf8.substr(0, end));
+    const int begin = bytes.size();
+    bytes.resize(begin + 2 * text.size());
+    qToLittleEndian<quint16>(text.utf16(), text.size(), bytes.data() + begin);
+    utf8.remove_prefix(end);
   }
-  return true;
+  return bytes;
 }
 
 }  // namespace NUtf16

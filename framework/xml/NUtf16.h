@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <string_view>
+
 /// Texts in UTF-16 as files hold them.
 namespace NUtf16 {
 
@@ -13,5 +15,8 @@ EOrder orderOf(const QByteArray& bytes);
 /// Converts an even number of bytes, a byte order mark included. False at a surrogate that has no
 /// partner; utf8 then holds what comes before.
 bool toUtf8(const QByteArray& bytes, EOrder order, QByteArray& utf8);
+
+/// In little endian, after a byte order mark.
+QByteArray fromUtf8(std::string_view utf8);
 
 }  // namespace NUtf16

@@ -39,6 +39,8 @@ bool isName(const QString& name) {
   return !name.isEmpty() && (ascii || parserTakesName(name));
 }
 
+namespace {
+
 void appendCodePoint(char32_t c, std::string& utf8) {
   const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
   if (c < 0x80) {
@@ -59,31 +61,11 @@ void appendCodePoint(char32_t c, std::string& utf8) {
   byte(0x80 | (c & 0x3F));
 }
 
-namespace {
-
-/// Number of printable ASCII characters from a position on.
-qsizetype printableRun(QStringView text, qsizetype begin) {
-  qsizetype end = begin;
-  while (end < text.size() && text[end].unicode() >= 0x20 && text[end].unicode() < 0x7F) ++end;
-  return end - begin;
-}
-
-void appendNarrowed(QStringView ascii, std::string& utf8) {
-  const size_t before = utf8.size();
-  utf8.resize(before + static_cast<size_t>(ascii.size()));
-  char* out = utf8.data() + before;
-  for (const QChar c : ascii) *out++ = static_cast<char>(c.unicode());
-}
-
 }  // namespace
 
 int appendUtf8(QStringView text, std::string& utf8) {
   int invalid = -1;
   for (qsizetype i = 0; i < text.size(); ++i) {
-    const qsizetype run = printableRun(text, i);
-    appendNarrowed(text.mid(i, run), utf8);
-    i += run;
-    if (i == text.size()) break;
     char32_t c = text[i].unicode();
     if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
       c = QChar::surrogateToUcs4(text[i], text[i + 1]);

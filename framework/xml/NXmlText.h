@@ -22,9 +22,6 @@ constexpr bool isCharacter(char32_t c) {
 /// A name that the parser reads as a tag.
 bool isName(const QString& name);
 
-/// Appends one character, as UTF-8.
-void appendCodePoint(char32_t c, std::string& utf8);
-
 /// Appends the text as UTF-8. Returns the index of the first unit that XML cannot hold (a control
 /// character, a lone surrogate, U+FFFE, U+FFFF), or -1; such units are appended like all others.
 int appendUtf8(QStringView text, std::string& utf8);

@@ -12,10 +12,10 @@ class CParamDefItemData;
 
 /// The definition of one parameter: id, name, type, limits, choices, bits and when it is visible.
 ///
-/// An implicitly shared value. The owner of a set of definitions can install a flag that every edit
-/// raises which really changes something; a copy of an item never has the flag of its original, and
+/// An implicitly shared value. The owner of a set of definitions can install a flag that is set by
+/// every edit that changes a value; a copy of an item never has the flag of its original, and
 /// an item that is assigned to loses its own. Only a definition that a parameter file handed out
-/// keeps it, and raises it unless it is given a copy of itself.
+/// keeps it, and sets it unless it is given a copy of itself.
 /// Adders append, never sort, and ignore what is there already; in a long list they hardly cost
 /// more than in a short one.
 ///
@@ -28,15 +28,15 @@ class KTOPARAMETER_EXPORT CParamDefItem {
   static QString typeToString(NParamDef::EParamType type);  ///< "undef" for an unknown value
   static NParamDef::EParamType typeFromString(
       const QString& text);  ///< exact; unknown is undefined
-  static NParamDef::EParamType type(const unsigned char&);
-  static NParamDef::EParamType type(const unsigned short&);
-  static NParamDef::EParamType type(const unsigned int&);
-  static NParamDef::EParamType type(const unsigned long long&);
-  static NParamDef::EParamType type(const signed char&);
-  static NParamDef::EParamType type(const short&);
-  static NParamDef::EParamType type(const int&);
-  static NParamDef::EParamType type(const long long&);
-  static NParamDef::EParamType type(const double&);
+  static NParamDef::EParamType type(const unsigned char&) { return NParamDef::PARAM_TYPE_U8; }
+  static NParamDef::EParamType type(const unsigned short&) { return NParamDef::PARAM_TYPE_U16; }
+  static NParamDef::EParamType type(const unsigned int&) { return NParamDef::PARAM_TYPE_U32; }
+  static NParamDef::EParamType type(const unsigned long long&) { return NParamDef::PARAM_TYPE_U64; }
+  static NParamDef::EParamType type(const signed char&) { return NParamDef::PARAM_TYPE_I8; }
+  static NParamDef::EParamType type(const short&) { return NParamDef::PARAM_TYPE_I16; }
+  static NParamDef::EParamType type(const int&) { return NParamDef::PARAM_TYPE_I32; }
+  static NParamDef::EParamType type(const long long&) { return NParamDef::PARAM_TYPE_I64; }
+  static NParamDef::EParamType type(const double&) { return NParamDef::PARAM_TYPE_F64; }
   /// The tool chain's code of a basic type: 1, 3, 5, 8 for unsigned of 8 to 64 bits, 2, 4, 6, 9 for
   /// signed, 10 for floating point, 0 for everything else.
   static int baseType(NParamDef::EParamType type);
@@ -49,7 +49,7 @@ class KTOPARAMETER_EXPORT CParamDefItem {
 
   /// Installs a flag that is set to true by every effective edit; not owned, null removes it.
   void setChangedFlag(bool* flag);
-  /// Raises the flag when there is one.
+  /// Sets the flag when there is one.
   void setChanged();
 
   unsigned int id() const;  ///< 0xFFFFFFFF when not set
@@ -65,7 +65,7 @@ class KTOPARAMETER_EXPORT CParamDefItem {
   QList<unsigned int> minIds() const;  ///< parameters whose values are further minima
   QList<unsigned int> maxIds() const;  ///< parameters whose values are further maxima
   bool hasEnums() const;
-  bool isEnumEditable() const;  ///< values beside the choices are accepted too
+  bool isEnumEditable() const;  ///< values other than the choices are accepted too
   QList<NParamDef::SNamedI64Value> enums() const;
   bool hasRadios() const;
   QList<NParamDef::SNamedI64Value> radios() const;
@@ -110,7 +110,7 @@ class KTOPARAMETER_EXPORT CParamDefItem {
   /// Reads "id#value#value…", the id in decimal or with "0x", the values in decimal only; sets the
   /// controlling id and adds the values to those that are there. False when it does not succeed:
   /// without an id or a value nothing changes; at the first value that is not a number it stops,
-  /// and what stands before is kept.
+  /// and what comes before it is kept.
   bool setVisible(const QString& text);
 
   /// The first name that is not empty, in list order; null when there is none.

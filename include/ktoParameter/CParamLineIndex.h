@@ -8,8 +8,8 @@
 
 #include <memory>
 
-/// The lines on which a definition or value file has its parameters. It is read from the file when
-/// somebody wants to know, since a model that is loaded carries no lines.
+/// Maps the parameters of a definition or value file to line numbers. Read from the file on demand:
+/// a model that is loaded does not store lines.
 ///
 /// @snippet usage.cpp CParameterFileChecker
 class KTOPARAMETER_EXPORT CParamLineIndex {
@@ -21,7 +21,7 @@ class KTOPARAMETER_EXPORT CParamLineIndex {
   bool read(const QString& fileName);
   QString errorMsg() const { return mErrorMsg; }
 
-  // Lines count from 1; 0 is the line of what the file does not have.
+  // Lines count from 1; 0 when the file does not have it.
   int definitionLine(const QString& name) const;
   int hardwareIdLine(const QString& hardwareId) const;
   int parameterLine(const QString& hardwareId, quint8 subDevId, const QString& name) const;

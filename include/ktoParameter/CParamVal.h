@@ -1,15 +1,16 @@
 #pragma once
 
+#include "CStr.h"
 #include "ktoParameter_export.h"
 
 #include <QString>
 
-/// The value of a parameter, kept as the text that stands in the file.
+/// The value of a parameter, kept as the text that is in the file.
 ///
 /// Unsigned numbers are written with "0x" and lowercase hexadecimal digits, signed ones in decimal,
 /// floating point numbers with 15 significant digits; a value made from a text keeps it unchanged.
-/// Numbers are read from the text when they are asked for; blanks round the number are ignored. For
-/// integers "0x" means hexadecimal and everything else is decimal. Floating point numbers are
+/// Numbers are read from the text when they are asked for; blanks around the number are ignored.
+/// For integers "0x" means hexadecimal and everything else is decimal. Floating point numbers are
 /// decimal, "inf" or "nan": "0x10" is not one. So an unsigned value has no number as a double.
 /// Copies share the text.
 ///
@@ -35,15 +36,15 @@ class KTOPARAMETER_EXPORT CParamVal {
 
   /// Each reads a number of exactly its type. False when the text is not a number or does not fit;
   /// the output is then untouched.
-  bool value(unsigned char& number) const;
-  bool value(unsigned short& number) const;
-  bool value(unsigned int& number) const;
-  bool value(unsigned long long& number) const;
-  bool value(signed char& number) const;
-  bool value(short& number) const;
-  bool value(int& number) const;
-  bool value(long long& number) const;
-  bool value(double& number) const;
+  bool value(unsigned char& number) const { return CStr::strToU8(mText, number); }
+  bool value(unsigned short& number) const { return CStr::strToU16(mText, number); }
+  bool value(unsigned int& number) const { return CStr::strToU32(mText, number); }
+  bool value(unsigned long long& number) const { return CStr::strToU64(mText, number); }
+  bool value(signed char& number) const { return CStr::strToI8(mText, number); }
+  bool value(short& number) const { return CStr::strToI16(mText, number); }
+  bool value(int& number) const { return CStr::strToI32(mText, number); }
+  bool value(long long& number) const { return CStr::strToI64(mText, number); }
+  bool value(double& number) const { return CStr::strToF64(mText, number); }
 
   /// The number, or 0 when value() would fail.
   unsigned char asU8() const { return numberOrZero<unsigned char>(); }

@@ -13,8 +13,8 @@
 class CParamValueRulesData;
 class ICParameterFile;
 
-/// The one judge of values: what a definition demands of a value, how a typed text becomes one, and
-/// when two are equal. CParamValueText shows values.
+/// The one judge of values: the constraints that a definition puts on values, how a typed text
+/// becomes one, and when two are equal. CParamValueText shows values.
 ///
 /// An implicitly shared value, to be made once for a definition: judging a value then takes the
 /// same time however many choices there are. Later changes of the definition, and of the

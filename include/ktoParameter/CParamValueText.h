@@ -20,7 +20,7 @@ class KTOPARAMETER_EXPORT CParamValueText {
   Q_DECLARE_TR_FUNCTIONS(CParamValueText)
 
  public:
-  /// The language in which the states of a check box are named; other names stand in the file.
+  /// The language in which the states of a check box are named; other names are in the file.
   enum ELanguage : int { Translated, English };
 
   /// The name of a parameter's unit, empty when it has none. The unit is the id of another

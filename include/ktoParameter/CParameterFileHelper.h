@@ -21,7 +21,7 @@ class CDeviceElement;
 class CParameterFileMotorReaderThread;
 class ICLogfile;
 
-/// Services round parameter files: file types, comments, versions, when two values are equal, and
+/// Services for parameter files: file types, comments, versions, when two values are equal, and
 /// the names of motors. All static ones may be called from any thread.
 ///
 /// A file of motors is a value file of type FILE_TYPE_MOTOR_PARAMETERS, version 1, whose hardware
@@ -41,10 +41,10 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
 
   static QString fileTypeToStr(NktoGlobal::EParamFileType type);  ///< empty for an unknown type
   /// The type whose name occurs in the text, e.g. in the line with the root tag; of several the one
-  /// that stands first; -1 when there is none.
+  /// that comes first; -1 when there is none.
   static NktoGlobal::EParamFileType fileTypeFromStr(const QString& text);
 
-  /// The type by the root tag, which must stand at the very start of one of the first three lines
+  /// The type by the root tag, which must be at the very start of one of the first three lines
   /// (and within the first MiB); -1 when it does not, when the tag names no type, or when the file
   /// cannot be read. A file that is not detected may well be one that loads: readBeginning() asks
   /// the parser.
@@ -52,7 +52,7 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   static NktoGlobal::EParamFileType detectFileType(const QString& fileName);
 
   /// Root tag, version and comment, found as a load finds them: in every encoding and wherever the
-  /// tag stands. Of a file no more is read than that takes, as a rule.
+  /// tag is. Of a file no more is read than that takes, as a rule.
   static SFileBeginning readBeginning(const QByteArray& data);
   static SFileBeginning readBeginning(const QString& fileName);
 
@@ -98,7 +98,7 @@ class KTOPARAMETER_EXPORT CParameterFileHelper : public QObject {
   bool startReadMotorNames(const QList<CParamFileElement>& files);
 
   /// Each motor's name with the file that it is from, the last one when there are several, with the
-  /// comment that stands in it. While a reading runs these are the names found so far; afterwards
+  /// comment of that file. While a reading runs these are the names found so far; afterwards
   /// they stay until the next one begins.
   QMap<QString, CParamFileElement> motorNames() const;
 

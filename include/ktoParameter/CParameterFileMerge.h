@@ -15,7 +15,7 @@ class ICParameterFile;
 ///   author, comment and version. What both changed in the same way is not a conflict.
 /// - A group goes when theirs removed it and nothing is left in it, and comes back when theirs put
 ///   something into one that ours removed.
-/// - What theirs added or moved stands behind what it stands behind in theirs, and behind what ours
+/// - What theirs added or moved follows what it follows in theirs, and what ours
 ///   added there. The order within a group never conflicts: where both changed it, ours counts.
 /// - In a conflict ours stays, for that one parameter and subject only. A hardware id or a
 ///   sub-device that one side removed and the other changed is one conflict.
@@ -30,7 +30,7 @@ class KTOPARAMETER_EXPORT CParameterFileMerge {
 
  public:
   /// Three files as ICParameterFile::createSingle() makes them, not owned; a base that holds
-  /// nothing stands for two files that were made independently. Values that both changed are equal
+  /// nothing is for two files that were made independently. Values that both changed are equal
   /// when the definition in ours, if any, says so.
   CParameterFileMerge(const ICParameterFile& base, ICParameterFile& ours,
                       const ICParameterFile& theirs);

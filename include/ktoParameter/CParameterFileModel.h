@@ -81,10 +81,10 @@ class KTOPARAMETER_EXPORT CParameterFileModel : public QAbstractItemModel {
   /// Makes any other change of the file, with the model reset around it.
   void change(const std::function<void(ICParameterFile&)>& edit);
 
-  /// Where a parameter stands, in its column; invalid for an unknown one.
+  /// The index of a parameter, in its column; invalid for an unknown one.
   QModelIndex indexOf(const QString& name, quint8 subDevId,
                       int column = CParameterFileModel::NameColumn) const;
-  /// The node behind an index, null for an invalid one.
+  /// The node of an index, null for an invalid one.
   ICParamTreeNode* node(const QModelIndex& index) const;
 
   // --- QAbstractItemModel

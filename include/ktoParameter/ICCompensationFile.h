@@ -35,8 +35,8 @@ class KTOPARAMETER_EXPORT ICCompensationFile {
 
   /// The two forms of a point in the file.
   enum EDataPointFormat {
-    CurrentFormat = 0,  ///< the adjustment stands in "ADJUST"
-    OldFormat = 1,      ///< the adjustment stands in "ERROR"
+    CurrentFormat = 0,  ///< the adjustment is in "ADJUST"
+    OldFormat = 1,      ///< the adjustment is in "ERROR"
     NoFormat = 2,       ///< nothing was detected
   };
 

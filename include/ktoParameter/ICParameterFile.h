@@ -21,7 +21,7 @@ class ICLogfile;
 ///
 /// A *hardware id* names a variant of the device; one of them is active, and all access to values
 /// and trees works on it. They are sorted as texts: the first one, of an object or a file, is the
-/// smallest, wherever it stands in the file. A *sub-device* is a part of the device, such as one
+/// smallest, wherever it is in the file. A *sub-device* is a part of the device, such as one
 /// axis, with an id of 0 to 255; a parameter's name is unique within its sub-device, across all
 /// groups.
 ///
@@ -48,12 +48,12 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// none, it starts a group.
   static ICParameterFile* createGroup(ICParameterFile* parent, NktoGlobal::EParamFileType type,
                                       ICLogfile* logfile);
-  /// An object that stands for itself.
+  /// An object of its own, in no group.
   static ICParameterFile* createSingle(NktoGlobal::EParamFileType type, ICLogfile* logfile);
 
   /// The root tag of a file type; empty for a value that is not a type.
   static QString fileTypeToStr(NktoGlobal::EParamFileType type);
-  /// The file type whose root tag occurs in the text, of several the one that stands first;
+  /// The file type whose root tag occurs in the text, of several the one that comes first;
   /// FILE_TYPE_NONE when there is none.
   static NktoGlobal::EParamFileType fileTypeFromStr(const QString& text);
   /// "Undefined", "Device", "PowerSupply" or "Drive"; "Undefined" for any other value.
@@ -75,7 +75,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual bool isDefEmpty() const = 0;
   /// Text of the last error; empty before the first one and after clear().
   virtual QString errorMsg() const = 0;
-  /// The revision that was given to the load of the last value file, whatever stands in the file:
+  /// The revision that was given to the load of the last value file, whatever the file says:
   /// major number in the upper 16 bits, minor number in the lower; 0 when none was loaded.
   virtual quint32 paramFileVersion() const = 0;
 
@@ -147,7 +147,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual void clearChanged() = 0;
 
   /// Writes all definitions of this object, by id and then by name. Fails when the file could not
-  /// be read again: when two definitions bear one id or one name, when a name is reserved, when a
+  /// be read again: when two definitions have one id or one name, when a name is reserved, when a
   /// minimum exceeds its maximum, for a text that XML cannot hold and for a document that is too
   /// large.
   virtual bool saveParamDefFile(const QString& fileName, quint32 revision) = 0;
@@ -180,7 +180,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   virtual QString subDevName(quint8 subDevId) const = 0;
   virtual void setSubDevName(quint8 subDevId, const QString& name) = 0;
 
-  // --- Definitions and values. 0 and 0xFFFFFFFF mean "no id": several definitions may bear them,
+  // --- Definitions and values. 0 and 0xFFFFFFFF mean "no id": several definitions may have them,
   // and by them, as by an unknown id, no name, definition or value is found, with a message.
 
   /// The definition's id, which may mean "no id". 0xFFFFFFFF and a message for an unknown name.

@@ -38,7 +38,7 @@ class KTOPARAMETER_EXPORT ICSettingsFile {
   virtual void clear() = 0;
 
   /// OpenError and VersionError leave the tree as it was. TypeError and ValueError end the reading:
-  /// the new tree holds what stands before the faulty element, and the message is posted to the
+  /// the new tree holds what precedes the faulty element, and the message is posted to the
   /// message board.
   virtual ESettingsError load(const QString& fileName, const QString& version) = 0;
   virtual ESettingsError loadFromBuffer(const QByteArray& buffer, const QString& version) = 0;

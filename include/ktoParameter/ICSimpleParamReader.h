@@ -48,7 +48,7 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
                                      NParamDef::EAccessRight access, ICLogfile* logfile,
                                      unsigned int paramDefFileVersion,
                                      unsigned int paramFileVersion);
-  /// The same with a parameter file that stands for itself.
+  /// The same with a parameter file of its own, in no group.
   static ICSimpleParamReader* createSingle(NktoGlobal::EParamFileType fileType,
                                            const QString& hardwareId,
                                            NParamDef::EAccessRight access, ICLogfile* logfile,
@@ -80,7 +80,7 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
   virtual bool load(const QString& path, QString& err) = 0;
   virtual QString paramDefFileName() const = 0;  ///< empty before load() and after closeFiles()
   virtual QString paramFileName() const = 0;     ///< likewise
-  /// The file object behind the reader, which owns it. Changes made through it are saved too,
+  /// The file object of the reader, which owns it. Changes made through it are saved too,
   /// whatever the access right.
   virtual ICParameterFile* parameterFile() const = 0;
   /// Author and comment, from the next save on, of those files that were not loaded.
@@ -116,7 +116,7 @@ class KTOPARAMETER_EXPORT ICSimpleParamReader {
 
   virtual unsigned int idByName(const QString& name) const = 0;  ///< 0xFFFFFFFF for an unknown one
   virtual QString nameById(unsigned int id) const = 0;           ///< empty for an unknown one
-  /// A definition whose id is not 0xFFFFFFFF; 0, which stands for no id too, counts.
+  /// A definition whose id is not 0xFFFFFFFF; 0, which means no id too, counts.
   virtual bool containsDef(const QString& name) const = 0;
   virtual bool containsVal(const QString& name, unsigned char subDevId) const = 0;
   /// A copy; invalid for an unknown name.

@@ -93,7 +93,7 @@ class CNamedI64ValueList : public QList<SNamedI64Value> {
   }
 };
 
-/// The values that a check box stands for. `undefined` counts only when `hasUndefined` is set.
+/// The values of the states of a check box. `undefined` counts only when `hasUndefined` is set.
 struct SCheckValues {
   qint64 checked = 0;
   qint64 unchecked = 0;
@@ -135,7 +135,7 @@ struct SBitValue {
 /// The id of a definition that has none, and of every group. A parameter without an id has 0.
 inline constexpr quint32 NO_ID = 0xFFFFFFFF;
 
-/// Whether an id is one of a definition: 0 stands for none, too, so several definitions may bear 0
+/// Whether an id is one of a definition: 0 means none, too, so several definitions may have 0
 /// or NO_ID, and neither finds any.
 inline constexpr bool isRealId(quint32 id) {
   return id != 0 && id != NO_ID;

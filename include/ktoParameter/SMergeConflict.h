@@ -9,7 +9,7 @@
 ///
 /// @snippet usage.cpp CParameterFileMerge
 struct KTOPARAMETER_EXPORT SMergeConflict {
-  /// What is in conflict; behind each its stable text.
+  /// What is in conflict, each with its stable text.
   enum ESubject : int {
     Author,         ///< "author", of the Head
     Comment,        ///< "comment", of the Head
@@ -46,7 +46,7 @@ struct KTOPARAMETER_EXPORT SMergeConflict {
                                 ///< "/", shortened as NShortText::below() does when long
   QString name;                 ///< of the parameter
   QString base;                 ///< text of the subject, or value of a parameter; null for none
-  QString ours;                 ///< likewise; this is what stands in the result
+  QString ours;                 ///< likewise; this is kept in the result
   QString theirs;               ///< likewise
 };
 

@@ -9,7 +9,7 @@
 ///
 /// @snippet usage.cpp CParameterFileComparison
 struct KTOPARAMETER_EXPORT SParamDifference {
-  /// Behind each: its stable text. "Added" is what only the new file has.
+  /// Each with its stable text. "Added" is what only the new file has.
   enum EKind : int {
     SubDeviceTypeChanged,  ///< "sub-device-type-changed"; values are the types' texts
     SubDeviceNameChanged,  ///< "sub-device-name-changed"; values are the names

@@ -16,7 +16,7 @@ struct KTOPARAMETER_EXPORT SParamFinding {
     Error = 2     ///< a value, or a definition, that cannot be right
   };
 
-  /// Behind each: its stable text and its severity.
+  /// Each with its stable text and its severity.
   enum ECode : int {
     // Of a value. Limits are the definition's own, or the values of limit parameters.
     ValueNotOfType,            ///< "value-not-of-type", error

@@ -40,7 +40,7 @@ void CDefinitionChecker::checkId(const CParamDefItem& definition) {
   const QString owner = mIndex.nameOf(definition.id());
   if (!owner.isEmpty() && owner != definition.name()) {
     add(SParamFinding::DefinitionIdDoubled, definition, QString::number(definition.id()),
-        tr("The id %1 is that of \"%2\" already.")
+        tr("The id %1 is already used by \"%2\".")
             .arg(QString::number(definition.id()), mIndex.shortNameOf(definition.id())));
   }
 }
@@ -51,7 +51,7 @@ std::optional<CExactNumber> CDefinitionChecker::checkLimit(const CParamDefItem& 
   const std::optional<CExactNumber> number = CExactNumber::of(limit, definition.type());
   if (!number || number->isNan()) {
     add(SParamFinding::LimitNotOfType, definition, limit.asStr(),
-        tr("The limit \"%1\" is no number of the type %2 that others can be compared with.")
+        tr("The limit \"%1\" is not a number of the type %2 that can be compared.")
             .arg(limit.asStr(), definition.typeStr()));
     return {};
   }
@@ -66,7 +66,7 @@ void CDefinitionChecker::checkLimitIds(const CParamDefItem& definition, const QL
           tr("The limit parameter %1 is not defined.").arg(id));
     } else if (!CExactNumber::isNumberType(limit.type())) {
       add(SParamFinding::LimitParameterNoNumber, definition, QString::number(id),
-          tr("The limit parameter \"%1\" is no number.").arg(mIndex.shortNameOf(id)));
+          tr("The limit parameter \"%1\" is not a number.").arg(mIndex.shortNameOf(id)));
     }
   }
 }
@@ -114,7 +114,7 @@ void CDefinitionChecker::checkChoices(const CParamDefItem& definition,
     if (CExactNumber::isNumberType(definition.type()) &&
         !CExactNumber::of(CParamVal(choice.value), definition.type())) {
       add(SParamFinding::ChoiceNotOfType, definition, value,
-          tr("The choice %1 is no number of the type %2.").arg(value, definition.typeStr()));
+          tr("The choice %1 is not a number of the type %2.").arg(value, definition.typeStr()));
     }
   }
 }

@@ -31,7 +31,7 @@ QString CDefinitionLookup::shortNameOf(quint32 id) {
 void CDefinitionLookup::readNamesById() {
   for (const QString& name : names()) {
     const quint32 id = mFile.paramDef(name).id();
-    if (isId(id) && (mNamesById.empty() || mNamesById.back().first != id))
+    if (NParamDef::isRealId(id) && (mNamesById.empty() || mNamesById.back().first != id))
       mNamesById.emplace_back(id, name);
   }
   mHasNamesById = true;
@@ -39,7 +39,7 @@ void CDefinitionLookup::readNamesById() {
 
 // The file itself is asked as well, since others may answer for it.
 QString CDefinitionLookup::nameOf(quint32 id) {
-  if (!isId(id)) return {};
+  if (!NParamDef::isRealId(id)) return {};
   if (!mHasNamesById) readNamesById();
   const auto known =
       std::lower_bound(mNamesById.begin(), mNamesById.end(), id,

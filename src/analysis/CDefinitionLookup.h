@@ -24,8 +24,6 @@ class CDefinitionLookup {
   QString shortNameOf(quint32 id);  ///< as a message quotes it
   CParamValueRules rulesOf(const CParamDefItem& definition);
 
-  static bool isId(quint32 id) { return id != 0 && id != NParamDef::NO_ID; }
-
  private:
   void readNamesById();
 

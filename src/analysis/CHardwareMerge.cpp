@@ -29,14 +29,8 @@ bool isSame(const CSubDeviceTrees& a, const CSubDeviceTrees& b) {
          });
 }
 
-CSubDeviceTree copyOf(const CSubDeviceTree& tree) {
+CSubDeviceTree cloneOf(const CSubDeviceTree& tree) {
   return tree.clone();
-}
-
-CSubDeviceTrees copyOf(const CSubDeviceTrees& trees) {
-  CSubDeviceTrees copy;
-  for (const auto& [subDevId, tree] : trees) copy.emplace(subDevId, tree.clone());
-  return copy;
 }
 
 template <typename K, typename V>
@@ -61,10 +55,8 @@ void CHardwareMerge::run() {
   // Merging the trees may bring sub-devices, which then have no type and name of their own.
   const std::set<quint8> inBase = subDeviceIds(mBase);
   const std::set<quint8> inOurs = subDeviceIds(mOurs);
-  for (const quint8 subDevId : subDeviceIds(mTheirs)) {
-    mergeType(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
-    mergeName(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
-  }
+  for (const quint8 subDevId : subDeviceIds(mTheirs))
+    mergeTypeAndName(subDevId, inBase.count(subDevId) > 0, inOurs.count(subDevId) > 0);
   mergeMap(&mBase.allTrees(), mOurs.allTrees(), mTheirs.allTrees());
   if (hasActiveId && !mOurs.containsHardwareId(mOurs.hardwareId()) && !mOurs.allTrees().empty())
     mOurs.selectHardwareId(mOurs.allTrees().begin()->first);
@@ -88,7 +80,7 @@ void CHardwareMerge::mergeOne(const K& key, const V* base, std::map<K, V>& ours,
   const auto own = ours.find(key);
   if (own == ours.end()) {
     if (base == nullptr) {
-      ours.emplace(key, copyOf(*theirs));
+      ours.emplace(key, cloneOf(*theirs));
       mOurs.setHwIdChanged(mHardwareId);
     } else if (!isSame(*base, *theirs)) {
       addRemoval(SMergeConflict::OursRemoved);
@@ -157,44 +149,26 @@ void CHardwareMerge::addRemoval(SMergeConflict::EKind kind) {
   mConflicts.append(conflict);
 }
 
-void CHardwareMerge::mergeType(quint8 subDevId, bool isInBase, bool isInOurs) {
-  const NParamDef::ESubDeviceTypes base = mBase.subDevType(subDevId);
-  const NParamDef::ESubDeviceTypes ours = mOurs.subDevType(subDevId);
-  const NParamDef::ESubDeviceTypes theirs = mTheirs.subDevType(subDevId);
-  const NThreeWay::EChoice choice =
-      isInOurs ? NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs) : NThreeWay::Theirs;
-  if (choice == NThreeWay::Theirs) {
-    mOurs.setSubDevType(subDevId, theirs);
-  } else if (choice == NThreeWay::Conflict) {
-    addConflict(SMergeConflict::SubDeviceType, subDevId, isInBase,
-                ICParameterFile::subDeviceTypeToStr(base),
-                ICParameterFile::subDeviceTypeToStr(ours),
-                ICParameterFile::subDeviceTypeToStr(theirs));
+void CHardwareMerge::mergeTypeAndName(quint8 subDevId, bool isInBase, bool isInOurs) {
+  const auto takesTheirs = [=](SMergeConflict::ESubject subject, const QString& base,
+                               const QString& ours, const QString& theirs) {
+    const QString* known = isInBase ? &base : nullptr;
+    const NThreeWay::EChoice choice =
+        isInOurs ? NThreeWay::choose(known, ours, theirs) : NThreeWay::Theirs;
+    if (choice == NThreeWay::Conflict) {
+      mConflicts.append(NThreeWay::conflict(subject, known, ours, theirs));
+      mConflicts.last().subDevId = subDevId;
+    }
+    return choice == NThreeWay::Theirs;
+  };
+  const auto type = [subDevId](const ICParameterFile& file) {
+    return ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId));
+  };
+  if (takesTheirs(SMergeConflict::SubDeviceType, type(mBase), type(mOurs), type(mTheirs)))
+    mOurs.setSubDevType(subDevId, mTheirs.subDevType(subDevId));
+  const QString name = mTheirs.subDevName(subDevId);
+  if (takesTheirs(SMergeConflict::SubDeviceName, mBase.subDevName(subDevId),
+                  mOurs.subDevName(subDevId), name)) {
+    mOurs.setSubDevName(subDevId, name);
   }
-}
-
-void CHardwareMerge::mergeName(quint8 subDevId, bool isInBase, bool isInOurs) {
-  const QString base = mBase.subDevName(subDevId);
-  const QString ours = mOurs.subDevName(subDevId);
-  const QString theirs = mTheirs.subDevName(subDevId);
-  const NThreeWay::EChoice choice =
-      isInOurs ? NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs) : NThreeWay::Theirs;
-  if (choice == NThreeWay::Theirs) {
-    mOurs.setSubDevName(subDevId, theirs);
-    if (theirs.isEmpty()) mOurs.removeSubDevName(subDevId);
-  } else if (choice == NThreeWay::Conflict) {
-    addConflict(SMergeConflict::SubDeviceName, subDevId, isInBase, base, ours, theirs);
-  }
-}
-
-void CHardwareMerge::addConflict(SMergeConflict::ESubject subject, quint8 subDevId, bool isInBase,
-                                 const QString& base, const QString& ours, const QString& theirs) {
-  SMergeConflict conflict;
-  conflict.subject = subject;
-  conflict.kind = isInBase ? SMergeConflict::BothChanged : SMergeConflict::BothAdded;
-  conflict.subDevId = subDevId;
-  conflict.base = isInBase ? base : QString();
-  conflict.ours = ours;
-  conflict.theirs = theirs;
-  mConflicts.append(conflict);
 }

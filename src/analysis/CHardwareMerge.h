@@ -27,10 +27,7 @@ class CHardwareMerge {
   void leave(quint8 subDevId);
   void addRemoval(SMergeConflict::EKind kind);
 
-  void mergeType(quint8 subDevId, bool isInBase, bool isInOurs);
-  void mergeName(quint8 subDevId, bool isInBase, bool isInOurs);
-  void addConflict(SMergeConflict::ESubject subject, quint8 subDevId, bool isInBase,
-                   const QString& base, const QString& ours, const QString& theirs);
+  void mergeTypeAndName(quint8 subDevId, bool isInBase, bool isInOurs);
 
   const CParameterFileBaseImpl& mBase;
   CParameterFileBaseImpl& mOurs;

@@ -9,7 +9,7 @@
 #include <tuple>
 #include <vector>
 
-/// Numbers for the nodes of several trees, the same for what is the same node: a parameter by its
+/// Numbers for the nodes of several trees, equal for the same node: a parameter by its
 /// name, a group by its parent, its name, and its place among the groups of that name. The path of
 /// a group is kept here, once for all trees and all that lies in it.
 class CNodeNumbers {

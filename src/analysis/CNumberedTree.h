@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// The shape of a tree in keys, so that trees can be laid side by side.
+/// A tree indexed by numbers of CNodeNumbers, so that trees can be compared node by node.
 class CNumberedTree {
  public:
   /// Without a tree there is a root alone.
@@ -21,7 +21,8 @@ class CNumberedTree {
   CParamVal value(int key) const;
 
   /// Of the nodes of this tree those that lie elsewhere than in the base: not in the same group, or
-  /// not in the same order. Of an order as few as possible count as moved. By key, of `count` keys.
+  /// not in the same order. Reordering counts as the smallest set of moved nodes. By key, of
+  /// `count` keys.
   std::vector<bool> placedSince(const CNumberedTree& base, int count) const;
 
  private:

@@ -56,8 +56,7 @@ class CValueChecker {
   }
 
   void compareIds(quint8 subDevId, const SStoredParam& entry, quint32 definedId) {
-    if (CDefinitionLookup::isId(entry.id) && CDefinitionLookup::isId(definedId) &&
-        entry.id != definedId) {
+    if (NParamDef::isRealId(entry.id) && NParamDef::isRealId(definedId) && entry.id != definedId) {
       add(SParamFinding::IdMismatch, subDevId, entry,
           tr("The parameter has the id %1, its definition has %2.")
               .arg(QString::number(entry.id), QString::number(definedId)));

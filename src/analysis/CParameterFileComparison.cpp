@@ -105,7 +105,7 @@ class CComparison {
     }
   }
 
-  /// What was removed directly behind a place in the old file.
+  /// What was removed directly after a place in the old file.
   void addRemovedFrom(int position, const CEntries& oldOnes, const QVector<bool>& isKept) {
     for (; position < oldOnes.size() && !isKept.at(position); ++position)
       addParameter(SParamDifference::ParameterRemoved, &oldOnes.at(position), nullptr);

@@ -53,16 +53,9 @@ void CParameterFileMerge::mergeVersion() {
 /// Whether theirs is to be taken.
 bool CParameterFileMerge::mergeText(SMergeConflict::ESubject subject, const QString& base,
                                     const QString& ours, const QString& theirs) {
-  const bool isInBase = !mBase.hardwareIds().isEmpty();
-  const NThreeWay::EChoice choice = NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs);
-  if (choice == NThreeWay::Conflict) {
-    SMergeConflict conflict;
-    conflict.subject = subject;
-    conflict.kind = isInBase ? SMergeConflict::BothChanged : SMergeConflict::BothAdded;
-    conflict.base = isInBase ? base : QString();
-    conflict.ours = ours;
-    conflict.theirs = theirs;
-    mConflicts.append(conflict);
-  }
+  const QString* known = mBase.hardwareIds().isEmpty() ? nullptr : &base;
+  const NThreeWay::EChoice choice = NThreeWay::choose(known, ours, theirs);
+  if (choice == NThreeWay::Conflict)
+    mConflicts.append(NThreeWay::conflict(subject, known, ours, theirs));
   return choice == NThreeWay::Theirs;
 }

@@ -19,7 +19,7 @@ size_t CRuleCache::position(const QString& name) {
   return known != mPositions.end() ? known->second : add(name);
 }
 
-// The position of the new one, behind all for an unknown name.
+// The position of the new one, the end for an unknown name.
 size_t CRuleCache::add(const QString& name) {
   const size_t behindAll = mRuled.size();
   const CParamDefItem definition = mDefinitions.find(name);

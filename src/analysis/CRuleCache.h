@@ -7,9 +7,9 @@
 
 class CDefinitionLookup;
 
-/// The definitions of the parameters that one sub-device after another has, with their rules, which
-/// are made once. Sub-devices have the same parameters in the same order: the next one is mostly at
-/// hand, and only what stands elsewhere is looked up.
+/// Caches the rules of each definition across sub-devices, which mostly list the same parameters in
+/// the same order: the next one is then at hand, and only what is elsewhere is looked up by its
+/// name.
 class CRuleCache {
  public:
   struct SRuled {
@@ -34,5 +34,5 @@ class CRuleCache {
       mPositions;  // of the first mIndexed, the others follow when one is looked up
   size_t mIndexed = 0;
   size_t mEarlier = 0;  // those of earlier sub-devices
-  size_t mNext = 0;     // behind the last one asked for
+  size_t mNext = 0;     // after the last one asked for
 };

@@ -27,8 +27,8 @@ CSubDeviceTree CSubDeviceMerge::run() {
   return tree;
 }
 
-/// Where both sides have one order, theirs moved nothing: which of the parameters moved is a matter
-/// of view, and may be seen in another way on each side.
+/// Where both sides have one order, theirs moved nothing: which nodes count as moved is ambiguous
+/// and may be computed differently for each side.
 void CSubDeviceMerge::ignoreCommonOrder(int group) {
   const auto stayed = [this, group](const CNumberedTree& side) {
     QVector<int> keys;
@@ -66,10 +66,11 @@ void CSubDeviceMerge::settleParameter(int key) {
 void CSubDeviceMerge::settleRemoved(int key, const CNumberedTree& side,
                                     SMergeConflict::EKind kind) {
   if (!isChanged(key, side)) return;
-  SMergeConflict& conflict = addConflict(key, SMergeConflict::Parameter, kind);
-  conflict.base = mBase.value(key).asStr();
-  conflict.ours = mOurs.value(key).asStr();
-  conflict.theirs = mTheirs.value(key).asStr();
+  const QString base = mBase.value(key).asStr();
+  SMergeConflict conflict = NThreeWay::conflict(
+      SMergeConflict::Parameter, &base, mOurs.value(key).asStr(), mTheirs.value(key).asStr());
+  conflict.kind = kind;
+  addConflict(key, conflict);
   if (kind == SMergeConflict::TheirsRemoved)
     outcome(key) = {true, false, side.parent(key), side.data(key).id(), side.value(key)};
 }
@@ -90,80 +91,47 @@ void CSubDeviceMerge::settleInBoth(int key) {
 }
 
 int CSubDeviceMerge::settleGroupOf(int key) {
-  const int base = mBase.parent(key);
-  const int ours = mOurs.parent(key);
-  const int theirs = mTheirs.parent(key);
-  switch (NThreeWay::choose(mBase.contains(key) ? &base : nullptr, ours, theirs)) {
-    case NThreeWay::Theirs:
-      return theirs;
-    case NThreeWay::Conflict: {
-      SMergeConflict& conflict = addConflict(key, SMergeConflict::Group);
-      conflict.base = mBase.contains(key) ? groupPath(mBase, key) : QString();
-      conflict.ours = groupPath(mOurs, key);
-      conflict.theirs = groupPath(mTheirs, key);
-      return ours;
-    }
-    default:
-      return ours;
-  }
+  return settle(key, SMergeConflict::Group, mBase.parent(key), mOurs.parent(key),
+                mTheirs.parent(key), [this](int group) { return mKeys.pathOfGroup(group); });
 }
 
 CParamVal CSubDeviceMerge::settleValue(int key) {
   const CParamVal base = mBase.value(key);
   const CParamVal ours = mOurs.value(key);
-  const CParamVal theirs = mTheirs.value(key);
-  switch (NThreeWay::choose(mBase.contains(key) ? &base : nullptr, ours, theirs)) {
-    case NThreeWay::Theirs:
-      return theirs;
-    case NThreeWay::Conflict: {
-      if (!CParamValueRules::areEqual(ours, theirs,
-                                      mDefinitions.paramDef(mOurs.data(key).name()))) {
-        SMergeConflict& conflict = addConflict(key, SMergeConflict::Value);
-        conflict.base = base.asStr();
-        conflict.ours = ours.asStr();
-        conflict.theirs = theirs.asStr();
-      }
-      return ours;
-    }
-    default:
-      return ours;
+  CParamVal theirs = mTheirs.value(key);
+  if (ours != theirs && ours != base && theirs != base &&
+      CParamValueRules::areEqual(ours, theirs, mDefinitions.paramDef(mOurs.data(key).name()))) {
+    theirs = ours;
   }
+  return settle(key, SMergeConflict::Value, base, ours, theirs,
+                [](const CParamVal& value) { return value.asStr(); });
 }
 
 quint32 CSubDeviceMerge::settleId(int key) {
   const quint32 base = mBase.contains(key) ? mBase.data(key).id() : 0;
-  const quint32 ours = mOurs.data(key).id();
-  const quint32 theirs = mTheirs.data(key).id();
-  switch (NThreeWay::choose(mBase.contains(key) ? &base : nullptr, ours, theirs)) {
-    case NThreeWay::Theirs:
-      return theirs;
-    case NThreeWay::Conflict: {
-      SMergeConflict& conflict = addConflict(key, SMergeConflict::Id);
-      conflict.base = mBase.contains(key) ? QString::number(base) : QString();
-      conflict.ours = QString::number(ours);
-      conflict.theirs = QString::number(theirs);
-      return ours;
-    }
-    default:
-      return ours;
-  }
+  return settle(key, SMergeConflict::Id, base, mOurs.data(key).id(), mTheirs.data(key).id(),
+                [](quint32 id) { return QString::number(id); });
 }
 
-SMergeConflict& CSubDeviceMerge::addConflict(int key, SMergeConflict::ESubject subject,
-                                             SMergeConflict::EKind kind) {
+/// Ours, unless theirs alone changed it.
+template <typename T, typename F>
+T CSubDeviceMerge::settle(int key, SMergeConflict::ESubject subject, const T& base, const T& ours,
+                          const T& theirs, const F& textOf) {
+  const bool isInBase = mBase.contains(key);
+  const NThreeWay::EChoice choice = NThreeWay::choose(isInBase ? &base : nullptr, ours, theirs);
+  if (choice == NThreeWay::Conflict) {
+    const QString text = isInBase ? textOf(base) : QString();
+    addConflict(key, NThreeWay::conflict(subject, isInBase ? &text : nullptr, textOf(ours),
+                                         textOf(theirs)));
+  }
+  return choice == NThreeWay::Theirs ? theirs : ours;
+}
+
+void CSubDeviceMerge::addConflict(int key, SMergeConflict conflict) {
   const CNumberedTree& side = mOurs.contains(key) ? mOurs : mTheirs;
-  SMergeConflict conflict;
-  conflict.subject = subject;
-  conflict.kind = kind;
-  conflict.groupPath = groupPath(side, key);
+  conflict.groupPath = mKeys.pathOfGroup(side.parent(key));
   conflict.name = side.data(key).name();
   mConflicts.append(conflict);
-  return mConflicts.last();
-}
-
-SMergeConflict& CSubDeviceMerge::addConflict(int key, SMergeConflict::ESubject subject) {
-  return addConflict(key, subject,
-                     mBase.contains(key) ? SMergeConflict::BothChanged : SMergeConflict::BothAdded);
 }
 
 void CSubDeviceMerge::settleGroup(int key) {
@@ -184,8 +152,8 @@ void CSubDeviceMerge::keepGroupsAbove(int key) {
   }
 }
 
-/// What ours has in the group, and what theirs placed there: behind what it stands behind in
-/// theirs, and behind what ours placed at the same spot, as when both append. What only changed its
+/// What ours has in the group, and what theirs placed there: after what it follows in
+/// theirs, and after what ours placed at the same spot, as when both append. What only changed its
 /// place in the order does not follow what ours moved.
 std::list<int> CSubDeviceMerge::orderOf(int group) {
   std::list<int> order;
@@ -195,8 +163,8 @@ std::list<int> CSubDeviceMerge::orderOf(int group) {
     if (settled.isKept && settled.parent == group && !settled.isPlacedByTheirs)
       places.emplace(key, order.insert(order.end(), key));
   }
-  auto next = order.begin();    // behind what precedes in theirs
-  auto steady = order.begin();  // behind what precedes there and was not moved by ours
+  auto next = order.begin();    // after what precedes in theirs
+  auto steady = order.begin();  // after what precedes there and was not moved by ours
   for (const int key : mTheirs.children(group)) {
     const SOutcome& settled = outcome(key);
     if (!settled.isKept || settled.parent != group) continue;

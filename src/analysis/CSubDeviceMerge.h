@@ -8,7 +8,7 @@
 class ICParameterFile;
 
 /// Merges the parameters of one sub-device: first it settles for each what becomes of it, then in
-/// which groups and in which order they stand.
+/// which groups and in which order they are.
 class CSubDeviceMerge {
  public:
   /// Without a base both sides added the sub-device.
@@ -34,22 +34,20 @@ class CSubDeviceMerge {
     return placed[static_cast<size_t>(key)];
   }
   bool theirsAlonePlaced(int key) const;
-  /// Of the group in which a node of that side lies.
-  QString groupPath(const CNumberedTree& side, int key) const {
-    return mKeys.pathOfGroup(side.parent(key));
-  }
   void ignoreCommonOrder(int group);
 
   void settleParameter(int key);
   void settleRemoved(int key, const CNumberedTree& side, SMergeConflict::EKind kind);
   void settleInBoth(int key);
+  template <typename T, typename F>
+  T settle(int key, SMergeConflict::ESubject subject, const T& base, const T& ours, const T& theirs,
+           const F& textOf);
   int settleGroupOf(int key);
   CParamVal settleValue(int key);
   quint32 settleId(int key);
   bool isChanged(int key, const CNumberedTree& side) const;
-  SMergeConflict& addConflict(int key, SMergeConflict::ESubject subject,
-                              SMergeConflict::EKind kind);
-  SMergeConflict& addConflict(int key, SMergeConflict::ESubject subject);
+  /// Completes the place.
+  void addConflict(int key, SMergeConflict conflict);
 
   void settleGroup(int key);
   void keepGroupsAbove(int key);

@@ -22,7 +22,9 @@ class CCompensationFileImpl : public CCompensationTable, public CXmlAbstractLumo
 
   EDataPointFormat detectedDataPointFormat() const override { return mDetectedFormat; }
   void setDataPointSaveFormat(EDataPointFormat format) override { mSaveFormat = format; }
-  bool handleVersionError(const QString& fileVersion, const QString& expectedVersion) override;
+  bool handleVersionError(const QString& fileVersion, const QString& expectedVersion) override {
+    return isCompatible(fileVersion, expectedVersion);
+  }
 
  private:
   using CXmlAbstractLumoFile::save;
@@ -43,7 +45,6 @@ class CCompensationFileImpl : public CCompensationTable, public CXmlAbstractLumo
   int notWritten(QLatin1String tag);
 
   QString mErrorMsg;
-  bool mVersionError = false;
   EDataPointFormat mDetectedFormat = NoFormat;
   EDataPointFormat mSaveFormat = CurrentFormat;
 };

@@ -20,7 +20,7 @@ int CCompensationFileImpl::load(const QString& fileName, const QString& version)
   startLoad();
   if (!open(fileName, TAG_ROOT_C_COMPENSATION, version, mErrorMsg)) {
     domDocument().clear();
-    return mVersionError ? VersionError : OpenError;
+    return isVersionRejected() ? VersionError : OpenError;
   }
   return readDocument();
 }
@@ -40,7 +40,6 @@ void CCompensationFileImpl::startLoad() {
   const EDataPointFormat saveFormat = mSaveFormat;
   clear();
   mSaveFormat = saveFormat;
-  mVersionError = false;
 }
 
 int CCompensationFileImpl::readDocument() {

@@ -45,7 +45,7 @@ bool CCompensationTable::checkAllPoints(QList<int>* badIndices) const {
     const double here = position(i);
     const bool above = i == 0 ? lower <= here : lower < here;
     if (i >= kMaxPoints || !above || !(here <= upper)) bad.append(i);
-    lower = std::max(lower, here);  // keeps the bound when the position is no number
+    lower = std::max(lower, here);  // keeps the bound when the position is not a number
   }
   if (badIndices != nullptr) *badIndices = bad;
   return bad.isEmpty();

@@ -2,8 +2,8 @@
 
 #include "ICCompensationFile.h"
 
-/// The table, how it is edited and checked: what a compensation file is without its XML. It stands
-/// beside the XML file's base, which has a setMetaData() of its own that a common class could not
+/// The table with its editing and checks: a compensation file without its XML. A class of its own,
+/// since the base of XML files has a setMetaData() too, which one common class could not
 /// override.
 class CCompensationTable : public ICCompensationFile {
  public:

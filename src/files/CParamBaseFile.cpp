@@ -39,19 +39,16 @@ bool CParamBaseFile::existingParamSubElemetStr(const QDomElement& paramElement, 
 }
 
 bool CParamBaseFile::handleVersionError(const QString& version, const QString& otherVersion) {
-  mVersionError = !errorHandler().handleFileVersionError(version, otherVersion);
-  return !mVersionError;
+  return errorHandler().handleFileVersionError(version, otherVersion);
 }
 
 bool CParamBaseFile::handleValueFileVersionError(const QString& version,
                                                  const QString& otherVersion) {
-  mVersionError = !errorHandler().handleValueFileVersionError(version, otherVersion);
-  return !mVersionError;
+  return errorHandler().handleValueFileVersionError(version, otherVersion);
 }
 
 bool CParamBaseFile::openChecked(const QString& fileName, const QString& rootTag,
                                  const QString& version) {
-  mVersionError = false;
   mErrorLine = 0;
   if (!open(fileName, rootTag, version, mErrorMsg)) return false;
   mMetaData = metaData();

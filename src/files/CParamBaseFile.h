@@ -45,7 +45,7 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
   bool handleValueFileVersionError(const QString& version, const QString& otherVersion);
   CParameterFileErrorHandler& errorHandler() { return **mAskedHandler; }
 
-  /// Opens the file with its version check; the version error tells a rejected version from others.
+  /// Opens the file and takes over its Head.
   bool openChecked(const QString& fileName, const QString& rootTag, const QString& version);
   /// Starts a document with the Head of this object's meta data.
   void createDocumentWithHead(const QString& rootTag, const QString& version);
@@ -57,7 +57,6 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
   CXMLMetaData mMetaData;
   QString mErrorMsg;
   int mErrorLine = 0;
-  bool mVersionError = false;
 
  private:
   const std::unique_ptr<CParameterFileErrorHandler> mDefaultHandler;

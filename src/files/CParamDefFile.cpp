@@ -2,6 +2,8 @@
 
 #include "CParamDefFile.h"
 
+#include "CExactNumber.h"
+
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -31,22 +33,10 @@ bool CParamDefFile::limitsFit(const CParamDefItem& definition) {
   const CParamVal min = definition.minVal();
   const CParamVal max = definition.maxVal();
   if (min.isEmpty() || max.isEmpty()) return true;
-  switch (definition.type()) {
-    case NParamDef::PARAM_TYPE_U8:
-    case NParamDef::PARAM_TYPE_U16:
-    case NParamDef::PARAM_TYPE_U32:
-    case NParamDef::PARAM_TYPE_U64:
-      return min.asU64() <= max.asU64();
-    case NParamDef::PARAM_TYPE_I8:
-    case NParamDef::PARAM_TYPE_I16:
-    case NParamDef::PARAM_TYPE_I32:
-    case NParamDef::PARAM_TYPE_I64:
-      return min.asI64() <= max.asI64();
-    case NParamDef::PARAM_TYPE_F64:
-      return !(min.asF64() > max.asF64());
-    default:
-      return true;
-  }
+  const NParamDef::EParamType type = definition.type();
+  if (type == NParamDef::PARAM_TYPE_F64) return !(min.asF64() > max.asF64());
+  if (CExactNumber::isUnsigned(type)) return min.asU64() <= max.asU64();
+  return !CExactNumber::isNumberType(type) || min.asI64() <= max.asI64();
 }
 
 QString CParamDefFile::limitsMessage(const CParamDefItem& definition) {

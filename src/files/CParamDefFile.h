@@ -20,7 +20,7 @@ class CParamDefFile : public CParamBaseFile {
 
   /// Reads every definition; the first that fails ends it, with the reason in errorMsg().
   bool open(const QString& fileName, const QString& version);
-  /// Writes the definitions by id and then by name. Fails, writing nothing, when two of them bear
+  /// Writes the definitions by id and then by name. Fails, writing nothing, when two of them have
   /// one name or one id.
   bool save(const QString& fileName, const CParamDefinitions& definitions, const QString& version);
   /// The same for definitions that are in that order.
@@ -50,7 +50,7 @@ class CParamDefFile : public CParamBaseFile {
                                         const QList<NParamDef::SNamedI64Value>& values);
   static void appendBitsetToDom(CDomElement section, const QList<NParamDef::SBitValue>& bits);
 
-  // Lists of decimal numbers separated by single blanks; pieces that are no number are dropped.
+  // Lists of decimal numbers separated by single blanks; pieces that are not numbers are dropped.
   static QList<quint32> idListFromStr(const QString& text);
   static QString idListToStr(const QList<quint32>& ids);
   static QList<qint64> valueListFromStr(const QString& text);

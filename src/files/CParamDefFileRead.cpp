@@ -7,6 +7,20 @@
 
 using namespace NLumoXmlTags;
 
+namespace {
+
+template <typename T>
+QList<T> numbersOf(const QString& text, bool (*read)(const QString&, T&, int)) {
+  QList<T> numbers;
+  for (const QString& piece : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    T number = 0;
+    if (read(piece, number, 10)) numbers.append(number);
+  }
+  return numbers;
+}
+
+}  // namespace
+
 bool CParamDefFile::open(const QString& fileName, const QString& version) {
   mDefinitions.clear();
   mNameById.clear();
@@ -238,19 +252,9 @@ bool CParamDefFile::prefixSection(quint32 id, QLatin1String section) {
 }
 
 QList<quint32> CParamDefFile::idListFromStr(const QString& text) {
-  QList<quint32> ids;
-  for (const QString& piece : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-    quint32 id = 0;
-    if (CStr::strToU32(piece, id, 10)) ids.append(id);
-  }
-  return ids;
+  return numbersOf<quint32>(text, &CStr::strToU32);
 }
 
 QList<qint64> CParamDefFile::valueListFromStr(const QString& text) {
-  QList<qint64> values;
-  for (const QString& piece : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-    qint64 value = 0;
-    if (CStr::strToI64(piece, value, 10)) values.append(value);
-  }
-  return values;
+  return numbersOf<qint64>(text, &CStr::strToI64);
 }

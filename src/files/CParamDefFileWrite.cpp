@@ -30,6 +30,14 @@ const CParamDefItem* doubledName(const QVector<const CParamDefItem*>& definition
   return doubled != entries.end() ? doubled->second : nullptr;
 }
 
+template <typename T>
+QString joined(const QList<T>& numbers) {
+  QStringList texts;
+  texts.reserve(numbers.size());
+  for (const T number : numbers) texts.append(QString::number(number));
+  return texts.join(QLatin1Char(' '));
+}
+
 }  // namespace
 
 bool CParamDefFile::save(const QString& fileName, const CParamDefinitions& definitions,
@@ -52,14 +60,14 @@ bool CParamDefFile::save(const QString& fileName, const QVector<const CParamDefI
 
 bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) {
   if (const CParamDefItem* doubled = doubledName(sorted)) {
-    mErrorMsg = tr("Two definitions bear the name \"%1\".").arg(doubled->name());
+    mErrorMsg = tr("Two definitions have the name \"%1\".").arg(doubled->name());
     return false;
   }
   const CParamDefItem* previous = nullptr;
   for (const CParamDefItem* definition : sorted) {
     if (previous != nullptr && NParamDef::isRealId(definition->id()) &&
         previous->id() == definition->id()) {
-      mErrorMsg = tr("The definitions \"%1\" and \"%2\" bear the same id %3.")
+      mErrorMsg = tr("The definitions \"%1\" and \"%2\" have the same id %3.")
                       .arg(previous->name(), definition->name(), QString::number(previous->id()));
     } else if (definition->name() == CParamNodeData::mStandardConstructedStr) {
       mErrorMsg = reservedNameMessage(definition->id(), definition->name());
@@ -147,15 +155,9 @@ void CParamDefFile::appendBitsetToDom(CDomElement section,
 }
 
 QString CParamDefFile::idListToStr(const QList<quint32>& ids) {
-  QStringList texts;
-  texts.reserve(ids.size());
-  for (const quint32 id : ids) texts.append(QString::number(id));
-  return texts.join(QLatin1Char(' '));
+  return joined(ids);
 }
 
 QString CParamDefFile::valueListToStr(const QList<qint64>& values) {
-  QStringList texts;
-  texts.reserve(values.size());
-  for (const qint64 value : values) texts.append(QString::number(value));
-  return texts.join(QLatin1Char(' '));
+  return joined(values);
 }

@@ -16,6 +16,9 @@
 using CSubDeviceTrees = std::map<quint8, CSubDeviceTree>;
 using CHardwareIdTrees = std::map<QString, CSubDeviceTrees>;
 
+/// A deep copy.
+CSubDeviceTrees cloneOf(const CSubDeviceTrees& trees);
+
 /// Types and names of sub-devices; one set serves all hardware ids of a file.
 using CSubDeviceTypes = QMap<quint8, NParamDef::ESubDeviceTypes>;
 using CSubDeviceNames = QMap<quint8, QString>;
@@ -33,15 +36,15 @@ class CParamValueFile : public CParamBaseFile {
     VersionRejected = 4,      ///< by the error handler
     NoData = 5,               ///< no "Data"
     NoHardwareId = 6,         ///< "Data" without "hardwareId"
-    BadParamId = 8,           ///< "id" of a "Param" is no id
+    BadParamId = 8,           ///< "id" of a "Param" is not an id
     NoParamName = 9,          ///< "Param" without a usable "Name"
     DoubledParam = 13,        ///< a name twice in one sub-device
     NoParamValue = 24,        ///< "Param" without "Value"
-    ParentIsNoGroup = 25,     ///< a group or parameter within something else than a group
+    ParentIsNoGroup = 25,     ///< a group or parameter outside a group
     NoGroupName = 26,         ///< "Group" without a usable "Name"
     HardwareIdRejected = 27,  ///< by the error handler
     NoSubDeviceId = 28,       ///< "SubDevice" without "id"
-    BadSubDeviceId = 29,      ///< "id" of a "SubDevice" is no unsigned 8-bit number
+    BadSubDeviceId = 29,      ///< "id" of a "SubDevice" is not an unsigned 8-bit number
     DoubledSubDevice = 30,    ///< an "id" twice in one "Data"
     NoSubDevice = 31,         ///< no (usable) "SubDevice" in a "Data"
     DoubledHardwareId = 35    ///< a "hardwareId" twice in one file
@@ -76,7 +79,7 @@ class CParamValueFile : public CParamBaseFile {
   bool handleVersionError(const QString& version, const QString& otherVersion) override;
 
  private:
-  /// A type or name of a sub-device, and where it stands.
+  /// A type or name of a sub-device, and its line.
   struct SGiven {
     QString text;
     int line = 0;

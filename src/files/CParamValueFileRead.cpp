@@ -76,7 +76,7 @@ EResult CParamValueFile::load(const QString& fileName, const QString& version, Q
 
 EResult CParamValueFile::openValueFile(const QString& fileName, const QString& version) {
   if (openChecked(fileName, mRootTag, version)) return Ok;
-  return mVersionError ? VersionRejected : OpenFailed;
+  return isVersionRejected() ? VersionRejected : OpenFailed;
 }
 
 /// Reports what went wrong after the file was opened, and lets go of the document.
@@ -296,7 +296,7 @@ EResult CParamValueFile::readParameterId(const CDomElement& element, quint32& id
   const CDomDoc::EResult result = CDomDoc::existingAttributeAsU32(ATTR_ID, element, id, mErrorMsg);
   if (result == CDomDoc::Ok && id == NParamDef::NO_ID) {
     mErrorMsg =
-        tr("Line %1: attribute \"%2\" of <%3> is %4, which stands for no id.")
+        tr("Line %1: attribute \"%2\" of <%3> is %4, which is not an id.")
             .arg(QString::number(element.lineNumber()), ATTR_ID, TAG_PARAM, QString::number(id));
     return BadParamId;
   }

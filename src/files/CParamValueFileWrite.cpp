@@ -22,14 +22,14 @@ bool CParamValueFile::save(const QString& fileName, const QString& version,
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
 
-/// Reading ignores blanks round a hardware id; of two that differ in nothing else it would find one
+/// Reading ignores blanks around a hardware id, so two that differ only in these would be one id
 /// twice.
 bool CParamValueFile::idsStayApart(const CHardwareIdTrees& trees) {
   std::map<QString, QString> idByTrimmed;
   for (const auto& entry : trees) {
     const auto [known, isNew] = idByTrimmed.emplace(entry.first.trimmed(), entry.first);
     if (!isNew) {
-      mErrorMsg = tr("The hardware ids \"%1\" and \"%2\" differ in nothing but blanks around them.")
+      mErrorMsg = tr("The hardware ids \"%1\" and \"%2\" differ only in blanks around them.")
                       .arg(known->second, entry.first);
       return false;
     }

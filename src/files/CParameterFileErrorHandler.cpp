@@ -28,13 +28,7 @@ bool CParameterFileErrorHandler::handleHardwareIdError(QString& hardwareId,
 
 bool CParameterFileErrorHandler::handleFileVersionError(const QString& version,
                                                         const QString& otherVersion) {
-  unsigned int revision = 0;
-  unsigned int otherRevision = 0;
-  if (!CStr::stringToRevision(version, revision) ||
-      !CStr::stringToRevision(otherVersion, otherRevision)) {
-    return true;
-  }
-  return (revision >> 16) == (otherRevision >> 16);
+  return CStr::haveSameMainNumber(version, otherVersion).value_or(true);
 }
 
 bool CParameterFileErrorHandler::handleDefFileVersionError(const QString& version,

@@ -2,6 +2,7 @@
 
 #include "CAtomicFile.h"
 #include "CDomDoc.h"
+#include "CExactNumber.h"
 #include "CStr.h"
 #include "NLumoXmlTags.h"
 
@@ -17,7 +18,7 @@ namespace {
 constexpr int kSearchedLines = 3;
 // Enough for three lines; a file without a line break need not be read as a whole.
 constexpr int kSearchedBytes = 1024 * 1024;
-// Enough for any Head; the values behind it need not be read.
+// Enough for any Head; the values after it need not be read.
 constexpr qint64 kHeadBytes = 16LL * 1024 * 1024;
 
 bool beginsRootTag(const QString& line) {
@@ -142,7 +143,5 @@ quint32 CParameterFileHelper::fileVersion(const QByteArray& data) {
 
 bool CParameterFileHelper::compareValues(const CParamVal& a, const CParamVal& b,
                                          const CParamDefItem& def) {
-  const bool isUnsigned =
-      def.type() >= NParamDef::PARAM_TYPE_U8 && def.type() <= NParamDef::PARAM_TYPE_U64;
-  return isUnsigned ? a.asU64() == b.asU64() : a == b;
+  return CExactNumber::isUnsigned(def.type()) ? a.asU64() == b.asU64() : a == b;
 }

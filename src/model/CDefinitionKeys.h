@@ -7,7 +7,7 @@
 
 class CParamDefItem;
 
-/// Finds definitions by a key that several of them may bear for a while: the one that got it last,
+/// Finds definitions by a key that several of them may have for a while: the one that got it last,
 /// and when that lets go of it another one.
 template <typename Key>
 class CDefinitionsByKey {

@@ -101,7 +101,7 @@ CParamVal CExactNumber::written(NParamDef::EParamType type) const {
   return isUnsigned(type) ? CParamVal(bits()) : CParamVal(decimal());
 }
 
-// A real that is no integer here is a fraction of less than 53 bits, or beyond all integers.
+// A real that is not an integer here is a fraction of less than 53 bits, or beyond all integers.
 bool CExactNumber::isBelowReal(double real) const {
   return std::abs(real) < kTwoTo64 ? !(CExactNumber(std::floor(real)) < *this) : real > 0;
 }

@@ -13,7 +13,7 @@ class CExactNumber {
   explicit CExactNumber(qint64 number);
   explicit CExactNumber(double number);
 
-  /// Nothing when the text is no number of the type, or the type has none.
+  /// Nothing when the text is not a number of the type, or the type has none.
   static std::optional<CExactNumber> of(const CParamVal& value, NParamDef::EParamType type);
   static bool isNumberType(NParamDef::EParamType type);
   static bool isUnsigned(NParamDef::EParamType type);

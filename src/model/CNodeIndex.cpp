@@ -31,7 +31,7 @@ void CNodeIndex::insert(CParamTreeNodeImpl* node) {
 void CNodeIndex::remove(const CParamTreeNodeImpl* node) {
   size_t gap = home(SKeyedHash()(node->dataRef().name()));
   while (mSlots[gap].node != node) gap = next(gap);
-  // What follows without a gap moves up, unless it would stand before its home then.
+  // Backward-shift deletion: close the gap unless an entry would precede its home slot.
   for (size_t slot = next(gap); mSlots[slot].node; slot = next(slot)) {
     if (home(slot - mSlots[slot].hash) >= home(slot - gap)) {
       mSlots[gap] = mSlots[slot];

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <vector>
 
-/// Finds parameters by name. A hash in one piece of memory: the name stands in its node alone, and
-/// a parameter that is added, as millions are in a load, needs no memory of its own.
+/// Finds parameters by name. An open-addressing hash table: names are read from the nodes, so that
+/// a parameter that is added, as millions are in a load, needs no allocation.
 class CNodeIndex {
  public:
   int count() const { return static_cast<int>(mCount); }
@@ -21,8 +21,8 @@ class CNodeIndex {
     size_t hash = 0;
   };
 
-  // A node stands in the slot that its hash names or, where others were first, in the next free one
-  // behind it.
+  // A node is in its home slot or, where that was taken, in the next free one after
+  // it.
   size_t home(size_t hash) const { return hash & (mSlots.size() - 1); }
   size_t next(size_t slot) const { return home(slot + 1); }
   void place(const SSlot& entry);

@@ -76,42 +76,6 @@ EParamType CParamDefItem::typeFromString(const QString& text) {
   return static_cast<EParamType>(qMax(0, mcParamTypeStrings.indexOf(text)));
 }
 
-EParamType CParamDefItem::type(const unsigned char&) {
-  return NParamDef::PARAM_TYPE_U8;
-}
-
-EParamType CParamDefItem::type(const unsigned short&) {
-  return NParamDef::PARAM_TYPE_U16;
-}
-
-EParamType CParamDefItem::type(const unsigned int&) {
-  return NParamDef::PARAM_TYPE_U32;
-}
-
-EParamType CParamDefItem::type(const unsigned long long&) {
-  return NParamDef::PARAM_TYPE_U64;
-}
-
-EParamType CParamDefItem::type(const signed char&) {
-  return NParamDef::PARAM_TYPE_I8;
-}
-
-EParamType CParamDefItem::type(const short&) {
-  return NParamDef::PARAM_TYPE_I16;
-}
-
-EParamType CParamDefItem::type(const int&) {
-  return NParamDef::PARAM_TYPE_I32;
-}
-
-EParamType CParamDefItem::type(const long long&) {
-  return NParamDef::PARAM_TYPE_I64;
-}
-
-EParamType CParamDefItem::type(const double&) {
-  return NParamDef::PARAM_TYPE_F64;
-}
-
 int CParamDefItem::baseType(EParamType type) {
   static constexpr int kCodes[] = {0, 1, 3, 5, 8, 2, 4, 6, 9, 10};
   const bool known = type >= NParamDef::PARAM_TYPE_U8 && type <= NParamDef::PARAM_TYPE_F64;

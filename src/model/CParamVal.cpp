@@ -1,7 +1,5 @@
 #include "CParamVal.h"
 
-#include "CStr.h"
-
 namespace {
 
 constexpr int kHexBase = 16;
@@ -24,39 +22,3 @@ CParamVal::CParamVal(short number) : mText(QString::number(number)) {}
 CParamVal::CParamVal(int number) : mText(QString::number(number)) {}
 CParamVal::CParamVal(long long number) : mText(QString::number(number)) {}
 CParamVal::CParamVal(double number) : mText(QString::number(number, 'g', kSignificantDigits)) {}
-
-bool CParamVal::value(unsigned char& number) const {
-  return CStr::strToU8(mText, number, 0);
-}
-
-bool CParamVal::value(unsigned short& number) const {
-  return CStr::strToU16(mText, number, 0);
-}
-
-bool CParamVal::value(unsigned int& number) const {
-  return CStr::strToU32(mText, number, 0);
-}
-
-bool CParamVal::value(unsigned long long& number) const {
-  return CStr::strToU64(mText, number, 0);
-}
-
-bool CParamVal::value(signed char& number) const {
-  return CStr::strToI8(mText, number, 0);
-}
-
-bool CParamVal::value(short& number) const {
-  return CStr::strToI16(mText, number, 0);
-}
-
-bool CParamVal::value(int& number) const {
-  return CStr::strToI32(mText, number, 0);
-}
-
-bool CParamVal::value(long long& number) const {
-  return CStr::strToI64(mText, number, 0);
-}
-
-bool CParamVal::value(double& number) const {
-  return CStr::strToF64(mText, number);
-}

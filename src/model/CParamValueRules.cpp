@@ -38,7 +38,7 @@ struct SLimit {
   }
 };
 
-/// A number as it stands in the file, and in decimal when it does not stand there so.
+/// A number as written in the file, and in decimal when the file has it in hexadecimal.
 QString shownNumber(const CParamVal& text, const CExactNumber& number) {
   const QString trimmed = text.asStr().trimmed();
   return trimmed.contains(QLatin1Char('x'), Qt::CaseInsensitive)
@@ -58,16 +58,17 @@ QString noRealProblem(const QString& text) {
   QString withPoint = text;
   withPoint.replace(QLatin1Char(','), QLatin1Char('.'));
   return CExactNumber::of(withPoint, PARAM_TYPE_F64)
-             ? CParamValueRules::tr("\"%1\" is no number; decimals stand behind a point: %2.")
+             ? CParamValueRules::tr("\"%1\" is not a number; write decimals after a point: %2.")
                    .arg(text, withPoint)
-             : CParamValueRules::tr("\"%1\" is no number of the type %2.")
+             : CParamValueRules::tr("\"%1\" is not a number of the type %2.")
                    .arg(text, CParamDefItem::typeToString(PARAM_TYPE_F64));
 }
 
 QString noNumberProblem(const QString& text, EParamType type) {
-  return type == PARAM_TYPE_F64 ? noRealProblem(text)
-                                : CParamValueRules::tr("\"%1\" is no number of the type %2 (%3).")
-                                      .arg(text, CParamDefItem::typeToString(type), rangeOf(type));
+  return type == PARAM_TYPE_F64
+             ? noRealProblem(text)
+             : CParamValueRules::tr("\"%1\" is not a number of the type %2 (%3).")
+                   .arg(text, CParamDefItem::typeToString(type), rangeOf(type));
 }
 
 QString notInListProblem(CLists list, const QString& value) {

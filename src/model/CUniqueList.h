@@ -5,8 +5,8 @@
 #include <set>
 
 /// A list that takes every value once, in the order added. A short one is searched; a long one has
-/// a set beside it, so that adding hardly costs more in a longer list. An ordered one unless told
-/// otherwise: what a file lists can be made to collide in a hash.
+/// a set as well, so that adding hardly costs more in a longer list. std::set by default: hash
+/// keys taken from a file can be crafted to collide.
 template <typename T, typename Set = std::set<T>>
 class CUniqueList {
  public:

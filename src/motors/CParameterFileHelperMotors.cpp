@@ -1,4 +1,4 @@
-// Reading the names of motors; the services that need no parameter file stand in
+// Reading the names of motors; the services that need no parameter file are in
 // CParameterFileHelper.cpp.
 
 #include "CDeviceElement.h"

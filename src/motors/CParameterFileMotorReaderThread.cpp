@@ -3,8 +3,6 @@
 #include "ICLogfile.h"
 #include "NMotorFile.h"
 
-#include <mutex>
-
 namespace {
 
 // Ten times what the deepest nesting of a file takes; the default depends on the system and may be

@@ -2,13 +2,14 @@
 
 #include "CDeviceElement.h"
 #include "CParamFileElement.h"
-#include "CTracedMutex.h"
 #include "CTracedThreadEnd.h"
 
 #include <QList>
 #include <QMap>
 #include <QString>
 #include <QThread>
+
+#include <mutex>
 
 class ICLogfile;
 class ICParameterFile;
@@ -60,6 +61,6 @@ class CParameterFileMotorReaderThread final : public QThread {
   QString mPath;
   QList<CParamFileElement> mMotorParameterFiles;
   QMap<QString, CParamFileElement> mMotorNames;
-  mutable CTracedMutex mMutex;  // guards mMotorNames
+  mutable std::mutex mMutex;  // guards mMotorNames
   CTracedThreadEnd mEnd{*this};
 };

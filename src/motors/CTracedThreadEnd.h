@@ -1,8 +1,15 @@
 #pragma once
 
-#include "ThreadSanitizer.h"
-
 #include <QThread>
+
+// Whether the thread sanitizer checks this build.
+#if defined(__SANITIZE_THREAD__)
+#define KTO_THREAD_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define KTO_THREAD_SANITIZER
+#endif
+#endif
 
 #ifdef KTO_THREAD_SANITIZER
 
@@ -11,7 +18,7 @@
 
 /// The end of a thread of Qt. The thread sanitizer does not see how Qt orders what it does after
 /// run() before the delivery of finished() and the return of wait(), and reports races within Qt.
-/// So here these two wait for the end once more, in a way that it sees. The object is a member of
+/// Both therefore also wait on an atomic that it can see. The object is a member of
 /// the thread, which lives where it is waited for.
 class CTracedThreadEnd {
  public:

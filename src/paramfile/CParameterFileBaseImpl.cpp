@@ -1,4 +1,4 @@
-// Construction, errors, head data and changed marks; the other operations stand in the files
+// Construction, errors, head data and changed marks; the other operations are in the files
 // CParameterFileBaseImpl<Topic>.cpp.
 
 #include "CParameterFileBaseImpl.h"
@@ -23,8 +23,7 @@ CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& oth
       mSubDevNames(other.mSubDevNames),
       mDefinitions(other.mDefinitions) {
   installOwnErrorHandler();
-  for (const auto& [id, subDevices] : other.mTrees)
-    for (const auto& [subDevId, tree] : subDevices) mTrees[id].emplace(subDevId, tree.clone());
+  for (const auto& [id, subDevices] : other.mTrees) mTrees.emplace(id, cloneOf(subDevices));
 }
 
 CParameterFileBaseImpl::~CParameterFileBaseImpl() = default;

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/// A parameter file that stands for itself. Grouped objects derive from it and look further.
+/// A parameter file in no group. Grouped objects derive from it and look further.
 class CParameterFileBaseImpl : public ICParameterFile {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileImpl)
 
@@ -129,12 +129,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
   /// Takes the text before the first separator off a group path.
   static QString getNextSubPath(QString& path);
 
-  // What stands on this object, such as the merge of files, gets at all values, and can add some
-  // without definitions. Who edits them marks the hardware id with setHwIdChanged().
+  // For what is built on this object, such as the merge of files: all values, also without
+  // definitions. Who edits them marks the hardware id with setHwIdChanged().
   const CHardwareIdTrees& allTrees() const { return mTrees; }
   CHardwareIdTrees& allTrees() { return mTrees; }
-  /// An empty name would be written as such.
-  void removeSubDevName(quint8 subDevId) { mSubDevNames.remove(subDevId); }
 
   /// Stores the text as the last error and logs it, when that level is on; returns false.
   bool setErrorMsg(const QString& text, const QString& context = QString(),

@@ -2,16 +2,6 @@
 
 #include "CParameterFileBaseImpl.h"
 
-namespace {
-
-CSubDeviceTrees cloneOf(const CSubDeviceTrees& source) {
-  CSubDeviceTrees copy;
-  for (const auto& [subDevId, tree] : source) copy.emplace(subDevId, tree.clone());
-  return copy;
-}
-
-}  // namespace
-
 QStringList CParameterFileBaseImpl::hardwareIds() const {
   QStringList ids;
   ids.reserve(static_cast<int>(mTrees.size()));

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The version that a file itself bears; 0 when it cannot be read, which its load then reports.
+/// The version of the file itself; 0 when it cannot be read, which its load then reports.
 quint32 versionOf(const QString& fileName) {
   QByteArray content;
   QString ignored;

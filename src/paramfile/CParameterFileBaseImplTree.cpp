@@ -54,8 +54,7 @@ CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() {
 }
 
 const CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() const {
-  const auto trees = mTrees.find(mHardwareId);
-  return trees == mTrees.end() ? nullptr : &trees->second;
+  return const_cast<CParameterFileBaseImpl*>(this)->activeTrees();
 }
 
 CSubDeviceTree* CParameterFileBaseImpl::activeTree(quint8 subDevId) {
@@ -146,7 +145,7 @@ ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& path, quint8 su
 }
 
 /// The last group of a path that exists, null when not even the sub-device does; `path` keeps the
-/// pieces behind it.
+/// pieces after it.
 CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path, quint8 subDevId) {
   CSubDeviceTree* tree = activeTree(subDevId);
   CParamTreeNodeImpl* group = tree != nullptr ? tree->root() : nullptr;
@@ -174,7 +173,7 @@ ICParamTreeNode* CParameterFileBaseImpl::addGroup(ICParamTreeNode* parent, const
 }
 
 /// Whether groups, each within the one before it, can be added to a parent, which has none of the
-/// first name. Null stands for the root group of a sub-device that does not exist yet.
+/// first name. Null means the root group of a sub-device that does not exist yet.
 bool CParameterFileBaseImpl::checkNewGroups(const CParamTreeNodeImpl* parent,
                                             const QStringList& names, quint8 subDevId) const {
   const CParamTreeNodeImpl* parameter =
@@ -206,7 +205,7 @@ CParamTreeNodeImpl* CParameterFileBaseImpl::checkParent(ICParamTreeNode* parent,
   CParamTreeNodeImpl* node = toImpl(parent);
   tree = activeTreeOf(node);
   if (tree == nullptr || !node->isGroup()) {
-    setErrorMsg(tr("Adding \"%1\" failed because the given parent is no group of the active "
+    setErrorMsg(tr("Adding \"%1\" failed because the given parent is not a group of the active "
                    "hardware id!")
                     .arg(name));
     return nullptr;

@@ -1,4 +1,4 @@
-// The factories; the names of file types and sub-device types stand below the file formats.
+// The factories; the names of file types and sub-device types are in the room of file types.
 
 #include "ICParameterFile.h"
 

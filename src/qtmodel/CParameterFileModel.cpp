@@ -1,4 +1,4 @@
-// The tree; CParameterFileModelData.cpp has what stands in it.
+// The tree; CParameterFileModelData.cpp has the data of its nodes.
 
 #include "CParameterFileModel.h"
 

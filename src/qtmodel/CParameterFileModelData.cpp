@@ -1,4 +1,4 @@
-// What stands in the tree, and its editing.
+// The data of the nodes, and their editing.
 
 #include "CParamValueRules.h"
 #include "CParamValueText.h"
@@ -11,7 +11,7 @@ using namespace NParamDef;
 
 namespace {
 
-/// The key of the property behind a role; empty for every other role.
+/// The key of the property of a role; empty for every other role.
 QString propertyOf(int role) {
   switch (role) {
     case CParameterFileModel::ChangedRole:
@@ -36,7 +36,7 @@ QVariant propertyValue(const ICParamTreeNode& node, int role) {
   return isText ? QVariant(value.toString()) : QVariant(value.toBool());
 }
 
-/// A check box of its own: with an enumeration or radio buttons beside it, those are shown.
+/// A check box of its own: where there are an enumeration or radio buttons too, those are shown.
 bool hasCheckBox(const CParamDefItem& definition) {
   return definition.checkVals().isValid() && !definition.hasEnums() && !definition.hasRadios();
 }

@@ -24,7 +24,7 @@ struct SRowGroup {
   qint64 steps = 0;  ///< spent on searching for the rows since
 };
 
-/// Finds rows of nodes, since a node itself finds its row by a search only.
+/// Caches row numbers, since siblingNo() is a linear search.
 class CRowCache {
  public:
   CRowCache();

@@ -62,27 +62,6 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
                 const QString& def, QString& err, unsigned int id, CParamDefItem** defOut) override;
   bool getParam(unsigned char subDevId, const QString& name, const QString& group, double& val,
                 double def, QString& err, unsigned int id, CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
-                unsigned char& val, unsigned char def, QString& err, unsigned int id,
-                CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
-                unsigned short& val, unsigned short def, QString& err, unsigned int id,
-                CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
-                unsigned int& val, unsigned int def, QString& err, unsigned int id,
-                CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group,
-                unsigned long long& val, unsigned long long def, QString& err, unsigned int id,
-                CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group, signed char& val,
-                signed char def, QString& err, unsigned int id, CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group, short& val,
-                short def, QString& err, unsigned int id, CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group, int& val,
-                int def, QString& err, unsigned int id, CParamDefItem** defOut) override;
-  bool getParam(unsigned char subDevId, const QString& name, const QString& group, long long& val,
-                long long def, QString& err, unsigned int id, CParamDefItem** defOut) override;
-
   bool deleteGroup(unsigned char subDevId, const QString& group, QString& err) override;
   bool deleteParam(unsigned char subDevId, const QString& name, const QString& group,
                    QString& err) override;
@@ -93,21 +72,23 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
                 QString& err) const override;
   bool getParam(unsigned char subDevId, const QString& name, double& val,
                 QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, unsigned char& val,
-                QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, unsigned short& val,
-                QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, unsigned int& val,
-                QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, unsigned long long& val,
-                QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, signed char& val,
-                QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, short& val,
-                QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, int& val, QString& err) const override;
-  bool getParam(unsigned char subDevId, const QString& name, long long& val,
-                QString& err) const override;
+
+  // The getters of one type of integer: with a default, and of a value that must exist.
+  // NOLINTBEGIN(bugprone-macro-parentheses): the argument is a type.
+#define KTO_READER_INTEGER(T)                                                                     \
+  bool getParam(unsigned char subDevId, const QString& name, const QString& group, T& val, T def, \
+                QString& err, unsigned int id, CParamDefItem** defOut) override;                  \
+  bool getParam(unsigned char subDevId, const QString& name, T& val, QString& err) const override;
+  // NOLINTEND(bugprone-macro-parentheses)
+  KTO_READER_INTEGER(unsigned char)
+  KTO_READER_INTEGER(unsigned short)
+  KTO_READER_INTEGER(unsigned int)
+  KTO_READER_INTEGER(unsigned long long)
+  KTO_READER_INTEGER(signed char)
+  KTO_READER_INTEGER(short)
+  KTO_READER_INTEGER(int)
+  KTO_READER_INTEGER(long long)
+#undef KTO_READER_INTEGER
 
   CParamDefItem* paramDefPtr(const QString& name, QString& err) override;
   bool setParam(unsigned char subDevId, const QString& name, const CParamVal& val,
@@ -128,18 +109,11 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   CParamDefItem* neededDefinition(const QString& name, NParamDef::EParamType type, unsigned int id,
                                   const CParamVal& def, QString& err);
   template <typename T>
-  bool readDefAndVal(unsigned char subDevId, const QString& name, const QString& group,
-                     NParamDef::EParamType type, unsigned int id, CParamVal& val, const T& def,
-                     QString& err, CParamDefItem*& defOut) {
-    return getParam(subDevId, name, group, type, val, CParamVal(def), err, id, &defOut);
-  }
-  template <typename T>
   bool getIntegerParam(unsigned char subDevId, const QString& name, const QString& group,
-                       unsigned int id, T& val, const T& def, const T& min, const T& max,
-                       QString& err, CParamDefItem** defOut);
+                       unsigned int id, T& val, const T& def, QString& err, CParamDefItem** defOut);
   template <typename T>
   bool getExistingInteger(unsigned char subDevId, const QString& name, T& val, QString& err) const;
-  /// A value that is no number was found: stores the default instead, where that is allowed.
+  /// A value that is not a number was found: stores the default instead, where that is allowed.
   bool repairValue(unsigned char subDevId, const QString& name, const CParamVal& def);
   void logReadError(const char* operation, const QString& message) const;
 

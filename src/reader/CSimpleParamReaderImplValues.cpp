@@ -2,8 +2,8 @@
 
 #include "CSimpleParamReaderImpl.h"
 #include "ICLogfile.h"
-#include "NTypes.h"
 
+#include <limits>
 #include <type_traits>
 
 namespace {
@@ -19,10 +19,11 @@ QString typeName(const T& number) {
   return CParamDefItem::typeToString(CParamDefItem::type(number));
 }
 
-/// A definition keeps the range that it has.
-void completeRange(CParamDefItem& definition, const CParamVal& min, const CParamVal& max) {
-  if (definition.minVal().isEmpty()) definition.setMinVal(min);
-  if (definition.maxVal().isEmpty()) definition.setMaxVal(max);
+/// That of the type; a definition keeps the range that it has.
+template <typename T>
+void completeRange(CParamDefItem& definition) {
+  if (definition.minVal().isEmpty()) definition.setMinVal(std::numeric_limits<T>::min());
+  if (definition.maxVal().isEmpty()) definition.setMaxVal(std::numeric_limits<T>::max());
 }
 
 }  // namespace
@@ -71,10 +72,8 @@ bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& nam
                                       const QString& group, double& val, double def, QString& err,
                                       unsigned int id, CParamDefItem** defOut) {
   CParamVal stored;
-  CParamDefItem* definition = nullptr;
-  const bool read = readDefAndVal(subDevId, name, group, CParamDefItem::type(val), id, stored, def,
-                                  err, definition);
-  if (defOut != nullptr) *defOut = definition;
+  const bool read =
+      getParam(subDevId, name, group, CParamDefItem::type(val), stored, def, err, id, defOut);
   if (!read || stored.value(val)) return read;
   val = def;
   const QString message =
@@ -145,15 +144,14 @@ bool CSimpleParamReaderImpl::setParam(unsigned char subDevId, const QString& nam
 template <typename T>
 bool CSimpleParamReaderImpl::getIntegerParam(unsigned char subDevId, const QString& name,
                                              const QString& group, unsigned int id, T& val,
-                                             const T& def, const T& min, const T& max, QString& err,
-                                             CParamDefItem** defOut) {
+                                             const T& def, QString& err, CParamDefItem** defOut) {
   CParamVal stored;
   CParamDefItem* definition = nullptr;
-  const bool read = readDefAndVal(subDevId, name, group, CParamDefItem::type(val), id, stored, def,
-                                  err, definition);
+  const bool read =
+      getParam(subDevId, name, group, CParamDefItem::type(val), stored, def, err, id, &definition);
   if (defOut != nullptr) *defOut = definition;
   if (!read) return false;
-  if (isFullAccess()) completeRange(*definition, min, max);
+  if (isFullAccess()) completeRange<T>(*definition);
   if (stored.value(val)) return true;
   val = def;
   const QString message =
@@ -179,99 +177,24 @@ bool CSimpleParamReaderImpl::getExistingInteger(unsigned char subDevId, const QS
   return false;
 }
 
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, unsigned char& val, unsigned char def,
-                                      QString& err, unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::U8_MIN, NTypes::U8_MAX, err,
-                         defOut);
-}
+// NOLINTBEGIN(bugprone-macro-parentheses): the argument is a type.
+#define KTO_READER_INTEGER(T)                                                                \
+  bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,         \
+                                        const QString& group, T& val, T def, QString& err,   \
+                                        unsigned int id, CParamDefItem** defOut) {           \
+    return getIntegerParam(subDevId, name, group, id, val, def, err, defOut);                \
+  }                                                                                          \
+  bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, T& val, \
+                                        QString& err) const {                                \
+    return getExistingInteger(subDevId, name, val, err);                                     \
+  }
+// NOLINTEND(bugprone-macro-parentheses)
 
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, unsigned short& val, unsigned short def,
-                                      QString& err, unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::U16_MIN, NTypes::U16_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, unsigned int& val, unsigned int def,
-                                      QString& err, unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::U32_MIN, NTypes::U32_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, unsigned long long& val,
-                                      unsigned long long def, QString& err, unsigned int id,
-                                      CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::U64_MIN, NTypes::U64_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, signed char& val, signed char def,
-                                      QString& err, unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::I8_MIN, NTypes::I8_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, short& val, short def, QString& err,
-                                      unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::I16_MIN, NTypes::I16_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, int& val, int def, QString& err,
-                                      unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::I32_MIN, NTypes::I32_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      const QString& group, long long& val, long long def,
-                                      QString& err, unsigned int id, CParamDefItem** defOut) {
-  return getIntegerParam(subDevId, name, group, id, val, def, NTypes::I64_MIN, NTypes::I64_MAX, err,
-                         defOut);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      unsigned char& val, QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      unsigned short& val, QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      unsigned int& val, QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name,
-                                      unsigned long long& val, QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, signed char& val,
-                                      QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, short& val,
-                                      QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, int& val,
-                                      QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
-
-bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& name, long long& val,
-                                      QString& err) const {
-  return getExistingInteger(subDevId, name, val, err);
-}
+KTO_READER_INTEGER(unsigned char)
+KTO_READER_INTEGER(unsigned short)
+KTO_READER_INTEGER(unsigned int)
+KTO_READER_INTEGER(unsigned long long)
+KTO_READER_INTEGER(signed char)
+KTO_READER_INTEGER(short)
+KTO_READER_INTEGER(int)
+KTO_READER_INTEGER(long long)

@@ -43,15 +43,3 @@ bool CSettingsFileImpl::isMissing(const QString& text, ESettingsType type) {
          std::all_of(text.begin(), text.end(),
                      [](QChar c) { return NXmlText::isSpace(c.unicode()); });
 }
-
-bool CSettingsFileImpl::handleVersionError(const QString& fileVersion,
-                                           const QString& expectedVersion) {
-  unsigned int file = 0;
-  unsigned int expected = 0;
-  const bool accepted =
-      fileVersion.isEmpty() ||
-      (CStr::stringToRevision(fileVersion, file) &&
-       CStr::stringToRevision(expectedVersion, expected) && file >> 16 == expected >> 16);
-  mVersionError = !accepted;
-  return accepted;
-}

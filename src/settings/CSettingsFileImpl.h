@@ -32,7 +32,9 @@ class CSettingsFileImpl : public ICSettingsFile, public CXmlAbstractLumoFile {
   ESettingsError save(const QString& fileName, const QString& version) override;
   ESettingsError saveToBuffer(QByteArray& buffer, const QString& version) override;
   ICSettingsTreeNode* root() override { return mRoot.get(); }
-  bool handleVersionError(const QString& fileVersion, const QString& expectedVersion) override;
+  bool handleVersionError(const QString& fileVersion, const QString& expectedVersion) override {
+    return isCompatible(fileVersion, expectedVersion);
+  }
 
   /// The value of an element; null for a group, and with an error for a value that is faulty.
   std::unique_ptr<CSettingsTreeNodeImpl> toValue(const CDomElement& element, ESettingsError& error);
@@ -52,14 +54,12 @@ class CSettingsFileImpl : public ICSettingsFile, public CXmlAbstractLumoFile {
   /// Whether a value of that type lacks its text. White space alone is a text for strings only.
   static bool isMissing(const QString& text, ESettingsType type);
 
-  void startLoad();
   ESettingsError finishLoad(bool opened, const QString& prefix);
   bool makeDocument(const QString& version);
   ESettingsError appendValue(CDomElement parent, const ICSettingsTreeNode& node);
   ESettingsError finishSave(bool saved);
 
   QString mErrorMsg;
-  bool mVersionError = false;
   std::unique_ptr<CSettingsTreeNodeImpl> mRoot;
   const std::unique_ptr<ICLogfile> mOwnLogfile;  ///< null when the application gave one
 };

@@ -9,7 +9,7 @@ using namespace NLumoXmlTags;
 
 ICSettingsFile::ESettingsError CSettingsFileImpl::load(const QString& fileName,
                                                        const QString& version) {
-  startLoad();
+  mErrorMsg.clear();
   QString error;
   const bool opened = open(fileName, TAG_ROOT_XML_SETTINGS, version, error);
   return finishLoad(opened, tr("File \"%1\" parse error: ").arg(fileName));
@@ -17,19 +17,14 @@ ICSettingsFile::ESettingsError CSettingsFileImpl::load(const QString& fileName,
 
 ICSettingsFile::ESettingsError CSettingsFileImpl::loadFromBuffer(const QByteArray& buffer,
                                                                  const QString& version) {
-  startLoad();
+  mErrorMsg.clear();
   QString error;
   const bool opened = open(buffer, TAG_ROOT_XML_SETTINGS, version, error) == Opened;
   return finishLoad(opened, tr("Bytearray parse error: "));
 }
 
-void CSettingsFileImpl::startLoad() {
-  mErrorMsg.clear();
-  mVersionError = false;
-}
-
 ICSettingsFile::ESettingsError CSettingsFileImpl::finishLoad(bool opened, const QString& prefix) {
-  ESettingsError result = mVersionError ? VersionError : OpenError;
+  ESettingsError result = isVersionRejected() ? VersionError : OpenError;
   if (opened) {
     mRoot = std::make_unique<CSettingsTreeNodeImpl>(TAG_ROOT_XML_SETTINGS,
                                                     ICSettingsTreeNode::TypeGroup);

@@ -76,8 +76,8 @@ class tst_CParameterFileChecker : public QObject {
     file->addDef("Doubled", PARAM_TYPE_U8, 2)->setId(1);
     QCOMPARE(
         texts(CParameterFileChecker::checkDefinitions(*file)),
-        QStringList({"0 error definition-id-doubled :-1 /Wide '1': The id 1 is that of "
-                     "\"Doubled\" already.",
+        QStringList({"0 error definition-id-doubled :-1 /Wide '1': The id 1 is already used by "
+                     "\"Doubled\".",
                      "0 error minimum-above-maximum :-1 /Wide '18446744073709551615': The "
                      "minimum 18446744073709551615 is above the maximum 18446744073709551614."}));
   }

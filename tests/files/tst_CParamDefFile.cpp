@@ -144,8 +144,8 @@ class tst_CParamDefFile : public QObject {
 
   void refusesToSaveWhatCouldNotBeRead_data() {
     QTest::addColumn<QString>("reason");
-    QTest::newRow("id twice") << "The definitions \"A\" and \"B\" bear the same id 7.";
-    QTest::newRow("name twice") << "Two definitions bear the name \"A\".";
+    QTest::newRow("id twice") << "The definitions \"A\" and \"B\" have the same id 7.";
+    QTest::newRow("name twice") << "Two definitions have the name \"A\".";
     QTest::newRow("limits") << "Parameter 'A' -> Minimum exceeds Maximum.";
     QTest::newRow("reserved")
         << "Parameter (Id=7) -> The name \"[standard constructed]\" is reserved.";

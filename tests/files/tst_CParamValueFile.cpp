@@ -250,10 +250,9 @@ class tst_CParamValueFile : public QObject {
         file->rootGroup(0);
       }
       QVERIFY(!file->saveParamFile(name, QString(), 0x10000));
-      QCOMPARE(
-          file->errorMsg(),
-          QString("The hardware ids \"%1\" and \"%1 \" differ in nothing but blanks around them.")
-              .arg(id));
+      QCOMPARE(file->errorMsg(),
+               QString("The hardware ids \"%1\" and \"%1 \" differ only in blanks around them.")
+                   .arg(id));
       QVERIFY(file->saveParamFile(name, id + ' ', 0x10000));
     }
   }

@@ -87,8 +87,7 @@ class tst_CParameterFileHelper : public QObject {
     row("far behind", far + "<LumoParameters version=\"1.2\"/>", "LumoParameters", "1.2", "");
     row("the attribute that loads", "<C_SETTINGS_FORMAT version=\"1\" Version=\"2\"/>",
         "C_SETTINGS_FORMAT", "2", "");
-    row("no XML", "\ntext", "", "",
-        "Line 2: a character or mark-up stands here that XML does not allow.");
+    row("no XML", "\ntext", "", "", "Line 2: markup or character not allowed here.");
     row("damaged far behind", far + "\n<A", "", "",
         "Line 2: the document ends within a tag, text or comment.");
   }

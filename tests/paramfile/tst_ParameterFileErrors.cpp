@@ -66,9 +66,9 @@ class tst_ParameterFileErrors : public QObject {
 
     FAILS(f.addGroup(nullptr, "x"), "addGroup(\"x\") failed because the given parent is NULL!");
     FAILS(f.addGroup(speed(f), "x"),
-          "Adding \"x\" failed because the given parent is no group of the active hardware id!");
+          "Adding \"x\" failed because the given parent is not a group of the active hardware id!");
     FAILS(f.addGroup(makeSmall()->rootGroup(1), "x"),
-          "Adding \"x\" failed because the given parent is no group of the active hardware id!");
+          "Adding \"x\" failed because the given parent is not a group of the active hardware id!");
     FAILS(f.addGroup(f.rootGroup(1), "Mode"),
           "SubDevice 1 : Adding group \"Mode\" to parent \"rootGroup\" failed because there is "
           "alrady a parameter with the same name!");
@@ -87,7 +87,8 @@ class tst_ParameterFileErrors : public QObject {
     FAILS(f.addParameter(nullptr, "Name"),
           "addParameter(\"Name\") failed because the given parent is NULL!");
     FAILS(f.addParameter(speed(f), "Name", CParamVal()),
-          "Adding \"Name\" failed because the given parent is no group of the active hardware id!");
+          "Adding \"Name\" failed because the given parent is not a group of the active hardware "
+          "id!");
     FAILS(
         f.addParameter(f.rootGroup(1), "x"),
         "SubDevice 1 : Adding parameter \"x\" failed because the parameter definition is missing!");

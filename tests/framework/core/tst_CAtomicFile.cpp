@@ -124,7 +124,7 @@ class tst_CAtomicFile : public QObject {
     const QString noText =
         "the name is not valid text in the encoding of the locale, so it could mean another file. "
         "Rename the file, or set the locale of its name.";
-    addRow("none", QString(), QString("no file is named."));
+    addRow("none", QString(), QString("the file name is empty."));
     addRow("bytes that were no text", QString(QChar::ReplacementCharacter), noText);
     addRow("half of a pair", QString(QChar(0xd800)), noText);
     addRow("what would end the name", QString("file") + QChar::Null, noText);
@@ -195,9 +195,9 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(CAtomicFile::write(name, "new", {}, error), isFollowed);
     QCOMPARE(read(mName), QByteArray(isFollowed ? "new" : "old"));
     if (!isFollowed) {
-      QCOMPARE(error, QString("the file cannot be written, the old one is kept: on the way is a "
-                              "symbolic link that belongs to somebody else, in a folder that "
-                              "everybody can write to."));
+      QCOMPARE(error, QString("the file cannot be written, the old one is kept: the path contains "
+                              "a symbolic link of another user in a folder that everybody can "
+                              "write to."));
     }
   }
 

@@ -36,7 +36,7 @@ class tst_CXmlAbstractLumoFile : public QObject {
     addRow("same version", QByteArray("<a version='1.0'/>"), false, 0, "", "");
     addRow("accepted", QByteArray("<a version='1.1'/>"), true, 0, "1.1/1.0", "");
     addRow("rejected", QByteArray("\n<a version='2.0'/>"), false, 3, "2.0/1.0",
-           "Line 2: version \"2.0\" does not go with the expected version \"1.0\".");
+           "Line 2: version \"2.0\" is not compatible with the expected version \"1.0\".");
     addRow("no version", QByteArray("<a/>"), true, 0, "/1.0", "");
     addRow("root tag first", QByteArray("<b version='2.0'/>"), true, 2, "",
            "Line 1: the root element is <b>, expected is <a>.");

@@ -1,8 +1,8 @@
 // One short use of each public class, as the pages of the interface quote them: usage FOLDER, with
 // copies of the files in examples/data
-#include <ktoFramework/CAtomicFile.h>
-#include <ktoFramework/CMessageBoardHelper.h>
-#include <ktoFramework/ICLogfile.h>
+#include <CAtomicFile.h>
+#include <CMessageBoardHelper.h>
+#include <ICLogfile.h>
 #include <ktoParameter/CParamLineIndex.h>
 #include <ktoParameter/CParamValueRules.h>
 #include <ktoParameter/CParamValueText.h>

@@ -1,10 +1,10 @@
 #include "CDomDoc.h"
+#include "CXmlAbstractLumoFile.h"
 #include "TestFiles.h"
 #include "TestRows.h"
 
 #include <QDomDocument>
-#include <QTextCodec>
-#include <QtTest>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -46,6 +46,16 @@ QString nodes(const QDomNode& node) {
   return text;
 }
 
+/// A file of a format of its own.
+class CFile : public CXmlAbstractLumoFile {
+ public:
+  CFile() : CXmlAbstractLumoFile(nullptr, QLatin1String("version")) {}
+  bool handleVersionError(const QString& /*version*/, const QString& /*expected*/) override {
+    return ++asked > 1;
+  }
+  int asked = 0;
+};
+
 QString nodesOf(const CDomDoc& document) {
   QDomDocument qt;
   QDomElement top = qt.createElement("top");
@@ -60,20 +70,19 @@ class tst_CDomDoc : public QObject {
 
  private slots:
   void readsEncodings_data() {
-    QTest::addColumn<QByteArray>("bytes");
+    addColumns<QByteArray>("bytes");
     const QString text =
         QString::fromUtf8("<?xml version=\"1.0\" encoding=\"%1\"?>\n<a>\xC3\xA4</a>");
     const QString bare = QString::fromUtf8("<a>\xC3\xA4</a>");
-    const auto latin = [&](const char* name) { return text.arg(name).toLatin1(); };
-    QTest::newRow("UTF-16LE") << utf16(text.arg("UTF-16"), false);
-    QTest::newRow("UTF-16BE") << utf16(text.arg("utf-16"), true);
-    QTest::newRow("UTF-16LE without mark") << utf16(text.arg("UTF-16"), false, false);
-    QTest::newRow("UTF-16BE without mark or declaration") << utf16(bare, true, false);
-    QTest::newRow("UTF-8") << text.arg("UTF-8").toUtf8();
-    QTest::newRow("UTF-8 with mark") << "\xEF\xBB\xBF" + text.arg("utf-8").toUtf8();
-    QTest::newRow("UTF-8 without declaration") << bare.toUtf8();
-    QTest::newRow("ISO-8859-1") << latin("ISO-8859-1");
-    QTest::newRow("windows-1252") << latin("Windows-1252");
+    addRow("UTF-16LE", utf16(text.arg("UTF-16"), false));
+    addRow("UTF-16BE", utf16(text.arg("utf-16"), true));
+    addRow("UTF-16LE without mark", utf16(text.arg("UTF-16"), false, false));
+    addRow("UTF-16BE without mark or declaration", utf16(bare, true, false));
+    addRow("UTF-8", text.arg("UTF-8").toUtf8());
+    addRow("UTF-8 with mark", "\xEF\xBB\xBF" + text.arg("utf-8").toUtf8());
+    addRow("UTF-8 without declaration", bare.toUtf8());
+    addRow("ISO-8859-1", text.arg("ISO-8859-1").toLatin1());
+    addRow("windows-1252", text.arg("Windows-1252").toLatin1());
   }
   void readsEncodings() {
     QFETCH(QByteArray, bytes);
@@ -92,13 +101,12 @@ class tst_CDomDoc : public QObject {
   }
 
   void nodesAreThoseOfQt_data() {
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("references do not split") << QByteArray("<a>x&amp;y&#65;\nz</a>");
-    QTest::newRow("CDATA is a node") << QByteArray("<a>x<![CDATA[ <b> ]]>y<![CDATA[z]]></a>");
-    QTest::newRow("comments split") << QByteArray("<a>x<!-- c -->y</a>");
-    QTest::newRow("layout is dropped") << QByteArray("<a>\n <b>x</b>\n <c y='1' x='2'/>\n</a>");
-    QTest::newRow("blank beside a comment") << QByteArray("<a> <!-- c --> </a>");
-    QTest::newRow("mixed") << QByteArray("<a>x <b>y</b> z <b/></a>");
+    addColumns<QByteArray>("text");
+    for (const char* text : {"<a>x&amp;y&#65;\nz</a>", "<a>x<![CDATA[ <b> ]]>y<![CDATA[z]]></a>",
+                             "<a>x<!-- c -->y</a>", "<a>\n <b>x</b>\n <c y='1' x='2'/>\n</a>",
+                             "<a> <!-- c --> </a>", "<a>x <b>y</b> z <b/></a>"}) {
+      addRow(text, QByteArray(text));
+    }
   }
   void nodesAreThoseOfQt() {
     QFETCH(QByteArray, text);
@@ -113,16 +121,14 @@ class tst_CDomDoc : public QObject {
   }
 
   void blankTextStaysWhenItIsAlone_data() {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("onlyText");
-    QTest::newRow("blanks") << QByteArray("  ") << "  " << true;
-    QTest::newRow("line break") << QByteArray("&#13;\n") << "\r\n" << true;
-    QTest::newRow("nothing") << QByteArray() << "" << true;
+    addColumns<QByteArray, QString, bool>("content", "text", "onlyText");
+    addRow("blanks", QByteArray("  "), "  ", true);
+    addRow("line break", QByteArray("&#13;\n"), "\r\n", true);
+    addRow("nothing", QByteArray(), "", true);
     addRow("no-break space", QByteArray("\xC2\xA0<!-- -->"), QString(QChar(0xA0)), false);
-    QTest::newRow("beside an element") << QByteArray(" <b/> ") << "" << false;
-    QTest::newRow("beside CDATA") << QByteArray(" <![CDATA[ ]]>") << " " << true;
-    QTest::newRow("empty CDATA") << QByteArray("<![CDATA[]]>") << "" << true;
+    addRow("beside an element", QByteArray(" <b/> "), "", false);
+    addRow("beside CDATA", QByteArray(" <![CDATA[ ]]>"), " ", true);
+    addRow("empty CDATA", QByteArray("<![CDATA[]]>"), "", true);
   }
   void blankTextStaysWhenItIsAlone() {
     QFETCH(QByteArray, content);
@@ -231,6 +237,31 @@ class tst_CDomDoc : public QObject {
     QCOMPARE(CDomDoc::existingSubElementAsI64(kB, document.documentElement(), number, error),
              CDomDoc::Ok);
     QCOMPARE(number, qint64(-5));
+  }
+
+  void filesHaveAVersionAHeadAndAnEncoding() {
+    QTemporaryDir folder;
+    const QString name = folder.filePath("file");
+    CFile file;
+    QString error;
+    QVERIFY(!file.setMetaData(CXMLMetaData()));
+    file.createNewDocument("a", "1.0");
+    QVERIFY(file.metaData().isEmpty());
+    QVERIFY(file.save(name, error) && NTestFiles::read(name).startsWith("\xFF\xFE<"));
+    QVERIFY(file.save(name, "UTF-8", error));
+    QCOMPARE(NTestFiles::read(name),
+             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a version=\"1.0\"/>\n"));
+    QVERIFY(!file.save(name, "EBCDIC", error));
+    QCOMPARE(
+        error,
+        QString("File \"%1\": The encoding \"EBCDIC\" is not supported for writing.").arg(name));
+    QVERIFY(file.open(name, "a", "1.0", error));
+    QCOMPARE(file.open(QByteArray("<b version='2'/>"), "a", "1.0", error), 2);
+    QCOMPARE(file.asked, 0);  // only for another version of a file with the right root
+    QCOMPARE(file.open(QByteArray("<a version='1'/>"), "a", "1.0", error), 3);
+    QCOMPARE(file.open(QByteArray("<a><Head><Date>1.2.2026</Date></Head></a>"), "a", "1.0", error),
+             0);
+    QVERIFY(file.metaData().isEmpty());
   }
 };
 

@@ -1,7 +1,7 @@
 #include "Torture.h"
 
 #include "CMessageBoardHelper.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "TestFiles.h"
 
 #include <QFileInfo>
@@ -19,7 +19,7 @@ SOptions::SOptions(int argc, char** argv) {
   }
   // Thousands of refused files are no news, and a run over midnight has one date.
   CMessageBoardHelper::setHandler([](CMessageBoardHelper::EMessageKind, const QString&) {});
-  NLumoToday::setToday([] { return QDate(2026, 11, 20); });
+  NClock::setToday([] { return QDate(2026, 11, 20); });
 }
 
 CFolder::CFolder()

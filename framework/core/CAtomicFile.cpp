@@ -1,7 +1,7 @@
 #include "CAtomicFile.h"
 
-#include "FilePlace.h"
-#include "FileRights.h"
+#include "NFileRights.h"
+#include "SFilePlace.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -116,7 +116,7 @@ int copyToNew(const SFilePlace& source, const CFileHandle& folder, const QByteAr
   if (code == 0) code = copy.append(from);
   if (code == 0) {
     int lost = 0;  // the file itself still has it
-    code = FileRights::copy(from.number(), copy.number(), {}, lost);
+    code = NFileRights::copy(from.number(), copy.number(), {}, lost);
   }
   if (code == 0) code = copy.sync();
   if (code == 0) copy.keep();
@@ -165,9 +165,9 @@ int replace(const SFilePlace& place, bool exists, const QByteArray& content,
   int code = file.openError();
   if (code == 0) code = file.write(content);
   if (code == 0 && exists)
-    code = FileRights::copy(old.number(), file.number(), mode, lost);
+    code = NFileRights::copy(old.number(), file.number(), mode, lost);
   else if (code == 0 && mode)
-    code = FileRights::setMode(file.number(), *mode);
+    code = NFileRights::setMode(file.number(), *mode);
   if (code == 0) code = file.sync();
   return code == 0 ? file.replace(place.name) : code;
 }
@@ -188,10 +188,10 @@ QString unsyncedFolder(int code) {
 
 QString notKeptText(int lost) {
   QStringList words;
-  if ((lost & FileRights::Owner) != 0) words += CAtomicFile::tr("owner");
-  if ((lost & FileRights::Group) != 0) words += CAtomicFile::tr("group");
-  if ((lost & FileRights::AccessList) != 0) words += CAtomicFile::tr("access control list");
-  if ((lost & FileRights::Attributes) != 0) words += CAtomicFile::tr("attributes");
+  if ((lost & NFileRights::Owner) != 0) words += CAtomicFile::tr("owner");
+  if ((lost & NFileRights::Group) != 0) words += CAtomicFile::tr("group");
+  if ((lost & NFileRights::AccessList) != 0) words += CAtomicFile::tr("access control list");
+  if ((lost & NFileRights::Attributes) != 0) words += CAtomicFile::tr("attributes");
   if (words.isEmpty()) return QString();
   return CAtomicFile::tr("the file is saved, but these could not be kept: %1.")
       .arg(words.join(QLatin1String(", ")));

@@ -1,6 +1,6 @@
 #include "CDomData.h"
 
-#include "XmlText.h"
+#include "NXmlText.h"
 
 #include <algorithm>
 #include <functional>

@@ -5,7 +5,7 @@
 #include "CXmlParser.h"
 #include "CXmlWriter.h"
 #include "NLumoXmlTags.h"
-#include "XmlText.h"
+#include "NXmlText.h"
 
 #include <QDomDocument>
 

@@ -1,7 +1,7 @@
 #include "CDomElement.h"
 
 #include "CDomData.h"
-#include "XmlText.h"
+#include "NXmlText.h"
 
 #include <QDomDocument>
 

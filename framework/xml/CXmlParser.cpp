@@ -1,8 +1,8 @@
 #include "CXmlParser.h"
 
 #include "NLumoXmlTags.h"
-#include "Utf16.h"
-#include "XmlText.h"
+#include "NUtf16.h"
+#include "NXmlText.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CDomData.h"
-#include "Utf16.h"
+#include "NUtf16.h"
 
 #include <expat.h>
 

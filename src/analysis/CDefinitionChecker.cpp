@@ -4,7 +4,7 @@
 
 #include <set>
 
-CDefinitionChecker::CDefinitionChecker(CDefinitionIndex& index)
+CDefinitionChecker::CDefinitionChecker(CDefinitionLookup& index)
     : mIndex(index), mUnits(index.find(NParamDef::UNIT_PARAMETER_NAME)) {}
 
 CParamFindings CDefinitionChecker::run() {

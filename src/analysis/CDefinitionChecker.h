@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CDefinitionIndex.h"
+#include "CDefinitionLookup.h"
 #include "CExactNumber.h"
 #include "SParamFinding.h"
 
@@ -11,7 +11,7 @@ class CDefinitionChecker {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileChecker)
 
  public:
-  explicit CDefinitionChecker(CDefinitionIndex& index);
+  explicit CDefinitionChecker(CDefinitionLookup& index);
 
   CParamFindings run();
 
@@ -30,7 +30,7 @@ class CDefinitionChecker {
   void add(SParamFinding::ECode code, const CParamDefItem& definition, const QString& value,
            const QString& text);
 
-  CDefinitionIndex& mIndex;
+  CDefinitionLookup& mIndex;
   const CParamDefItem mUnits;
   CParamFindings mFindings;
 };

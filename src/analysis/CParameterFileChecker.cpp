@@ -1,11 +1,11 @@
 #include "CParameterFileChecker.h"
 
 #include "CDefinitionChecker.h"
-#include "CDefinitionIndex.h"
-#include "CHardwareIdSelection.h"
+#include "CDefinitionLookup.h"
+#include "CHardwareIdRestorer.h"
 #include "CKeyedMap.h"
-#include "CRuledDefinitions.h"
-#include "SParamEntry.h"
+#include "CRuleCache.h"
+#include "SStoredParam.h"
 
 namespace {
 
@@ -30,8 +30,8 @@ class CValueChecker {
       return mFile.paramValue(name, subDevId);
     };
     mRuled.beginSubDevice();
-    SParamEntry::visit(mFile, subDevId, mKeys, [&](const SParamEntry& entry) {
-      const CRuledDefinitions::SRuled* ruled = mRuled.find(entry.name);
+    SStoredParam::visit(mFile, subDevId, mKeys, [&](const SStoredParam& entry) {
+      const CRuleCache::SRuled* ruled = mRuled.find(entry.name);
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
         return;
@@ -44,7 +44,7 @@ class CValueChecker {
     });
   }
 
-  void addUndefined(quint8 subDevId, const SParamEntry& entry) {
+  void addUndefined(quint8 subDevId, const SStoredParam& entry) {
     const QString owner = mIndex.shortNameOf(entry.id);
     if (owner.isEmpty()) {
       add(SParamFinding::ParameterNotDefined, subDevId, entry, tr("The parameter is not defined."));
@@ -55,8 +55,8 @@ class CValueChecker {
     }
   }
 
-  void compareIds(quint8 subDevId, const SParamEntry& entry, quint32 definedId) {
-    if (CDefinitionIndex::isId(entry.id) && CDefinitionIndex::isId(definedId) &&
+  void compareIds(quint8 subDevId, const SStoredParam& entry, quint32 definedId) {
+    if (CDefinitionLookup::isId(entry.id) && CDefinitionLookup::isId(definedId) &&
         entry.id != definedId) {
       add(SParamFinding::IdMismatch, subDevId, entry,
           tr("The parameter has the id %1, its definition has %2.")
@@ -70,7 +70,7 @@ class CValueChecker {
       for (const QString& name : mFile.paramNames(subDevId)) present.insert(name);
     for (const QString& name : mIndex.names()) {
       if (present.count(name) == 0) {
-        SParamEntry entry;
+        SStoredParam entry;
         entry.name = name;
         add(SParamFinding::ParameterMissing, SParamFinding::kNoSubDevice, entry,
             tr("The parameter is defined, but no sub-device has it."));
@@ -78,15 +78,16 @@ class CValueChecker {
     }
   }
 
-  void add(SParamFinding::ECode code, int subDevId, const SParamEntry& entry, const QString& text) {
+  void add(SParamFinding::ECode code, int subDevId, const SStoredParam& entry,
+           const QString& text) {
     mFindings.append({SParamFinding::severityOf(code), code, mFile.hardwareId(), subDevId,
                       mKeys.pathOfGroup(entry.group), entry.name, entry.value.asStr(), text});
   }
 
   ICParameterFile& mFile;
-  CDefinitionIndex mIndex;
-  CRuledDefinitions mRuled;
-  CNodeKeys mKeys;
+  CDefinitionLookup mIndex;
+  CRuleCache mRuled;
+  CNodeNumbers mKeys;
   CParamFindings mFindings;
 };
 
@@ -94,7 +95,7 @@ class CValueChecker {
 
 CParamFindings CParameterFileChecker::checkValues(ICParameterFile& file, const QString& hardwareId,
                                                   EMissing missing) {
-  const CHardwareIdSelection restored(file);
+  const CHardwareIdRestorer restored(file);
   if (!hardwareId.isEmpty() && !file.selectHardwareId(hardwareId)) return {};
   CValueChecker checker(file);
   for (const QString& id : hardwareId.isEmpty() ? file.hardwareIds() : QStringList(hardwareId))
@@ -103,6 +104,6 @@ CParamFindings CParameterFileChecker::checkValues(ICParameterFile& file, const Q
 }
 
 CParamFindings CParameterFileChecker::checkDefinitions(const ICParameterFile& file) {
-  CDefinitionIndex index(file);
+  CDefinitionLookup index(file);
   return CDefinitionChecker(index).run();
 }

@@ -1,9 +1,9 @@
 #include "CParameterFileComparison.h"
 
-#include "CHardwareIdSelection.h"
+#include "CHardwareIdRestorer.h"
 #include "CParamValueRules.h"
-#include "Counterparts.h"
-#include "SParamEntry.h"
+#include "NNameMatch.h"
+#include "SStoredParam.h"
 
 #include <QMap>
 
@@ -11,15 +11,15 @@
 
 namespace {
 
-using CEntries = QVector<SParamEntry>;
+using CEntries = QVector<SStoredParam>;
 using CSubDeviceEntries = QMap<quint8, CEntries>;
 
 /// A copy of what one hardware id holds, so that both files may be the same object.
-CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId, CNodeKeys& keys) {
+CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId, CNodeNumbers& keys) {
   CSubDeviceEntries entries;
   if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId))
     for (const quint8 subDevId : file.subDeviceIds())
-      entries.insert(subDevId, SParamEntry::read(file, subDevId, keys));
+      entries.insert(subDevId, SStoredParam::read(file, subDevId, keys));
   return entries;
 }
 
@@ -88,8 +88,8 @@ class CComparison {
   }
 
   void compareEntries(const CEntries& oldOnes, const CEntries& newOnes) {
-    const auto nameOf = [](const SParamEntry& entry) { return entry.name; };
-    const QVector<int> oldPositions = counterparts(newOnes, oldOnes, nameOf);
+    const auto nameOf = [](const SStoredParam& entry) { return entry.name; };
+    const QVector<int> oldPositions = NNameMatch::positionsOf(newOnes, oldOnes, nameOf);
     QVector<bool> isKept(oldOnes.size());
     for (const int position : oldPositions)
       if (position >= 0) isKept[position] = true;
@@ -111,7 +111,7 @@ class CComparison {
       addParameter(SParamDifference::ParameterRemoved, &oldOnes.at(position), nullptr);
   }
 
-  void compareParameters(const SParamEntry& oldOne, const SParamEntry& newOne) {
+  void compareParameters(const SStoredParam& oldOne, const SStoredParam& newOne) {
     if (oldOne.group != newOne.group)
       addParameter(SParamDifference::ParameterMoved, &oldOne, &newOne);
     if (oldOne.id != newOne.id) {
@@ -123,15 +123,15 @@ class CComparison {
       addParameter(SParamDifference::ValueChanged, &oldOne, &newOne);
   }
 
-  bool haveEqualValues(const SParamEntry& oldOne, const SParamEntry& newOne) const {
+  bool haveEqualValues(const SStoredParam& oldOne, const SStoredParam& newOne) const {
     if (oldOne.value == newOne.value) return true;
     return mDefinitions != nullptr &&
            CParamValueRules::areEqual(oldOne.value, newOne.value,
                                       mDefinitions->paramDef(newOne.name));
   }
 
-  SParamDifference& addParameter(SParamDifference::EKind kind, const SParamEntry* oldOne,
-                                 const SParamEntry* newOne) {
+  SParamDifference& addParameter(SParamDifference::EKind kind, const SStoredParam* oldOne,
+                                 const SStoredParam* newOne) {
     SParamDifference& difference = add(kind);
     if (oldOne != nullptr) {
       difference.name = oldOne->name;
@@ -149,7 +149,7 @@ class CComparison {
   ICParameterFile& mOldFile;
   ICParameterFile& mNewFile;
   const ICParameterFile* mDefinitions;
-  CNodeKeys mKeys;  // of both files
+  CNodeNumbers mKeys;  // of both files
   QString mHardwareId;
   int mSubDevId = SParamDifference::kNoSubDevice;
   std::set<quint8> mCompared;  // types and names
@@ -168,8 +168,8 @@ std::set<QString> allHardwareIds(const ICParameterFile& a, const ICParameterFile
 CParamDifferences CParameterFileComparison::compare(ICParameterFile& oldFile,
                                                     ICParameterFile& newFile,
                                                     const ICParameterFile* definitions) {
-  const CHardwareIdSelection oldRestored(oldFile);
-  const CHardwareIdSelection newRestored(newFile);
+  const CHardwareIdRestorer oldRestored(oldFile);
+  const CHardwareIdRestorer newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
   for (const QString& id : allHardwareIds(oldFile, newFile))
     if (!newFile.containsHardwareId(id))
@@ -186,8 +186,8 @@ CParamDifferences CParameterFileComparison::compareHardwareIds(ICParameterFile& 
                                                                ICParameterFile& newFile,
                                                                const QString& newId,
                                                                const ICParameterFile* definitions) {
-  const CHardwareIdSelection oldRestored(oldFile);
-  const CHardwareIdSelection newRestored(newFile);
+  const CHardwareIdRestorer oldRestored(oldFile);
+  const CHardwareIdRestorer newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
   comparison.compareHardwareIds(oldId, newId);
   return comparison.differences();
@@ -196,8 +196,8 @@ CParamDifferences CParameterFileComparison::compareHardwareIds(ICParameterFile& 
 CParamDifferences CParameterFileComparison::compareSubDevices(
     ICParameterFile& oldFile, const QString& oldId, quint8 oldSubDevId, ICParameterFile& newFile,
     const QString& newId, quint8 newSubDevId, const ICParameterFile* definitions) {
-  const CHardwareIdSelection oldRestored(oldFile);
-  const CHardwareIdSelection newRestored(newFile);
+  const CHardwareIdRestorer oldRestored(oldFile);
+  const CHardwareIdRestorer newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
   comparison.compareSubDevices(oldId, oldSubDevId, newId, newSubDevId);
   return comparison.differences();

@@ -1,8 +1,8 @@
 #include "CParameterFileMerge.h"
 
-#include "CHardwareIdMerge.h"
+#include "CHardwareMerge.h"
 #include "CStr.h"
-#include "ThreeWay.h"
+#include "NThreeWay.h"
 
 CParameterFileMerge::CParameterFileMerge(const ICParameterFile& base, ICParameterFile& ours,
                                          const ICParameterFile& theirs)
@@ -24,7 +24,7 @@ bool CParameterFileMerge::run() {
   mConflicts.clear();
   mergeHead();
   mergeVersion();
-  CHardwareIdMerge merge(*base, *ours, *theirs);
+  CHardwareMerge merge(*base, *ours, *theirs);
   merge.run();
   mConflicts += merge.conflicts();
   return true;

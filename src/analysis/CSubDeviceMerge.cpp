@@ -3,7 +3,7 @@
 #include "CKeyedMap.h"
 #include "CParamValueRules.h"
 #include "ICParameterFile.h"
-#include "ThreeWay.h"
+#include "NThreeWay.h"
 
 CSubDeviceMerge::CSubDeviceMerge(const CSubDeviceTree* base, const CSubDeviceTree& ours,
                                  const CSubDeviceTree& theirs, const ICParameterFile& definitions)
@@ -23,14 +23,14 @@ CSubDeviceTree CSubDeviceMerge::run() {
   for (int key = 0; key < mKeys.count(); ++key)
     if (outcome(key).isKept) keepGroupsAbove(key);
   CSubDeviceTree tree(mSubDevId);
-  build(CNodeKeys::kRoot, tree.root(), tree);
+  build(CNodeNumbers::kRoot, tree.root(), tree);
   return tree;
 }
 
 /// Where both sides have one order, theirs moved nothing: which of the parameters moved is a matter
 /// of view, and may be seen in another way on each side.
 void CSubDeviceMerge::ignoreCommonOrder(int group) {
-  const auto stayed = [this, group](const CTreeOutline& side) {
+  const auto stayed = [this, group](const CNumberedTree& side) {
     QVector<int> keys;
     for (const int key : side.children(group))
       if (mBase.parent(key) == group && mOurs.parent(key) == group && mTheirs.parent(key) == group)
@@ -57,13 +57,14 @@ void CSubDeviceMerge::settleParameter(int key) {
     else if (isInTheirs)
       settleRemoved(key, mTheirs, SMergeConflict::OursRemoved);
   } else {
-    const CTreeOutline& side = isInOurs ? mOurs : mTheirs;
+    const CNumberedTree& side = isInOurs ? mOurs : mTheirs;
     outcome(key) = {true, isInTheirs, side.parent(key), side.data(key).id(), side.value(key)};
   }
 }
 
 /// One side removed it, the given one did not.
-void CSubDeviceMerge::settleRemoved(int key, const CTreeOutline& side, SMergeConflict::EKind kind) {
+void CSubDeviceMerge::settleRemoved(int key, const CNumberedTree& side,
+                                    SMergeConflict::EKind kind) {
   if (!isChanged(key, side)) return;
   SMergeConflict& conflict = addConflict(key, SMergeConflict::Parameter, kind);
   conflict.base = mBase.value(key).asStr();
@@ -73,7 +74,7 @@ void CSubDeviceMerge::settleRemoved(int key, const CTreeOutline& side, SMergeCon
     outcome(key) = {true, false, side.parent(key), side.data(key).id(), side.value(key)};
 }
 
-bool CSubDeviceMerge::isChanged(int key, const CTreeOutline& side) const {
+bool CSubDeviceMerge::isChanged(int key, const CNumberedTree& side) const {
   return side.value(key) != mBase.value(key) || side.data(key).id() != mBase.data(key).id() ||
          side.parent(key) != mBase.parent(key);
 }
@@ -150,7 +151,7 @@ quint32 CSubDeviceMerge::settleId(int key) {
 
 SMergeConflict& CSubDeviceMerge::addConflict(int key, SMergeConflict::ESubject subject,
                                              SMergeConflict::EKind kind) {
-  const CTreeOutline& side = mOurs.contains(key) ? mOurs : mTheirs;
+  const CNumberedTree& side = mOurs.contains(key) ? mOurs : mTheirs;
   SMergeConflict conflict;
   conflict.subject = subject;
   conflict.kind = kind;
@@ -177,7 +178,7 @@ void CSubDeviceMerge::settleGroup(int key) {
 
 /// A group that is removed stays when something is left, or was put, in it.
 void CSubDeviceMerge::keepGroupsAbove(int key) {
-  for (int group = outcome(key).parent; group != CNodeKeys::kNone && !outcome(group).isKept;
+  for (int group = outcome(key).parent; group != CNodeNumbers::kNone && !outcome(group).isKept;
        group = outcome(group).parent) {
     outcome(group).isKept = true;
   }
@@ -222,7 +223,7 @@ void CSubDeviceMerge::build(int group, CParamTreeNodeImpl* node, CSubDeviceTree&
       buildParameter(key, node, tree);
       continue;
     }
-    const CTreeOutline& side = mOurs.contains(key) ? mOurs : mTheirs;
+    const CNumberedTree& side = mOurs.contains(key) ? mOurs : mTheirs;
     CParamTreeNodeImpl* child = tree.addGroup(node, side.data(key).name());
     if (mOurs.contains(key)) child->setData(mOurs.data(key));  // the properties as well
     build(key, child, tree);
@@ -231,7 +232,7 @@ void CSubDeviceMerge::build(int group, CParamTreeNodeImpl* node, CSubDeviceTree&
 
 void CSubDeviceMerge::buildParameter(int key, CParamTreeNodeImpl* group, CSubDeviceTree& tree) {
   const SOutcome& settled = outcome(key);
-  const CTreeOutline& side = mOurs.contains(key) ? mOurs : mTheirs;
+  const CNumberedTree& side = mOurs.contains(key) ? mOurs : mTheirs;
   CParamTreeNodeImpl* node =
       tree.addParameter(group, side.data(key).name(), settled.id, settled.value);
   if (mOurs.contains(key)) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CTreeOutline.h"
+#include "CNumberedTree.h"
 #include "SMergeConflict.h"
 
 #include <list>
@@ -24,7 +24,7 @@ class CSubDeviceMerge {
   struct SOutcome {
     bool isKept = false;
     bool isPlacedByTheirs = false;
-    int parent = CNodeKeys::kNone;
+    int parent = CNodeNumbers::kNone;
     quint32 id = 0;
     CParamVal value;
   };
@@ -35,18 +35,18 @@ class CSubDeviceMerge {
   }
   bool theirsAlonePlaced(int key) const;
   /// Of the group in which a node of that side lies.
-  QString groupPath(const CTreeOutline& side, int key) const {
+  QString groupPath(const CNumberedTree& side, int key) const {
     return mKeys.pathOfGroup(side.parent(key));
   }
   void ignoreCommonOrder(int group);
 
   void settleParameter(int key);
-  void settleRemoved(int key, const CTreeOutline& side, SMergeConflict::EKind kind);
+  void settleRemoved(int key, const CNumberedTree& side, SMergeConflict::EKind kind);
   void settleInBoth(int key);
   int settleGroupOf(int key);
   CParamVal settleValue(int key);
   quint32 settleId(int key);
-  bool isChanged(int key, const CTreeOutline& side) const;
+  bool isChanged(int key, const CNumberedTree& side) const;
   SMergeConflict& addConflict(int key, SMergeConflict::ESubject subject,
                               SMergeConflict::EKind kind);
   SMergeConflict& addConflict(int key, SMergeConflict::ESubject subject);
@@ -59,10 +59,10 @@ class CSubDeviceMerge {
 
   const quint8 mSubDevId;
   const ICParameterFile& mDefinitions;
-  CNodeKeys mKeys;
-  const CTreeOutline mBase;
-  const CTreeOutline mOurs;
-  const CTreeOutline mTheirs;
+  CNodeNumbers mKeys;
+  const CNumberedTree mBase;
+  const CNumberedTree mOurs;
+  const CNumberedTree mTheirs;
   const std::vector<bool> mPlacedByOurs;
   std::vector<bool> mPlacedByTheirs;
   std::vector<SOutcome> mOutcomes;

@@ -27,10 +27,13 @@ class CCompensationFileImpl : public CCompensationTable, public CXmlAbstractLumo
  private:
   using CXmlAbstractLumoFile::save;
 
+  static QLatin1String adjustmentTag(EDataPointFormat format);
+
   void startLoad();
   int readDocument();
   int readCompensationHeader();
   int readCompensationPoints();
+  static CCompensationPoint readPoint(const CDomElement& element, EDataPointFormat format);
   int notFound(QLatin1String tag);
 
   int setDataToDocument(const QString& version);

@@ -2,7 +2,7 @@
 
 #include "CParameterFileErrorHandler.h"
 #include "ICLogfile.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "NLumoXmlTags.h"
 
 CParamBaseFile::CParamBaseFile(ICLogfile* logfile, CParameterFileErrorHandler* handler)
@@ -19,7 +19,7 @@ CParamBaseFile::~CParamBaseFile() = default;
 void CParamBaseFile::setMetaData(const QString& author, const QString& comment) {
   mMetaData.setAuthor(author);
   mMetaData.setComment(comment);
-  mMetaData.setDate(NLumoToday::today());
+  mMetaData.setDate(NClock::today());
 }
 
 bool CParamBaseFile::existingParamSubElemetStr(const CDomElement& paramElement, QLatin1String tag,

@@ -1,8 +1,8 @@
 #include "CParamImport.h"
 
 #include "CParamValueRules.h"
-#include "Counterparts.h"
 #include "ICLogfile.h"
+#include "NNameMatch.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ bool CParamImport::plan(const CSubDeviceTrees& source, CSubDeviceTrees& destinat
 
 bool CParamImport::planTree(CParams source, const CParams& destination,
                             NParamDef::EImportMissing missing, QString& error) {
-  const QVector<int> positions = counterparts(destination, source, &nameOf);
+  const QVector<int> positions = NNameMatch::positionsOf(destination, source, &nameOf);
   for (int i = 0; i < destination.size(); ++i) {
     if (positions.at(i) >= 0) {
       CParamTreeNodeImpl*& from = source[positions.at(i)];

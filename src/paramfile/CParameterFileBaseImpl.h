@@ -149,7 +149,17 @@ class CParameterFileBaseImpl : public ICParameterFile {
   QList<quint32> ownReferencedBy(quint32 id) const { return mDefinitions.referencedBy(id); }
 
  private:
-  struct SLoadedValues;
+  static constexpr int kOwnSubDevIds = -1;  ///< sub-devices keep the ids that the file gives them
+
+  /// What a value file held, before it becomes part of the object.
+  struct SLoadedValues {
+    CHardwareIdTrees trees;
+    CSubDeviceTypes types;
+    CSubDeviceNames names;
+    QString hardwareId;  ///< the expected one, and after loading the one that was settled
+    CXMLMetaData metaData;
+    CParamFindings findings;
+  };
 
   void installOwnErrorHandler();
   void useErrorHandler(CParameterFileErrorHandler* handler);

@@ -1,34 +1,8 @@
 // Loading and saving of definition and value files.
 
-#include "CAtomicFile.h"
 #include "CParamDefFile.h"
 #include "CParameterFileBaseImpl.h"
-#include "CParameterFileHelper.h"
 #include "CStr.h"
-
-namespace {
-
-constexpr int kOwnSubDevIds = -1;  // sub-devices keep the ids that the file gives them
-
-/// The version that a file itself bears; 0 when it cannot be read, which its load then reports.
-quint32 versionOf(const QString& fileName) {
-  QByteArray content;
-  QString ignored;
-  return CAtomicFile::read(fileName, content, ignored) ? CParameterFileHelper::fileVersion(content)
-                                                       : 0;
-}
-
-}  // namespace
-
-/// What a value file held, before it becomes part of the object.
-struct CParameterFileBaseImpl::SLoadedValues {
-  CHardwareIdTrees trees;
-  CSubDeviceTypes types;
-  CSubDeviceNames names;
-  QString hardwareId;  ///< the expected one, and after loading the one that was settled
-  CXMLMetaData metaData;
-  CParamFindings findings;
-};
 
 bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 revision) {
   CParamDefFile file(mLogfile, mErrorHandler);
@@ -137,17 +111,4 @@ bool CParameterFileBaseImpl::saveParamFile(const QString& fileName, const QStrin
   }
   return file.save(fileName, trees->second, mSubDevTypes, mSubDevNames, hardwareId, version) ||
          setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
-}
-
-bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
-                                             const QString& sourceHardwareId,
-                                             const QString& destinationHardwareId,
-                                             NParamDef::EImportMissing missing) {
-  SLoadedValues source;
-  source.hardwareId = sourceHardwareId;
-  return checkDestination(destinationHardwareId) &&
-         readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
-                       tr("importParamFile() Loading parameter value file failed"), source,
-                       kOwnSubDevIds) &&
-         importHardwareId(source.trees, source.hardwareId, destinationHardwareId, missing);
 }

@@ -1,7 +1,34 @@
-// Import of values from another object; the import of a file ends here too.
+// Import of values from a file or from another object.
 
+#include "CAtomicFile.h"
 #include "CParamImport.h"
 #include "CParameterFileBaseImpl.h"
+#include "CParameterFileHelper.h"
+
+namespace {
+
+/// The version that a file itself bears; 0 when it cannot be read, which its load then reports.
+quint32 versionOf(const QString& fileName) {
+  QByteArray content;
+  QString ignored;
+  return CAtomicFile::read(fileName, content, ignored) ? CParameterFileHelper::fileVersion(content)
+                                                       : 0;
+}
+
+}  // namespace
+
+bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
+                                             const QString& sourceHardwareId,
+                                             const QString& destinationHardwareId,
+                                             NParamDef::EImportMissing missing) {
+  SLoadedValues source;
+  source.hardwareId = sourceHardwareId;
+  return checkDestination(destinationHardwareId) &&
+         readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
+                       tr("importParamFile() Loading parameter value file failed"), source,
+                       kOwnSubDevIds) &&
+         importHardwareId(source.trees, source.hardwareId, destinationHardwareId, missing);
+}
 
 bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
                                              const QString& sourceHardwareId,

@@ -9,8 +9,8 @@
 
 namespace {
 
-SGroup* parentOf(const QModelIndex& index) {
-  return static_cast<SGroup*>(index.internalPointer());
+SRowGroup* parentOf(const QModelIndex& index) {
+  return static_cast<SRowGroup*>(index.internalPointer());
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ ICParamTreeNode* CParameterFileModel::node(const QModelIndex& index) const {
 QModelIndex CParameterFileModel::indexOf(const QString& name, quint8 subDevId, int column) const {
   if (!d->file || !d->file->doesSubDeviceExist(subDevId)) return {};
   ICParamTreeNode* found = d->file->findParameter(d->file->rootGroup(subDevId), name);
-  SGroup* group = found ? d->index.group(found->parentPtr()) : nullptr;
+  SRowGroup* group = found ? d->index.group(found->parentPtr()) : nullptr;
   const int row = group ? d->index.rowOf(*group, found) : -1;
   return row < 0 ? QModelIndex() : createIndex(row, column, group);
 }
@@ -74,7 +74,7 @@ QModelIndex CParameterFileModel::index(int row, int column, const QModelIndex& p
 }
 
 QModelIndex CParameterFileModel::parent(const QModelIndex& index) const {
-  SGroup* group = index.isValid() ? parentOf(index) : nullptr;
+  SRowGroup* group = index.isValid() ? parentOf(index) : nullptr;
   return group && group->parent ? createIndex(group->row, 0, group->parent) : QModelIndex();
 }
 
@@ -82,7 +82,7 @@ int CParameterFileModel::rowCount(const QModelIndex& parent) const {
   if (!parent.isValid()) return d->index.root()->count;
   const ICParamTreeNode* group = parent.column() == 0 ? node(parent) : nullptr;
   if (!group || !group->isGroup()) return 0;
-  const SGroup* known = d->index.known(group);
+  const SRowGroup* known = d->index.known(group);
   return known ? known->count : group->childCnt();
 }
 
@@ -118,7 +118,7 @@ QModelIndex CParameterFileModel::addNode(
     d->errorMsg = tr("Only a sub-device or a group can hold groups and parameters.");
     return {};
   }
-  SGroup* group = d->index.group(parentNode, parentOf(parent), parent.row());
+  SRowGroup* group = d->index.group(parentNode, parentOf(parent), parent.row());
   const ICParamTreeNode* added = add(parentNode);
   if (!added) {
     d->errorMsg = d->file->errorMsg();
@@ -142,7 +142,7 @@ bool CParameterFileModel::removeRows(int row, int count, const QModelIndex& pare
     d->errorMsg = tr("There are no such groups or parameters.");
     return false;
   }
-  SGroup* group = d->index.group(parentNode, parentOf(parent), parent.row());
+  SRowGroup* group = d->index.group(parentNode, parentOf(parent), parent.row());
   beginRemoveRows(parent.siblingAtColumn(0), row, row + count - 1);
   d->index.remove(*group, row, count);
   bool isRemoved = true;
@@ -182,8 +182,8 @@ void CParameterFileModel::refreshUnits() {
 }
 
 void CParameterFileModel::unitsChanged() {
-  const std::vector<SGroup*> groups = d->index.all();  // a slot may make more of them
-  for (SGroup* group : groups) {
+  const std::vector<SRowGroup*> groups = d->index.all();  // a slot may make more of them
+  for (SRowGroup* group : groups) {
     if (group->count == 0) continue;
     Q_EMIT dataChanged(createIndex(0, UnitColumn, group),
                        createIndex(group->count - 1, UnitColumn, group), {Qt::DisplayRole});

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CGroupIndex.h"
 #include "CParamDefItem.h"
+#include "CRowCache.h"
 
 #include <QMap>
 #include <QString>
@@ -22,6 +22,6 @@ class CParameterFileModelPrivate {
 
   ICParameterFile* file = nullptr;
   QString errorMsg;
-  CGroupIndex index;
+  CRowCache index;
   QMap<quint32, QMap<quint8, QString>> units;  ///< by the unit's id and sub-device
 };

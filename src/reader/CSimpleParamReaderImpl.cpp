@@ -1,14 +1,9 @@
-// Construction, loading and saving, and what is forwarded to the parameter file; the other
-// operations stand in the files CSimpleParamReaderImpl<Topic>.cpp.
+// Construction, and what is forwarded to the parameter file.
 
 #include "CSimpleParamReaderImpl.h"
 
-#include "CAtomicFile.h"
-#include "CMessageBoardHelper.h"
 #include "CParameterFileImpl.h"
 #include "ICLogfile.h"
-
-#include <QFileInfo>
 
 CSimpleParamReaderImpl::CSimpleParamReaderImpl(bool useCreate, NktoGlobal::EParamFileType fileType,
                                                const QString& hardwareId,
@@ -31,113 +26,9 @@ CSimpleParamReaderImpl::~CSimpleParamReaderImpl() {
   saveFiles();
 }
 
-QString CSimpleParamReaderImpl::ensureSuffix(const QString& name, const QString& suffix) {
-  return QFileInfo(name).suffix().isEmpty() ? QString(name + QLatin1Char('.') + suffix) : name;
-}
-
-bool CSimpleParamReaderImpl::load(const QString& path, QString& err) {
-  const QFileInfo file(path);
-  const QString base = file.absolutePath() + QLatin1Char('/') + file.completeBaseName();
-  return load(base, base, err);
-}
-
-bool CSimpleParamReaderImpl::load(const QString& defFile, const QString& paramFile, QString& err) {
-  mParamDefFileName = ensureSuffix(defFile, QStringLiteral("xpdef"));
-  mParamFileName = ensureSuffix(paramFile, QStringLiteral("xparam"));
-  mParamFileLoaded = false;
-  mParamFileUnread = true;
-  mParamDefFileLoaded = mFile->loadParamDefFile(mParamDefFileName, mParamDefFileVersion);
-  mParamDefFileUnread = !mParamDefFileLoaded;
-  if (!mParamDefFileLoaded) {
-    err += mFile->errorMsg() + QLatin1Char('\n');
-    if (!isFullAccess()) return false;
-  }
-  mParamFileLoaded = mFile->loadParamFile(mParamFileName, hardwareId(), mParamFileVersion);
-  mParamFileUnread = !mParamFileLoaded;
-  if (!mParamFileLoaded) err += mFile->errorMsg() + QLatin1Char('\n');
-  return mParamFileLoaded || isFullAccess();
-}
-
 void CSimpleParamReaderImpl::setMetaData(const QString& author, const QString& comment) {
   mAuthor = author;
   mComment = comment;
-}
-
-bool CSimpleParamReaderImpl::saveFiles() {
-  if (!changed()) return true;
-  if (!mParamFileName.isEmpty() && CAtomicFile::isSameFile(mParamDefFileName, mParamFileName)) {
-    return postFailure(mFile->setErrorMsg(
-        tr("Definitions and values are not saved because \"%1\" and \"%2\" are the same file.")
-            .arg(mParamDefFileName, mParamFileName)));
-  }
-  const bool definitionsSaved = !mFile->defChanged() || saveDefinitions();
-  const bool valuesSaved = mFile->changedList().isEmpty() || saveValues();
-  return definitionsSaved && valuesSaved;
-}
-
-bool CSimpleParamReaderImpl::saveDefinitions() {
-  logSaving(tr("Saving changed parameter definition file \"%1\".").arg(mParamDefFileName));
-  if (!mParamDefFileLoaded && hasMetaData()) mFile->setDefMetaData(mAuthor, mComment);
-  return postFailure(keepUnread(mParamDefFileName, mParamDefFileUnread) &&
-                     mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion));
-}
-
-bool CSimpleParamReaderImpl::saveValues() {
-  logSaving(tr("Saving changed parameter file \"%1\".").arg(mParamFileName));
-  if (!mParamFileLoaded && hasMetaData()) mFile->setMetaData(mAuthor, mComment);
-  if (mFile->hardwareIds().isEmpty()) {
-    logSaving(
-        tr("Parameter file \"%1\" is not written because there are no values. Types and names "
-           "of sub-devices are not saved.")
-            .arg(mParamFileName));
-    return true;
-  }
-  return postFailure(keepUnread(mParamFileName, mParamFileUnread) &&
-                     mFile->saveParamFile(mParamFileName, QString(), mParamFileVersion));
-}
-
-void CSimpleParamReaderImpl::logSaving(const QString& text) const {
-  if (mLogfile->isLevelEnabled(ICLogfile::kLevelSaving))
-    mLogfile->write(ICLogfile::kLevelSaving, text);
-}
-
-/// Nobody knows what a file holds that could not be read, so it is not lost when it is replaced.
-bool CSimpleParamReaderImpl::keepUnread(const QString& fileName, bool& unread) const {
-  if (unread && QFileInfo::exists(fileName)) {
-    QString backupName;
-    QString reason;
-    if (!CAtomicFile::keepAsBackup(fileName, backupName, reason)) {
-      return mFile->setErrorMsg(
-          tr("File \"%1\" was not loaded and is not replaced: %2").arg(fileName, reason));
-    }
-    CMessageBoardHelper::setWarning(
-        tr("File \"%1\" was not loaded and is replaced. The old file is kept as \"%2\".")
-            .arg(fileName, backupName),
-        mLogfile);
-  }
-  unread = false;
-  return true;
-}
-
-/// Nothing else tells why saving failed after the reader is closed or deleted; the file has logged
-/// it already.
-bool CSimpleParamReaderImpl::postFailure(bool saved) const {
-  if (!saved) CMessageBoardHelper::setCritical(mFile->errorMsg());
-  return saved;
-}
-
-bool CSimpleParamReaderImpl::closeFiles(bool save) {
-  const bool saved = !save || saveFiles();
-  mFile->clear();
-  mParamDefFileName.clear();
-  mParamFileName.clear();
-  mAuthor.clear();
-  mComment.clear();
-  mParamDefFileLoaded = false;
-  mParamFileLoaded = false;
-  mParamDefFileUnread = false;
-  mParamFileUnread = false;
-  return saved;
 }
 
 bool CSimpleParamReaderImpl::selectHardwareId(const QString& hardwareId) {
@@ -179,4 +70,52 @@ CParamDefItem* CSimpleParamReaderImpl::addDef(const CParamDefItem& definition) {
 CParamDefItem* CSimpleParamReaderImpl::addDef(const QString& name, NParamDef::EParamType type,
                                               unsigned int id) {
   return mFile->addDef(name, type, id);
+}
+
+bool CSimpleParamReaderImpl::deleteGroup(unsigned char subDevId, const QString& group,
+                                         QString& err) {
+  const QString device = QString::number(subDevId);
+  if (!isFullAccess()) {
+    err += tr("Error : Cannot delete Group \"%1\" on sub device %2 because the file is write "
+              "protected !\n")
+               .arg(group, device);
+    return false;
+  }
+  ICParamTreeNode* node = mFile->existingSubGroup(group, subDevId);
+  if (node == nullptr) {
+    err += tr("Warning : Cannot delete Group \"%1\" on sub device %2 because the group does not "
+              "exist !\n")
+               .arg(group, device);
+  } else if (!mFile->deleteNode(node)) {  // the root group
+    err += mFile->errorMsg() + QLatin1Char('\n');
+  }
+  return true;
+}
+
+bool CSimpleParamReaderImpl::deleteParam(unsigned char subDevId, const QString& name,
+                                         const QString& group, QString& err) {
+  const QString device = QString::number(subDevId);
+  if (!isFullAccess()) {
+    err += tr("Error : Cannot delete parameter \"%1/%2\" on sub device %3 because the file is "
+              "write protected !\n")
+               .arg(group, name, device);
+    return false;
+  }
+  ICParamTreeNode* parent = mFile->existingSubGroup(group, subDevId);
+  if (parent == nullptr) {
+    err += tr("Warning : Cannot delete parameter \"%1/%2\" on sub device %3 because the group does "
+              "not exist !\n")
+               .arg(group, name, device);
+    return true;
+  }
+  // Not childPtr(), which may find a group of that name.
+  ICParamTreeNode* node = mFile->findParameter(parent, name);
+  if (node == nullptr || node->parentPtr() != parent) {
+    err += tr("Warning : Cannot delete parameter \"%1/%2\" on sub device %3 because the parameter "
+              "does not exist !\n")
+               .arg(group, name, device);
+    return true;
+  }
+  mFile->deleteNode(node);
+  return true;
 }

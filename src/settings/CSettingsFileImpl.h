@@ -2,6 +2,7 @@
 
 #include "CSettingsTreeNodeImpl.h"
 #include "CXmlAbstractLumoFile.h"
+#include "ICLogfile.h"
 #include "ICSettingsFile.h"
 
 #include <QStringList>
@@ -47,6 +48,9 @@ class CSettingsFileImpl : public ICSettingsFile, public CXmlAbstractLumoFile {
 
  private:
   using CXmlAbstractLumoFile::save;
+
+  /// Whether a value of that type lacks its text. White space alone is a text for strings only.
+  static bool isMissing(const QString& text, ESettingsType type);
 
   void startLoad();
   ESettingsError finishLoad(bool opened, const QString& prefix);

@@ -1,8 +1,8 @@
 #include "AnalysisFiles.h"
 #include "CParameterFileComparison.h"
 #include "CaseFile.h"
+#include "NShortText.h"
 #include "ParamFileText.h"
-#include "ShortText.h"
 
 #include <QtTest>
 

@@ -1,6 +1,6 @@
 #include "CCompensationFileImpl.h"
 #include "GoldenFiles.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "TestRows.h"
 
 #include <QTemporaryDir>
@@ -70,13 +70,13 @@ class tst_CCompensationFile : public QObject {
   /// Empty meta data is filled by a save and stays; data that is partly there is left alone.
   void metaDataIsFilled() {
     const auto day = [] { return QDate(2027, 2, 28); };
-    NLumoToday::setToday(day);
+    NClock::setToday(day);
     qputenv("USER", "tester");
     QByteArray buffer;
     QCOMPARE(mFile->saveToBuffer(buffer, kVersion), 0);
-    NLumoToday::setToday([] { return QDate(2027, 3, 1); });
+    NClock::setToday([] { return QDate(2027, 3, 1); });
     QCOMPARE(mFile->saveToBuffer(buffer, kVersion), 0);
-    NLumoToday::setToday(nullptr);
+    NClock::setToday(nullptr);
     QCOMPARE(mFile->metaData().author(), "tester");
     QCOMPARE(mFile->metaData().date(), day());
 

@@ -8,7 +8,7 @@
 #include "ICCompensationFile.h"
 #include "ICSettingsFile.h"
 #include "KeptMessages.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "TestRows.h"
 
 #include <QTemporaryDir>
@@ -62,7 +62,7 @@ class tst_FileFormats : public QObject {
  private slots:
   void initTestCase() {
     qputenv("USER", "tester");
-    NLumoToday::setToday([] { return QDate(2026, 11, 20); });
+    NClock::setToday([] { return QDate(2026, 11, 20); });
   }
   void init() { mBoard.texts.clear(); }
 

@@ -2,7 +2,7 @@
 
 #include "CParamDefFile.h"
 #include "CParamValueFile.h"
-#include "LumoToday.h"
+#include "NClock.h"
 #include "ParamFileText.h"
 #include "TestRows.h"
 #include "paramfile/ExampleDrive.h"
@@ -35,12 +35,12 @@ class tst_ParameterFileFormats : public QObject {
 
  private slots:
   void aFreshFileHasTheLibrarysDefaults() {
-    NLumoToday::setToday([] { return QDate(2026, 5, 6); });
+    NClock::setToday([] { return QDate(2026, 5, 6); });
     CParamDefFile file(nullptr, nullptr);
     QCOMPARE(QStringList({file.errorMsg(), file.author(), file.comment()}).join('|'),
              QString("Ok|RX5|automatic generated"));
     QCOMPARE(file.date(), QDate(2026, 5, 6));
-    NLumoToday::setToday(nullptr);
+    NClock::setToday(nullptr);
   }
 
   void hardwareIdOfOneFile() {
@@ -256,12 +256,12 @@ class tst_ParameterFileFormats : public QObject {
     QVERIFY(file->saveParamFile(name, QString(), 0x10000));
     QCOMPARE(read(name), nameless);
 
-    NLumoToday::setToday([] { return QDate(2026, 11, 20); });
+    NClock::setToday([] { return QDate(2026, 11, 20); });
     file = makeFile();
     file->setFileType(NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS);
     QVERIFY(file->loadParamFile(example("Motors.xparam"), QString(), 0x10000));
     QVERIFY(file->saveParamFile(name, QString(), 0x10000));
-    NLumoToday::setToday(nullptr);
+    NClock::setToday(nullptr);
     QCOMPARE(read(name), read(example("Motors.xparam")));
   }
 

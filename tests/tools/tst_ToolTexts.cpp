@@ -1,5 +1,5 @@
 #include "DisplayText.h"
-#include "ShortText.h"
+#include "NShortText.h"
 #include "Suggestion.h"
 #include "TestRows.h"
 

@@ -2,7 +2,7 @@
 
 #include "CStr.h"
 #include "CommonOptions.h"
-#include "ShortText.h"
+#include "NShortText.h"
 #include "UniqueNames.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "CLabels.h"
 
 #include "DisplayText.h"
-#include "ShortText.h"
+#include "NShortText.h"
 
 QString CLabels::of(const QString& text) const {
   if (text.size() <= NShortText::kLongest) return NShortText::of(text);

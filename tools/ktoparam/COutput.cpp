@@ -1,7 +1,7 @@
 #include "COutput.h"
 
 #include "DisplayText.h"
-#include "ShortText.h"
+#include "NShortText.h"
 #include "Tool.h"
 
 #include <QJsonDocument>

@@ -2,8 +2,8 @@
 #include "CLoadedFile.h"
 #include "COutput.h"
 #include "Commands.h"
+#include "NShortText.h"
 #include "SValueView.h"
-#include "ShortText.h"
 #include "Tool.h"
 
 #include <QJsonArray>

@@ -5,8 +5,8 @@
 #include "Commands.h"
 #include "CompensationTexts.h"
 #include "DefinitionLines.h"
+#include "NShortText.h"
 #include "OpenedFile.h"
-#include "ShortText.h"
 #include "Tool.h"
 
 #include <optional>

@@ -6,7 +6,7 @@
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 #include "JsonTexts.h"
-#include "ShortText.h"
+#include "NShortText.h"
 #include "ValueTexts.h"
 
 #include <QJsonObject>

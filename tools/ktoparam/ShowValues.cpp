@@ -3,8 +3,8 @@
 #include "COutput.h"
 #include "CTable.h"
 #include "DisplayText.h"
+#include "NShortText.h"
 #include "SValueView.h"
-#include "ShortText.h"
 #include "Show.h"
 #include "Tool.h"
 

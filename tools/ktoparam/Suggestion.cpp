@@ -1,6 +1,6 @@
 #include "Suggestion.h"
 
-#include "ShortText.h"
+#include "NShortText.h"
 #include "Tool.h"
 
 #include <QVector>

@@ -3,7 +3,7 @@
 #include "CLabels.h"
 #include "CParamValueText.h"
 #include "DisplayText.h"
-#include "ShortText.h"
+#include "NShortText.h"
 
 namespace {
 

@@ -66,7 +66,7 @@ class tst_FileFormats : public QObject {
   }
   void init() { mBoard.texts.clear(); }
 
-  /// The file beside it holds the state, and what is posted.
+  /// The text of the same name holds what is posted, and the state.
   void valid_data() { addFiles("valid"); }
   void valid() {
     QFETCH(int, kind);
@@ -81,8 +81,8 @@ class tst_FileFormats : public QObject {
     }
   }
 
-  /// The file beside it holds what is told of a file, whether it is posted, what is told of a
-  /// buffer where the format knows buffers, and the state if it is another than before.
+  /// The text of the same name holds what is told of the file, whether it is posted, what is told
+  /// of a buffer where the format knows buffers, and the state if it is another than before.
   void invalid_data() {
     addFiles("invalid");
     for (int kind = 0; kind < 4; ++kind) {

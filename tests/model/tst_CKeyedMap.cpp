@@ -8,6 +8,18 @@ class tst_CKeyedMap : public QObject {
   Q_OBJECT
 
  private slots:
+  /// Of a hash that is linear in the bits of a name, collisions can be computed.
+  void isNotLinear() {
+    const auto hash = [](quint64 mask) {
+      QString name(64, 'a');
+      for (int i = 0; i < 64; ++i)
+        if ((mask >> i & 1) != 0) name[i] = 'b';
+      return static_cast<quint32>(SKeyedHash()(name));
+    };
+    for (int i = 1; i < 64; ++i)
+      QVERIFY((hash(0) ^ hash(1) ^ hash(1ULL << i)) != hash(1 | 1ULL << i));
+  }
+
   /// The key of the hash belongs to the process; every character counts, wherever it is.
   void everyCharacterCounts() {
     std::set<size_t> hashes{SKeyedHash()("Aa"), SKeyedHash()("BB")};

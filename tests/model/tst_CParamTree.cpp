@@ -52,38 +52,34 @@ class tst_CParamTree : public QObject {
     CNode parent;
     for (int i = 0; i < 3000; ++i) {
       const int at = random.bounded(14) - 2;
-      const int count = random.bounded(5) - 1;
       CNode* const child = parent.child(at);
       const bool isIndex = at >= 0 && at < plain.size();
       QCOMPARE(child != nullptr, isIndex);
       std::unique_ptr<CNode> node(newNode(i));
-      switch (random.bounded(8)) {
+      int removed = isIndex ? 1 : 0;
+      switch (const int count = random.bounded(5) - 1; random.bounded(8)) {
         case 0:
+          removed = at >= 0 && at + count <= plain.size() ? count : 0;
           QCOMPARE(parent.removeChildren(at, count), at >= 0 && at + count <= plain.size());
-          if (at >= 0 && at + count <= plain.size())
-            for (int k = 0; k < count; ++k) plain.removeAt(at);
           break;
         case 1:
-          QCOMPARE(parent.removeChild(at), isIndex);
-          if (isIndex) plain.removeAt(at);
+          QCOMPARE(count > 1 ? parent.removeChild(at) : parent.removeChild(child), isIndex);
           break;
         case 2:
-          QCOMPARE(parent.removeChild(child), isIndex);
-          if (isIndex) plain.removeAt(at);
-          break;
-        case 3:
           node.reset(parent.takeChild(child));
           QVERIFY(isIndex ? !node->parent() && node->dataRef().number == plain.at(at) : !node);
-          if (isIndex) plain.removeAt(at);
           break;
-        case 4:
+        case 3:
+          removed = 0;
           parent.addChild(node.release());
           plain.append(i);
           break;
         default:
+          removed = 0;
           QCOMPARE(parent.insertChild(node.get(), at), at >= 0 && at <= plain.size());
           if (node->parent()) plain.insert(at, node.release()->dataRef().number);
       }
+      for (int k = 0; k < removed; ++k) plain.removeAt(at);
       QCOMPARE(numbers(parent), plain);
       if (!plain.isEmpty()) QCOMPARE(parent.child(plain.size() - 1)->row(), plain.size() - 1);
       // One may live on: the empty payload that nodes without one show.

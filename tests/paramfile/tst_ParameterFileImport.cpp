@@ -12,7 +12,6 @@
 using namespace NTestFiles;
 
 using CMeddling = std::function<void(ICParameterFile&)>;
-Q_DECLARE_METATYPE(CMeddling)
 
 namespace {
 
@@ -110,44 +109,38 @@ class tst_ParameterFileImport : public QObject {
     QCOMPARE(file->changedList(), QStringList("N"));
   }
 
-  void handlersMayChangeTheFile_data() {
-    addColumns<QString, CMeddling, QString>("sourceId", "meddling", "message");
-    const QString gone = "Destination hardware id \"A\" does not exist. Import failed.";
-    addRow("accepts an id that is not there", "X", CMeddling([](ICParameterFile&) {}),
-           "Other instance does not contain source hardware id \"X\". Import failed.");
-    addRow("clears", "A", CMeddling([](ICParameterFile& f) { f.clear(); }), gone);
-    addRow("removes", "A", CMeddling([](ICParameterFile& f) { f.removeHardwareId("A"); }), gone);
-  }
   void handlersMayChangeTheFile() {
-    QFETCH(QString, sourceId);
-    QFETCH(CMeddling, meddling);
-    QFETCH(QString, message);
+    const QString gone = "Destination hardware id \"A\" does not exist. Import failed.";
+    const QVector<QPair<CMeddling, QString>> rows = {
+        {[](ICParameterFile&) {},
+         "Other instance does not contain source hardware id \"X\". Import failed."},
+        {[](ICParameterFile& f) { f.clear(); }, gone},
+        {[](ICParameterFile& f) { f.removeHardwareId("A"); }, gone}};
     QTemporaryDir folder;
     QVERIFY(makeSource()->saveParamFile(folder.filePath("s"), QString(), 0x20000));
-    const auto file = makeSmall();
-    file->cloneHardwareId("A", "B");
-    SMeddler first(meddling);
-    file->setErrorHandler(&first);
-    QVERIFY(!file->importParamFile(folder.filePath("s"), sourceId, "A"));
-    QCOMPARE(file->errorMsg(), message);
-    QVERIFY(file->loadParamFile(folder.filePath("s"), "X", 0x20000));
-    QCOMPARE(file->hardwareId(), QString("X"));
+    for (const auto& [meddling, message] : rows) {
+      const auto file = makeSmall();
+      file->cloneHardwareId("A", "B");
+      SMeddler first(meddling);
+      file->setErrorHandler(&first);
+      QVERIFY(!file->importParamFile(folder.filePath("s"), message == gone ? "A" : "X", "A"));
+      QCOMPARE(file->errorMsg(), message);
+      QVERIFY(file->loadParamFile(folder.filePath("s"), "X", 0x20000));
+      QCOMPARE(file->hardwareId(), QString("X"));
 
-    SMeddler second(meddling);
-    first.meddling = [&](ICParameterFile& f) { f.setErrorHandler(&second); };
-    QVERIFY(file->loadParamFile(folder.filePath("s"), "X", 0x10000));
-    QCOMPARE(second.asked, 1);
+      SMeddler second(meddling);
+      first.meddling = [&](ICParameterFile& f) { f.setErrorHandler(&second); };
+      QVERIFY(file->loadParamFile(folder.filePath("s"), "X", 0x10000));
+      QCOMPARE(second.asked, 1);
+    }
   }
 
-  void tellsTheLogWhatItDid() {
+  void tellsTheLogAndFailsAtTheFirstDefaultWithoutDefinition() {
     SLoggedSmall small;
     QVERIFY(small.file.importParamFile(makeSource().get(), "", ""));
     QCOMPARE(small.log.lines,
              QStringList({"Mode of sub device 1: Default value is used.",
                           "Secret of sub device 1: The parameter is not defined and is skipped."}));
-  }
-
-  void failsAtTheFirstDefaultWithoutDefinition() {
     CKeptLines log;
     CParameterFileBaseImpl file(NktoGlobal::FILE_TYPE_PARAMETERS, &log);
     file.cloneHardwareIdFromInstance("A", makeSmall().get());
@@ -186,11 +179,10 @@ class tst_ParameterFileImport : public QObject {
   void referencesAreThoseOfAllMembers() {
     QTemporaryDir folder;
     auto first = makeMember(nullptr);
-    auto second = makeMember(first.get());
+    const auto second = makeMember(first.get());
     for (const quint32 id : {1U, 2U}) {
       const auto file = makeFile();
-      const QString name = "P" + QString::number(id);
-      file->addDef(name, NParamDef::PARAM_TYPE_U8, id)->setVisible("5#1");
+      file->addDef("P" + QString::number(id), NParamDef::PARAM_TYPE_U32, id)->setVisible("5#1");
       QVERIFY(file->saveParamDefFile(folder.filePath("d"), 0x10000));
       QVERIFY((id == 1 ? second : first)->loadParamDefFile(folder.filePath("d"), 0x10000));
     }
@@ -204,18 +196,13 @@ class tst_ParameterFileImport : public QObject {
     const auto make = [] {
       return CParameterFilePtr(ICParameterFile::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
     };
-    auto first = make();
-    {
-      auto second = make();
-      second->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7);
-      QVERIFY(first->paramDef("Speed").valid());
-      QVERIFY(!makeFile()->paramDef("Speed").valid());
+    const auto first = make();
+    for (int i = 0; i < 2; ++i) {
+      const auto second = make();
+      QVERIFY(second->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7));
+      QVERIFY(first->paramDef("Speed").valid() && !makeFile()->paramDef("Speed").valid());
     }
     QVERIFY(!first->paramDef("Speed").valid());
-    first.reset();
-    first = make();
-    first->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7);
-    QVERIFY(make()->paramDef("Speed").valid());
   }
 };
 

@@ -1,7 +1,7 @@
 // The schemas against the test files, and against what the library itself accepts.
 
+#include "GoldenFiles.h"
 #include "ICParameterFile.h"
-#include "TestFiles.h"
 #include "TestRows.h"
 
 #include <QProcess>
@@ -61,47 +61,29 @@ class tst_Schemas : public QObject {
     QTEST(validates(schema, file), "isValid");
   }
 
-  /// Numbers at their limits and names near the reserved one, where they may be.
+  /// Numbers at their limits and names near the reserved one, where they may be: a file of
+  /// definitions and one of values load when they are valid.
   void texts_data() {
     addColumns<QString, QString>("place", "text");
-    const auto rows = [](const QString& place, const QStringList& texts) {
-      for (const QString& text : texts) addRow(qPrintable(place + ' ' + text), place, text);
-    };
-    for (const char* place : {"id", "choice", "bit", "sub-device"}) {
-      rows(place, {"0", "-0", "+7", " 08 ", "0x07", "+0X0a", "-1", "", "x", "0x", "1 2", "0x0x1",
-                   "1.0", "0b1", "+-1"});
+    const QStringList lines = NGoldenFiles::lines(NTestFiles::data("schemas/texts.txt"));
+    for (const QString& line : lines) {
+      const QStringList cells = line.split('|');
+      for (const QString& place : cells.first().split(' '))
+        for (const QString& text : cells.mid(1)) addRow(qPrintable(place + text), place, text);
     }
-    rows("id", {"4294967294", "4294967295", "4294967296", "0xfffffffe", "0xFFFFFFFF", "0x0ffffffff",
-                "0xf0ffffff", "0xf0fffffff", "0x100000000", "000000000004294967294"});
-    rows("choice", {"9223372036854775807", "9223372036854775808", "-9223372036854775808",
-                    "-9223372036854775809", "0x7fffffffffffffff", "0x8000000000000000",
-                    "-0x8000000000000000", "-0x8000000000000001", "0x00fffffffffffffff"});
-    rows("bit", {"63", "64", "0x3f", "0x40", "0x003F"});
-    rows("sub-device", {"255", "256", "0xff", "0x100", "0x00ff"});
-    const QString reserved = "[standard constructed]";
-    rows("name", {"", reserved + " ", "\n" + reserved, reserved, "[standard",
-                  "standard constructed]", "[standard constructex]", "[Standard constructed]"});
   }
   void texts() {
     QFETCH(QString, place);
     QFETCH(QString, text);
-    const auto write = [&](const QString& name, QString document) {
+    const auto fill = [&](const QString& name) {
+      QString document = NTestFiles::read(NTestFiles::data("schemas/" + name));
       document.replace('@' + place + '@', text).replace(QRegularExpression("@[a-z-]+@"), "1");
       const QString path = mFolder.filePath(name);
       if (!NTestFiles::write(path, document.toUtf8())) qFatal("cannot write %s", qPrintable(path));
       return path;
     };
-    const QString definitions =
-        write("definitions",
-              "<LumoParamDefinition><Data><Param id='1'><Name>@name@</Name>"
-              "<Type>i64</Type><Enum><Item value='@choice@'>c</Item></Enum><BitSet>"
-              "<Bit pos='@bit@' invert='true'>b</Bit></BitSet></Param></Data>"
-              "</LumoParamDefinition>");
-    const QString values =
-        write("values",
-              "<LumoParameters><Data hardwareId='H'><SubDevice id='@sub-device@'><Group>"
-              "<Name>G@name@</Name></Group><Param id='@id@'><Name>@name@</Name><Value/>"
-              "</Param></SubDevice></Data></LumoParameters>");
+    const QString definitions = fill("definitions.xpdef");
+    const QString values = fill("values.xparam");
     const std::unique_ptr<ICParameterFile> file(
         ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
     const bool loads = file->loadParamDefFile(definitions, 0x10000) &&

@@ -64,7 +64,7 @@ class tst_ParameterFileFormats : public QObject {
       QString text;
       QVERIFY(throughQt.existingParamSubElemetStr(element, "Name", 12, text) && text == name);
       QVERIFY(!throughQt.existingParamSubElemetStr(element, "None", 12, text) && text == name);
-      QVERIFY(throughQt.errorMsg().endsWith("<None> in <Param> is missing."));
+      QCOMPARE(throughQt.errorMsg(), QString("Parameter (Id=12) -> <None> in <Param> is missing."));
     }
   }
 

@@ -3,6 +3,7 @@
 #include "TestFiles.h"
 #include "TestRows.h"
 
+#include <QDomDocument>
 #include <QTemporaryDir>
 
 namespace {
@@ -105,6 +106,22 @@ class tst_CDomDoc : public QObject {
     CDomDoc again;
     QVERIFY(again.setContent(utf16(text, false), error));
     QCOMPARE(again.toByteArray("UTF-8", error), expected);
+  }
+
+  void goesThroughQtsDocument() {
+    const QByteArray text = "<a>x<![CDATA[ <y> ]]>z<b c=\"1\"> <d/></b></a>";
+    QDomDocument qt;
+    CDomDoc document;
+    QString error;
+    QVERIFY(qt.setContent(text) && document.setContent(text, error));
+    const CDomDoc fromQt = CDomDoc::fromDom(qt.documentElement());
+    for (const CDomDoc* each : {&qAsConst(document), &fromQt}) {
+      QDomDocument copy;
+      QDomElement top = copy.createElement("top");
+      each->documentElement().toDom(top);
+      copy.appendChild(top.firstChild());
+      QCOMPARE(copy.toString(), qt.toString());
+    }
   }
 
   void refusesToWriteWhatItWouldNotRead() {

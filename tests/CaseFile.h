@@ -7,7 +7,7 @@
 #include <QtTest>
 
 /// Cases as texts in one file: blank lines part them, the first line of each is its name, and
-/// each further line is a key and, behind blanks, a value.
+/// each further line is a key and, after blanks, a value.
 namespace NCaseFile {
 
 /// The values of a key in their order.

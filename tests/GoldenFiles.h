@@ -2,30 +2,12 @@
 
 #include "TestFiles.h"
 
-#include <QDir>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QtTest>
 
-/// Folders of test files that lie beside what is expected of them: "name.xml" and "name.txt".
+/// Test files that hold cases by lines.
 namespace NGoldenFiles {
-
-/// The folder of an area and kind, e.g. "settings/valid".
-inline QDir folder(const char* area) {
-  return QDir(NTestFiles::data(QString::fromLatin1(area)));
-}
-
-/// Data rows of one column, "name": the files of a folder that end in the suffix, without it.
-inline void addRows(const char* area, const char* suffix) {
-  QTest::addColumn<QString>("name");
-  const QString pattern = QLatin1Char('*') + QLatin1String(suffix);
-  const QStringList files = folder(area).entryList({pattern}, QDir::Files, QDir::Name);
-  QVERIFY(!files.isEmpty());
-  for (const QString& file : files) {
-    const QString name = file.chopped(pattern.size() - 1);
-    QTest::newRow(qPrintable(name)) << name;
-  }
-}
 
 inline QStringList lines(const QString& fileName) {
   return QString::fromUtf8(NTestFiles::read(fileName)).split(QLatin1Char('\n'));

@@ -24,8 +24,8 @@ inline QString example(const QString& name) {
   return QStringLiteral(KTO_EXAMPLE_DATA "/") + name;
 }
 
-/// An expected message beside a test file: the file of the same base name with suffix "txt", in
-/// which @FILE@ stands for the test file.
+/// What is expected of a test file: the text of the same base name with suffix "txt", in
+/// which @FILE@ means the test file.
 inline QString expected(const QString& fileName) {
   const QFileInfo info(fileName);
   const QString text =

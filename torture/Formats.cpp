@@ -28,6 +28,9 @@ class CParameterFormat : public CFormat {
     return mValues ? mFile->saveParamFile(fileName, QString(), kVersion)
                    : mFile->saveParamDefFile(fileName, kVersion);
   }
+  QString told() const override {
+    return QStringLiteral("line %1: %2").arg(mFile->errorLine()).arg(mFile->errorMsg());
+  }
   QString content() override { return NParamFileText::content(*mFile); }
   QString state() override { return NParamFileText::all(*mFile); }
   void edit(unsigned choice) override {
@@ -62,8 +65,16 @@ class CSettingsFormat : public CFormat {
     mResult = mFile->load(fileName, kVersionText);
     return mResult == ICSettingsFile::NoError;
   }
+  bool loadBuffer(const QByteArray& bytes) override {
+    mResult = mFile->loadFromBuffer(bytes, kVersionText);
+    return mResult == ICSettingsFile::NoError;
+  }
   bool save(const QString& fileName) override {
-    return mFile->save(fileName, kVersionText) == ICSettingsFile::NoError;
+    mResult = mFile->save(fileName, kVersionText);
+    return mResult == ICSettingsFile::NoError;
+  }
+  QString told() const override {
+    return QStringLiteral("%1: %2").arg(QString::number(mResult), mFile->errorMsg());
   }
   QString content() override {
     QString text;
@@ -100,10 +111,22 @@ class CSettingsFormat : public CFormat {
 class CCompensationFormat : public CFormat {
  public:
   bool load(const QString& fileName) override {
-    return mFile->load(fileName, kVersionText) == ICCompensationFile::Ok;
+    mResult = mFile->load(fileName, kVersionText);
+    return mResult == ICCompensationFile::Ok;
+  }
+  bool loadBuffer(const QByteArray& bytes) override {
+    mResult = mFile->loadFromBuffer(bytes, kVersionText);
+    return mResult == ICCompensationFile::Ok;
   }
   bool save(const QString& fileName) override {
-    return mFile->save(fileName, kVersionText) == ICCompensationFile::Ok;
+    mResult = mFile->save(fileName, kVersionText);
+    return mResult == ICCompensationFile::Ok;
+  }
+  QString told() const override {
+    return QStringLiteral("%1: %2").arg(QString::number(mResult), mFile->errorMsg());
+  }
+  QString state() override {
+    return QStringLiteral("format %1\n").arg(mFile->detectedDataPointFormat()) + content();
   }
   QString content() override {
     const CXMLMetaData head = mFile->metaData();
@@ -125,6 +148,7 @@ class CCompensationFormat : public CFormat {
 
  private:
   const std::unique_ptr<ICCompensationFile> mFile{ICCompensationFile::create(nullptr)};
+  int mResult = ICCompensationFile::Ok;
 };
 
 /// A content without what no file keeps (which definitions refer to which, and what a definition

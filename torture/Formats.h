@@ -12,6 +12,10 @@ class CFormat {
   virtual ~CFormat() = default;
   virtual bool load(const QString& fileName) = 0;
   virtual bool save(const QString& fileName) = 0;
+  /// Loads from a buffer, where the format can; else nothing happens.
+  virtual bool loadBuffer(const QByteArray& /*bytes*/) { return false; }
+  /// What the last load or save told: its result or the line of the fault, and the message.
+  virtual QString told() const = 0;
   /// Everything that a file of this format holds.
   virtual QString content() = 0;
   /// The content and all that an application knows beside it.

@@ -1,16 +1,17 @@
 #include "CParamTreeNodeImpl.h"
 #include "CTreeNode.h"
-#include "TestRows.h"
 
-#include <limits>
+#include <QRandomGenerator>
+#include <QtTest>
+
 #include <memory>
 
 namespace {
 
-// A payload that counts its living objects, so that a leak or a double deletion shows.
+/// A payload that counts its living objects, so that a leak or a double deletion shows.
 struct SCounted {
   static int sLiving;
-  int number = -1;
+  int number;
 
   explicit SCounted(int n = -1) : number(n) { ++sLiving; }
   SCounted(const SCounted& other) : number(other.number) { ++sLiving; }
@@ -19,23 +20,17 @@ struct SCounted {
 };
 int SCounted::sLiving = 0;
 
-using Node = CTreeNode<SCounted>;
+using CNode = CTreeNode<SCounted>;
 
-Node* newNode(int number) {
-  auto* const node = new Node;
+CNode* newNode(int number) {
+  auto* const node = new CNode;
   node->setData(SCounted(number));
   return node;
 }
 
-std::unique_ptr<Node> newParent(int childCount) {
-  std::unique_ptr<Node> parent(newNode(100));
-  for (int i = 0; i < childCount; ++i) parent->addChild(newNode(i));
-  return parent;
-}
-
-QList<int> numbers(const Node& parent) {
+QList<int> numbers(const CNode& parent) {
   QList<int> result;
-  for (const Node* child : parent.children()) result.append(child->dataRef().number);
+  for (const CNode* child : parent.children()) result.append(child->dataRef().number);
   return result;
 }
 
@@ -45,112 +40,66 @@ CParamTreeNodeImpl* addNode(CParamTreeNodeImpl& parent, const char* name, quint3
   return node;
 }
 
-// A parameter, and a group with another.
-struct SParams {
-  CParamTreeNodeImpl root{1, "root", NParamDef::NO_ID};
-  CParamTreeNodeImpl* const a = addNode(root, "a", 1);
-  CParamTreeNodeImpl* const group = addNode(root, "g", NParamDef::NO_ID);
-  CParamTreeNodeImpl* const b = addNode(*group, "b", 2);
-};
-
 }  // namespace
-
-Q_DECLARE_METATYPE(QList<int>)
 
 class tst_CParamTree : public QObject {
   Q_OBJECT
  private slots:
-  void cleanup() {
-    // One payload may live on: the empty value that nodes without payload show.
-    QVERIFY(SCounted::sLiving <= 1);
-  }
-
-  void findsChildrenByIndex() {
-    const auto parent = newParent(2);
-    QVERIFY(!parent->child(-1));
-    QVERIFY(!parent->child(2));
-    QCOMPARE(parent->child(1)->dataRef().number, 1);
-    QCOMPARE(parent->child(1)->row(), 1);
-    QCOMPARE(parent->row(), 0);
-    Node stray;
-    stray.setParent(parent.get());
+  /// Random edits of a node's children, with a plain list of what they must be.
+  void childrenAreAsInAPlainList() {
+    QRandomGenerator random(1);
+    QList<int> plain;
+    CNode parent;
+    for (int i = 0; i < 3000; ++i) {
+      const int at = random.bounded(14) - 2;
+      CNode* const child = parent.child(at);
+      const bool isIndex = at >= 0 && at < plain.size();
+      QCOMPARE(child != nullptr, isIndex);
+      std::unique_ptr<CNode> node(newNode(i));
+      int removed = isIndex ? 1 : 0;
+      switch (const int count = random.bounded(5) - 1; random.bounded(8)) {
+        case 0:
+          removed = at >= 0 && at + count <= plain.size() ? count : 0;
+          QCOMPARE(parent.removeChildren(at, count), at >= 0 && at + count <= plain.size());
+          break;
+        case 1:
+          QCOMPARE(count > 1 ? parent.removeChild(at) : parent.removeChild(child), isIndex);
+          break;
+        case 2:
+          node.reset(parent.takeChild(child));
+          QVERIFY(isIndex ? !node->parent() && node->dataRef().number == plain.at(at) : !node);
+          break;
+        case 3:
+          removed = 0;
+          parent.addChild(node.release());
+          plain.append(i);
+          break;
+        default:
+          removed = 0;
+          QCOMPARE(parent.insertChild(node.get(), at), at >= 0 && at <= plain.size());
+          if (node->parent()) plain.insert(at, node.release()->dataRef().number);
+      }
+      for (int k = 0; k < removed; ++k) plain.removeAt(at);
+      QCOMPARE(numbers(parent), plain);
+      if (!plain.isEmpty()) QCOMPARE(parent.child(plain.size() - 1)->row(), plain.size() - 1);
+      // One may live on: the empty payload that nodes without one show.
+      QVERIFY(SCounted::sLiving - plain.size() - (node ? 1 : 0) <= 1);
+    }
+    const std::unique_ptr<CNode> copy(parent.clone());
+    QVERIFY(parent.removeAllChildren() && parent.childCount() == 0 && parent.row() == 0);
+    QCOMPARE(numbers(*copy), plain);
+    QVERIFY(!parent.insertChild(nullptr, 0) && !parent.removeChildren(1, INT_MAX));
+    CNode stray;
+    stray.setParent(&parent);
     QCOMPARE(stray.row(), -1);
-  }
-
-  void insertsWithinTheList() {
-    const auto parent = newParent(2);
-    QVERIFY(parent->insertChild(newNode(8), 0));
-    QVERIFY(parent->insertChild(newNode(9), 3));
-    const auto refused = newParent(0);
-    QVERIFY(!parent->insertChild(refused.get(), 5));
-    QVERIFY(!parent->insertChild(refused.get(), -1));
-    QVERIFY(!parent->insertChild(nullptr, 0));
-    QVERIFY(!refused->parent());
-    QCOMPARE(numbers(*parent), (QList<int>{8, 0, 1, 9}));
-    QCOMPARE(parent->child(3)->parent(), parent.get());
-  }
-
-  void removesRuns_data() {
-    addColumns<int, int, bool, QList<int>>("first", "count", "ok", "expected");
-    const QList<int> all = {0, 1, 2};
-    addRow("nothing", 0, 0, true, all);
-    addRow("less than nothing", 2, -1, true, all);
-    addRow("the end", 1, 2, true, QList<int>{0});
-    addRow("all", 0, 3, true, QList<int>{});
-    addRow("one too many", 1, 3, false, all);
-    addRow("far too many", 1, std::numeric_limits<int>::max(), false, all);
-    addRow("negative", -1, 1, false, all);
-  }
-  void removesRuns() {
-    QFETCH(int, first);
-    QFETCH(int, count);
-    const auto parent = newParent(3);
-    QTEST(parent->removeChildren(first, count), "ok");
-    QTEST(numbers(*parent), "expected");
-  }
-
-  void removesSingleChildren() {
-    const auto parent = newParent(4);
-    const auto stranger = newParent(0);
-    QVERIFY(!parent->removeChild(stranger.get()));
-    QVERIFY(!parent->removeChild(4));
-    QVERIFY(!parent->removeChild(-1));
-    QVERIFY(parent->removeChild(parent->child(2)));
-    QVERIFY(parent->removeChild(0));
-    QCOMPARE(numbers(*parent), (QList<int>{1, 3}));
-    QVERIFY(parent->removeAllChildren());
-    QCOMPARE(parent->childCount(), 0);
-  }
-
-  void takesChildren() {
-    auto parent = newParent(2);
-    const auto stranger = newParent(0);
-    QVERIFY(!parent->takeChild(stranger.get()));
-    const std::unique_ptr<Node> taken(parent->takeChild(parent->child(0)));
-    QVERIFY(!taken->parent());
-    parent.reset();
-    QCOMPARE(taken->dataRef().number, 0);
-  }
-
-  void clonesDeeply() {
-    const auto parent = newParent(2);
-    parent->child(1)->addChild(newNode(7));
-    parent->child(0)->addChild(new Node);
-    const std::unique_ptr<Node> copy(parent->child(1)->clone());
-    QVERIFY(!copy->parent());
-    copy->child(0)->setData(SCounted(8));
-    QCOMPARE(numbers(*parent->child(1)), QList<int>{7});
-    const std::unique_ptr<Node> whole(parent->clone());
-    QCOMPARE(numbers(*whole), (QList<int>{0, 1}));
-    QVERIFY(whole->child(0)->child(0)->isValid());  // a missing payload becomes an empty one
+    stray.setParent(nullptr);
   }
 
   void tellsGroupsFromParameters() {
-    const CParamTreeNodeImpl group(2, "a", NParamDef::NO_ID);
-    QVERIFY(group.isGroup() && !group.isParam());
-    const CParamTreeNodeImpl param(2, "", 0);
-    QVERIFY(!param.isGroup() && param.isParam());
     const QString unset = "[standard constructed]";
+    const CParamTreeNodeImpl group(2, "a", NParamDef::NO_ID);
+    const CParamTreeNodeImpl param(2, "", 0);
+    QVERIFY(group.isGroup() && !group.isParam() && !param.isGroup() && param.isParam());
     for (const quint32 id : {NParamDef::NO_ID, 5U}) {
       const CParamTreeNodeImpl neither(2, unset, id);
       QVERIFY(!neither.isGroup() && !neither.isParam());
@@ -161,51 +110,29 @@ class tst_CParamTree : public QObject {
   }
 
   void findsItsWay() {
-    SParams tree;
-    QCOMPARE(tree.b->rootPtr(), &tree.root);
-    QCOMPARE(tree.root.rootPtr(), &tree.root);
-    QCOMPARE(tree.b->parentPtr(), tree.group);
-    QVERIFY(!tree.root.parentPtr());
-    QCOMPARE(tree.group->siblingNo(), 1);
-    QCOMPARE(tree.root.siblingNo(), 0);
-    QCOMPARE(tree.root.childPtr(1), tree.group);
-    QVERIFY(!tree.root.childPtr(2));
-    addNode(tree.root, "a", 2);
-    QCOMPARE(tree.root.childPtr("a"), tree.a);
-    QVERIFY(!tree.root.childPtr("A"));
-    QVERIFY(!tree.root.childPtr("b"));
-  }
+    CParamTreeNodeImpl root(1, "root", NParamDef::NO_ID);
+    CParamTreeNodeImpl* const a = addNode(root, "a", 1);
+    CParamTreeNodeImpl* const group = addNode(root, "g", NParamDef::NO_ID);
+    CParamTreeNodeImpl* const b = addNode(*group, "b", 2);
+    QVERIFY(b->rootPtr() == &root && root.rootPtr() == &root && b->parentPtr() == group);
+    QVERIFY(!root.parentPtr() && group->siblingNo() == 1 && root.siblingNo() == 0);
+    addNode(root, "a", 2);
+    QVERIFY(root.childPtr(1) == group && root.childPtr("a") == a);
+    QVERIFY(!root.childPtr(3) && !root.childPtr("A") && !root.childPtr("b"));
 
-  void deletesChildrenByInterface() {
-    SParams tree;
-    QVERIFY(!tree.root.deleteChild(nullptr));
-    QVERIFY(!tree.root.deleteChild(tree.b));
-    QVERIFY(tree.root.deleteChild(tree.a));
-    QCOMPARE(tree.root.childPtr(0), tree.group);
-    QCOMPARE(tree.root.childCnt(), 1);
-  }
-
-  void setsSubDeviceEverywhere() {
-    SParams tree;
-    const auto* const deep = addNode(*addNode(*tree.group, "h", NParamDef::NO_ID), "c", 3);
-    tree.group->setSubDevId(3);
-    QCOMPARE(tree.root.subDevId(), quint8(1));
-    QCOMPARE(tree.group->subDevId(), quint8(3));
-    QCOMPARE(deep->subDevId(), quint8(3));
-  }
-
-  void clonesParameterTrees() {
-    SParams tree;
-    tree.b->setProperty(NParamDef::PROPERTY_CHANGED, true);
-    const std::unique_ptr<CParamTreeNodeImpl> copy(tree.group->cloneMe());
-    QVERIFY(!copy->parentPtr());
+    b->setProperty(NParamDef::PROPERTY_CHANGED, true);
+    group->setSubDevId(3);
+    QVERIFY(root.subDevId() == 1 && group->subDevId() == 3 && b->subDevId() == 3);
+    const std::unique_ptr<CParamTreeNodeImpl> copy(group->cloneMe());
     ICParamTreeNode* const param = copy->childPtr(0);
-    QCOMPARE(param->id(), 2U);
+    QVERIFY(!copy->parentPtr() && param->id() == 2);
     QCOMPARE(param->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
     QVERIFY(param->removeProperty(NParamDef::PROPERTY_CHANGED));
     QVERIFY(!param->removeProperty(NParamDef::PROPERTY_CHANGED));
-    copy->removeAllChildren();
-    QCOMPARE(tree.b->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
+    QCOMPARE(b->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
+
+    QVERIFY(!root.deleteChild(nullptr) && !root.deleteChild(b) && root.deleteChild(a));
+    QVERIFY(root.childPtr(0) == group && root.childCnt() == 2);
   }
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CKeptLines.h"
+#include "KeptMessages.h"
 
 #include <functional>
 #include <mutex>

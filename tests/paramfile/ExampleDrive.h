@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CKeptLines.h"
 #include "CParameterFileBaseImpl.h"
+#include "KeptMessages.h"
 #include "TestFiles.h"
 
 #include <memory>

@@ -7,13 +7,19 @@
 #include <random>
 
 using namespace NTestFiles;
+using F = ICParameterFile;
 
 namespace {
 
-void editMuch(ICParameterFile& drive) {
+void editMuch(F& drive) {
   for (const QString& name : drive.paramNames(2))
     drive.setAndMarkParamValue(name, CParamVal("edited"), 2);
   drive.deleteNode(drive.rootGroup(3)->childPtr(0));
+}
+
+/// The values of Speed and Mode in a small device.
+QString values(const F& file) {
+  return file.paramValue("Speed", 1).asStr() + ' ' + file.paramValue("Mode", 1).asStr();
 }
 
 }  // namespace
@@ -22,19 +28,12 @@ class tst_ParameterFile : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() { QVERIFY(loadDrive()); }
-
   void namesOfSubDeviceTypes() {
-    using F = ICParameterFile;
-    for (int i = 0; i < 4; ++i) {
-      const auto type = static_cast<NParamDef::ESubDeviceTypes>(i);
-      QCOMPARE(F::subDeviceTypeFromStr(F::subDeviceTypeToStr(type)), type);
+    for (const int i : {-1, 0, 1, 2, 3, 4}) {
+      const QString name = F::subDeviceTypeToStr(static_cast<NParamDef::ESubDeviceTypes>(i));
+      QCOMPARE(int(F::subDeviceTypeFromStr(name)), i < 0 || i > 3 ? 0 : i);
     }
-    for (const int i : {-1, 4}) {
-      QCOMPARE(F::subDeviceTypeToStr(static_cast<NParamDef::ESubDeviceTypes>(i)),
-               QString("Undefined"));
-    }
-    QCOMPARE(F::subDeviceTypeFromStr("drive"), NParamDef::SUB_DEV_TYPE_UNDEFINED);
+    QCOMPARE(int(F::subDeviceTypeFromStr("drive")), 0);
   }
 
   void aSecondValueFileIsMergedIntoTheFirst() {
@@ -52,15 +51,13 @@ class tst_ParameterFile : public QObject {
     first->clearChanged();
     ICParamTreeNode* node = first->findParameter(first->rootGroup(1), "Speed");
 
-    QVERIFY2(first->loadParamFile(folder.filePath("2"), "A", 0x10002),
-             qPrintable(first->errorMsg()));
-    QCOMPARE(first->paramNames(1), QStringList({"Speed", "Name", "Mode"}));
-    QCOMPARE(first->paramValue("Speed", 1), CParamVal(99U));
+    QVERIFY(first->loadParamFile(folder.filePath("2"), "A", 0x10002));
+    QCOMPARE(first->paramNames(1) + first->paramNames(2),
+             QStringList({"Speed", "Name", "Mode", "Loose"}));
+    QCOMPARE(values(*first), QString("0x63 -1"));
     QCOMPARE(first->findParameter(first->rootGroup(1), "Speed"), node);
-    QCOMPARE(first->paramNames(2), QStringList("Loose"));
-    QCOMPARE(first->subDevName(1), QString("One"));
+    QCOMPARE(first->subDevName(1) + first->comment(), QString("Onecomment"));
     QCOMPARE(first->subDeviceIds(NParamDef::SUB_DEV_TYPE_DRIVE), QList<quint8>{1});
-    QCOMPARE(first->comment(), QString("comment"));
     QVERIFY(!first->isChanged());
   }
 
@@ -72,25 +69,28 @@ class tst_ParameterFile : public QObject {
     const auto file = makeSmall();
     CParamDefItem* speed = file->paramDefPtr("Speed");
     QVERIFY(file->loadParamDefFile(folder.filePath("d"), 0x10000));
-    for (int i = 0; i < 1000; ++i)
-      file->addDef(QString("P%1").arg(i), NParamDef::PARAM_TYPE_U8, quint32(100 + i));
+    for (quint32 id = 100; id < 1100; ++id)
+      file->addDef("P" + QString::number(id), NParamDef::PARAM_TYPE_U8, id);
     file->clearChanged();
-    CParameterFileBaseImpl copy(*dynamic_cast<CParameterFileBaseImpl*>(file.get()), nullptr);
-    QCOMPARE(file->paramDefPtr("Speed"), speed);
-    QCOMPARE(speed->type(), NParamDef::PARAM_TYPE_I64);
-    QCOMPARE(file->nameById(5), QString("Speed"));
-    QVERIFY(file->nameById(1).isEmpty());
-    QVERIFY(file->addDef("One", NParamDef::PARAM_TYPE_U8, 1));
-    file->clearChanged();
-    speed->setHint(speed->hint());
-    QVERIFY(!file->defChanged());
+    CParameterFileBaseImpl copy(dynamic_cast<CParameterFileBaseImpl&>(*file), nullptr);
+    QVERIFY(file->paramDefPtr("Speed") == speed && speed->type() == NParamDef::PARAM_TYPE_I64);
+    QCOMPARE(file->nameById(5) + file->nameById(1), QString("Speed"));
     speed->setHint("changed");
-    QVERIFY(file->defChanged());
-    QVERIFY(!copy.defChanged());
-    QVERIFY(copy.paramDef("Speed").hint().isEmpty());
+    QVERIFY(file->defChanged() && !copy.defChanged() && copy.paramDef("Speed").hint().isEmpty());
     copy.paramDefPtr("Speed")->setHint("too");
-    QVERIFY(copy.defChanged());
-    QCOMPARE(file->paramDef("Speed").hint(), QString("changed"));
+    QVERIFY(copy.defChanged() && file->paramDef("Speed").hint() == "changed");
+
+    // A definition clashes with others by what it is now.
+    speed->setName("Velocity");
+    speed->setId(7);
+    QVERIFY(!file->addDef("New", NParamDef::PARAM_TYPE_U8, 7));
+    QVERIFY(file->errorMsg().endsWith("belongs to parameter \"Velocity\"."));
+    QVERIFY(!file->addDef("Velocity", NParamDef::PARAM_TYPE_U8, 8));
+    QVERIFY(file->addDef("Speed", NParamDef::PARAM_TYPE_U8, 1));
+    speed->setChangedFlag(nullptr);
+    file->clearChanged();
+    file->paramDefPtr("Velocity")->setHint("again");
+    QVERIFY(file->defChanged());
   }
 
   void editedDefinitionsAreFoundByWhatTheyAreNow() {
@@ -107,14 +107,14 @@ class tst_ParameterFile : public QObject {
       if (edit % 2 == 0) definition = CParamDefItem(name, NParamDef::PARAM_TYPE_U8, id);
       if (edit % 2 == 1) definition.setId(id), definition.setName(name);
       QVERIFY(file->defChanged() || !isEdit);
-      for (int i = 0; i < 8; ++i) {
+      for (quint32 i = 0; i < 8; ++i) {
         const QString someName = QString("D%1").arg(i);
-        const QString found = file->nameById(quint32(i));
+        const QString found = file->nameById(i);
         bool isName = false;
         bool isId = false;
         for (const CParamDefItem* each : qAsConst(definitions)) {
           isName |= each->name() == someName;
-          isId |= each->id() == quint32(i) && (found == each->name());
+          isId |= each->id() == i && each->name() == found;
         }
         QCOMPARE(file->paramDef(someName).name(), isName ? someName : QString());
         QVERIFY2(isId != found.isEmpty(), qPrintable(found));
@@ -122,36 +122,19 @@ class tst_ParameterFile : public QObject {
     }
   }
 
-  void anEditedDefinitionClashesByWhatItIsNow() {
-    const auto file = makeSmall();
-    CParamDefItem* speed = file->paramDefPtr("Speed");
-    speed->setName("Velocity");
-    speed->setId(7);
-    QVERIFY(!file->addDef("New", NParamDef::PARAM_TYPE_U8, 7));
-    QCOMPARE(file->errorMsg(), QString("Parameter \"New\" cannot have the id 7, which belongs to "
-                                       "parameter \"Velocity\"."));
-    QVERIFY(!file->addDef("Velocity", NParamDef::PARAM_TYPE_U8, 8));
-    QVERIFY(file->addDef("Speed", NParamDef::PARAM_TYPE_U8, 1));
-    speed->setChangedFlag(nullptr);
-    file->clearChanged();
-    file->paramDefPtr("Velocity")->setHint("changed");
-    QVERIFY(file->defChanged());
-  }
-
   void whatHasNoIdIsNotFoundByOne() {
-    for (const auto create : {&ICParameterFile::create, &ICParameterFile::createSingle}) {
+    for (const auto create : {&F::create, &F::createSingle}) {
       const CParameterFilePtr file(create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
       file->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000);
       file->addDef("None", NParamDef::PARAM_TYPE_U8, NParamDef::NO_ID);
       file->addDef("Zero", NParamDef::PARAM_TYPE_U8, 0);
-      QVERIFY(file->addParameter(file->rootGroup(1), "None"));
-      QVERIFY(file->addParameter(file->rootGroup(1), "Zero"));
+      for (const char* name : {"None", "Zero"})
+        QVERIFY(file->addParameter(file->rootGroup(1), name));
       auto& impl = dynamic_cast<CParameterFileBaseImpl&>(*file);
       CSubDeviceTree& tree = impl.allTrees().begin()->second.at(1);
       QVERIFY(tree.addParameter(tree.root(), "", 3, CParamVal("nameless")));
       const QString before = NParamFileText::all(*file);
-      QCOMPARE(file->idByName("None"), NParamDef::NO_ID);
-      QCOMPARE(file->idByName("Zero"), 0u);
+      QVERIFY(file->idByName("None") == NParamDef::NO_ID && file->idByName("Zero") == 0);
       QCOMPARE(file->errorMsg(), QString());
       QVERIFY(file->isReferenced(0u) && !file->isReferenced("Zero"));
       QVERIFY(file->referencedBy("Zero").isEmpty());
@@ -159,8 +142,7 @@ class tst_ParameterFile : public QObject {
         QVERIFY(!file->setParamValue(id, CParamVal(1U), 1));
         QCOMPARE(file->errorMsg(), QString("There is no parameter defined with id %1.").arg(id));
         QVERIFY(!file->setAndMarkParamValue(id, CParamVal(1U), 1));
-        QVERIFY(file->paramValue(id, 1).isNull());
-        QVERIFY(file->paramDef(id).name().isEmpty());
+        QVERIFY(file->paramValue(id, 1).isNull() && file->paramDef(id).name().isEmpty());
       }
       QCOMPARE(NParamFileText::all(*file), before);
     }
@@ -174,11 +156,10 @@ class tst_ParameterFile : public QObject {
       const bool counts = definition.id() != 0 && definition.hasVisibleValues();
       QCOMPARE(file->referencedBy(definition.visibleId()).contains(definition.id()), counts);
       QCOMPARE(file->referencedBy(definition.unitId()).contains(definition.id()), counts);
-      if (counts) ++references;
+      references += counts ? 1 : 0;
       QCOMPARE(file->isReferenced(name), !file->referencedBy(name).isEmpty());
     }
-    QVERIFY(references > 10);
-    QVERIFY(!file->isReferenced("no such name"));
+    QVERIFY(references > 10 && !file->isReferenced("no such name"));
   }
 
   void aCopyHasItsOwnOfEverything() {
@@ -187,44 +168,34 @@ class tst_ParameterFile : public QObject {
     CParameterFileBaseImpl copy(*dynamic_cast<CParameterFileBaseImpl*>(file.get()), nullptr);
     QVERIFY(!copy.isChanged());
     file->clearChanged();
-    file->setMetaData(file->author(), file->comment());
-    QCOMPARE(NParamFileText::all(copy), NParamFileText::all(*file));
     const QString before = NParamFileText::all(copy);
+    QCOMPARE(before, NParamFileText::all(*file));
     editMuch(*file);
     file->removeHardwareId("KTO-2A-32");
     QCOMPARE(NParamFileText::all(copy), before);
-  }
-
-  void clearEmptiesEverything() {
-    const auto file = loadDrive();
-    file->setParamValue(file->paramNames(2).first(), CParamVal("x"), 2);
     file->paramDefPtr(file->defNames().first())->setHint("x");
     file->clear();
     QCOMPARE(NParamFileText::all(*file), NParamFileText::all(*makeFile()));
-    QVERIFY(file->isDefEmpty());
-    QVERIFY(!file->isReferenced(0U));
+    QVERIFY(file->isDefEmpty() && !file->isReferenced(0U));
   }
 
   void valuesAndMarks() {
     const auto file = makeSmall();
-    QVERIFY(file->setAndMarkParamValue("Speed", CParamVal("0x0a"), 1));  // was 0xa
-    QVERIFY(file->setAndMarkParamValue("Speed", CParamVal("10"), 1));
-    QCOMPARE(file->paramValue(1U, 1), CParamVal("0xa"));
-    QVERIFY(!file->isChanged());
+    for (const char* same : {"0x0a", "10"})  // was 0xa
+      QVERIFY(file->setAndMarkParamValue("Speed", CParamVal(same), 1));
     ICParamTreeNode* speed = file->findParameter(file->rootGroup(1), "Speed");
-    QVERIFY(!speed->property(NParamDef::PROPERTY_CHANGED).isValid());
+    QVERIFY(!file->isChanged() && !speed->property(NParamDef::PROPERTY_CHANGED).isValid());
+    QCOMPARE(file->paramValue(1U, 1), CParamVal("0xa"));
     QVERIFY(file->setAndMarkParamValue(1U, CParamVal("11"), 1));
     QCOMPARE(speed->property(NParamDef::PROPERTY_CHANGED), QVariant(true));
     QCOMPARE(file->changedList(), QStringList("A"));
-    QVERIFY(file->paramChanged("A"));
-    QVERIFY(!file->paramChanged("a"));
+    QVERIFY(file->paramChanged("A") && !file->paramChanged("a"));
     QVERIFY(file->setAndMarkParamValue("Mode", CParamVal("-01"), 1));  // signed: by their texts
-    QCOMPARE(file->paramValue("Mode", 1), CParamVal("-01"));
+    QCOMPARE(values(*file), QString("11 -01"));
     file->removeAllProperties();
     QVERIFY(!speed->property(NParamDef::PROPERTY_CHANGED).isValid());
     file->clearChanged();
-    QVERIFY(!file->isChanged());
-    QVERIFY(file->setParamValue(2U, CParamVal("-01"), 1));
+    QVERIFY(!file->isChanged() && file->setParamValue(2U, CParamVal("-01"), 1));
     file->setHwIdChanged("B");
     file->setHwIdChanged("A");
     QCOMPARE(file->changedList(), QStringList({"A", "B"}));
@@ -232,32 +203,25 @@ class tst_ParameterFile : public QObject {
 
   void defaultsStopAtAnEmptyGroup() {
     const auto file = makeSmall();
-    file->setParamValue("Speed", CParamVal("1"), 1);
-    file->setParamValue("Mode", CParamVal("1"), 1);
-    QVERIFY(file->loadDefaultValues());
-    QCOMPARE(file->paramValue("Speed", 1), CParamVal("0xa"));
-    QCOMPARE(file->paramValue("Mode", 1), CParamVal("-1"));
-    file->setParamValue("Speed", CParamVal("1"), 1);
-    file->setParamValue("Mode", CParamVal("1"), 1);
-    file->addGroup(file->subGroup("G", 1), "Empty");
-    QVERIFY(!file->loadDefaultValues());
-    QCOMPARE(file->paramValue("Speed", 1), CParamVal("0xa"));
-    QCOMPARE(file->paramValue("Mode", 1), CParamVal("1"));
-    QVERIFY(!file->loadDefaultValues(nullptr));
-    QVERIFY(makeFile()->loadDefaultValues());
+    for (const bool hasEmpty : {false, true}) {
+      file->setParamValue("Speed", CParamVal("1"), 1);
+      file->setParamValue("Mode", CParamVal("1"), 1);
+      if (hasEmpty) file->addGroup(file->subGroup("G", 1), "Empty");
+      QCOMPARE(file->loadDefaultValues(), !hasEmpty);
+      QCOMPARE(values(*file), QString(hasEmpty ? "0xa 1" : "0xa -1"));
+    }
+    QVERIFY(!file->loadDefaultValues(nullptr) && makeFile()->loadDefaultValues());
   }
 
   void hardwareIdsComeAndGo() {
     const auto file = makeSmall();
-    QVERIFY(file->addHardwareId("B"));
-    QVERIFY(file->addHardwareId("B"));
+    QVERIFY(file->addHardwareId("B") && file->addHardwareId("B"));
     QCOMPARE(file->hardwareId(), QString("B"));
     QCOMPARE(file->hardwareIds(), QStringList("A"));
     QVERIFY(!file->removeHardwareId("B"));
     file->rootGroup(7);
     QCOMPARE(file->hardwareIds(), QStringList({"A", "B"}));
-    QVERIFY(!file->isChanged());
-    QVERIFY(file->renameHardwareId("A", "C"));
+    QVERIFY(!file->isChanged() && file->renameHardwareId("A", "C"));
     QCOMPARE(file->hardwareId(), QString("B"));
     QVERIFY(file->renameHardwareId("B", "D"));
     QCOMPARE(file->hardwareId(), QString("D"));
@@ -274,15 +238,13 @@ class tst_ParameterFile : public QObject {
     QVERIFY(file->cloneHardwareId("Copy", "Copy 2"));
     QCOMPARE(file->hardwareId(), QString("Copy 2"));
     QCOMPARE(file->changedList(), QStringList({"Copy", "Copy 2"}));
-    const QString whole = NParamFileText::content(*other);
     const auto section = [&](const QString& id) {
-      return NParamFileText::content(*file)
-          .section("hardware id " + id + '\n', 1)
-          .section("hardware id ", 0, 0);
+      const QString rest = NParamFileText::content(*file).section("hardware id " + id + '\n', 1);
+      return rest.section("hardware id ", 0, 0).trimmed();
     };
+    const QString whole = NParamFileText::content(*other);
     const QString source = section("KTO-2A-16");
-    QCOMPARE(section("Copy"), source);
-    QCOMPARE(section("Copy 2").trimmed(), source.trimmed());
+    QCOMPARE(section("Copy 2"), source);
     editMuch(*file);
     QCOMPARE(section("Copy"), source);
     QCOMPARE(section("KTO-2A-16"), source);
@@ -292,21 +254,17 @@ class tst_ParameterFile : public QObject {
   void subDevicesAreCopied() {
     const auto file = loadDrive();
     const QString name = file->subDevName(3);
-    const QString otherTree = file->paramValue(file->paramNames(0).first(), 0).asStr();
-    QVERIFY(file->copySubDevice(2, 3));
-    QVERIFY(file->copySubDevice(2, 9));
     for (const quint8 copy : {quint8(3), quint8(9)}) {
+      QVERIFY(file->copySubDevice(2, copy));
       QCOMPARE(file->paramNames(copy), file->paramNames(2));
       for (const QString& parameter : file->paramNames(2)) {
         QCOMPARE(file->paramValue(parameter, copy), file->paramValue(parameter, 2));
-        ICParamTreeNode* node = file->findParameter(file->rootGroup(copy), parameter);
-        QVERIFY(node && node->subDevId() == copy);
+        QCOMPARE(file->findParameter(file->rootGroup(copy), parameter)->subDevId(), copy);
       }
     }
     QCOMPARE(file->subDevName(3), name);
     QCOMPARE(file->subDevName(9), file->subDevName(2));
     QCOMPARE(file->subDevType(9), NParamDef::SUB_DEV_TYPE_DRIVE);
-    QCOMPARE(file->paramValue(file->paramNames(0).first(), 0).asStr(), otherTree);
     file->setParamValue(file->paramNames(2).first(), CParamVal("edited"), 3);
     QVERIFY(file->paramValue(file->paramNames(2).first(), 2) != CParamVal("edited"));
   }
@@ -314,94 +272,30 @@ class tst_ParameterFile : public QObject {
   void groupPaths() {
     const auto file = makeSmall();
     ICParamTreeNode* inner = file->existingSubGroup("/G\\Inner//", 1);
-    QVERIFY(inner);
-    QCOMPARE(file->subGroup("G/Inner", 1), inner);
+    QVERIFY(inner && file->subGroup("G/Inner", 1) == inner);
     QCOMPARE(file->existingSubGroup("", 1), file->rootGroup(1));
-    QVERIFY(!file->isChanged());
     QCOMPARE(file->addGroup(inner->parentPtr(), "Inner"), inner);
-    QVERIFY(!file->isChanged());
-    QVERIFY(file->subGroup("G/Inner/a/b", 1));
+    QVERIFY(!file->isChanged() && file->subGroup("G/Inner/a/b", 1));
     QCOMPARE(file->changedList(), QStringList("A"));
     QCOMPARE(inner->childPtr("a")->childPtr("b")->rootPtr(), file->rootGroup(1));
-    QVERIFY(file->findParameter(inner, "Speed"));
+    QVERIFY(file->findParameter(inner, "Speed") && !file->findParameter(inner, "Mode"));
     QVERIFY(!file->findParameter(inner->childPtr("a"), "Speed"));
-    QVERIFY(!file->findParameter(inner, "Mode"));
     QVERIFY(file->addGroup(inner, "Mode"));  // the parameter of this name lies elsewhere
     QString path = "a\\b/c";
-    QCOMPARE(CParameterFileBaseImpl::getNextSubPath(path), QString("a"));
-    QCOMPARE(path, QString("b/c"));
+    QCOMPARE(CParameterFileBaseImpl::getNextSubPath(path) + '|' + path, QString("a|b/c"));
   }
 
   void groupsNestAsDeepAsAFileCan() {
     QTemporaryDir folder;
     const auto file = makeSmall();
-    ICParamTreeNode* group = file->rootGroup(2);
-    int depth = 0;
-    while (ICParamTreeNode* next = file->addGroup(group, "g")) {
-      group = next;
-      ++depth;
-    }
-    QCOMPARE(depth, 1019);
-    QVERIFY(file->addParameter(group, "Speed"));
+    ICParamTreeNode* group = file->subGroup(QString("g/").repeated(1019), 2);
+    QVERIFY(file->addParameter(group, "Speed") && !file->addGroup(group, "g"));
     QVERIFY(file->copySubDevice(2, 3));
-    QVERIFY2(file->saveParamFile(folder.filePath("a"), QString(), 0x10000),
-             qPrintable(file->errorMsg()));
+    QVERIFY(file->saveParamFile(folder.filePath("a"), QString(), 0x10000));
     const auto again = makeFile();
     QVERIFY2(again->loadParamFile(folder.filePath("a"), QString(), 0x10000),
              qPrintable(again->errorMsg()));
-    for (const quint8 subDevId : {quint8(2), quint8(3)})
-      QCOMPARE(again->paramNames(subDevId), QStringList("Speed"));
-  }
-
-  void randomEditsKeepIndexAndTreeInStep() {
-    const auto file = makeFile();
-    file->addHardwareId("A");
-    for (int i = 0; i < 60; ++i)
-      file->addDef("P" + QString::number(i), NParamDef::PARAM_TYPE_U32, quint32(i + 1));
-    std::mt19937 random(4711);
-    const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
-    const auto someNode = [&](quint8 subDevId) {
-      ICParamTreeNode* node = file->rootGroup(subDevId);
-      while (node->childCnt() > 0 && below(4) > 0) node = node->childPtr(below(node->childCnt()));
-      return node;
-    };
-    for (int edit = 0; edit < 10000; ++edit) {
-      const auto subDevId = static_cast<quint8>(below(3));
-      const QString name = "P" + QString::number(below(60));
-      switch (below(8)) {
-        case 0:
-          file->addGroup(someNode(subDevId), "G" + QString::number(below(5)));
-          break;
-        case 1:
-          file->deleteNode(someNode(subDevId));
-          break;
-        case 2:
-          file->setAndMarkParamValue(name, CParamVal(static_cast<unsigned>(edit)), subDevId);
-          break;
-        case 3:
-          if (below(50) == 0) file->copySubDevice(subDevId, static_cast<quint8>(below(3)));
-          break;
-        default:
-          file->addParameter(someNode(subDevId), name, CParamVal(static_cast<unsigned>(edit)));
-      }
-      if (edit % 10 != 0) continue;
-      QStringList walked;
-      const std::function<void(ICParamTreeNode*)> walk = [&](ICParamTreeNode* node) {
-        for (int i = 0; i < node->childCnt(); ++i) {
-          ICParamTreeNode* child = node->childPtr(i);
-          if (child->isParam()) {
-            walked += child->name();
-            QVERIFY(!file->paramValue(child->name(), subDevId).isNull());
-            QCOMPARE(file->findParameter(file->rootGroup(subDevId), child->name()), child);
-          }
-          walk(child);
-        }
-      };
-      walk(file->rootGroup(subDevId));
-      QCOMPARE(file->paramNames(subDevId), walked);
-      for (const QString& defined : file->defNames())
-        QCOMPARE(file->paramValue(defined, subDevId).isNull(), !walked.contains(defined));
-    }
+    QCOMPARE(again->paramNames(3), QStringList("Speed"));
   }
 };
 

@@ -1,5 +1,5 @@
 #include "CAtomicFile.h"
-#include "QtMessages.h"
+#include "KeptMessages.h"
 #include "TestFiles.h"
 #include "TestRows.h"
 

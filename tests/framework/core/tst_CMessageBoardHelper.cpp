@@ -1,7 +1,6 @@
 #include "CMessageBoardHelper.h"
 
-#include "CKeptLines.h"
-#include "QtMessages.h"
+#include "KeptMessages.h"
 #include "TestRows.h"
 
 #include <atomic>

@@ -1,5 +1,5 @@
 #include "ICLogfile.h"
-#include "QtMessages.h"
+#include "KeptMessages.h"
 #include "TestFiles.h"
 #include "TestRows.h"
 

@@ -75,8 +75,8 @@ class tst_ParameterFileFormats : public QObject {
     const QString held = "holds the character \\u001F, which XML cannot hold.";
     const QString control = QChar(0x1F);
     UNSAVABLE(mode(f)->setId(3), false,
-              "The definitions \"Mode\" and \"Name\" bear the same id 3.");
-    UNSAVABLE(mode(f)->setName("Name"), false, "Two definitions bear the name \"Name\".");
+              "The definitions \"Mode\" and \"Name\" have the same id 3.");
+    UNSAVABLE(mode(f)->setName("Name"), false, "Two definitions have the name \"Name\".");
     UNSAVABLE(mode(f)->setMinVal(1);
               mode(f)->setMaxVal(-1), false, "Parameter 'Mode' -> Minimum exceeds Maximum.");
     UNSAVABLE(mode(f)->setMinVal(-2); mode(f)->setMaxVal(-3); mode(f)->setMinVal(""), false, "");
@@ -89,10 +89,10 @@ class tst_ParameterFileFormats : public QObject {
     UNSAVABLE(f.renameHardwareId("A", control), true,
               "File \"@FILE@\": <Data>: attribute \"hardwareId\" " + held);
     UNSAVABLE(f.cloneHardwareId("A", "A "), true,
-              "The hardware ids \"A\" and \"A \" differ in nothing but blanks around them.");
+              "The hardware ids \"A\" and \"A \" differ only in blanks around them.");
     UNSAVABLE(f.renameHardwareId("A", "");
               f.cloneHardwareId("", " "), true,
-              "The hardware ids \"\" and \" \" differ in nothing but blanks around them.");
+              "The hardware ids \"\" and \" \" differ only in blanks around them.");
   }
   void unsavable() {
     QFETCH(CEdit, edit);

@@ -233,8 +233,9 @@ class tst_CAtomicFile : public QObject {
     QVERIFY(QDir().mkdir(mFolder->filePath("folder")));
     QCOMPARE(::mkfifo(qPrintable(mFolder->filePath("pipe")), 0600), 0);
     QVERIFY(QFile::link("ring", mFolder->filePath("ring")));
-    for (const char* name : {"folder", "pipe", "ring", ":/resource"}) {
-      const QString path = mFolder->filePath(name);
+    const QStringList paths{mFolder->filePath("folder"), mFolder->filePath("pipe"),
+                            mFolder->filePath("ring"), ":/resource"};
+    for (const QString& path : paths) {
       QString error;
       QByteArray content = "kept";
       QVERIFY(!CAtomicFile::keepAsBackup(path, error, error));

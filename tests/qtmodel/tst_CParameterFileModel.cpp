@@ -17,34 +17,29 @@ namespace {
 using Model = CParameterFileModel;
 
 /// The tree as the model shows it: names by depth, with the values of parameters.
-void outline(const Model& model, const QModelIndex& parent, int depth, QStringList& lines) {
+QStringList outline(const Model& model, const QModelIndex& parent = {}, int depth = 0) {
+  QStringList lines;
   for (int row = 0; row < model.rowCount(parent); ++row) {
     const QModelIndex name = model.index(row, Model::NameColumn, parent);
     const QModelIndex value = name.siblingAtColumn(Model::ValueColumn);
     lines += QString(depth, ' ') + name.data().toString() + '=' +
              value.data(Model::RawValueRole).toString();
-    outline(model, name, depth + 1, lines);
+    lines += outline(model, name, depth + 1);
   }
-}
-
-QStringList outline(const Model& model) {
-  QStringList lines;
-  outline(model, QModelIndex(), 0, lines);
   return lines;
 }
 
 /// The same as the file has it.
-void outline(const ICParameterFile& file, const ICParamTreeNode& node, int depth,
-             QStringList& lines) {
+QStringList outline(const ICParameterFile& file, const ICParamTreeNode& node, int depth) {
   const QString name = depth == 0 ? file.subDevName(node.subDevId()) : node.name();
-  const QString value = node.value().asStr();
-  lines += QString(depth, ' ') + name + '=' + value;
-  for (int i = 0; i < node.childCnt(); ++i) outline(file, *node.childPtr(i), depth + 1, lines);
+  QStringList lines(QString(depth, ' ') + name + '=' + node.value().asStr());
+  for (int i = 0; i < node.childCnt(); ++i) lines += outline(file, *node.childPtr(i), depth + 1);
+  return lines;
 }
 
 QStringList outline(ICParameterFile& file) {
   QStringList lines;
-  for (const quint8 id : file.subDeviceIds()) outline(file, *file.rootGroup(id), 0, lines);
+  for (const quint8 id : file.subDeviceIds()) lines += outline(file, *file.rootGroup(id), 0);
   return lines;
 }
 

@@ -61,21 +61,18 @@ class tst_CStr : public QObject {
         "-2147483649 -9223372036854775808 -9223372036854775809";
     for (const QByteArray& text : limits.split(' '))
       addTextRow(text.constData(), 0, text.constData());
-    addTextRow("010", 0, "10");
-    addTextRow("0x1f", 0, "31");
-    addTextRow("0X1F", 0, "31");
-    addTextRow("+0x10", 0, "16");
-    addTextRow("+5", 0, "5");
-    addTextRow(" \t\r\n7 \t\r\n", 0, "7");
-    addTextRow("0000000000000000000000000000000000000000000000001", 0, "1");
-    addTextRow("0x0000000000000000000000000000000000000000000000001", 0, "1");
+    const QByteArray others =
+        "010=10|0x1f=31|0X1F=31|+0x10=16|+5=5| \t\r\n7 \t\r\n=7|-0x10=-16|0xffffffff=4294967295|"
+        "-0x80000000=-2147483648|0000000000000000000000000000000000000000000000001=1|"
+        "0x0000000000000000000000000000000000000000000000001=1";
+    for (const QByteArray& row : others.split('|')) {
+      const QByteArrayList cells = row.split('=');
+      addTextRow(cells.first().constData(), 0, cells.last().constData());
+    }
     addTextRow("ff", 16, "255");
     addTextRow("0xff", 16, "255");
     addTextRow("z", 36, "35");
     addTextRow("101", 2, "5");
-    addTextRow("-0x10", 0, "-16");
-    addTextRow("0xffffffff", 0, "4294967295");
-    addTextRow("-0x80000000", 0, "-2147483648");
     const QByteArray refused =
         "| |+|-|0x|0X|-0x|+-5|-+5|--5|++5|0x-5|0x+5|0x0x5|x5|5 5|+ 5|- 5|0 x5|5.0|5e0|1,000|1'000|"
         "5u|0b1|0xg|ff|abc|inf";

@@ -1,24 +1,45 @@
 // A file of one format (KTO_FORMAT): loaded, saved and loaded again, and once more with an edit.
-// What was loaded must be savable, and nothing may change on the way.
+// What was loaded must be savable, and nothing may change on the way; nor may a failed load change
+// an object that holds something else (KTO_HELD).
 
 #include "Finding.h"
 #include "Formats.h"
+#include "TestFiles.h"
 #include "Torture.h"
+
+namespace {
+
+struct SHeld {
+  const std::unique_ptr<NFormats::CFormat> object = NFormats::make(NFormats::KTO_FORMAT);
+  QString state;
+
+  SHeld() {
+    NFuzz::require(object->load(NTestFiles::data(KTO_HELD)), "cannot load " KTO_HELD);
+    object->edit(1);
+    state = object->state();
+  }
+};
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
   static const NTorture::SOptions options(0, nullptr);
   static const NTorture::CFolder folder;
-  static const QString file = folder.path("file");
+  static const QString file = folder.filePath("file");
+  static std::unique_ptr<SHeld> held;
   const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
-  NTorture::writeFile(file, bytes);
-  const auto object = NFormats::make(NFormats::KTO_FORMAT);
-  const QString state = object->state();
-  if (!object->load(file)) {
-    NFuzz::require(!object->keepsContent() || object->state() == state, "the failed load stays");
+  NTestFiles::write(file, bytes);
+  if (!held) held = std::make_unique<SHeld>();
+  NFuzz::isLoaded = held->object->load(file);
+  if (!NFuzz::isLoaded && held->object->keepsContent()) {
+    NFuzz::require(held->object->state() == held->state, "the failed load left something");
     return 0;
   }
+  held.reset();
+  if (!NFuzz::isLoaded) return 0;
   const unsigned choice = qChecksum(bytes.constData(), static_cast<uint>(size));
-  NFuzz::require(NFormats::roundTrip(NFormats::KTO_FORMAT, file, folder.path("again")));
-  NFuzz::require(NFormats::roundTrip(NFormats::KTO_FORMAT, file, folder.path("again"), &choice));
+  NFuzz::require(NFormats::roundTrip(NFormats::KTO_FORMAT, file, folder.filePath("again")));
+  NFuzz::require(
+      NFormats::roundTrip(NFormats::KTO_FORMAT, file, folder.filePath("again"), &choice));
   return 0;
 }

@@ -1,118 +1,116 @@
 #include "CDisk.h"
 
+#include "TestFiles.h"
+
+#include <sys/stat.h>
+
 #include <algorithm>
 
-namespace {
-
-using SCall = NCallRecord::SCall;
-
-/// The part of a call that does not reach the disk; zeros take its place where the file has got its
-/// size before its content.
-struct SLoss {
-  size_t begin = 0;
-  size_t end = 0;
-  bool isZeroed = false;
-};
-
-void put(std::string& content, size_t offset, const std::string& bytes) {
-  if (bytes.empty()) return;
-  content.resize(std::max(content.size(), offset + bytes.size()));
-  content.replace(offset, bytes.size(), bytes);
+CDisk::CDisk(const QStringList& folders) : mFolders(folders) {
+  look();
+  for (auto& [number, file] : mFiles) file = {file.content, {}, file.content};
+  for (const QString& folder : mFolders) sync(folder, true);
 }
 
-void put(std::string& content, const SCall& call, const SLoss& loss = {}) {
-  const auto offset = static_cast<size_t>(call.offset);
-  if (call.kind == SCall::Resize) {
-    if (loss.end == 0) content.resize(offset);
+bool CDisk::look() {
+  bool isChanged = false;
+  std::map<quint64, int> numbers;
+  std::map<QString, int> found;
+  for (const QString& folder : mFolders) {
+    for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::Files | QDir::Hidden)) {
+      struct stat status {};
+      if (info.isSymLink() || ::lstat(qPrintable(info.filePath()), &status) != 0) continue;
+      // The system uses the numbers of removed files again.
+      const int number = mNumbers.emplace(status.st_ino, mLast + 1).first->second;
+      mLast = std::max(mLast, number);
+      numbers[status.st_ino] = found[info.filePath()] = number;
+      mNames[info.filePath()];
+      isChanged |= change(mFiles[number], NTestFiles::read(info.filePath()).toStdString());
+    }
+  }
+  for (auto& [path, name] : mNames) {
+    const auto file = found.find(path);
+    const int number = file == found.end() ? 0 : file->second;
+    if (number == name.files.back()) continue;
+    name.files.push_back(number);
+    isChanged = true;
+  }
+  mNumbers = numbers;
+  return isChanged;
+}
+
+bool CDisk::change(SFile& file, const std::string& content) {
+  const size_t both = std::min(file.content.size(), content.size());
+  const auto end = file.content.begin() + static_cast<std::ptrdiff_t>(both);
+  const auto same = std::mismatch(file.content.begin(), end, content.begin()).first;
+  const auto offset = static_cast<size_t>(same - file.content.begin());
+  if (content.size() < file.content.size()) file.unsynced.push_back({offset, {}});
+  if (offset < content.size()) file.unsynced.push_back({offset, content.substr(offset)});
+  const bool isChanged = content != file.content;
+  file.content = content;
+  return isChanged;
+}
+
+void CDisk::sync(const QString& path, bool isDone) {
+  const int number = files(path).back();
+  SFile& file = mFiles[number];
+  file.isSpoilt |= !isDone;
+  if (!file.isSpoilt) file = {file.content, {}, file.content};
+  for (auto& [name, state] : mNames) {
+    if (name.section('/', 0, -2) != path) continue;
+    if (!isDone && state.files.size() > 1) state.spoilt = state.files.size();
+    if (isDone && state.files.size() > state.spoilt) state = {{state.files.back()}, 0};
+  }
+}
+
+std::vector<int> CDisk::files(const QString& path) const {
+  const auto found = mNames.find(path);
+  return found == mNames.end() ? std::vector<int>{0} : found->second.files;
+}
+
+void CDisk::put(std::string& content, const SChange& change, const SLoss& loss) {
+  if (change.bytes.empty()) {
+    if (loss.end == 0) content.resize(std::min(content.size(), change.offset));
     return;
   }
-  put(content, offset, call.bytes.substr(0, loss.begin));
-  if (loss.isZeroed) put(content, offset, std::string(loss.end, '\0'));
-  put(content, offset + loss.end, call.bytes.substr(loss.end));
+  const auto write = [&](size_t from, const std::string& bytes) {
+    if (bytes.empty()) return;
+    content.resize(std::max(content.size(), change.offset + from + bytes.size()));
+    content.replace(change.offset + from, bytes.size(), bytes);
+  };
+  write(0, change.bytes.substr(0, loss.begin));
+  if (loss.isZeroed) write(loss.begin, std::string(loss.end - loss.begin, '\0'));
+  write(loss.end, change.bytes.substr(loss.end));
 }
 
-/// All of it, and all before or behind the end of a block.
-std::vector<SLoss> lossesOf(const SCall& call) {
+/// All of it, and all before or after the end of a block.
+std::vector<CDisk::SLoss> CDisk::lossesOf(const SChange& change) {
   constexpr size_t kBlock = 512;
   constexpr size_t kMostTears = 64;
-  const size_t size = call.bytes.size();
-  if (call.kind == SCall::Resize) return {{0, 1}};
+  const size_t size = change.bytes.size();
+  if (size == 0) return {{0, 1}};
   std::vector<SLoss> losses{{0, size}, {0, size, true}};
   const size_t step = kBlock * (1 + size / kBlock / kMostTears);
-  const size_t first = kBlock - static_cast<size_t>(call.offset) % kBlock;
-  for (size_t end = first; end < size; end += step) {
+  for (size_t end = kBlock - change.offset % kBlock; end < size; end += step) {
     losses.push_back({0, end});
     losses.push_back({end, size});
   }
   return losses;
 }
 
-}  // namespace
-
-void CDisk::apply(const SCall& call) {
-  switch (call.kind) {
-    case SCall::Write:
-    case SCall::Resize:
-      mFiles[call.number].unsynced.push_back(call);
-      return;
-    case SCall::Name: {
-      mNames[{call.number, call.bytes}].files.push_back(call.named);
-      return;
-    }
-    case SCall::Sync:
-      sync(call.number);
-      return;
-    case SCall::FailedSync:
-      mFiles[call.number].isSpoilt = true;
-      for (auto& [key, name] : mNames)
-        if (key.first == call.number && name.files.size() > 1) name.spoilt = name.files.size();
-      return;
-  }
-}
-
-void CDisk::sync(int number) {
-  SFile& file = mFiles[number];
-  if (!file.isSpoilt) {
-    file.synced = content(number);
-    file.unsynced.clear();
-  }
-  for (auto& [key, name] : mNames)
-    if (key.first == number && name.files.size() > name.spoilt) name = {{name.files.back()}, 0};
-}
-
-void CDisk::settle() {
-  for (const auto& [number, file] : mFiles) sync(number);
-  for (auto& [key, name] : mNames) name = {{name.files.back()}, 0};
-}
-
-std::vector<int> CDisk::files(int folder, const std::string& name) const {
-  const auto found = mNames.find({folder, name});
-  return found == mNames.end() ? std::vector<int>{0} : found->second.files;
-}
-
-std::string CDisk::content(int number) const {
-  const auto found = mFiles.find(number);
-  if (found == mFiles.end()) return {};
-  std::string bytes = found->second.synced;
-  for (const SCall& call : found->second.unsynced) put(bytes, call);
-  return bytes;
-}
-
 bool CDisk::always(int number, const std::function<bool(const std::string&)>& holds) const {
-  const auto found = mFiles.find(number);
-  if (found == mFiles.end()) return holds({});
-  const std::vector<SCall>& calls = found->second.unsynced;
-  std::string kept = found->second.synced;  // with the calls before the one that is lost
+  const SFile& file = mFiles.at(number);
+  std::string kept = file.synced;  // with the changes before the one that is lost
   if (!holds(kept)) return false;
-  for (size_t lost = 0; lost < calls.size(); ++lost) {
-    for (const SLoss& loss : lossesOf(calls[lost])) {
+  for (auto lost = file.unsynced.begin(); lost != file.unsynced.end(); ++lost) {
+    for (const SLoss& loss : lossesOf(*lost)) {
       std::string left = kept;
-      put(left, calls[lost], loss);
-      if (!holds(left)) return false;  // so are all behind it
-      for (size_t next = lost + 1; next < calls.size(); ++next) put(left, calls[next]);
+      put(left, *lost, loss);
+      if (!holds(left)) return false;  // so are all after it
+      for (auto next = lost + 1; next != file.unsynced.end(); ++next) put(left, *next, {});
       if (!holds(left)) return false;
     }
-    put(kept, calls[lost]);
+    put(kept, *lost, {});
     if (!holds(kept)) return false;
   }
   return true;

@@ -1,42 +1,61 @@
 #pragma once
 
-#include "CallRecord.h"
+#include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <map>
-#include <utility>
+#include <string>
+#include <vector>
 
-/// What a disk may hold after a power cut, by what POSIX promises and nothing more: a write is
-/// kept, lost or torn as long as its file is not synced, and a name stands for any of the files
-/// that it stood for since its folder was synced. A sync that failed has lost what it was to keep.
+/// What a disk may hold after a power cut, by what POSIX promises and nothing more: a change of a
+/// file is kept, lost or torn as long as the file is not synced, and a name may be that of any of
+/// the files that had it since its folder was synced. A sync that failed has lost what it was to
+/// keep.
 class CDisk {
  public:
-  using SCall = NCallRecord::SCall;
+  /// The paths have no links; what is in the folders is on the disk.
+  explicit CDisk(const QStringList& folders);
 
-  void apply(const SCall& call);
-  /// All of it is on the disk.
-  void settle();
-  /// What a name may stand for; 0 is no file. The last is what it stands for without a power cut.
-  std::vector<int> files(int folder, const std::string& name) const;
+  /// Looks for what a call has changed in the folders. False when that is nothing.
+  bool look();
+  /// A file or folder was synced, or that failed.
+  void sync(const QString& path, bool isDone);
+  /// Numbers of the files that a name may be of; 0 is no file.
+  std::vector<int> files(const QString& path) const;
   /// Whether a condition holds for every content that a file may have.
   bool always(int number, const std::function<bool(const std::string&)>& holds) const;
-  /// The content without a power cut.
-  std::string content(int number) const;
 
  private:
+  struct SChange {
+    size_t offset;
+    std::string bytes;  ///< from the offset on; none when the file ends there from now on
+  };
+  /// The part of a change that does not reach the disk; zeros take its place where the file has got
+  /// its size before its content.
+  struct SLoss {
+    size_t begin = 0;
+    size_t end = 0;
+    bool isZeroed = false;
+  };
   struct SFile {
     std::string synced;
-    std::vector<SCall> unsynced;
+    std::vector<SChange> unsynced;
+    std::string content;  ///< without a power cut
     bool isSpoilt = false;
   };
   struct SName {
     std::vector<int> files{0};
     size_t spoilt = 0;  ///< so many of them
   };
-  using CKey = std::pair<int, std::string>;  ///< the folder, and the name in it
 
-  void sync(int number);
+  static void put(std::string& content, const SChange& change, const SLoss& loss);
+  static std::vector<SLoss> lossesOf(const SChange& change);
+  static bool change(SFile& file, const std::string& content);
 
-  std::map<int, SFile> mFiles;  ///< and folders
-  std::map<CKey, SName> mNames;
+  const QStringList mFolders;
+  std::map<quint64, int> mNumbers;  ///< of the files that have a name, by those of the system
+  std::map<int, SFile> mFiles;
+  std::map<QString, SName> mNames;
+  int mLast = 0;
 };

@@ -1,47 +1,33 @@
 #pragma once
 
-#include <initializer_list>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
 
-/// System calls that fail on demand. The library stands in front of the C library, so that the
-/// calls of Qt pass through it too; only the process that arms it is affected.
+/// System calls that fail on demand, and that a test may watch. The library is loaded before the C
+/// library, so that the calls of Qt pass through it too; a process that asks for nothing runs as
+/// without it. Calls are named as the C library names them.
 namespace NFaults {
 
-enum ECall {
-  Open,
-  Read,
-  Stat,
-  Write,
-  Sync,
-  Rename,
-  Link,
-  Close,
-  Chmod,
-  Chown,
-  Unlink,
-  SendFile,
-  RenameToNew,
-  GetAttribute,
-  SetAttribute,
-  RemoveAttribute,
-  CallCount
-};
 enum EMode {
   Once,        ///< the n-th call fails
   FromThenOn,  ///< so do all that come after it
-  Short,       ///< a write writes half, and everything after it fails
-  KillBefore,  ///< the process is killed before the call
-  KillAfter    ///< and behind it
+  Short        ///< the n-th write writes half, and all after it fail
 };
+using CWatcher = std::function<void(const std::string& call, int file, bool isDone)>;
 
 /// Calls that fail until others are named, as on a file system that does not have them.
-void refuse(std::initializer_list<ECall> calls);
+void refuse(const std::set<std::string>& calls);
 /// nth counts from 1; error is what errno becomes.
-void arm(ECall call, int nth, int error, EMode mode);
+void arm(const std::string& call, int nth, int error, EMode mode);
 /// Ends the faults; how often each call was made since arm() is kept.
 void disarm();
-int calls(ECall call);
+std::map<std::string, int> calls();
 /// Whether the fault came to pass.
 bool hasStruck();
-const char* name(ECall call);
+/// The watcher is told of every call after it, with its file if it has one. Its own calls are not
+/// counted and do not fail. An empty one ends the watch.
+void watch(const CWatcher& watcher);
 
 }  // namespace NFaults

@@ -4,8 +4,9 @@
 #include "ICParameterFile.h"
 #include "ICSettingsFile.h"
 #include "ParamFileText.h"
-#include "Torture.h"
+#include "TestFiles.h"
 
+#include <QRandomGenerator>
 #include <QRegularExpression>
 
 namespace NFormats {
@@ -14,6 +15,92 @@ namespace {
 
 constexpr quint32 kVersion = 0x10000;
 const QString kVersionText = "1.0";
+
+bool oneIn(QRandomGenerator& random, int times) {
+  return random.bounded(times) == 0;
+}
+
+/// A text of what files mishandle: blanks, line ends, mark-up, odd characters, pairs.
+QString text(QRandomGenerator& random) {
+  static const QStringList kPieces =
+      QString::fromUtf8(
+          u8" |\t|\n|\r|\r\n|&|<|>|\"|'|]]>|&amp;|a|Z|0|0x1f|-1|1.5|"
+          u8"1,5|nan|/|<!--|%1|%n|\u00A0|\u0085|\u2028|\uFEFF|\uFFFD|"
+          u8"\uE000|\uD7FF|\u0301|µ°Ω²ßü|名前|\U0001F529\U0010FFFD")
+          .split('|');
+  QString result;
+  for (int i = random.bounded(8); i > 0; --i) result += kPieces.at(random.bounded(kPieces.size()));
+  return result;
+}
+
+QString name(QRandomGenerator& random, const QString& prefix, int number) {
+  return prefix + QString::number(number) + (oneIn(random, 3) ? text(random) : QString());
+}
+
+qint64 number(QRandomGenerator& random) {
+  const qint64 bits =
+      (static_cast<qint64>(random.bounded(1 << 30)) << 34) ^ random.bounded(1 << 30);
+  return bits >> random.bounded(64);
+}
+
+QString value(QRandomGenerator& random, NParamDef::EParamType type) {
+  switch (random.bounded(3)) {
+    case 0:
+      return text(random);
+    case 1:
+      return CParamVal(number(random));
+    default:
+      return type == NParamDef::PARAM_TYPE_F64 ? CParamVal(static_cast<double>(number(random)) / 7)
+                                               : CParamVal(static_cast<quint64>(number(random)));
+  }
+}
+
+void addChoices(QRandomGenerator& random, CParamDefItem& item) {
+  for (int i = random.bounded(4); i > 0; --i) item.addEnum(number(random), text(random));
+  item.setEnumEditable(item.hasEnums() && oneIn(random, 2));
+  for (int i = random.bounded(3); i > 0; --i) item.addRadio(number(random), text(random));
+  for (int i = random.bounded(3); i > 0; --i)
+    item.addBit(random.bounded(64), text(random), oneIn(random, 2));
+  if (oneIn(random, 3)) {
+    const bool third = oneIn(random, 2);
+    item.setCheckVals({number(random), number(random), third, third ? number(random) : 0});
+  }
+  for (int i = random.bounded(3); i > 0; --i) {
+    item.setVisibleId(static_cast<quint32>(random.bounded(100)));
+    item.addVisibleValue(number(random));
+  }
+}
+
+CParamDefItem definition(QRandomGenerator& random, int index) {
+  const auto type = static_cast<NParamDef::EParamType>(random.bounded(11));
+  const quint32 id = oneIn(random, 5)   ? 0
+                     : oneIn(random, 9) ? NParamDef::NO_ID
+                                        : 100U + unsigned(index);
+  CParamDefItem item(name(random, "P", index), type, id);
+  item.setHint(text(random));
+  item.setUnitId(static_cast<quint32>(random.bounded(3)));
+  item.setDefVal(value(random, type));
+  if (oneIn(random, 2)) item.setMinVal(CParamVal(-5));
+  if (oneIn(random, 2)) item.setMaxVal(CParamVal("0xffff"));
+  for (int i = random.bounded(3); i > 0; --i) item.addMinId(static_cast<quint32>(number(random)));
+  for (int i = random.bounded(3); i > 0; --i) item.addMaxId(static_cast<quint32>(number(random)));
+  addChoices(random, item);
+  return item;
+}
+
+void addTree(QRandomGenerator& random, ICParameterFile& file, quint8 subDevId) {
+  file.setSubDevType(subDevId, static_cast<NParamDef::ESubDeviceTypes>(random.bounded(4)));
+  if (oneIn(random, 2)) file.setSubDevName(subDevId, text(random));
+  ICParamTreeNode* group = file.rootGroup(subDevId);
+  int groups = 0;
+  for (int i = 0; i < 8; ++i) {
+    const QString parameter = name(random, "P", i);
+    if (oneIn(random, 3)) group = file.addGroup(group, name(random, "G", ++groups));
+    if (oneIn(random, 4)) group = group->rootPtr();
+    if (oneIn(random, 2)) file.addParameter(group, parameter);
+    if (oneIn(random, 2)) file.setParamValue(parameter, text(random), subDevId);
+  }
+}
 
 class CParameterFormat : public CFormat {
  public:
@@ -31,26 +118,30 @@ class CParameterFormat : public CFormat {
   QString told() const override {
     return QStringLiteral("line %1: %2").arg(mFile->errorLine()).arg(mFile->errorMsg());
   }
-  QString content() override { return NParamFileText::content(*mFile); }
+  QString content() override {
+    const QString text = NParamFileText::content(*mFile);
+    return mValues ? text.mid(text.indexOf("\nhardware id ")) + mFile->author() + mFile->comment()
+                   : text;
+  }
   QString state() override { return NParamFileText::all(*mFile); }
-  void edit(unsigned choice) override {
-    if (mValues)
-      mFile->setMetaData("author", mFile->comment());
-    else
-      mFile->setDefMetaData("author", mFile->defComment());
-    const QStringList definitions = mFile->defNames();
-    if (!definitions.isEmpty()) {
-      CParamDefItem* item = mFile->paramDefPtr(
-          definitions.at(static_cast<int>(choice % unsigned(definitions.size()))));
-      item->setHint("hint");
-      item->addEnum(choice, "choice");
+  void edit(quint32 choice) override {
+    QRandomGenerator random(choice);
+    if (!mValues) {
+      mFile->setDefMetaData("a" + text(random), text(random));
+      for (int i = random.bounded(8); i > 0; --i) mFile->addDef(definition(random, i));
+      return;
     }
-    for (const quint8 id : mFile->subDeviceIds()) {
-      for (const QString& name : mFile->paramNames(id)) mFile->setParamValue(name, choice, id);
-      mFile->subGroup("new/group", id);
-    }
+    mFile->setMetaData("a" + text(random), text(random));
+    for (const quint8 id : mFile->subDeviceIds())
+      for (const QString& parameter : mFile->paramNames(id))
+        mFile->setParamValue(parameter, text(random), id);
     if (mFile->containsHardwareId(mFile->hardwareId()))
       mFile->cloneHardwareId(mFile->hardwareId(), "clone");
+    for (int i = random.bounded(3); i > 0; --i) {
+      mFile->addHardwareId(name(random, "H", i) + "x");  // blanks at the ends are not kept
+      for (const int id : {254, 127, 0})
+        if (oneIn(random, 2)) addTree(random, *mFile, static_cast<quint8>(id));
+    }
   }
   bool keepsContent() const override { return true; }
 
@@ -81,19 +172,25 @@ class CSettingsFormat : public CFormat {
     append(mFile->root(), 0, text);
     return text;
   }
-  void edit(unsigned choice) override {
-    ICSettingsTreeNode* node = mFile->root();
-    while (node != nullptr) {
-      node->setComment("comment");
-      if (node->isParam()) node->setValue(choice);
-      node = node->childPtr(node->childCnt() - 1);
-    }
+  void edit(quint32 choice) override {
+    QRandomGenerator random(choice);
+    ICSettingsTreeNode* root = mFile->root();
+    for (int i = root != nullptr ? root->childCnt() : 0; i > 0; --i)
+      edit(*root->childPtr(i - 1), random);
   }
   bool keepsContent() const override {
     return mResult == ICSettingsFile::OpenError || mResult == ICSettingsFile::VersionError;
   }
 
  private:
+  static void edit(ICSettingsTreeNode& node, QRandomGenerator& random) {
+    if (oneIn(random, 2)) node.setComment("c" + text(random));
+    if (node.isParam() && oneIn(random, 2)) node.setUnit("u" + text(random));
+    if (node.isParam())
+      node.setValue(node.type() == ICSettingsTreeNode::TypeString ? CParamVal(text(random))
+                                                                  : CParamVal(number(random)));
+    for (int i = 0; i < node.childCnt(); ++i) edit(*node.childPtr(i), random);
+  }
   static void append(const ICSettingsTreeNode* node, int depth, QString& text) {
     if (node == nullptr) return;
     text += QString(depth, ' ') +
@@ -136,10 +233,19 @@ class CCompensationFormat : public CFormat {
       texts += point.position().asStr() + '=' + point.adjustment().asStr();
     return texts.join('\n');
   }
-  void edit(unsigned choice) override {
+  void edit(quint32 choice) override {
+    QRandomGenerator random(choice);
+    CXMLMetaData head;
+    head.setDate(QDate(2000 + random.bounded(100), 2, 28));
+    head.setAuthor("a" + text(random));
+    head.setComment(text(random));
+    mFile->setMetaData(head);
     CCompensationPoint point;
-    point.setPosition(choice);
-    mFile->appendPoint(point);
+    for (int i = random.bounded(10); i >= 0; --i) {
+      point.setPosition(static_cast<double>(number(random)) / 3);
+      point.setAdjustment(number(random));
+      mFile->appendPoint(point);
+    }
     mFile->setPoint(0, point);
     mFile->removePoint(1);
     mFile->checkAllPoints(nullptr);
@@ -183,7 +289,7 @@ std::unique_ptr<CFormat> make(EFormat format) {
 }
 
 QString roundTrip(EFormat format, const QString& fileName, const QString& scratch,
-                  const unsigned* choice) {
+                  const quint32* choice) {
   const auto first = make(format);
   const auto second = make(format);
   if (!first->load(fileName)) return "it is not loaded a second time";
@@ -192,9 +298,9 @@ QString roundTrip(EFormat format, const QString& fileName, const QString& scratc
   if (!second->load(scratch)) return "what was saved cannot be loaded";
   const QString difference = firstDifference(kept(first->content()), kept(second->content()));
   if (!difference.isEmpty()) return "what was saved differs: " + difference;
-  const QByteArray bytes = NTorture::readFile(scratch);
+  const QByteArray bytes = NTestFiles::read(scratch);
   if (!second->save(scratch)) return "what was saved and loaded cannot be saved";
-  return bytes == NTorture::readFile(scratch) ? QString() : "saved again the bytes differ";
+  return bytes == NTestFiles::read(scratch) ? QString() : "saved again the bytes differ";
 }
 
 }  // namespace NFormats

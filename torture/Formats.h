@@ -20,8 +20,9 @@ class CFormat {
   virtual QString content() = 0;
   /// The content and all that an application knows beside it.
   virtual QString state() { return content(); }
-  /// Changes something, chosen by the number.
-  virtual void edit(unsigned choice) = 0;
+  /// Adds and changes by chance whatever the format may hold, the same for the same number: names
+  /// and texts of what files mishandle among it.
+  virtual void edit(quint32 choice) = 0;
   /// Whether the content must be the old one after the last load, which failed.
   virtual bool keepsContent() const = 0;
 };
@@ -32,6 +33,6 @@ std::unique_ptr<CFormat> make(EFormat format);
 /// Loads a file and saves it, which must go well and keep everything: what went wrong, or nothing.
 /// With a choice it is edited in between.
 QString roundTrip(EFormat format, const QString& fileName, const QString& scratch,
-                  const unsigned* choice = nullptr);
+                  const quint32* choice = nullptr);
 
 }  // namespace NFormats

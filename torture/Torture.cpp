@@ -2,7 +2,6 @@
 
 #include "CMessageBoardHelper.h"
 #include "NClock.h"
-#include "TestFiles.h"
 
 #include <QFileInfo>
 
@@ -23,8 +22,8 @@ SOptions::SOptions(int argc, char** argv) {
 }
 
 CFolder::CFolder()
-    : mFolder((QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : QDir::tempPath()) +
-              "/kto-torture-XXXXXX") {}
+    : QTemporaryDir((QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : QDir::tempPath()) +
+                    "/kto-torture-XXXXXX") {}
 
 bool CTally::check(bool ok, const QString& what) {
   ++mChecks;
@@ -35,25 +34,6 @@ bool CTally::check(bool ok, const QString& what) {
 int CTally::finish(const QString& figures) const {
   std::printf("%s: %s; %lld checks, %lld failed\n", mName, qPrintable(figures), mChecks, mFailures);
   return mFailures == 0 && mChecks > 0 ? EXIT_SUCCESS : EXIT_FAILURE;
-}
-
-QByteArray readFile(const QString& fileName) {
-  return NTestFiles::read(fileName);
-}
-
-void writeFile(const QString& fileName, const QByteArray& content) {
-  if (!NTestFiles::write(fileName, content)) {
-    std::perror(qPrintable(fileName));
-    std::abort();
-  }
-}
-
-QString exampleFile(const QString& name) {
-  return NTestFiles::example(name);
-}
-
-QString testFile(const QString& name) {
-  return NTestFiles::data(name);
 }
 
 }  // namespace NTorture

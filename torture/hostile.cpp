@@ -1,8 +1,8 @@
-// Loads every hostile file in a process of its own: from a path and from a buffer, with its
-// outcome, its time and its memory.
+// Loads every hostile file of hostile.txt in a process of its own: from a path and from a buffer,
+// with its outcome, its time and its memory.
 
 #include "CXmlAbstractLumoFile.h"
-#include "HostileCases.h"
+#include "TestFiles.h"
 #include "Torture.h"
 
 #include <QRegularExpression>
@@ -13,12 +13,115 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <ctime>
+#include <functional>
 
 using namespace NTorture;
-using namespace NHostile;
 
 namespace {
+
+enum EEncoding { Utf16Le, Utf16Be, Utf8, EncodingCount };
+const std::array<const char*, EncodingCount> kEncodings{"UTF-16LE", "UTF-16BE", "UTF-8"};
+constexpr char16_t kBytes = 0xF800;  // private units from here on are bytes
+
+using CMessages = std::array<QString, EncodingCount>;
+using CRunFile =
+    std::function<void(const QString& name, const QStringList& cells, const CMessages& messages)>;
+
+/// Encodes unit by unit, so that a text may hold what no text should.
+QByteArray encode(const QString& text, EEncoding encoding) {
+  QByteArray bytes;
+  for (int i = 0; i < text.size(); ++i) {
+    const ushort unit = text.at(i).unicode();
+    const QString pair = text.mid(i, 2);
+    const bool isPair = pair.size() == 2 && pair[0].isHighSurrogate() && pair[1].isLowSurrogate();
+    if (unit >= kBytes && unit < kBytes + 0x100) {
+      bytes += static_cast<char>(unit - kBytes);
+    } else if (encoding == Utf16Le) {
+      bytes.append(static_cast<char>(unit)).append(static_cast<char>(unit >> 8));
+    } else if (encoding == Utf16Be) {
+      bytes.append(static_cast<char>(unit >> 8)).append(static_cast<char>(unit));
+    } else if (isPair || !text.at(i).isSurrogate()) {
+      bytes += pair.left(isPair ? 2 : 1).toUtf8();
+      i += isPair ? 1 : 0;
+    } else {
+      bytes.append(static_cast<char>(0xE0 | (unit >> 12)));
+      bytes.append(static_cast<char>(0x80 | ((unit >> 6) & 0x3F)));
+      bytes.append(static_cast<char>(0x80 | (unit & 0x3F)));
+    }
+  }
+  return bytes;
+}
+
+QByteArray flood(const QStringList& cells, EEncoding encoding) {
+  static const QRegularExpression repeated("^([0-9]+)\\*(.*)$",
+                                           QRegularExpression::DotMatchesEverythingOption);
+  QByteArray bytes;
+  for (const QString& cell : cells) {
+    const QRegularExpressionMatch match = repeated.match(cell);
+    const int times = match.hasMatch() ? match.captured(1).toInt() : 1;
+    const QString piece = match.hasMatch() ? match.captured(2) : cell;
+    if (piece.contains("%1"))
+      for (int i = 0; i < times; ++i) bytes += encode(piece.arg(i), encoding);
+    else
+      bytes += encode(piece, encoding).repeated(times);
+  }
+  return bytes;
+}
+
+QString unescape(QString text) {
+  static const QRegularExpression escape("\\\\(u([0-9a-f]{4})|x([0-9a-f]{2})|n|r)");
+  QRegularExpressionMatch match;
+  for (int from = 0; (from = text.indexOf(escape, from, &match)) >= 0; ++from) {
+    const QString unit = match.captured(2);
+    const QString byte = match.captured(3);
+    const int code = !unit.isEmpty()   ? unit.toInt(nullptr, 16)
+                     : !byte.isEmpty() ? kBytes + byte.toInt(nullptr, 16)
+                                       : (match.captured(1) == "n" ? '\n' : '\r');
+    text.replace(from, match.capturedLength(), QChar(code));
+  }
+  return text;
+}
+
+/// The files of one line.
+QList<QStringList> filesOf(const QString& kind, const QStringList& cells) {
+  if (kind == "flood") return {cells};
+  QStringList forbidden{QChar(0xD800), QChar(0xDFFF), QString(QChar(0xDC00)) + QChar(0xD800)};
+  if (kind == "control") forbidden = QStringList{QChar(0xFFFE), QChar(0xFFFF)};
+  for (int c = 0; c < 0x20 && kind == "control"; ++c)
+    if (c != '\t' && c != '\n' && c != '\r') forbidden += QChar(c);
+  QList<QStringList> files;
+  for (const QString& cell : cells) {
+    if (kind == "whole") files += QStringList(cell);
+    if (kind == "inside" || kind == "value") files += QStringList("<r>\n" + cell + "</r>");
+    if (kind == "value") files += QStringList("<r>\n<a b='" + cell + "'/></r>");
+    if (kind != "control" && kind != "half") continue;
+    for (const QString& text : qAsConst(forbidden))
+      files += QStringList(QString(cell).replace("%1", text));
+  }
+  return files;
+}
+
+/// Runs all files of the list; how many there are.
+int forEachFile(const CRunFile& run) {
+  const QString list = QString::fromUtf8(NTestFiles::read(KTO_HOSTILE_FILES));
+  CMessages messages;
+  int count = 0;
+  for (const QString& line : list.split('\n', Qt::SkipEmptyParts)) {
+    const QString kind = line.section(' ', 0, 0);
+    const QString rest = line.section(' ', 1);
+    const QString message = rest == "read" ? QString() : rest;
+    if (kind == "message" || kind == "utf16" || kind == "le") messages[Utf16Le] = message;
+    if (kind == "message" || kind == "utf16" || kind == "be") messages[Utf16Be] = message;
+    if (kind == "message" || kind == "utf8") messages[Utf8] = message;
+    for (const QStringList& cells : filesOf(kind, unescape(rest).split("  "))) {
+      run(line.left(80), cells, messages);
+      ++count;
+    }
+  }
+  return count;
+}
 
 class CAnyFile : public CXmlAbstractLumoFile {
  public:
@@ -34,47 +137,31 @@ struct SOutcome {
   double megabytes;
 };
 
-struct SWorst {
-  double value = 0;
-  QString name;
-
-  void update(double newValue, const QString& newName) {
-    if (newValue > value) *this = {newValue, newName};
-  }
-};
-
-double cpuSeconds() {
-  return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
 template <class Source>
 void load(const Source& source, SOutcome& outcome, char* message) {
   CAnyFile file;
   QString error;
-  const double start = cpuSeconds();
+  const std::clock_t start = std::clock();
   file.open(source, QString(), QString(), error);
-  outcome.seconds = std::max(outcome.seconds, cpuSeconds() - start);
+  const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+  outcome.seconds = std::max(outcome.seconds, seconds);
   error.remove(QRegularExpression("^File \"[^\"]*\": "));
   // The root tag, which is asked last, is not looked at here.
   if (!error.startsWith("Line ") || !error.contains(": the root element is <"))
     qstrncpy(message, qPrintable(error), sizeof outcome.fromPath);
 }
 
-void runCase(const SCase& hostile, EEncoding encoding, const QString& fileName, SOutcome& outcome) {
-  {
-    const QByteArray bytes = hostile.make(encoding);
-    writeFile(fileName, bytes);
-    load(bytes, outcome, outcome.fromBuffer);
-  }
-  load(fileName, outcome, outcome.fromPath);
-}
-
 /// False when the process did not come to its end.
-bool runApart(const SCase& hostile, EEncoding encoding, const QString& fileName,
+bool runApart(const QStringList& cells, EEncoding encoding, const QString& fileName,
               SOutcome& outcome) {
   const pid_t child = ::fork();
   if (child == 0) {
-    runCase(hostile, encoding, fileName, outcome);
+    {
+      const QByteArray bytes = flood(cells, encoding);
+      NTestFiles::write(fileName, bytes);
+      load(bytes, outcome, outcome.fromBuffer);
+    }
+    load(fileName, outcome, outcome.fromPath);
     ::_exit(EXIT_SUCCESS);
   }
   int status = 0;
@@ -91,20 +178,18 @@ int main(int argc, char** argv) {
   // Others may use the machine; what is quadratic in a file takes longer than ten seconds.
   const double maxSeconds = options.pick(10, 1);
   constexpr double kMaxMegabytes = 600;
-  const char* const names[] = {"UTF-16LE", "UTF-16BE", "UTF-8"};
   const CFolder folder;
-  const std::vector<SCase> cases = allCases();
   auto* outcome = static_cast<SOutcome*>(
       ::mmap(nullptr, sizeof(SOutcome), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   CTally tally("hostile files");
-  SWorst longest;
-  SWorst largest;
-  for (const SCase& hostile : cases) {
+  double longest = 0;
+  double largest = 0;
+  const auto run = [&](const QString& line, const QStringList& cells, const CMessages& messages) {
     for (const EEncoding encoding : {Utf16Le, Utf16Be, Utf8}) {
-      const QString name = QString("%1 in %2").arg(hostile.name.left(80), names[encoding]);
-      const QString expected = encoding == Utf8 ? hostile.utf8Message : hostile.utf16Message;
+      const QString name = QString("%1 in %2").arg(line, kEncodings[encoding]);
+      const QString& expected = messages[encoding];
       *outcome = SOutcome();
-      const bool ended = runApart(hostile, encoding, folder.path("file"), *outcome);
+      const bool ended = runApart(cells, encoding, folder.filePath("file"), *outcome);
       const bool inLimits = outcome->seconds < maxSeconds && outcome->megabytes < kMaxMegabytes;
       tally.check(ended, name + ": crashed");
       tally.check(outcome->fromBuffer == expected,
@@ -112,16 +197,13 @@ int main(int argc, char** argv) {
       tally.check(outcome->fromPath == expected, name + ": from a path: " + outcome->fromPath);
       tally.check(!options.hasLimits || inLimits,
                   name + QString(": %1 s, %2 MB").arg(outcome->seconds).arg(outcome->megabytes));
-      longest.update(outcome->seconds, name);
-      largest.update(outcome->megabytes, name);
+      longest = std::max(longest, outcome->seconds);
+      largest = std::max(largest, outcome->megabytes);
     }
-  }
-  return tally.finish(
-      QString("%1 files in three encodings, from path and buffer; the longest load took "
-              "%2 s (%3), the largest process %4 MB (%5)")
-          .arg(cases.size())
-          .arg(longest.value, 0, 'f', 2)
-          .arg(longest.name)
-          .arg(largest.value, 0, 'f', 0)
-          .arg(largest.name));
+  };
+  const int count = forEachFile(run);
+  return tally.finish(QString("%1 files in three encodings, from path and buffer; the longest load "
+                              "took %2 s, the largest process %3 MB")
+                          .arg(QString::number(count), QString::number(longest, 'f', 2),
+                               QString::number(largest, 'f', 0)));
 }

@@ -1,474 +1,336 @@
-// Saves whose system calls fail, whose disk is full, whose process is killed: the target is always
+// Saves whose system calls fail, whose process is killed, whose power is cut: the target is always
 // the old file or the new one, whole, and a save that says it succeeded has written the new one.
 
 #include "CAtomicFile.h"
+#include "CDisk.h"
 #include "Faults.h"
 #include "ICParameterFile.h"
+#include "ICSimpleParamReader.h"
+#include "TestFiles.h"
 #include "Torture.h"
 
-#include <QDataStream>
 #include <QDir>
+#include <QRandomGenerator>
 
-#include <fcntl.h>
-#include <grp.h>
-#include <linux/posix_acl.h>
-#include <linux/posix_acl_xattr.h>
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <functional>
 #include <memory>
-#include <vector>
 
+using namespace NTestFiles;
 using namespace NTorture;
 
 namespace {
 
 constexpr quint32 kVersion = 0x10000;
 
-/// How a scene goes about it.
+/// What a save finds, and how it goes about it.
 enum EHow {
   Exists = 1,
-  IsLink = 2,
+  IsLink = 2,   ///< to a file in another folder
   IsPlain = 4,  ///< the file system, which has neither second names nor rights
   KeepsBackup = 8,
-  HasRights = 16,
-  MovesAfter = 32  ///< the file is new, and gets its name only then
+  MovesAfter = 16,  ///< the file is new, and gets its name only then
+  HasRights = 32    ///< as far as the user may give them and the file system has them
 };
 struct SScene {
   const char* name;
   int how;
-  QFileDevice::Permissions permissions;
+  QFileDevice::Permissions permissions = {};
 
   bool is(EHow what) const { return (how & what) != 0; }
 };
 constexpr QFileDevice::Permissions kOwnersOnly = QFile::ReadOwner | QFile::WriteOwner;
 const SScene kScenes[] = {
-    {"a new file", 0, {}},
-    {"an old file", Exists, {}},
+    {"a new file", 0},
+    {"a new file, plain file system", IsPlain},
     {"a new file with permissions", 0, kOwnersOnly},
+    {"a new file after a link", IsLink},
+    {"an old file", Exists},
+    {"an old file with rights", Exists | HasRights},
     {"a link, with permissions", Exists | IsLink, kOwnersOnly},
-    {"a file with rights", Exists | HasRights, {}},
-    {"a backup first", Exists | KeepsBackup, {}},
-    {"a backup first, plain file system", Exists | KeepsBackup | IsPlain, {}},
-    {"a name that is free", MovesAfter, {}},
+    {"a link, plain file system", Exists | IsLink | IsPlain},
+    {"a backup first", Exists | KeepsBackup},
+    {"a backup first, plain file system", Exists | KeepsBackup | IsPlain},
+    {"a backup of a link first", Exists | IsLink | KeepsBackup},
+    {"a backup of a link first, plain file system", Exists | IsLink | KeepsBackup | IsPlain},
+    {"a name that is free", MovesAfter},
     {"a name that is free, plain file system", MovesAfter | IsPlain, kOwnersOnly},
 };
 
-constexpr uid_t kOwner = 100;
-constexpr uid_t kNamed[] = {101, 102};
-constexpr uid_t kStranger = 103;
-constexpr gid_t kGroups[] = {200, 201, 202};  // the file's, the saver's, one that a list names
+/// A save that is ready to be made. Its preparation does not fail.
+using CSave = std::function<bool(QString& error)>;
+using CPrepare = std::function<CSave(const QString& fileName, const SScene& scene)>;
 
-/// An access control list as the system keeps it, with any rights.
-QByteArray anyList(CRandom& random) {
-  QByteArray list;
-  QDataStream stream(&list, QIODevice::WriteOnly);
-  stream.setByteOrder(QDataStream::LittleEndian);
-  stream << quint32(POSIX_ACL_XATTR_VERSION);
-  const auto add = [&](quint16 tag, quint32 id) {
-    stream << tag << static_cast<quint16>(random.below(8)) << id;
+QByteArray bytesOf(int size) {
+  QRandomGenerator random(static_cast<quint32>(size));
+  QByteArray content(size, '\0');
+  for (char& byte : content) byte = static_cast<char>(1 + random.bounded(255));
+  return content;
+}
+
+CPrepare contentOf(int size) {
+  return [content = bytesOf(size)](const QString& name, const SScene& scene) -> CSave {
+    return [=](QString& error) {
+      QString backup;
+      QString lost;
+      const QString first = scene.is(MovesAfter) ? name + ".first" : name;
+      return (!scene.is(KeepsBackup) || CAtomicFile::keepAsBackup(name, backup, error)) &&
+             CAtomicFile::write(first, content, scene.permissions, error, &lost) &&
+             (!scene.is(MovesAfter) || CAtomicFile::renameToNew(first, name, error));
+    };
   };
-  constexpr auto kNobody = static_cast<quint32>(ACL_UNDEFINED_ID);
-  add(ACL_USER_OBJ, kNobody);
-  for (const uid_t user : kNamed)
-    if (random.oneIn(2)) add(ACL_USER, user);
-  add(ACL_GROUP_OBJ, kNobody);
-  if (random.oneIn(2)) add(ACL_GROUP, kGroups[2]);
-  add(ACL_MASK, kNobody);
-  add(ACL_OTHER, kNobody);
-  return list;
 }
 
-/// The second name is for what a folder gives its files. False where the file system has no lists.
-constexpr const char* kLists[] = {"system.posix_acl_access", "system.posix_acl_default"};
-bool setList(const QString& fileName, const char* name, const QByteArray& list) {
-  const auto size = static_cast<size_t>(list.size());
-  return ::setxattr(qPrintable(fileName), name, list.constData(), size, 0) == 0;
+CSave parameterFile(const QString& name, const SScene& /*scene*/) {
+  const auto file = std::shared_ptr<ICParameterFile>(
+      ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+  file->loadParamFile(example("TwoAxisDrive.xparam"), QString(), kVersion);
+  return [=](QString& error) {
+    const bool isSaved = file->saveParamFile(name, QString(), kVersion);
+    error = isSaved ? QString() : file->errorMsg();
+    return isSaved;
+  };
 }
 
-bool giveAway(const QString& fileName) {
-  return ::chown(qPrintable(fileName), kOwner, kGroups[0]) == 0;
+/// The old file is none that can be loaded, so that the reader makes a backup.
+CSave reader(const QString& name, const SScene& /*scene*/) {
+  const auto reader = std::shared_ptr<ICSimpleParamReader>(ICSimpleParamReader::createSingle(
+      NktoGlobal::FILE_TYPE_PARAMETERS, "id", NParamDef::FullAccess, nullptr, kVersion, kVersion));
+  QString error;
+  int number = 0;
+  const QString definitions = name + ".xpdef";
+  write(definitions, read(example("TwoAxisDrive.xpdef")));
+  QFile::setPermissions(definitions, kOwnersOnly);
+  reader->load(definitions, name, error);
+  reader->getParam(1, "new", "", number, 1, error);
+  return [reader](QString& /*error*/) {
+    const bool isSaved = reader->saveFiles();
+    reader->closeFiles(false);
+    return isSaved;
+  };
 }
 
-/// What the system lets everybody but the owner do with a file, by user and set of groups. Only the
-/// superuser can try.
-QByteArray rightsOf(const QString& fileName) {
-  QByteArray rights;
-  for (unsigned person = 0; person < 24; ++person) {
-    std::vector<gid_t> groups;
-    for (unsigned i = 0; i < 3; ++i)
-      if ((person >> i & 1U) != 0) groups.push_back(kGroups[i]);
-    ::setgroups(groups.size(), groups.data());
-    ::setegid(kStranger);
-    ::seteuid(kNamed[0] + person / 8);  // the second named one and the stranger follow
-    char bits = 0;
-    for (const int right : {R_OK, W_OK, X_OK}) {
-      const bool may = ::faccessat(AT_FDCWD, qPrintable(fileName), right, AT_EACCESS) == 0;
-      bits = static_cast<char>(bits | (may ? right : 0));
-    }
-    rights.append(bits);
-    ::seteuid(0);
-  }
-  ::setegid(kGroups[1]);
-  return rights;
+/// Another owner, a list that names a user, and an attribute.
+void giveRights(const char* fileName) {
+  const auto list = QByteArray::fromHex(
+      "0200000001000600ffffffff020006006500000004000400ffffffff10000600ffffffff20000400ffffffff");
+  Q_UNUSED(
+      ::setxattr(fileName, "system.posix_acl_access", list.constData(), size_t(list.size()), 0))
+  Q_UNUSED(::setxattr(fileName, "user.note", "kept", 4, 0))
+  Q_UNUSED(::chown(fileName, 100, 200))
 }
-
-QByteArray pattern(int size, unsigned seed) {
-  CRandom random(seed);
-  QByteArray bytes(size, '\0');
-  for (char& byte : bytes) byte = static_cast<char>(random.below(256));
-  return bytes;
-}
-
-/// A folder with a file to save, and what may be found there afterwards.
-class CStage {
- public:
-  CStage(const SScene& scene, const QByteArray& content, CTally& tally, const QString& path)
-      : mScene(scene), mNew(content), mTally(tally), mPath(path) {
-    clear();
-    QDir().mkpath(mPath);
-    if (scene.is(Exists)) writeFile(target(), mOld);
-    if (scene.is(IsLink)) QFile::link("file", mPath + "/link");
-    if (scene.is(KeepsBackup)) writeFile(target() + ".bak", "earlier");
-    if (scene.is(HasRights)) {
-      CRandom random(9);
-      setList(target(), kLists[0], anyList(random));
-      setList(target(), "user.note", "kept");
-      giveAway(target());
-    }
-    if (!scene.is(IsPlain)) return;
-    QFile::setPermissions(target(), kOwnersOnly);  // what a new file has, and keeps
-    NFaults::refuse({NFaults::Link, NFaults::RenameToNew, NFaults::Chmod, NFaults::Chown,
-                     NFaults::GetAttribute, NFaults::RemoveAttribute});
-  }
-  ~CStage() {
-    NFaults::refuse({});
-    clear();
-  }
-
-  QString target() const { return mPath + "/file"; }
-  void saveWith(const std::function<bool(const QString&, QString&)>& save) {
-    const QString name = mPath + (mScene.is(IsLink) ? "/link" : "/file");
-    const QString first = mScene.is(MovesAfter) ? mPath + "/first" : name;
-    QString backup;
-    mSaved = (!mScene.is(KeepsBackup) || CAtomicFile::keepAsBackup(name, backup, mError)) &&
-             save(first, mError) &&
-             (!mScene.is(MovesAfter) || CAtomicFile::renameToNew(first, name, mError));
-  }
-  void save() {
-    saveWith([this](const QString& name, QString& error) {
-      return CAtomicFile::write(name, mNew, mScene.permissions, error, &mLost);
-    });
-  }
-
-  void check(const QString& what, bool mayLeaveFiles = false) const {
-    const bool exists = QFile::exists(target());
-    const QByteArray found = exists ? readFile(target()) : QByteArray();
-    const bool isOld = mScene.is(Exists) ? found == mOld : !exists;
-    const bool isNew = exists && found == mNew;
-    const QString message =
-        QString("%1, %2 bytes, %3: ").arg(mScene.name).arg(mNew.size()).arg(what);
-    mTally.check(isOld || isNew, message + QString("torn, %1 bytes").arg(found.size()));
-    mTally.check(isNew || !mSaved, message + "reported as saved");
-    const bool saysKept = mError.contains("the old one is kept");
-    mTally.check(!saysKept || (isOld && mScene.is(Exists)), message + mError);
-    mTally.check(!mScene.is(IsLink) || QFileInfo(mPath + "/link").isSymLink(),
-                 message + "link is gone");
-    if (mScene.is(KeepsBackup)) {
-      mTally.check(isOld || readFile(target() + ".bak.1") == mOld, message + "no backup");
-      mTally.check(readFile(target() + ".bak") == "earlier", message + "a backup was replaced");
-    }
-    QStringList more = QDir(mPath).entryList(QDir::Files | QDir::Hidden);
-    for (const char* known : {"file", "link", "file.bak", "file.bak.1"}) more.removeAll(known);
-    if (!mSaved) more.removeAll("first");
-    mTally.check(mayLeaveFiles || more.isEmpty(), message + "left " + more.join(' '));
-  }
-  bool isSaved() const { return mSaved; }
-  const QString& error() const { return mError; }
-
- private:
-  void clear() const { QDir(mPath).removeRecursively(); }
-
-  const SScene mScene;
-  const QByteArray mOld = pattern(20000, 7);
-  const QByteArray mNew;
-  CTally& mTally;
-  const QString mPath;
-  QString mError;
-  QString mLost;
-  bool mSaved = false;
-};
 
 class CSaves {
  public:
   CSaves(const SOptions& options, CTally& tally) : mOptions(options), mTally(tally) {}
 
-  /// Every call of a save fails once, and from then on, with every error.
-  void failEveryCall() {
-    for (const SScene& scene : kScenes) {
-      for (const int size : mOptions.isLong ? QList<int>{1000, 16383, 16384, 16385, 100000, 5000000}
-                                            : QList<int>{1000, 16385}) {
-        const QByteArray content = pattern(size, 1);
-        const auto save = [](CStage& stage) { stage.save(); };
-        failEveryCallOf(scene, content, save);
-      }
-    }
-    const auto file = std::unique_ptr<ICParameterFile>(
-        ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-    file->loadParamFile(exampleFile("TwoAxisDrive.xparam"), QString(), kVersion);
-    file->saveParamFile(folder("expected"), QString(), kVersion);
-    failEveryCallOf(kScenes[1], readFile(folder("expected")), [&file](CStage& stage) {
-      stage.saveWith([&file](const QString& name, QString& error) {
-        const bool saved = file->saveParamFile(name, QString(), kVersion);
-        error = saved ? QString() : file->errorMsg();
-        return saved;
-      });
-    });
-  }
-
-  /// Every call of a save is its process's last.
-  void killAtEveryCall() {
-    for (const SScene& scene : kScenes) {
-      if (scene.is(MovesAfter) && scene.is(IsPlain)) continue;  // copied, as nothing else is left
-      const QByteArray content = pattern(16385, 2);
-      forEveryCall(
-          scene, content, [](CStage& stage) { stage.save(); },
-          [&](NFaults::ECall call, int n) {
-            for (const NFaults::EMode mode : {NFaults::KillBefore, NFaults::KillAfter}) {
-              CStage stage(scene, content, mTally, folder("stage"));
-              const pid_t child = ::fork();
-              if (child == 0) {
-                NFaults::arm(call, n, EIO, mode);
-                stage.save();
-                ::_exit(EXIT_SUCCESS);
-              }
-              int status = 0;
-              ::waitpid(child, &status, 0);
-              mTally.check(WIFSIGNALED(status), "the process lived on");
-              stage.check(QString("killed at %1 %2").arg(NFaults::name(call)).arg(n), true);
-              ++mKills;
-            }
-          });
-    }
+  /// Every call of a save fails once, and from then on, with every error, and after every call
+  /// the power is cut.
+  void failEveryCall(const SScene& scene, const CPrepare& prepare, const QString& what) {
+    mScene = scene;
+    mPrepare = prepare;
+    mWhat = scene.name + (", " + what + ": ");
+    mNew = {};
+    saveWith({}, 0, 0, NFaults::Once);
+    mNew = read(target());
+    check(mIsSaved && mNew != mOld, mError);
+    saveWith({}, 0, 0, NFaults::Once);
+    checkFiles(false);
+    for (const auto& [call, count] : NFaults::calls())
+      for (int n = 1; n <= count; ++n) failCall(call, n);
   }
 
   /// A process that saves without an end is killed at any moment.
   void killAtRandom() {
-    CRandom random(3);
-    const QByteArray content = pattern(100000, 4);
-    for (int i = mOptions.pick(20, 200); i > 0; --i) {
-      CStage stage(kScenes[1], content, mTally, folder("stage"));
+    QRandomGenerator random(3);
+    mScene = kScenes[4];
+    mWhat = "killed: ";
+    mNew = bytesOf(100000);
+    for (int i = mOptions.pick(20, 200); i > 0; --i, ++mKills) {
+      prepareFolders();
+      mIsSaved = false;
+      const CSave save = contentOf(mNew.size())(target(), mScene);
       const pid_t child = ::fork();
-      if (child == 0)
-        for (;;) stage.save();
-      ::usleep(static_cast<useconds_t>(random.below(3000)));
+      while (child == 0) save(mError);
+      ::usleep(static_cast<useconds_t>(random.bounded(3000)));
       ::kill(child, SIGKILL);
       ::waitpid(child, nullptr, 0);
-      stage.check("killed", true);
-      ++mKills;
+      checkFiles(true);
     }
-  }
-
-  /// A disk with room for so many pages.
-  void fillTheDisk() {
-    apart("full disk", [this] {
-      const QString disk = folder("disk");
-      QDir().mkpath(disk);
-      if (::unshare(CLONE_NEWNS) != 0 ||
-          ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-          ::mount("kto", qPrintable(disk), "tmpfs", 0, "size=256k") != 0) {
-        std::printf("saves: skipped, a full disk: no file system can be mounted here\n");
-        return;
-      }
-      const QByteArray page(4096, 'x');
-      int failures = 0;
-      for (const int size : {1000, 16383, 16384, 16385, 100000}) {
-        for (int pages = 0; pages < 64; pages += pages < 8 ? 1 : 5) {
-          CStage stage(kScenes[1], pattern(size, 5), mTally, disk + "/stage");
-          writeFile(disk + "/filler", QByteArray());
-          QFile filler(disk + "/filler");
-          filler.open(QFile::WriteOnly | QFile::Unbuffered);
-          while (filler.write(page) == page.size()) {
-          }
-          filler.resize(qMax<qint64>(filler.size() - pages * page.size(), 0));
-          stage.save();
-          failures += stage.isSaved() ? 0 : 1;
-          mTally.check(stage.isSaved() || stage.error().endsWith(": No space left on device."),
-                       stage.error());
-          stage.check(QString("a disk of %1 pages").arg(pages));
-        }
-      }
-      mTally.check(failures > 20, QString("only %1 saves found the disk full").arg(failures));
-    });
-  }
-
-  /// Nobody may write there; the superuser becomes someone who may not.
-  void lockTheFolder() {
-    apart("read-only folder", [this] {
-      CStage stage(kScenes[1], pattern(1000, 6), mTally, folder("stage"));
-      QFile::setPermissions(mFolder.path(), QFile::ReadOwner | QFile::ExeOwner | QFile::ExeOther);
-      const QFileDevice::Permissions locked =
-          QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
-      QFile::setPermissions(folder("stage"), locked);
-      constexpr uid_t kNobody = 65534;
-      const bool isChanged = ::getuid() != 0 || (::setgroups(0, nullptr) == 0 &&
-                                                 ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
-      mTally.check(isChanged, "the user cannot be changed");
-      stage.save();
-      mTally.check(!stage.isSaved(), "saved in a read-only folder");
-      stage.check("read-only folder");
-    });
-  }
-
-  /// Whatever of a file's rights cannot be kept, nobody else may do more with it than before.
-  void loseRights() {
-    apart("rights", [this] {
-      const QString place = folder("rights");
-      QDir().mkpath(place);
-      for (const QString& path : {mFolder.path(), place})
-        QFile::setPermissions(path, QFileDevice::Permissions(0x7777));
-      CRandom random(10);
-      for (int i = mOptions.pick(300, 5000); i > 0; --i) {
-        if (loseSome(place, random)) continue;
-        std::printf("saves: skipped, lost rights: owners or lists cannot be set here\n");
-        return;
-      }
-    });
-  }
-
-  bool loseSome(const QString& place, CRandom& random) {
-    const QString name = place + "/file";
-    QFile::remove(name);
-    ::removexattr(qPrintable(place), kLists[1]);
-    writeFile(name, "old");
-    const bool hasList = random.oneIn(2);
-    if (!giveAway(name) ||
-        ::chmod(qPrintable(name), static_cast<mode_t>(random.below(01000))) != 0 ||
-        (hasList && !setList(name, kLists[0], anyList(random))) ||
-        (random.oneIn(2) && !setList(place, kLists[1], anyList(random)))) {
-      return false;
-    }
-    const bool losesGroup = random.oneIn(2);
-    const bool losesList = random.oneIn(2);
-    const QByteArray before = rightsOf(name);
-    NFaults::refuse({losesGroup ? NFaults::Chown : NFaults::SendFile,
-                     losesList ? NFaults::SetAttribute : NFaults::SendFile});
-    QString error;
-    QString lost;
-    const bool isSaved = CAtomicFile::write(name, "new", {}, error, &lost);
-    NFaults::refuse({});
-    const QByteArray after = rightsOf(name);
-    bool isMore = false;
-    for (int i = 0; i < before.size(); ++i) isMore |= (after.at(i) & ~before.at(i)) != 0;
-    const QString message = before.toHex() + " became " + after.toHex() + ", " + lost + error;
-    mTally.check(isSaved && !isMore, message);
-    mTally.check(losesGroup || losesList || after == before, message);
-    mTally.check(lost.contains("group") == losesGroup, message);
-    mTally.check(lost.contains("access control list") == (losesList && hasList), message);
-    return true;
   }
 
   /// What cannot be read, or kept as a backup, is told.
   void failReads() {
-    const QString name = folder("file");
-    QString error;
+    prepareFolders();
     QByteArray content;
-    writeFile(name, pattern(100000, 8));
-    NFaults::arm(NFaults::Read, 1, EIO, NFaults::Once);
-    const bool done = CAtomicFile::read(name, content, error);
+    QString error;
+    write(target(), bytesOf(100000));
+    NFaults::arm("read", 1, EIO, NFaults::Once);
+    const bool isRead = CAtomicFile::read(target(), content, error);
     NFaults::disarm();
-    mTally.check(!done && error.startsWith("the file cannot be read: "), "a failed read " + error);
-    NFaults::arm(NFaults::Link, 1, EEXIST, NFaults::FromThenOn);
-    const bool kept = CAtomicFile::keepAsBackup(name, error, error);
+    check(!isRead && error.startsWith("the file cannot be read: "), "a failed read " + error);
+    NFaults::arm("linkat", 1, EEXIST, NFaults::FromThenOn);
+    const bool isKept = CAtomicFile::keepAsBackup(target(), error, error);
     NFaults::disarm();
-    mTally.check(!kept && NFaults::calls(NFaults::Link) == 10000, "backups without an end");
-    QFile::resize(name, CAtomicFile::kMaxBytes + 1);
-    mTally.check(!CAtomicFile::read(name, content, error), "a file that is too large");
-    mTally.check(error == "the file is larger than 512 MiB.", error);
-    QFile::remove(name);
+    check(!isKept && NFaults::calls()["linkat"] == 10000, "backups without an end");
+    QFile::resize(target(), CAtomicFile::kMaxBytes + 1);
+    check(!CAtomicFile::read(target(), content, error), "a file that is too large");
+    check(error == "the file is larger than 512 MiB.", error);
   }
 
   QString figures() const {
-    return QString("%1 faults, %2 killed processes, full disks, a read-only folder")
-        .arg(mFaults)
-        .arg(mKills);
+    return QString("%1 failing calls, %2 killed processes, %3 power cuts, %4 states of a disk")
+        .arg(QString::number(mFaults), QString::number(mKills), QString::number(mCuts),
+             QString::number(mStates));
   }
 
  private:
-  using CSave = std::function<void(CStage&)>;
+  bool check(bool ok, const QString& what) { return mTally.check(ok, mWhat + what); }
+  QString path(const char* name) const { return mFolder.filePath(name); }
+  QString target() const { return path("files/file.xparam"); }
+  QString named() const { return mScene.is(IsLink) ? path("links/file.xparam") : target(); }
 
-  QString folder(const QString& name) const { return mFolder.path(name); }
-
-  void forEveryCall(const SScene& scene, const QByteArray& content, const CSave& save,
-                    const std::function<void(NFaults::ECall, int)>& visit) {
-    int counts[NFaults::CallCount] = {};
-    {
-      CStage stage(scene, content, mTally, folder("stage"));
-      NFaults::arm(NFaults::Open, 0, 0, NFaults::Once);
-      save(stage);
-      NFaults::disarm();
-      mTally.check(stage.isSaved(), scene.name);
-      stage.check("without a fault");
+  void prepareFolders() const {
+    for (const char* folder : {"files", "links"}) {
+      QDir(path(folder)).removeRecursively();
+      QDir().mkpath(path(folder));
     }
-    for (int call = 0; call < NFaults::CallCount; ++call)
-      counts[call] = NFaults::calls(NFaults::ECall(call));
-    for (int call = 0; call < NFaults::CallCount; ++call)
-      for (int n = 1; n <= counts[call]; ++n) visit(NFaults::ECall(call), n);
+    if (mScene.is(Exists)) write(target(), mOld);
+    if (mScene.is(IsLink)) QFile::link("../files/file.xparam", named());
+    if (mScene.is(KeepsBackup)) write(named() + ".bak", "earlier");
+    if (mScene.is(HasRights)) giveRights(qPrintable(target()));
+    if (!mScene.is(IsPlain)) return;
+    QFile::setPermissions(target(), kOwnersOnly);  // what a new file has, and keeps
+    NFaults::refuse({"linkat", "renameat2", "fchmod", "fchown", "fgetxattr", "fremovexattr"});
   }
 
-  void failEveryCallOf(const SScene& scene, const QByteArray& content, const CSave& save) {
-    forEveryCall(scene, content, save, [&](NFaults::ECall call, int n) {
-      for (const int error : {EIO, ENOSPC, EINTR, EDQUOT}) {
-        for (const NFaults::EMode mode : {NFaults::Once, NFaults::FromThenOn, NFaults::Short}) {
-          // An interrupted call is made again, so it must not be interrupted for ever.
-          const bool isEndless = error == EINTR && mode != NFaults::Once;
-          const bool isNoWrite = mode == NFaults::Short && call != NFaults::Write;
-          if (isEndless || isNoWrite) continue;
-          CStage stage(scene, content, mTally, folder("stage"));
-          NFaults::arm(call, n, error, mode);
-          save(stage);
-          NFaults::disarm();
-          mTally.check(NFaults::hasStruck(), "the fault did not come to pass");
-          stage.check(QString("%1 %2, error %3, mode %4")
-                          .arg(NFaults::name(call))
-                          .arg(n)
-                          .arg(error)
-                          .arg(mode),
-                      call == NFaults::Unlink);
-          ++mFaults;
-        }
-      }
+  void saveWith(const std::string& call, int nth, int error, NFaults::EMode mode) {
+    NFaults::refuse({});
+    prepareFolders();
+    const CSave save = mPrepare(named(), mScene);
+    CDisk disk({path("files"), path("links")});
+    bool ok = true;
+    // The power is cut where a call fails in one way; what matters then is what reached the disk.
+    const bool isCut = !mNew.isNull() && (error == EIO || nth == 0) && mode != NFaults::FromThenOn;
+    NFaults::watch([&](const std::string& made, int file, bool isDone) {
+      static const std::set<std::string> kIdle{"close", "fstat", "read", "fgetxattr", "flistxattr"};
+      if (!isCut || !ok || kIdle.count(made) > 0) return;
+      const bool isChanged = disk.look();
+      const bool isSync = made == "fsync";
+      if (isSync) disk.sync(QFile::symLinkTarget(QString("/proc/self/fd/%1").arg(file)), isDone);
+      if (isChanged || isSync) ok = cutPower(disk, false);
     });
+    NFaults::arm(call, nth, error, mode);
+    mError.clear();
+    mIsSaved = save(mError);
+    NFaults::disarm();
+    NFaults::watch({});
+    NFaults::refuse({});
+    if (ok && isCut) cutPower(disk, true);
   }
 
-  /// Runs a check in a process of its own, whose failures count here.
-  void apart(const char* name, const std::function<void()>& run) {
-    std::fflush(nullptr);
-    const pid_t child = ::fork();
-    if (child == 0) {
-      run();
-      std::fflush(nullptr);
-      ::_exit(mTally.hasFailures() ? EXIT_FAILURE : EXIT_SUCCESS);
+  void failCall(const std::string& call, int nth) {
+    const QString what = mWhat;
+    for (const int error :
+         mOptions.isLong ? QList<int>{EIO, ENOSPC, EINTR, EDQUOT} : QList<int>{EIO, EINTR}) {
+      for (const NFaults::EMode mode : {NFaults::Once, NFaults::FromThenOn, NFaults::Short}) {
+        // An interrupted call is made again, so it must not be interrupted for ever.
+        const bool isEndless = error == EINTR && mode != NFaults::Once;
+        const bool isNoWrite = mode == NFaults::Short && call != "write";
+        if (isEndless || isNoWrite) continue;
+        mWhat = what + QString("%1 %2, error %3, mode %4: ")
+                           .arg(call.c_str(), QString::number(nth), QString::number(error),
+                                QString::number(mode));
+        saveWith(call, nth, error, mode);
+        check(NFaults::hasStruck() || mode == NFaults::Short, "the fault did not come to pass");
+        checkFiles(call == "unlinkat");
+        ++mFaults;
+      }
     }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    mTally.check(WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS, name);
+    mWhat = what;
   }
+
+  /// What the system shows after a save.
+  void checkFiles(bool mayLeaveFiles) {
+    const bool exists = QFile::exists(target());
+    const QByteArray found = read(target());
+    const bool isOld = mScene.is(Exists) ? found == mOld : !exists;
+    const bool isNew = exists && found == mNew;
+    check(isOld || isNew, QString("torn, %1 bytes").arg(found.size()));
+    check(isNew || !mIsSaved, "reported as saved");
+    check(!saysKept() || (isOld && mScene.is(Exists)), mError);
+    check(!mScene.is(IsLink) || QFileInfo(named()).isSymLink(), "the link is gone");
+    if (mScene.is(KeepsBackup)) {
+      check(isOld || read(named() + ".bak.1") == mOld, "no backup");
+      check(read(named() + ".bak") == "earlier", "a backup was replaced");
+    }
+    QStringList more = QDir(path("files")).entryList(QDir::Files | QDir::Hidden);
+    for (const char* known : {"", ".bak", ".bak.1", ".xpdef", ".first"})
+      if (!mIsSaved || qstrcmp(known, ".first") != 0)
+        more.removeAll(QString("file.xparam") + known);
+    check(mayLeaveFiles || more.isEmpty(), "left " + more.join(' '));
+  }
+
+  /// What a disk may hold if the power fails now. False ends the search for this save.
+  bool cutPower(const CDisk& disk, bool isDone) {
+    // Without anything better the file is copied to its name.
+    if (mScene.is(MovesAfter) && mScene.is(IsPlain)) return true;
+    bool ok = true;
+    bool mayBeOld = false;
+    bool mayBeNew = false;
+    for (const int file : disk.files(target())) {
+      mayBeOld |= file == 0 && !mScene.is(Exists);
+      ok &= file != 0 || !mScene.is(Exists);
+      ok &= file == 0 || disk.always(file, [&](const std::string& content) {
+        const bool isOld = mScene.is(Exists) && isSame(content, mOld);
+        const bool isNew = isSame(content, mNew);
+        mayBeOld |= isOld;
+        mayBeNew |= isNew;
+        return isOld || isNew;
+      });
+    }
+    ++mCuts;
+    const bool isBackedUp = !mScene.is(KeepsBackup) || !mayBeNew || hasBackup(disk);
+    return check(ok, "the file may be lost or torn") &
+           check(!isDone || !mIsSaved || !mayBeOld, "saved and may be lost") &
+           check(!isDone || mIsSaved || !saysKept() || !mayBeNew, mError) &
+           check(isBackedUp, "the backup may be lost");
+  }
+
+  bool hasBackup(const CDisk& disk) {
+    bool ok = true;
+    for (const int file : disk.files(named() + ".bak.1")) {
+      ok &= file != 0 &&
+            disk.always(file, [&](const std::string& content) { return isSame(content, mOld); });
+    }
+    return ok;
+  }
+
+  bool isSame(const std::string& content, const QByteArray& expected) {
+    ++mStates;
+    return content.compare(0, content.npos, expected.constData(), size_t(expected.size())) == 0;
+  }
+  bool saysKept() const { return mError.contains("the old one is kept"); }
 
   const SOptions& mOptions;
   CTally& mTally;
   const CFolder mFolder;
-  int mFaults = 0;
-  int mKills = 0;
+  const QByteArray mOld = bytesOf(2000);
+  SScene mScene = kScenes[0];
+  CPrepare mPrepare;
+  QString mWhat;
+  QByteArray mNew;  ///< none as long as it is not known
+  QString mError;
+  bool mIsSaved = false;
+  qint64 mFaults = 0;
+  qint64 mKills = 0;
+  qint64 mCuts = 0;
+  qint64 mStates = 0;
 };
 
 }  // namespace
@@ -477,12 +339,18 @@ int main(int argc, char** argv) {
   const SOptions options(argc, argv);
   CTally tally("saves");
   CSaves saves(options, tally);
-  saves.failEveryCall();
-  saves.failReads();
-  saves.killAtEveryCall();
+  const QList<int> sizes = options.isLong
+                               ? QList<int>{1, 511, 512, 513, 16384, 16385, 100000, 1000000}
+                               : QList<int>{2500};
+  for (const SScene& scene : kScenes) {
+    for (const int size : sizes)
+      saves.failEveryCall(scene, contentOf(size), QString("%1 bytes").arg(size));
+    if (scene.is(KeepsBackup) && (options.isLong || !scene.is(IsPlain)))
+      saves.failEveryCall(scene, reader, "a reader");
+    if (scene.how == Exists || (options.isLong && !scene.is(KeepsBackup) && !scene.is(MovesAfter)))
+      saves.failEveryCall(scene, parameterFile, "a parameter file");
+  }
   saves.killAtRandom();
-  saves.fillTheDisk();
-  saves.lockTheFolder();
-  saves.loseRights();
+  saves.failReads();
   return tally.finish(saves.figures());
 }

@@ -4,9 +4,6 @@
 #include "GoldenFiles.h"
 #include "ParamFileText.h"
 
-#include <QElapsedTimer>
-#include <QTemporaryDir>
-
 using namespace NAnalysisFiles;
 using namespace NParamDef;
 
@@ -105,41 +102,6 @@ class tst_CParameterFileChecker : public QObject {
     QCOMPARE(index.definitionLine("Limit"), 0);
     QVERIFY(!index.read(testFile("none")));
     QVERIFY(!index.errorMsg().isEmpty());
-  }
-
-  /// 100,000 parameters, 1,000 faults and an enumeration of 100,000 choices, with their lines.
-  void listsEveryFaultOfALargeFile() {
-    const int count = 100000;
-    const auto file = makeFile();
-    ICParamTreeNode* group = nullptr;
-    for (int i = 0; i < count; ++i) {
-      const QString name = QStringLiteral("P%1").arg(i);
-      CParamDefItem* def = file->addDef(name, PARAM_TYPE_I32, static_cast<quint32>(i) + 1);
-      def->setMaxIds({1});
-      if (i % 1000 == 0) group = file->subGroup(QStringLiteral("G%1").arg(i), 1);
-      file->addParameter(group, name, CParamVal(i % 100 == 50 ? 2000 : 7));
-    }
-    CNamedI64ValueList list;
-    for (int i = 0; i < count; ++i) list.append({i, QStringLiteral("c%1").arg(i)});
-    file->paramDefPtr("P0")->addEnums(list);
-    QTemporaryDir folder;
-    QVERIFY(file->saveParamFile(folder.filePath("v"), QString(), 0x10000));
-    QElapsedTimer timer;
-    timer.start();
-    auto findings = CParameterFileChecker::checkValues(*file);
-    const qint64 checked = timer.restart();
-    const auto definitions = CParameterFileChecker::checkDefinitions(*file);
-    const qint64 defined = timer.restart();
-    CParamLineIndex index;
-    QVERIFY(index.read(folder.filePath("v")));
-    index.addLines(findings);
-    qInfo("values %lld ms, definitions %lld ms, lines %lld ms", checked, defined, timer.elapsed());
-    QCOMPARE(findings.size(), 1000);
-    QVERIFY(definitions.isEmpty());
-    for (int i = 0; i < findings.size(); ++i) {
-      QCOMPARE(findings.at(i).name, QStringLiteral("P%1").arg(50 + 100 * i));
-      QVERIFY(findings.at(i).line > 0);
-    }
   }
 };
 

@@ -77,23 +77,6 @@ class tst_CParameterFileComparison : public QObject {
     QVERIFY(CParameterFileComparison::compare(*file, *file).isEmpty());
     QCOMPARE(NParamFileText::all(*file), before);
   }
-
-  /// 100,000 parameters in reverse order, each changed, and 1,000 hardware ids.
-  void handlesManyOfAll() {
-    const int count = 100000;
-    QStringList oldTokens{"[A:1]"};
-    QStringList newTokens{"[A:1]"};
-    for (int i = 0; i < count; ++i) {
-      oldTokens += QStringLiteral("P%1=1").arg(i);
-      newTokens += QStringLiteral("P%1=2").arg(count - 1 - i);
-    }
-    for (int i = 0; i < 1000; ++i) oldTokens += QStringLiteral("[H%1:1]").arg(i);
-    const auto oldFile = fromTokens(oldTokens);
-    const auto newFile = fromTokens(newTokens);
-    const auto differences = CParameterFileComparison::compare(*oldFile, *newFile);
-    QCOMPARE(differences.size(), count + 1000);
-    QCOMPARE(differences.first().name, QStringLiteral("P%1").arg(count - 1));
-  }
 };
 
 QTEST_GUILESS_MAIN(tst_CParameterFileComparison)

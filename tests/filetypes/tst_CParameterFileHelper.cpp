@@ -113,37 +113,24 @@ class tst_CParameterFileHelper : public QObject {
     }
   }
 
-  void readsComments_data() {
-    addColumns<QString, QString>("text", "comment");
-    const QString head = "<R><Head><Author>me</Author><Comment>two\nlines</Comment></Head>";
-    addRow("whole", head + "<Data/></R>", "two\nlines");
-    addRow("damaged behind the head", head + "<Data></R", "two\nlines");
-    addRow("damaged before", "<R><Head><Author></Head>", "");
-    addRow("no comment", "<R><Head/></R>", "");
-    addRow("no head", "<R><Comment>x</Comment></R>", "");
-    addRow("head elsewhere", "<R><Data><Head><Comment>x</Comment></Head></Data></R>", "");
-    addRow("no XML", "comment", "");
-    addRow("empty", "", "");
+  void readsCommentsAndVersions_data() {
+    addColumns<QString, QString, quint32>("text", "comment", "version");
+    const QString start =
+        "<R version=\"1.2\"><Head><Author>me</Author><Comment>two\nlines</Comment>";
+    addRow("whole", start + "</Head><Data/></R>", "two\nlines", 0x10002U);
+    addRow("damaged after the head", start + "</Head><Data></R", "two\nlines", 0x10002U);
+    addRow("damaged before", "<R Version=\"3\"><Head><Author></Head>", "", 0x30000U);
+    addRow("no comment", "<R><Head version=\"1.2\"/></R>", "", 0U);
+    addRow("no head", "<R version=\"1.2\"><Comment>x</Comment></R>", "", 0x10002U);
+    addRow("no head, cut off", "<R version=\"1.2\"><Data><Par", "", 0x10002U);
+    addRow("head elsewhere", "<R><Data><Head><Comment>x</Comment></Head></Data></R>", "", 0U);
+    addRow("not a revision", "<R version=\"1.2.3\"><Head/></R>", "", 0U);
+    addRow("not XML", "1.2", "", 0U);
+    addRow("empty", "", "", 0U);
   }
-  void readsComments() {
+  void readsCommentsAndVersions() {
     QFETCH(QString, text);
     QTEST(CParameterFileHelper::comment(text.toUtf8()), "comment");
-  }
-
-  void readsVersions_data() {
-    addColumns<QString, quint32>("text", "version");
-    addRow("small", "<R version=\"1.2\"><Head/></R>", 0x10002U);
-    addRow("capital", "<R Version=\"3\"><Head/></R>", 0x30000U);
-    addRow("damaged behind the head", "<R version=\"1.2\"><Head/><Data></R>", 0x10002U);
-    addRow("without a head, cut off", "<R version=\"1.2\"><Data><Par", 0x10002U);
-    addRow("nothing else", "<R version=\"1.2\"/>", 0x10002U);
-    addRow("none", "<R><Head/></R>", 0U);
-    addRow("no revision", "<R version=\"1.2.3\"><Head/></R>", 0U);
-    addRow("of the head", "<R><Head version=\"1.2\"/></R>", 0U);
-    addRow("no XML", "1.2", 0U);
-  }
-  void readsVersions() {
-    QFETCH(QString, text);
     QTEST(CParameterFileHelper::fileVersion(text.toUtf8()), "version");
   }
 };

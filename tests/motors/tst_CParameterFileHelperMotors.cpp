@@ -1,5 +1,4 @@
 #include "CDeviceElement.h"
-#include "CKeptLines.h"
 #include "CParameterFileHelper.h"
 #include "CParameterFileMotorReaderThread.h"
 #include "KeptMessages.h"

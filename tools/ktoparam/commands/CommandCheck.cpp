@@ -1,14 +1,6 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParamLineIndex.h"
 #include "CParameterFileChecker.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
+#include "Command.h"
 
 #include <array>
 

@@ -1,12 +1,8 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParamValueRules.h"
 #include "CValueEdit.h"
-#include "Commands.h"
+#include "Command.h"
 #include "ParameterLookup.h"
 #include "Suggestion.h"
-#include "Tool.h"
 
 #include <optional>
 

@@ -1,13 +1,6 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileComparison.h"
-#include "Commands.h"
+#include "Command.h"
 #include "Differences.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <set>
 

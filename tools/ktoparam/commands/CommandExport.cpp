@@ -1,12 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "Commands.h"
+#include "Command.h"
 #include "SValueView.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <functional>
 #include <optional>

@@ -1,17 +1,8 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
+#include "Command.h"
 #include "ParameterLookup.h"
 #include "SValueView.h"
 #include "Suggestion.h"
-#include "Tool.h"
 #include "UniqueNames.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <map>
 #include <set>

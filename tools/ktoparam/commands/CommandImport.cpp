@@ -1,9 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CValueEdit.h"
-#include "Commands.h"
-#include "Tool.h"
+#include "Command.h"
 
 namespace {
 

@@ -1,16 +1,7 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileMerge.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "JsonValues.h"
-#include "Tool.h"
+#include "Command.h"
 
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonObject>
 
 namespace {
 
@@ -44,23 +35,19 @@ QJsonObject toJson(const SMergeConflict& conflict, const CLabels& labels) {
       {QStringLiteral("text"), conflict.text()}};
 }
 
-void printTable(const CMergeConflicts& conflicts, COutput& out) {
+void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
+  QJsonArray array;
   CTable table(
       {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
   for (const SMergeConflict& conflict : conflicts) {
     const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
+    array.append(toJson(conflict, out.labels()));
     table.addRow({out.labels().shownOrNothing(conflict.hardwareId),
                   hasSubDevice ? QString::number(conflict.subDevId) : QString(),
                   out.labels().shownOrNothing(conflict.name),
                   NDisplayText::escaped(conflict.text())});
   }
-  table.print(out);
-}
-
-void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
-  if (!invocation.wantsJson()) return printTable(conflicts, out);
-  QJsonArray array;
-  for (const SMergeConflict& conflict : conflicts) array.append(toJson(conflict, out.labels()));
+  if (!invocation.wantsJson()) return table.print(out);
   out.json({{QStringLiteral("file"), invocation.value(NOptions::kOutput)},
             {QStringLiteral("conflicts"), array}});
 }

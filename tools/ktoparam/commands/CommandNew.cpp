@@ -1,11 +1,7 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileHelper.h"
 #include "CValueEdit.h"
-#include "Commands.h"
+#include "Command.h"
 #include "Suggestion.h"
-#include "Tool.h"
 
 #include <QFileInfo>
 

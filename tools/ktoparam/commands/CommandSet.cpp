@@ -1,15 +1,6 @@
 #include "CAssignments.h"
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
+#include "Command.h"
 #include "ValueMeaning.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <set>
 

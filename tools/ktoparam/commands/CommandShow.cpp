@@ -1,8 +1,4 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "Commands.h"
-#include "Tool.h"
+#include "Command.h"
 #include "Views.h"
 
 namespace {

@@ -1,8 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
 #include "CSubjectLines.h"
-#include "Commands.h"
-#include "Tool.h"
+#include "Command.h"
 #include "Views.h"
 
 namespace {

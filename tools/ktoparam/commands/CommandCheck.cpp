@@ -59,24 +59,12 @@ void print(const SChecked& file, COutput& out) {
   }
 }
 
-/// The stable text; SParamFinding::severityText() is translated.
-QString severityKey(SParamFinding::ESeverity severity) {
-  switch (severity) {
-    case SParamFinding::Info:
-      return QStringLiteral("info");
-    case SParamFinding::Warning:
-      return QStringLiteral("warning");
-    case SParamFinding::Error:
-      break;
-  }
-  return QStringLiteral("error");
-}
-
+/// Texts are not translated where JSON is asked for.
 QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const CLabels& labels) {
   const bool hasSubDevice = finding.subDevId != SParamFinding::kNoSubDevice;
   return {{QStringLiteral("file"), fileName},
           {QStringLiteral("line"), finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
-          {QStringLiteral("severity"), severityKey(finding.severity)},
+          {QStringLiteral("severity"), SParamFinding::severityText(finding.severity)},
           {QStringLiteral("code"), SParamFinding::codeText(finding.code)},
           {QStringLiteral("hardwareId"), labels.of(finding.hardwareId)},
           {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},

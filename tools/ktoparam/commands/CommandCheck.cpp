@@ -173,23 +173,20 @@ QVector<SCommand> checkCommands() {
   return {
       {QStringLiteral("check"),
        Tool::tr("Find what is wrong with values and definitions."),
-       Tool::tr(
-           "Lists all findings with file and line: values that are not of their type, beyond their "
-           "limits or not a choice, unnamed bits, parameters that are not defined, wrong ids, "
-           "hardware ids "
-           "that give a sub-device different types or names, and bad definitions. Without a value "
-           "file, "
-           "definitions alone are checked. Several value files are "
-           "checked against the same definitions.\n"
-           "The exit status is 1 when there are errors or warnings."),
+       Tool::tr("Lists all findings with file and line: values that are not of their type, beyond "
+                "their limits or not a choice, unnamed bits, parameters that are not defined, "
+                "wrong ids, hardware ids that give a sub-device different types or names, and bad "
+                "definitions. Without a value file, definitions alone are checked. Several value "
+                "files are checked against the same definitions.\n"
+                "The exit status is 1 when there "
+                "are errors or warnings."),
        {{QStringLiteral("FILE"), Tool::tr("Value files, or definition files."), EWord::File,
          SArgument::OneOrMore}},
        {NOptions::def(Tool::tr("The definition file; needed for value files.")),
         NOptions::hardwareId(Tool::tr("Only this hardware id.")),
         {kMissing,
          {},
-         Tool::tr("List what is defined but missing, too, for each hardware id; these "
-                  "are infos.")},
+         Tool::tr("List what is defined but missing, too, for each hardware id; these are infos.")},
         NOptions::json()},
        {QStringLiteral("check TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
         QStringLiteral("check TwoAxisDrive.xpdef")},

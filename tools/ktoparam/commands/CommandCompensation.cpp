@@ -73,9 +73,9 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
   ICCompensationFile& table = *loaded.compensation();
   const EFormat found = table.detectedDataPointFormat();
   if (losesAdjustments(table)) {
-    out.message(fileName, Tool::tr("there are adjustments in both formats, and only those in the "
-                                   "format of the first point are read; converting would lose the "
-                                   "others."));
+    out.message(fileName,
+                Tool::tr("there are adjustments in both formats, and only those in the format of "
+                         "the first point are read; converting would lose the others."));
     return ExitFindings;
   }
   QString written;
@@ -138,38 +138,32 @@ SArgument fileArgument() {
 }
 
 SCommand checkCommand() {
-  return {
-      QStringLiteral("compensation check"),
-      Tool::tr("Tell what is wrong with a table, point by point."),
-      Tool::tr(
-          "The range must not be empty, and the positions must lie in it and grow; only the first "
-          "%1 "
-          "points are ever valid. After a point that is too far, all points not beyond it are "
-          "wrong, too. Texts that are not numbers and points that lack something are also listed. "
-          "The "
-          "exit status is 1 when there is anything.")
-          .arg(ICCompensationFile::kMaxPoints),
-      {fileArgument()},
-      {NOptions::json()},
-      {QStringLiteral("compensation check SpindleCompensation.xcomp")},
-      check};
+  return {QStringLiteral("compensation check"),
+          Tool::tr("Tell what is wrong with a table, point by point."),
+          Tool::tr("The range must not be empty, and the positions must lie in it and grow; only "
+                   "the first %1 points are ever valid. After a point that is too far, all points "
+                   "not beyond it are wrong, too. Texts that are not numbers and points that lack "
+                   "something are also listed. The exit status is 1 when there is anything.")
+              .arg(ICCompensationFile::kMaxPoints),
+          {fileArgument()},
+          {NOptions::json()},
+          {QStringLiteral("compensation check SpindleCompensation.xcomp")},
+          check};
 }
 
 SCommand convertCommand() {
   return {
       QStringLiteral("compensation convert"),
       Tool::tr("Write the points of a table in the current format, or in the old one."),
-      Tool::tr(
-          "The formats differ in the name of an element only; the texts of all values stay as they "
-          "are. "
-          "A file whose points are in that format already is left alone."),
+      Tool::tr("The formats differ in the name of an element only; the texts of all values stay as "
+               "they are. A file whose points are in that format already is left alone."),
       {fileArgument()},
       {NOptions::choice(kTo, {QStringLiteral("current"), QStringLiteral("old")},
                         Tool::tr("\"current\", unless given, or \"old\".")),
        NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::json()},
       {QStringLiteral("compensation convert SpindleCompensationOld.xcomp"),
-       QStringLiteral("compensation convert SpindleCompensation.xcomp --to old -o "
-                      "ForTheOldDrive.xcomp")},
+       QStringLiteral(
+           "compensation convert SpindleCompensation.xcomp --to old -o ForTheOldDrive.xcomp")},
       convert};
 }
 
@@ -178,8 +172,7 @@ SCommand plotCommand() {
       QStringLiteral("compensation plot"),
       Tool::tr("Draw a table as an SVG picture that fills a page when printed."),
       Tool::tr("Shows the points, the linear course between them, wrong points with their numbers, "
-               "and the "
-               "range. Units are printed with the axes; no value is converted."),
+               "and the range. Units are printed with the axes; no value is converted."),
       {fileArgument()},
       {NOptions::required(NOptions::output(Tool::tr("The picture to write."))),
        {kUnit, QStringLiteral("UNIT"), Tool::tr("The unit of the positions in the file.")},

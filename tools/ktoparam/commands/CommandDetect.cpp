@@ -32,8 +32,7 @@ QVector<SCommand> detectCommands() {
   return {{QStringLiteral("detect"),
            Tool::tr("Tell the type, the version and the comment of files."),
            Tool::tr("The type is the name of the root element, when it is that of a parameter "
-                    "file. The exit "
-                    "status is 1 when a type is not known."),
+                    "file. The exit status is 1 when a type is not known."),
            {{QStringLiteral("FILE"), Tool::tr("Any files."), EWord::File, SArgument::OneOrMore}},
            {NOptions::json()},
            {QStringLiteral("detect TwoAxisDrive.xpdef TwoAxisDrive.xparam")},

@@ -77,9 +77,10 @@ bool remove(CLoadedFile& loaded, const CInvocation& invocation) {
   QStringList others = loaded.file().hardwareIds();
   others.removeOne(hardwareId);
   if (others.isEmpty()) {
-    loaded.message(Tool::tr("\"%1\" is the last hardware id, and a file must have one; delete the "
-                            "file instead.")
-                       .arg(hardwareId));
+    loaded.message(
+        Tool::tr(
+            "\"%1\" is the last hardware id, and a file must have one; delete the file instead.")
+            .arg(hardwareId));
     return false;
   }
   return loaded.selectHardwareId(others.first()) && loaded.file().removeHardwareId(hardwareId);

@@ -79,12 +79,11 @@ QVector<SCommand> mergeCommands() {
   return {{QStringLiteral("merge"),
            Tool::tr("Merge the changes of two files that come from one."),
            Tool::tr("Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where "
-                    "both changed "
-                    "the same thing differently, OUT keeps what OURS has, the conflict is "
-                    "listed, and the "
-                    "exit status is 1. The date of the Head never conflicts. With an empty BASE, "
-                    "the files were made independently.\n"
-                    "OUT may be one of the three files, as a merge driver of git needs it."),
+                    "both changed the same thing differently, OUT keeps what OURS has, the "
+                    "conflict is listed, and the exit status is 1. The date of the Head never "
+                    "conflicts. With an empty BASE, the files were made independently.\n"
+                    "OUT may be "
+                    "one of the three files, as a merge driver of git needs it."),
            {{QStringLiteral("BASE"), Tool::tr("The value file that both come from."), EWord::File},
             {QStringLiteral("OURS"), Tool::tr("One's own value file."), EWord::File},
             {QStringLiteral("THEIRS"), Tool::tr("The other value file."), EWord::File}},

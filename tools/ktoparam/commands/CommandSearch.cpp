@@ -115,8 +115,7 @@ QVector<SCommand> searchCommands() {
   return {{QStringLiteral("search"),
            Tool::tr("Find parameters by words in their names, hints and choices."),
            Tool::tr("Lists the definitions that have all words, or parts of words; capitals make "
-                    "no difference. "
-                    "The exit status is 1 when there are none."),
+                    "no difference. The exit status is 1 when there are none."),
            {{QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
             {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Parameter,
              SArgument::OneOrMore}},

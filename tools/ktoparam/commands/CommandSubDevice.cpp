@@ -93,9 +93,9 @@ SCommand copyCommand() {
   return {
       QStringLiteral("sub-device copy"),
       Tool::tr("Copy all values of one sub-device to another."),
-      Tool::tr("The groups and parameters of TO become those of FROM; TO is created when it does "
-               "not exist. "
-               "What only TO had is removed. TO keeps its type and name when it has them."),
+      Tool::tr(
+          "The groups and parameters of TO become those of FROM; TO is created when it does not "
+          "exist. What only TO had is removed. TO keeps its type and name when it has them."),
       {NOptions::valueFile(),
        {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
        {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::SubDevice}},

@@ -1,14 +1,6 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParamLineIndex.h"
 #include "CParameterFileChecker.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
+#include "Command.h"
 
 #include <array>
 
@@ -67,24 +59,12 @@ void print(const SChecked& file, COutput& out) {
   }
 }
 
-/// The stable text; SParamFinding::severityText() is translated.
-QString severityKey(SParamFinding::ESeverity severity) {
-  switch (severity) {
-    case SParamFinding::Info:
-      return QStringLiteral("info");
-    case SParamFinding::Warning:
-      return QStringLiteral("warning");
-    case SParamFinding::Error:
-      break;
-  }
-  return QStringLiteral("error");
-}
-
+/// Texts are not translated where JSON is asked for.
 QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const CLabels& labels) {
   const bool hasSubDevice = finding.subDevId != SParamFinding::kNoSubDevice;
   return {{QStringLiteral("file"), fileName},
           {QStringLiteral("line"), finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
-          {QStringLiteral("severity"), severityKey(finding.severity)},
+          {QStringLiteral("severity"), SParamFinding::severityText(finding.severity)},
           {QStringLiteral("code"), SParamFinding::codeText(finding.code)},
           {QStringLiteral("hardwareId"), labels.of(finding.hardwareId)},
           {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},
@@ -193,23 +173,20 @@ QVector<SCommand> checkCommands() {
   return {
       {QStringLiteral("check"),
        Tool::tr("Find what is wrong with values and definitions."),
-       Tool::tr(
-           "Lists all findings with file and line: values that are not of their type, beyond their "
-           "limits or not a choice, unnamed bits, parameters that are not defined, wrong ids, "
-           "hardware ids "
-           "that give a sub-device different types or names, and bad definitions. Without a value "
-           "file, "
-           "definitions alone are checked. Several value files are "
-           "checked against the same definitions.\n"
-           "The exit status is 1 when there are errors or warnings."),
+       Tool::tr("Lists all findings with file and line: values that are not of their type, beyond "
+                "their limits or not a choice, unnamed bits, parameters that are not defined, "
+                "wrong ids, hardware ids that give a sub-device different types or names, and bad "
+                "definitions. Without a value file, definitions alone are checked. Several value "
+                "files are checked against the same definitions.\n"
+                "The exit status is 1 when there "
+                "are errors or warnings."),
        {{QStringLiteral("FILE"), Tool::tr("Value files, or definition files."), EWord::File,
          SArgument::OneOrMore}},
        {NOptions::def(Tool::tr("The definition file; needed for value files.")),
         NOptions::hardwareId(Tool::tr("Only this hardware id.")),
         {kMissing,
          {},
-         Tool::tr("List what is defined but missing, too, for each hardware id; these "
-                  "are infos.")},
+         Tool::tr("List what is defined but missing, too, for each hardware id; these are infos.")},
         NOptions::json()},
        {QStringLiteral("check TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
         QStringLiteral("check TwoAxisDrive.xpdef")},

@@ -1,21 +1,14 @@
 #include "CCompensationFindings.h"
 #include "CCompensationPlot.h"
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
+#include "Command.h"
 #include "CompensationTable.h"
 #include "SafeWrite.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <algorithm>
 
 namespace {
 
+using namespace NCompensationTable;
 using EFormat = ICCompensationFile::EDataPointFormat;
 
 const QLatin1String kTo("to");
@@ -25,16 +18,6 @@ const QLatin1String kTitle("title");
 
 // --- check
 
-void printFindings(const ICCompensationFile& table, const CCompensationFindings& findings,
-                   COutput& out) {
-  NCompensationTable::print(table, findings, out);
-  CTable rows({Tool::tr("NO"), Tool::tr("POSITION"), Tool::tr("ADJUSTMENT"), Tool::tr("PROBLEM")});
-  for (const int index : findings.ofPoints().keys())
-    rows.addRow(NCompensationTable::pointCells(table, findings, index));
-  rows.print(out, QStringLiteral("  "));
-  if (findings.isEmpty()) out.line(Tool::tr("Nothing is wrong."));
-}
-
 EExitStatus check(const CInvocation& invocation, COutput& out) {
   const QString fileName = invocation.argument(0);
   CLoadedFile loaded(out);
@@ -43,14 +26,13 @@ EExitStatus check(const CInvocation& invocation, COutput& out) {
   const CCompensationFindings findings(table);
   if (invocation.wantsJson()) {
     QJsonObject object{{QStringLiteral("file"), fileName}};
-    NCompensationTable::addTable(table, findings, object);
-    QJsonArray points;
-    for (const int index : findings.ofPoints().keys())
-      points.append(NCompensationTable::pointJson(table, findings, index));
-    object.insert(QStringLiteral("wrongPoints"), points);
+    addTable(table, findings, object);
+    object.insert(QStringLiteral("wrongPoints"), pointsJson(table, findings, WrongPoints));
     out.json(object);
   } else {
-    printFindings(table, findings, out);
+    print(table, findings, out);
+    printPoints(table, findings, WrongPoints, out);
+    if (findings.isEmpty()) out.line(Tool::tr("Nothing is wrong."));
   }
   return findings.isEmpty() ? ExitDone : ExitFindings;
 }
@@ -67,14 +49,13 @@ bool losesAdjustments(const ICCompensationFile& table) {
 
 void printConversion(const CInvocation& invocation, const ICCompensationFile& table, EFormat wanted,
                      const QString& written, COutput& out) {
-  const QString to = NCompensationTable::formatName(wanted);
+  const QString to = formatName(wanted);
   if (invocation.wantsJson()) {
-    const QString from = NCompensationTable::formatName(table.detectedDataPointFormat());
     out.json({{QStringLiteral("file"), invocation.argument(0)},
-              {QStringLiteral("from"), from.isEmpty() ? QJsonValue() : QJsonValue(from)},
+              {QStringLiteral("from"), textOrNull(formatName(table.detectedDataPointFormat()))},
               {QStringLiteral("to"), to},
               {QStringLiteral("count"), table.count()},
-              {QStringLiteral("written"), written.isEmpty() ? QJsonValue() : QJsonValue(written)}});
+              {QStringLiteral("written"), textOrNull(written)}});
   } else if (table.count() == 0) {
     out.line(Tool::tr("The table has no points to convert; nothing was written."));
   } else if (written.isEmpty()) {
@@ -92,9 +73,9 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
   ICCompensationFile& table = *loaded.compensation();
   const EFormat found = table.detectedDataPointFormat();
   if (losesAdjustments(table)) {
-    out.message(fileName, Tool::tr("there are adjustments in both formats, and only those in the "
-                                   "format of the first point are read; converting would lose the "
-                                   "others."));
+    out.message(fileName,
+                Tool::tr("there are adjustments in both formats, and only those in the format of "
+                         "the first point are read; converting would lose the others."));
     return ExitFindings;
   }
   QString written;
@@ -110,8 +91,8 @@ EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& ou
 }
 
 EExitStatus convert(const CInvocation& invocation, COutput& out) {
-  const QString current = NCompensationTable::formatName(ICCompensationFile::CurrentFormat);
-  const QString old = NCompensationTable::formatName(ICCompensationFile::OldFormat);
+  const QString current = formatName(ICCompensationFile::CurrentFormat);
+  const QString old = formatName(ICCompensationFile::OldFormat);
   const QString to = invocation.isSet(kTo) ? invocation.value(kTo) : current;
   if (to == current) return convertTo(ICCompensationFile::CurrentFormat, invocation, out);
   if (to == old) return convertTo(ICCompensationFile::OldFormat, invocation, out);
@@ -140,10 +121,10 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
     QJsonObject object{{QStringLiteral("file"), fileName},
                        {QStringLiteral("written"), picture},
                        {QStringLiteral("notShown"), image.skippedPoints()}};
-    NCompensationTable::addTable(table, findings, object);
+    addTable(table, findings, object);
     out.json(object);
   } else {
-    NCompensationTable::print(table, findings, out);
+    print(table, findings, out);
     if (image.skippedPoints() > 0)
       out.line(Tool::tr("Points not shown: %1").arg(image.skippedPoints()));
   }
@@ -157,38 +138,32 @@ SArgument fileArgument() {
 }
 
 SCommand checkCommand() {
-  return {
-      QStringLiteral("compensation check"),
-      Tool::tr("Tell what is wrong with a table, point by point."),
-      Tool::tr(
-          "The range must not be empty, and the positions must lie in it and grow; only the first "
-          "%1 "
-          "points are ever valid. After a point that is too far, all points not beyond it are "
-          "wrong, too. Texts that are not numbers and points that lack something are also listed. "
-          "The "
-          "exit status is 1 when there is anything.")
-          .arg(ICCompensationFile::kMaxPoints),
-      {fileArgument()},
-      {NOptions::json()},
-      {QStringLiteral("compensation check SpindleCompensation.xcomp")},
-      check};
+  return {QStringLiteral("compensation check"),
+          Tool::tr("Tell what is wrong with a table, point by point."),
+          Tool::tr("The range must not be empty, and the positions must lie in it and grow; only "
+                   "the first %1 points are ever valid. After a point that is too far, all points "
+                   "not beyond it are wrong, too. Texts that are not numbers and points that lack "
+                   "something are also listed. The exit status is 1 when there is anything.")
+              .arg(ICCompensationFile::kMaxPoints),
+          {fileArgument()},
+          {NOptions::json()},
+          {QStringLiteral("compensation check SpindleCompensation.xcomp")},
+          check};
 }
 
 SCommand convertCommand() {
   return {
       QStringLiteral("compensation convert"),
       Tool::tr("Write the points of a table in the current format, or in the old one."),
-      Tool::tr(
-          "The formats differ in the name of an element only; the texts of all values stay as they "
-          "are. "
-          "A file whose points are in that format already is left alone."),
+      Tool::tr("The formats differ in the name of an element only; the texts of all values stay as "
+               "they are. A file whose points are in that format already is left alone."),
       {fileArgument()},
       {NOptions::choice(kTo, {QStringLiteral("current"), QStringLiteral("old")},
                         Tool::tr("\"current\", unless given, or \"old\".")),
        NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::json()},
       {QStringLiteral("compensation convert SpindleCompensationOld.xcomp"),
-       QStringLiteral("compensation convert SpindleCompensation.xcomp --to old -o "
-                      "ForTheOldDrive.xcomp")},
+       QStringLiteral(
+           "compensation convert SpindleCompensation.xcomp --to old -o ForTheOldDrive.xcomp")},
       convert};
 }
 
@@ -197,8 +172,7 @@ SCommand plotCommand() {
       QStringLiteral("compensation plot"),
       Tool::tr("Draw a table as an SVG picture that fills a page when printed."),
       Tool::tr("Shows the points, the linear course between them, wrong points with their numbers, "
-               "and the "
-               "range. Units are printed with the axes; no value is converted."),
+               "and the range. Units are printed with the axes; no value is converted."),
       {fileArgument()},
       {NOptions::required(NOptions::output(Tool::tr("The picture to write."))),
        {kUnit, QStringLiteral("UNIT"), Tool::tr("The unit of the positions in the file.")},

@@ -1,9 +1,6 @@
 #include "CCompletion.h"
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParamValueText.h"
-#include "Commands.h"
+#include "Command.h"
 #include "ParameterLookup.h"
 
 namespace {

@@ -1,12 +1,8 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParamValueRules.h"
 #include "CValueEdit.h"
-#include "Commands.h"
+#include "Command.h"
 #include "ParameterLookup.h"
 #include "Suggestion.h"
-#include "Tool.h"
 
 #include <optional>
 
@@ -115,25 +111,21 @@ EExitStatus defaults(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> defaultsCommands() {
-  return {
-      {QStringLiteral("defaults"),
-       Tool::tr("Set parameters to the defaults of their definitions."),
-       Tool::tr(
-           "Without a pattern all parameters of the hardware id are set. In a pattern \"*\" "
-           "matches any characters and \"?\" one; put it in quotes, or the shell looks for files. "
-           "Parameters that are not defined, or whose definition has no default, are left as they "
-           "are "
-           "and "
-           "counted as unknown or kept. A pattern that no name matches is an error, and nothing is "
-           "changed then."),
-       {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
-        {QStringLiteral("PATTERN"), Tool::tr("Names of parameters, or patterns."), EWord::Parameter,
-         SArgument::AnyNumber}},
-       {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
-        NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
-        NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")), NOptions::dryRun(),
-        NOptions::json()},
-       {QStringLiteral("defaults TwoAxisDrive.xparam \"Velocity*\" --def TwoAxisDrive.xpdef "
-                       "--hardware-id KTO-2A-16 --dry-run")},
-       defaults}};
+  return {{QStringLiteral("defaults"),
+           Tool::tr("Set parameters to the defaults of their definitions."),
+           Tool::tr("Without a pattern all parameters of the hardware id are set. In a pattern "
+                    "\"*\" matches any characters and \"?\" one; put it in quotes, or the shell "
+                    "looks for files. Parameters that are not defined, or whose definition has no "
+                    "default, are left as they are and counted as unknown or kept. A pattern that "
+                    "no name matches is an error, and nothing is changed then."),
+           {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
+            {QStringLiteral("PATTERN"), Tool::tr("Names of parameters, or patterns."),
+             EWord::Parameter, SArgument::AnyNumber}},
+           {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
+            NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
+            NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")), NOptions::dryRun(),
+            NOptions::json()},
+           {QStringLiteral("defaults TwoAxisDrive.xparam \"Velocity*\" --def TwoAxisDrive.xpdef "
+                           "--hardware-id KTO-2A-16 --dry-run")},
+           defaults}};
 }

@@ -1,29 +1,7 @@
-#include "CInvocation.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "JsonValues.h"
+#include "Command.h"
 #include "SFileInfo.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 namespace {
-
-QJsonObject toJson(const QString& fileName, const SFileInfo& info) {
-  return {{QStringLiteral("file"), fileName},
-          {QStringLiteral("fileType"), textOrNull(info.typeName)},
-          {QStringLiteral("version"), textOrNull(info.versionText())},
-          {QStringLiteral("comment"), info.comment}};
-}
-
-QStringList toCells(const QString& fileName, const SFileInfo& info) {
-  return {NDisplayText::shown(fileName),
-          info.kind == SFileInfo::Unknown ? Tool::tr("unknown") : info.typeName, info.versionText(),
-          NDisplayText::shownOrNothing(info.comment)};
-}
 
 EExitStatus detect(const CInvocation& invocation, COutput& out) {
   EExitStatus status = ExitDone;
@@ -34,8 +12,12 @@ EExitStatus detect(const CInvocation& invocation, COutput& out) {
     const bool isKnown = info && info->kind != SFileInfo::Unknown;
     status = qMax(status, !info ? ExitFile : isKnown ? ExitDone : ExitFindings);
     if (!info) continue;
-    files.append(toJson(fileName, *info));
-    table.addRow(toCells(fileName, *info));
+    files.append(QJsonObject{{QStringLiteral("file"), fileName},
+                             {QStringLiteral("fileType"), textOrNull(info->typeName)},
+                             {QStringLiteral("version"), textOrNull(info->versionText())},
+                             {QStringLiteral("comment"), info->comment}});
+    table.addRow({NDisplayText::shown(fileName), isKnown ? info->typeName : Tool::tr("unknown"),
+                  info->versionText(), NDisplayText::shownOrNothing(info->comment)});
   }
   if (invocation.wantsJson())
     out.json({{QStringLiteral("files"), files}});
@@ -50,8 +32,7 @@ QVector<SCommand> detectCommands() {
   return {{QStringLiteral("detect"),
            Tool::tr("Tell the type, the version and the comment of files."),
            Tool::tr("The type is the name of the root element, when it is that of a parameter "
-                    "file. The exit "
-                    "status is 1 when a type is not known."),
+                    "file. The exit status is 1 when a type is not known."),
            {{QStringLiteral("FILE"), Tool::tr("Any files."), EWord::File, SArgument::OneOrMore}},
            {NOptions::json()},
            {QStringLiteral("detect TwoAxisDrive.xpdef TwoAxisDrive.xparam")},

@@ -1,13 +1,6 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileComparison.h"
-#include "Commands.h"
+#include "Command.h"
 #include "Differences.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <set>
 
@@ -121,17 +114,14 @@ QVector<SCommand> diffCommands() {
   return {
       {QStringLiteral("diff"),
        Tool::tr("Show how the values of two files differ."),
-       Tool::tr(
-           "Lists what was added, removed, changed and moved to another group. With "
-           "--def, values that "
-           "are the same number are equal, however they are written. The order of "
-           "parameters, the date "
-           "and the comment do not count as differences.\n"
-           "Two hardware ids or two sub-devices can be compared, too, also of one file; "
-           "the list shows those of NEW then. Files of other kinds can be compared as \"ktoparam "
-           "text\" prints "
-           "them.\n"
-           "The exit status is 1 when there are differences."),
+       Tool::tr("Lists what was added, removed, changed and moved to another group. With --def, "
+                "values that are the same number are equal, however they are written. The order of "
+                "parameters, the date and the comment do not count as differences.\n"
+                "Two hardware "
+                "ids or two sub-devices can be compared, too, also of one file; the list shows "
+                "those of NEW then. Files of other kinds can be compared as \"ktoparam text\" "
+                "prints them.\n"
+                "The exit status is 1 when there are differences."),
        {{QStringLiteral("OLD"), Tool::tr("A value file."), EWord::File},
         {QStringLiteral("NEW"), Tool::tr("A value file; OLD unless given."), EWord::File,
          SArgument::NoneOrOne}},

@@ -1,13 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "Commands.h"
-#include "NShortText.h"
+#include "Command.h"
 #include "SValueView.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <functional>
 #include <optional>
@@ -121,22 +113,19 @@ EExitStatus exportValues(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> exportCommands() {
-  return {
-      {QStringLiteral("export"),
-       Tool::tr("Print all values for a spreadsheet or a program."),
-       Tool::tr(
-           "One line for each value, after a line of headings, in UTF-8; or one JSON object. CSV "
-           "quotes fields as RFC 4180 says; in TSV, tabs and line breaks become \\t, \\n and \\r, "
-           "and "
-           "\\ becomes \\\\."),
-       {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File}},
-       {NOptions::required(NOptions::choice(
-            kFormat, {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("json")},
-            Tool::tr("One of csv, tsv and json."))),
-        NOptions::def(Tool::tr(
-            "A definition file: adds units, the names of choices and bits, and defaults.")),
-        NOptions::hardwareId(Tool::tr("Only this hardware id.")),
-        NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255."))},
-       {QStringLiteral("export TwoAxisDrive.xparam --format csv --def TwoAxisDrive.xpdef")},
-       exportValues}};
+  return {{QStringLiteral("export"),
+           Tool::tr("Print all values for a spreadsheet or a program."),
+           Tool::tr("One line for each value, after a line of headings, in UTF-8; or one JSON "
+                    "object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks "
+                    "become \\t, \\n and \\r, and \\ becomes \\\\."),
+           {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File}},
+           {NOptions::required(NOptions::choice(
+                kFormat, {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("json")},
+                Tool::tr("One of csv, tsv and json."))),
+            NOptions::def(Tool::tr(
+                "A definition file: adds units, the names of choices and bits, and defaults.")),
+            NOptions::hardwareId(Tool::tr("Only this hardware id.")),
+            NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255."))},
+           {QStringLiteral("export TwoAxisDrive.xparam --format csv --def TwoAxisDrive.xpdef")},
+           exportValues}};
 }

@@ -1,17 +1,8 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
+#include "Command.h"
 #include "ParameterLookup.h"
 #include "SValueView.h"
 #include "Suggestion.h"
-#include "Tool.h"
 #include "UniqueNames.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <map>
 #include <set>
@@ -119,22 +110,19 @@ EExitStatus get(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> getCommands() {
-  return {
-      {QStringLiteral("get"),
-       Tool::tr("Print the values of parameters by their names."),
-       Tool::tr("All hardware ids and sub-devices that have a parameter are listed, unless options "
-                "choose "
-                "one. "
-                "The exit status is 1 when a name is found nowhere; the others are still printed."),
-       {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
-        {QStringLiteral("NAME"), Tool::tr("Names of parameters."), EWord::Parameter,
-         SArgument::OneOrMore}},
-       {NOptions::hardwareId(Tool::tr("Only this hardware id.")),
-        NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
-        NOptions::def(
-            Tool::tr("A definition file: adds units, names of choices and bits, and a \"*\" before "
-                     "what is not the default.")),
-        NOptions::json()},
-       {QStringLiteral("get TwoAxisDrive.xparam VelocityLimit OperatingMode --sub-device 2")},
-       get}};
+  return {{QStringLiteral("get"),
+           Tool::tr("Print the values of parameters by their names."),
+           Tool::tr("All hardware ids and sub-devices that have a parameter are listed, unless "
+                    "options choose one. The exit status is 1 when a name is found nowhere; the "
+                    "others are still printed."),
+           {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
+            {QStringLiteral("NAME"), Tool::tr("Names of parameters."), EWord::Parameter,
+             SArgument::OneOrMore}},
+           {NOptions::hardwareId(Tool::tr("Only this hardware id.")),
+            NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
+            NOptions::def(Tool::tr("A definition file: adds units, names of choices and bits, and "
+                                   "a \"*\" before what is not the default.")),
+            NOptions::json()},
+           {QStringLiteral("get TwoAxisDrive.xparam VelocityLimit OperatingMode --sub-device 2")},
+           get}};
 }

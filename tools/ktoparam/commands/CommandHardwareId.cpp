@@ -1,64 +1,33 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
+#include "Command.h"
 
 namespace {
 
-struct SSummary {
-  QString hardwareId;
-  QList<quint8> subDevices;
-  int parameters = 0;
-};
-
-QVector<SSummary> summaries(ICParameterFile& file) {
-  QVector<SSummary> all;
+/// Prints the hardware ids that the file has.
+void print(const CLoadedFile& loaded, const CInvocation& invocation, COutput& out) {
+  ICParameterFile& file = loaded.file();
+  CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICES"), Tool::tr("PARAMETERS")});
+  QJsonArray array;
   for (const QString& hardwareId : file.hardwareIds()) {
     file.selectHardwareId(hardwareId);
-    SSummary summary{hardwareId, file.subDeviceIds(), 0};
-    for (const quint8 id : summary.subDevices) summary.parameters += file.paramNames(id).size();
-    all.append(summary);
-  }
-  return all;
-}
-
-QJsonArray toJson(const QVector<SSummary>& all, const CLabels& labels) {
-  QJsonArray array;
-  for (const SSummary& each : all) {
     QJsonArray subDevices;
-    for (const quint8 id : each.subDevices) subDevices.append(id);
-    array.append(QJsonObject{{QStringLiteral("id"), labels.of(each.hardwareId)},
+    int parameters = 0;
+    for (const quint8 id : file.subDeviceIds()) {
+      subDevices.append(id);
+      parameters += file.paramNames(id).size();
+    }
+    table.addRow({out.labels().shown(hardwareId), QString::number(subDevices.size()),
+                  QString::number(parameters)});
+    array.append(QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
                              {QStringLiteral("subDevices"), subDevices},
-                             {QStringLiteral("parameters"), each.parameters}});
+                             {QStringLiteral("parameters"), parameters}});
   }
-  return array;
-}
-
-void printSummaries(const QVector<SSummary>& all, COutput& out) {
-  CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICES"), Tool::tr("PARAMETERS")});
-  for (const SSummary& each : all) {
-    table.addRow({out.labels().shown(each.hardwareId), QString::number(each.subDevices.size()),
-                  QString::number(each.parameters)});
-  }
-  table.print(out);
-}
-
-void print(const CLoadedFile& loaded, const CInvocation& invocation, COutput& out) {
-  const QVector<SSummary> all = summaries(loaded.file());
-  if (!invocation.wantsJson()) return printSummaries(all, out);
-  out.json({{QStringLiteral("file"), loaded.fileName()},
-            {QStringLiteral("hardwareIds"), toJson(all, out.labels())}});
+  if (!invocation.wantsJson()) return table.print(out);
+  out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
 }
 
 /// Loads the file, edits it, saves it unless it is a dry run, and prints what it has then.
-EExitStatus edit(const CInvocation& invocation, COutput& out,
-                 bool (*change)(CLoadedFile&, const CInvocation&)) {
+template <bool (*change)(CLoadedFile&, const CInvocation&)>
+EExitStatus edit(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), SFileInfo::Values) || !loaded.canSave()) return ExitFile;
   if (!change(loaded, invocation)) return ExitFindings;
@@ -108,9 +77,10 @@ bool remove(CLoadedFile& loaded, const CInvocation& invocation) {
   QStringList others = loaded.file().hardwareIds();
   others.removeOne(hardwareId);
   if (others.isEmpty()) {
-    loaded.message(Tool::tr("\"%1\" is the last hardware id, and a file must have one; delete the "
-                            "file instead.")
-                       .arg(hardwareId));
+    loaded.message(
+        Tool::tr(
+            "\"%1\" is the last hardware id, and a file must have one; delete the file instead.")
+            .arg(hardwareId));
     return false;
   }
   return loaded.selectHardwareId(others.first()) && loaded.file().removeHardwareId(hardwareId);
@@ -123,85 +93,47 @@ EExitStatus runList(const CInvocation& invocation, COutput& out) {
   return ExitDone;
 }
 
-EExitStatus runClone(const CInvocation& invocation, COutput& out) {
-  return edit(invocation, out, clone);
-}
-
-EExitStatus runRename(const CInvocation& invocation, COutput& out) {
-  return edit(invocation, out, rename);
-}
-
-EExitStatus runRemove(const CInvocation& invocation, COutput& out) {
-  return edit(invocation, out, remove);
-}
-
-SArgument fileArgument() {
-  return {QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File};
-}
-
 SArgument idArgument(const QString& help) {
   return {QStringLiteral("ID"), help, EWord::HardwareId};
 }
 
-SArgument newIdArgument(const QString& help) {
-  return {QStringLiteral("NEW-ID"), help};
-}
-
-SCommand editCommand(const QString& name, const QString& summary) {
-  return {name,
-          summary,
-          Tool::tr("Prints the hardware ids that the file has then."),
-          {},
-          {NOptions::dryRun(), NOptions::json()},
-          {},
-          {}};
-}
-
-SCommand listCommand() {
-  return {QStringLiteral("hardware-id list"),
-          Tool::tr("List the hardware ids of a file."),
-          {},
-          {fileArgument()},
-          {NOptions::json()},
-          {QStringLiteral("hardware-id list TwoAxisDrive.xparam")},
-          runList};
-}
-
-SCommand cloneCommand() {
-  SCommand command = editCommand(QStringLiteral("hardware-id clone"),
-                                 Tool::tr("Copy a hardware id with all its values to a new one."));
-  command.arguments = {fileArgument(), idArgument(Tool::tr("The hardware id to copy.")),
-                       newIdArgument(Tool::tr("The new hardware id."))};
-  command.examples =
-      QStringList(QStringLiteral("hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-64"));
-  command.run = runClone;
-  return command;
-}
-
-SCommand renameCommand() {
-  SCommand command = editCommand(QStringLiteral("hardware-id rename"),
-                                 Tool::tr("Give a hardware id another name."));
-  command.arguments = {fileArgument(), idArgument(Tool::tr("The current hardware id.")),
-                       newIdArgument(Tool::tr("The new hardware id."))};
-  command.examples =
-      QStringList(QStringLiteral("hardware-id rename TwoAxisDrive.xparam KTO-2A-16 KTO-2A-16B"));
-  command.run = runRename;
-  return command;
-}
-
-SCommand removeCommand() {
-  SCommand command = editCommand(QStringLiteral("hardware-id remove"),
-                                 Tool::tr("Remove a hardware id with all its values."));
-  command.arguments = {fileArgument(),
-                       idArgument(Tool::tr("The hardware id to remove; not the last one."))};
-  command.examples =
-      QStringList(QStringLiteral("hardware-id remove TwoAxisDrive.xparam KTO-2A-16"));
-  command.run = runRemove;
-  return command;
+SArgument newIdArgument() {
+  return {QStringLiteral("NEW-ID"), Tool::tr("The new hardware id.")};
 }
 
 }  // namespace
 
 QVector<SCommand> hardwareIdCommands() {
-  return {listCommand(), cloneCommand(), renameCommand(), removeCommand()};
+  const QString details = Tool::tr("Prints the hardware ids that the file has then.");
+  const QVector<SOption> options = {NOptions::dryRun(), NOptions::json()};
+  return {
+      {QStringLiteral("hardware-id list"),
+       Tool::tr("List the hardware ids of a file."),
+       {},
+       {NOptions::valueFile()},
+       {NOptions::json()},
+       {QStringLiteral("hardware-id list TwoAxisDrive.xparam")},
+       runList},
+      {QStringLiteral("hardware-id clone"),
+       Tool::tr("Copy a hardware id with all its values to a new one."),
+       details,
+       {NOptions::valueFile(), idArgument(Tool::tr("The hardware id to copy.")), newIdArgument()},
+       options,
+       {QStringLiteral("hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-64")},
+       edit<clone>},
+      {QStringLiteral("hardware-id rename"),
+       Tool::tr("Give a hardware id another name."),
+       details,
+       {NOptions::valueFile(), idArgument(Tool::tr("The current hardware id.")), newIdArgument()},
+       options,
+       {QStringLiteral("hardware-id rename TwoAxisDrive.xparam KTO-2A-16 KTO-2A-16B")},
+       edit<rename>},
+      {QStringLiteral("hardware-id remove"),
+       Tool::tr("Remove a hardware id with all its values."),
+       details,
+       {NOptions::valueFile(),
+        idArgument(Tool::tr("The hardware id to remove; not the last one."))},
+       options,
+       {QStringLiteral("hardware-id remove TwoAxisDrive.xparam KTO-2A-16")},
+       edit<remove>}};
 }

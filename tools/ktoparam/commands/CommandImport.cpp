@@ -1,9 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CValueEdit.h"
-#include "Commands.h"
-#include "Tool.h"
+#include "Command.h"
 
 namespace {
 
@@ -39,10 +35,10 @@ int reportImpossible(const CLoadedFile& destination, const ICParameterFile& sour
       const bool hasValue = !source.paramValue(name, id).isNull();
       if (hasValue || !file.paramDef(name).name().isEmpty()) continue;
       ++failed;
-      destination.message(Tool::tr("parameter \"%1\" of sub-device %2 is neither in the source nor "
-                                   "defined, so there is no value for it. --keep-missing leaves "
-                                   "such parameters as they are.")
-                              .arg(name, QString::number(id)));
+      destination.message(
+          Tool::tr("parameter \"%1\" of sub-device %2 is neither in the source nor defined, so "
+                   "there is no value for it. --keep-missing leaves such parameters as they are.")
+              .arg(name, QString::number(id)));
     }
   }
   return failed;
@@ -79,15 +75,14 @@ QVector<SCommand> importCommands() {
   return {
       {QStringLiteral("import"),
        Tool::tr("Take over the values of another file, or of another hardware id."),
-       Tool::tr(
-           "Every parameter of DEST gets the value that SOURCE has for the same sub-device and "
-           "name, or "
-           "else the default of its definition. Parameters that only SOURCE has are added when "
-           "they are "
-           "defined, and skipped (\"unknown\") when they are not. All is done, or nothing.\n"
-           "DEST and SOURCE may be one file with two hardware ids.\n"
-           "Prints how many parameters were taken, were equal already, got the default, were kept, "
-           "added, and so on."),
+       Tool::tr("Every parameter of DEST gets the value that SOURCE has for the same sub-device "
+                "and name, or else the default of its definition. Parameters that only SOURCE has "
+                "are added when they are defined, and skipped (\"unknown\") when they are not. All "
+                "is done, or nothing.\n"
+                "DEST and SOURCE may be one file with two hardware "
+                "ids.\n"
+                "Prints how many parameters were taken, were equal already, got the default, "
+                "were kept, added, and so on."),
        {{QStringLiteral("DEST"), Tool::tr("The value file to change."), EWord::File},
         {QStringLiteral("SOURCE"), Tool::tr("The value file to take values from."), EWord::File}},
        {NOptions::required(NOptions::def(Tool::tr("The definition file of DEST."))),

@@ -1,16 +1,7 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileMerge.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "JsonValues.h"
-#include "Tool.h"
+#include "Command.h"
 
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonObject>
 
 namespace {
 
@@ -44,23 +35,19 @@ QJsonObject toJson(const SMergeConflict& conflict, const CLabels& labels) {
       {QStringLiteral("text"), conflict.text()}};
 }
 
-void printTable(const CMergeConflicts& conflicts, COutput& out) {
+void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
+  QJsonArray array;
   CTable table(
       {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
   for (const SMergeConflict& conflict : conflicts) {
     const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
+    array.append(toJson(conflict, out.labels()));
     table.addRow({out.labels().shownOrNothing(conflict.hardwareId),
                   hasSubDevice ? QString::number(conflict.subDevId) : QString(),
                   out.labels().shownOrNothing(conflict.name),
                   NDisplayText::escaped(conflict.text())});
   }
-  table.print(out);
-}
-
-void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
-  if (!invocation.wantsJson()) return printTable(conflicts, out);
-  QJsonArray array;
-  for (const SMergeConflict& conflict : conflicts) array.append(toJson(conflict, out.labels()));
+  if (!invocation.wantsJson()) return table.print(out);
   out.json({{QStringLiteral("file"), invocation.value(NOptions::kOutput)},
             {QStringLiteral("conflicts"), array}});
 }
@@ -92,12 +79,11 @@ QVector<SCommand> mergeCommands() {
   return {{QStringLiteral("merge"),
            Tool::tr("Merge the changes of two files that come from one."),
            Tool::tr("Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where "
-                    "both changed "
-                    "the same thing differently, OUT keeps what OURS has, the conflict is "
-                    "listed, and the "
-                    "exit status is 1. The date of the Head never conflicts. With an empty BASE, "
-                    "the files were made independently.\n"
-                    "OUT may be one of the three files, as a merge driver of git needs it."),
+                    "both changed the same thing differently, OUT keeps what OURS has, the "
+                    "conflict is listed, and the exit status is 1. The date of the Head never "
+                    "conflicts. With an empty BASE, the files were made independently.\n"
+                    "OUT may be "
+                    "one of the three files, as a merge driver of git needs it."),
            {{QStringLiteral("BASE"), Tool::tr("The value file that both come from."), EWord::File},
             {QStringLiteral("OURS"), Tool::tr("One's own value file."), EWord::File},
             {QStringLiteral("THEIRS"), Tool::tr("The other value file."), EWord::File}},

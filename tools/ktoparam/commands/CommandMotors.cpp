@@ -1,13 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
+#include "Command.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QMap>
 
 namespace {

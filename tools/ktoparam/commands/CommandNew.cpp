@@ -1,11 +1,7 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileHelper.h"
 #include "CValueEdit.h"
-#include "Commands.h"
+#include "Command.h"
 #include "Suggestion.h"
-#include "Tool.h"
 
 #include <QFileInfo>
 
@@ -90,9 +86,8 @@ QVector<SCommand> newCommands() {
   return {
       {QStringLiteral("new"),
        Tool::tr("Make a value file with every defined parameter at its default."),
-       Tool::tr(
-           "The parameters are those of the definition file, by id. A file that exists is never "
-           "replaced. The file gets version 1.0."),
+       Tool::tr("The parameters are those of the definition file, by id. A file that exists is "
+                "never replaced. The file gets version 1.0."),
        {{QStringLiteral("VALUE-FILE"), Tool::tr("The value file to make."), EWord::File}},
        {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
         NOptions::required(NOptions::hardwareId(Tool::tr("The hardware id."))),

@@ -1,15 +1,7 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
+#include "Command.h"
 #include "Suggestion.h"
-#include "Tool.h"
 #include "UniqueNames.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QRegularExpression>
 
 #include <optional>
@@ -51,34 +43,28 @@ struct SHit {
   }
 };
 
-void printTable(const QVector<SHit>& hits, COutput& out) {
+void print(const CInvocation& invocation, const QVector<SHit>& hits, COutput& out) {
+  const CLabels& labels = out.labels();
+  QJsonArray array;
   CTable table({Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"), Tool::tr("CHOICES FOUND"),
                 Tool::tr("HINT")});
   for (const SHit& hit : hits) {
+    const CParamDefItem& definition = hit.definition;
+    const QJsonValue id = definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue();
     QStringList choices;
-    for (const QString& name : hit.choices) choices.append(out.labels().shown(name));
-    const CParamDefItem& definition = hit.definition;
-    table.addRow({definition.valid() ? QString::number(definition.id()) : QString(),
-                  out.labels().shown(definition.name()), definition.typeStr(),
-                  choices.join(QLatin1String(", ")),
-                  out.labels().shownOrNothing(definition.hint())});
+    for (const QString& name : hit.choices) choices.append(labels.shown(name));
+    table.addRow({id.isNull() ? QString() : QString::number(definition.id()),
+                  labels.shown(definition.name()), definition.typeStr(),
+                  choices.join(QLatin1String(", ")), labels.shownOrNothing(definition.hint())});
+    array.append(QJsonObject{{QStringLiteral("id"), id},
+                             {QStringLiteral("name"), labels.of(definition.name())},
+                             {QStringLiteral("type"), definition.typeStr()},
+                             {QStringLiteral("hint"), labels.of(definition.hint())},
+                             {QStringLiteral("choices"), labels.of(hit.choices)}});
   }
-  table.print(out);
-}
-
-void printJson(const CLoadedFile& loaded, const QVector<SHit>& hits, COutput& out) {
-  QJsonArray array;
-  for (const SHit& hit : hits) {
-    const CParamDefItem& definition = hit.definition;
-    array.append(
-        QJsonObject{{QStringLiteral("id"),
-                     definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue()},
-                    {QStringLiteral("name"), out.labels().of(definition.name())},
-                    {QStringLiteral("type"), definition.typeStr()},
-                    {QStringLiteral("hint"), out.labels().of(definition.hint())},
-                    {QStringLiteral("choices"), out.labels().of(hit.choices)}});
-  }
-  out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("definitions"), array}});
+  if (!invocation.wantsJson()) return table.print(out);
+  out.json(
+      {{QStringLiteral("file"), invocation.argument(0)}, {QStringLiteral("definitions"), array}});
 }
 
 /// The words of names such as "VelocityLimit", of hints and of choices.
@@ -112,7 +98,7 @@ EExitStatus search(const CInvocation& invocation, COutput& out) {
     const std::optional<SHit> hit = SHit::of(loaded.file().paramDef(name), words);
     if (hit) hits.append(*hit);
   }
-  invocation.wantsJson() ? printJson(loaded, hits, out) : printTable(hits, out);
+  print(invocation, hits, out);
   if (!hits.isEmpty()) return ExitDone;
   const QString suggestion = suggestionFor(loaded.file(), words);
   loaded.message(
@@ -129,8 +115,7 @@ QVector<SCommand> searchCommands() {
   return {{QStringLiteral("search"),
            Tool::tr("Find parameters by words in their names, hints and choices."),
            Tool::tr("Lists the definitions that have all words, or parts of words; capitals make "
-                    "no difference. "
-                    "The exit status is 1 when there are none."),
+                    "no difference. The exit status is 1 when there are none."),
            {{QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
             {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Parameter,
              SArgument::OneOrMore}},

@@ -1,15 +1,6 @@
 #include "CAssignments.h"
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
+#include "Command.h"
 #include "ValueMeaning.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <set>
 
@@ -99,15 +90,13 @@ QVector<SCommand> setCommands() {
        Tool::tr("Change values of parameters that a file has."),
        Tool::tr(
            "All assignments are checked first; then all are made and the file is saved, or none. "
-           "With "
-           "--def a value must be of its type and within the definition's limits and those of its "
-           "limit "
-           "parameters in the same sub-device, or be one of its choices; the name of a choice, "
-           "radio "
-           "button or check box state (checked, unchecked, undefined) may be given in place of its "
-           "value, and is looked for before a number. Bits without a name are set with a warning. "
-           "Without --def a value is taken as it is typed.\n"
-           "Values of other parameters that are limited by a changed one are not looked at."),
+           "With --def a value must be of its type and within the definition's limits and those of "
+           "its limit parameters in the same sub-device, or be one of its choices; the name of a "
+           "choice, radio button or check box state (checked, unchecked, undefined) may be given "
+           "in place of its value, and is looked for before a number. Bits without a name are set "
+           "with a warning. Without --def a value is taken as it is typed.\n"
+           "Values of other "
+           "parameters that are limited by a changed one are not looked at."),
        {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
         {QStringLiteral("NAME=VALUE"), Tool::tr("Names of parameters and their new values."),
          EWord::Assignment, SArgument::OneOrMore}},
@@ -117,7 +106,6 @@ QVector<SCommand> setCommands() {
         NOptions::def(Tool::tr("The definition file to check the values against.")),
         NOptions::dryRun(), NOptions::json()},
        {QStringLiteral("set TwoAxisDrive.xparam OperatingMode=Homing VelocityLimit=450 --def "
-                       "TwoAxisDrive.xpdef "
-                       "--hardware-id KTO-2A-16 --sub-device 2")},
+                       "TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2")},
        set}};
 }

@@ -1,8 +1,4 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "Commands.h"
-#include "Tool.h"
+#include "Command.h"
 #include "Views.h"
 
 namespace {
@@ -40,16 +36,13 @@ QVector<SCommand> showCommands() {
       {QStringLiteral("show"),
        Tool::tr("Show what is in a file."),
        Tool::tr("Definitions are shown as a table, values as a tree for each hardware id and "
-                "sub-device. "
-                "With --def, units and the names of choices and bits are shown with the values, "
-                "and a \"*\" "
-                "before each value that is not the default.\n"
-                "Settings are shown as a tree, compensation tables point by point, with a "
-                "\"!\" before each "
+                "sub-device. With --def, units and the names of choices and bits are shown with "
+                "the values, and a \"*\" before each value that is not the default.\n"
+                "Settings are "
+                "shown as a tree, compensation tables point by point, with a \"!\" before each "
                 "wrong one.\n"
-                "A text is quoted, as in JSON, when it is empty, begins or ends "
-                "with a blank, or "
-                "holds line breaks or control characters."),
+                "A text is quoted, as in JSON, when it is empty, begins or ends with a "
+                "blank, or holds line breaks or control characters."),
        {{QStringLiteral("FILE"), Tool::tr("A file of any kind."), EWord::File}},
        {NOptions::def(Tool::tr("The definition file of a value file.")),
         NOptions::hardwareId(Tool::tr("Only this hardware id.")),

@@ -1,40 +1,25 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
-#include "COutput.h"
-#include "CTable.h"
 #include "CValueEdit.h"
-#include "Commands.h"
-#include "DisplayText.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
+#include "Command.h"
 
 namespace {
 
 // --- sub-device list
 
-QString typeText(const ICParameterFile& file, quint8 id) {
-  return ICParameterFile::subDeviceTypeToStr(file.subDevType(id));
-}
-
-QJsonArray subDevicesJson(const ICParameterFile& file, const CLabels& labels) {
+/// Adds the sub-devices of the active hardware id as rows, and gives them back as JSON.
+QJsonArray addSubDevices(const ICParameterFile& file, const CLabels& labels, CTable& table) {
   QJsonArray array;
   for (const quint8 id : file.subDeviceIds()) {
+    const QString type = ICParameterFile::subDeviceTypeToStr(file.subDevType(id));
+    const QString name = labels.of(file.subDevName(id));
+    const int parameters = file.paramNames(id).size();
+    table.addRow({labels.shown(file.hardwareId()), QString::number(id), type,
+                  NDisplayText::shownOrNothing(name), QString::number(parameters)});
     array.append(QJsonObject{{QStringLiteral("id"), id},
-                             {QStringLiteral("type"), typeText(file, id)},
-                             {QStringLiteral("name"), labels.of(file.subDevName(id))},
-                             {QStringLiteral("parameters"), file.paramNames(id).size()}});
+                             {QStringLiteral("type"), type},
+                             {QStringLiteral("name"), name},
+                             {QStringLiteral("parameters"), parameters}});
   }
   return array;
-}
-
-void addRows(const ICParameterFile& file, const CLabels& labels, CTable& table) {
-  for (const quint8 id : file.subDeviceIds()) {
-    const QString name = file.subDevName(id);
-    table.addRow({labels.shown(file.hardwareId()), QString::number(id), typeText(file, id),
-                  labels.shownOrNothing(name), QString::number(file.paramNames(id).size())});
-  }
 }
 
 EExitStatus runList(const CInvocation& invocation, COutput& out) {
@@ -47,10 +32,9 @@ EExitStatus runList(const CInvocation& invocation, COutput& out) {
   QJsonArray array;
   for (const QString& hardwareId : hardwareIds) {
     loaded.selectHardwareId(hardwareId);
-    addRows(loaded.file(), out.labels(), table);
-    array.append(
-        QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
-                    {QStringLiteral("subDevices"), subDevicesJson(loaded.file(), out.labels())}});
+    array.append(QJsonObject{
+        {QStringLiteral("id"), out.labels().of(hardwareId)},
+        {QStringLiteral("subDevices"), addSubDevices(loaded.file(), out.labels(), table)}});
   }
   if (invocation.wantsJson())
     out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
@@ -109,9 +93,9 @@ SCommand copyCommand() {
   return {
       QStringLiteral("sub-device copy"),
       Tool::tr("Copy all values of one sub-device to another."),
-      Tool::tr("The groups and parameters of TO become those of FROM; TO is created when it does "
-               "not exist. "
-               "What only TO had is removed. TO keeps its type and name when it has them."),
+      Tool::tr(
+          "The groups and parameters of TO become those of FROM; TO is created when it does not "
+          "exist. What only TO had is removed. TO keeps its type and name when it has them."),
       {NOptions::valueFile(),
        {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
        {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::SubDevice}},

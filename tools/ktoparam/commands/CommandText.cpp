@@ -1,8 +1,5 @@
-#include "CInvocation.h"
-#include "CLoadedFile.h"
 #include "CSubjectLines.h"
-#include "Commands.h"
-#include "Tool.h"
+#include "Command.h"
 #include "Views.h"
 
 namespace {
@@ -31,16 +28,16 @@ EExitStatus text(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> textCommands() {
-  return {{QStringLiteral("text"),
-           Tool::tr("Print a file as lines that can be compared."),
-           Tool::tr("Each value has a line of its own with all that tells where it belongs, so "
-                    "that any tool "
-                    "that compares lines shows what changed. The date, which each save renews, is "
-                    "left out.\n"
-                    "git uses it with: git config diff.ktoparam.textconv \"ktoparam text\", and in "
-                    ".gitattributes: *.xparam diff=ktoparam"),
-           {{QStringLiteral("FILE"), Tool::tr("A file of any kind."), EWord::File}},
-           {},
-           {QStringLiteral("text TwoAxisDrive.xparam")},
-           text}};
+  return {
+      {QStringLiteral("text"),
+       Tool::tr("Print a file as lines that can be compared."),
+       Tool::tr("Each value has a line of its own with all that tells where it belongs, so that "
+                "any tool that compares lines shows what changed. The date, which each save "
+                "renews, is left out.\n"
+                "git uses it with: git config diff.ktoparam.textconv "
+                "\"ktoparam text\", and in .gitattributes: *.xparam diff=ktoparam"),
+       {{QStringLiteral("FILE"), Tool::tr("A file of any kind."), EWord::File}},
+       {},
+       {QStringLiteral("text TwoAxisDrive.xparam")},
+       text}};
 }

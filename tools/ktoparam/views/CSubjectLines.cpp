@@ -12,14 +12,6 @@ void CSubjectLines::addUnlessEmpty(const QString& subject, const QString& value)
   if (!value.isEmpty()) add(subject, value);
 }
 
-void CSubjectLines::addLabel(const QString& subject, const QString& label) {
-  add(subject, mOut.labels().of(label));
-}
-
-void CSubjectLines::addLabelUnlessEmpty(const QString& subject, const QString& label) {
-  if (!label.isEmpty()) addLabel(subject, label);
-}
-
 const CLabels& CSubjectLines::labels() const {
   return mOut.labels();
 }

@@ -13,12 +13,9 @@ class CSubjectLines {
 
   void add(const QString& subject, const QString& value);
   void addUnlessEmpty(const QString& subject, const QString& value);
-  /// The same for a name, a hint or the like, which is shortened when long.
-  void addLabel(const QString& subject, const QString& label);
-  void addLabelUnlessEmpty(const QString& subject, const QString& label);
   /// Type, version, author and comment. Not the date: each save renews it.
   void addHead(const CLoadedFile& loaded);
-  /// For the subjects.
+  /// For subjects, and for names, hints and the like, which are shortened when long.
   const CLabels& labels() const;
   /// A subject alone, for what has no value.
   void addBare(const QString& subject);

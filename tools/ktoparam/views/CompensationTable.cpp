@@ -1,6 +1,7 @@
 #include "CompensationTable.h"
 
 #include "COutput.h"
+#include "CTable.h"
 #include "DisplayText.h"
 #include "JsonValues.h"
 #include "Tool.h"
@@ -24,6 +25,14 @@ QString countText(const ICCompensationFile& table) {
     default:
       return Tool::tr("Points: none");
   }
+}
+
+QList<int> indices(const ICCompensationFile& table, const CCompensationFindings& findings,
+                   NCompensationTable::EPoints which) {
+  if (which == NCompensationTable::WrongPoints) return findings.ofPoints().keys();
+  QList<int> all;
+  for (int i = 0; i < table.count(); ++i) all.append(i);
+  return all;
 }
 
 }  // namespace
@@ -61,19 +70,32 @@ void NCompensationTable::addTable(const ICCompensationFile& table,
   object.insert(QStringLiteral("wrong"), findings.ofPoints().size());
 }
 
-QStringList NCompensationTable::pointCells(const ICCompensationFile& table,
-                                           const CCompensationFindings& findings, int index) {
-  const CCompensationPoint point = table.point(index);
-  return {QString::number(index + 1), shown(point.position()), shown(point.adjustment()),
-          findings.ofPoints().value(index).join(QLatin1String("; "))};
+void NCompensationTable::printPoints(const ICCompensationFile& table,
+                                     const CCompensationFindings& findings, EPoints which,
+                                     COutput& out) {
+  CTable rows({QString(), Tool::tr("NO"), Tool::tr("POSITION"), Tool::tr("ADJUSTMENT"),
+               Tool::tr("PROBLEM")});
+  for (const int index : indices(table, findings, which)) {
+    const CCompensationPoint point = table.point(index);
+    const bool isMarked = which == AllPoints && findings.isBad(index);
+    rows.addRow({isMarked ? QStringLiteral("!") : QString(), QString::number(index + 1),
+                 shown(point.position()), shown(point.adjustment()),
+                 findings.ofPoints().value(index).join(QLatin1String("; "))},
+                isMarked);
+  }
+  rows.print(out, QStringLiteral("  "));
 }
 
-QJsonObject NCompensationTable::pointJson(const ICCompensationFile& table,
-                                          const CCompensationFindings& findings, int index) {
-  const CCompensationPoint point = table.point(index);
-  return {
-      {QStringLiteral("number"), index + 1},
-      {QStringLiteral("position"), point.position().asStr()},
-      {QStringLiteral("adjustment"), point.adjustment().asStr()},
-      {QStringLiteral("problems"), QJsonArray::fromStringList(findings.ofPoints().value(index))}};
+QJsonArray NCompensationTable::pointsJson(const ICCompensationFile& table,
+                                          const CCompensationFindings& findings, EPoints which) {
+  QJsonArray points;
+  for (const int index : indices(table, findings, which)) {
+    const CCompensationPoint point = table.point(index);
+    points.append(QJsonObject{{QStringLiteral("number"), index + 1},
+                              {QStringLiteral("position"), point.position().asStr()},
+                              {QStringLiteral("adjustment"), point.adjustment().asStr()},
+                              {QStringLiteral("problems"),
+                               QJsonArray::fromStringList(findings.ofPoints().value(index))}});
+  }
+  return points;
 }

@@ -4,6 +4,7 @@
 #include "ICCompensationFile.h"
 
 class COutput;
+class QJsonArray;
 class QJsonObject;
 
 /// How compensation tables are shown, as texts and as JSON. Points are numbered from 1.
@@ -17,10 +18,13 @@ void print(const ICCompensationFile& table, const CCompensationFindings& finding
 void addTable(const ICCompensationFile& table, const CCompensationFindings& findings,
               QJsonObject& object);
 
-/// Number, position, adjustment, problems.
-QStringList pointCells(const ICCompensationFile& table, const CCompensationFindings& findings,
-                       int index);
-QJsonObject pointJson(const ICCompensationFile& table, const CCompensationFindings& findings,
-                      int index);
+/// Which points are listed.
+enum EPoints { AllPoints, WrongPoints };
+
+/// A table of points. Among all of them, a "!" marks the wrong ones.
+void printPoints(const ICCompensationFile& table, const CCompensationFindings& findings,
+                 EPoints which, COutput& out);
+QJsonArray pointsJson(const ICCompensationFile& table, const CCompensationFindings& findings,
+                      EPoints which);
 
 }  // namespace NCompensationTable

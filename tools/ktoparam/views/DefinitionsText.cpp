@@ -24,7 +24,7 @@ class CLines {
     mLines.add(mName + QLatin1Char(' ') + property, value);
   }
   void addLabel(const QString& property, const QString& label) {
-    mLines.addLabel(mName + QLatin1Char(' ') + property, label);
+    add(property, mLines.labels().of(label));
   }
   void addUnlessEmpty(const char* property, const QString& value) {
     if (!value.isEmpty()) add(QString::fromLatin1(property), value);

@@ -64,8 +64,8 @@ void addNodes(const ICSettingsTreeNode& group, const QString& path, CSubjectLine
       const QString type = ICSettingsTreeNode::typeToStr(node.type());
       lines.add(QStringLiteral("%1 (%2)").arg(subject, type), node.value().asStr());
     }
-    lines.addLabelUnlessEmpty(subject + QLatin1String(" unit"), node.unit());
-    lines.addLabelUnlessEmpty(subject + QLatin1String(" comment"), node.comment());
+    lines.addUnlessEmpty(subject + QLatin1String(" unit"), lines.labels().of(node.unit()));
+    lines.addUnlessEmpty(subject + QLatin1String(" comment"), lines.labels().of(node.comment()));
     addNodes(node, NShortText::below(path, node.name()), lines);
   }
 }

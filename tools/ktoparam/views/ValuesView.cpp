@@ -134,7 +134,7 @@ void addSubDevice(ICParameterFile& file, quint8 id, CSubjectLines& lines) {
   const QString place = QStringLiteral("%1[%2]").arg(hardwareId, QString::number(id));
   lines.add(place + QLatin1String(" type"),
             ICParameterFile::subDeviceTypeToStr(file.subDevType(id)));
-  lines.addLabelUnlessEmpty(place + QLatin1String(" name"), file.subDevName(id));
+  lines.addUnlessEmpty(place + QLatin1String(" name"), lines.labels().of(file.subDevName(id)));
   addGroup(*file.rootGroup(id), place + QLatin1Char('/'), {}, lines);
 }
 

@@ -19,6 +19,11 @@ void requireRoundTrip(const QString& text) {
   NFuzz::require(CParamVal(number).value(again) && again == number, "another number: " + text);
 }
 
+template <class... Types>
+void requireRoundTrips(const QString& text) {
+  (requireRoundTrip<Types>(text), ...);
+}
+
 void requireSameDouble(const QString& text) {
   double number = 0;
   if (!CStr::strToF64(text, number) || std::isnan(number)) return;
@@ -41,14 +46,8 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
       QString::fromUtf8(reinterpret_cast<const char*>(data) + 1, static_cast<int>(size) - 1);
   unsigned long long number = 7;
   NFuzz::require(CStr::strToU64(text, number, data[0] % 40) || number == 7, "a touched output");
-  requireRoundTrip<unsigned char>(text);
-  requireRoundTrip<unsigned short>(text);
-  requireRoundTrip<unsigned int>(text);
-  requireRoundTrip<unsigned long long>(text);
-  requireRoundTrip<signed char>(text);
-  requireRoundTrip<short>(text);
-  requireRoundTrip<int>(text);
-  requireRoundTrip<long long>(text);
+  requireRoundTrips<unsigned char, unsigned short, unsigned int, unsigned long long, signed char,
+                    short, int, long long>(text);
   requireSameDouble(text);
   unsigned int revision = 0;
   unsigned int again = 0;

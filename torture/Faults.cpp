@@ -95,61 +95,42 @@ void watch(const CWatcher& watcher) {
 
 extern "C" {
 
-int open64(const char* path, int flags, mode_t mode) {
-  return pass<int>("open64", path, flags, mode);
-}
-int openat(int folder, const char* path, int flags, mode_t mode) {
-  return pass<int>("openat", folder, path, flags, mode);
-}
+#define KTO_PASS(Result, name, parameters, ...) \
+  Result name parameters {                      \
+    return pass<Result>(#name, __VA_ARGS__);    \
+  }
+
+KTO_PASS(int, open64, (const char* path, int flags, mode_t mode), path, flags, mode)
+KTO_PASS(int, openat, (int folder, const char* path, int flags, mode_t mode), folder, path, flags,
+         mode)
+KTO_PASS(ssize_t, read, (int file, void* bytes, size_t size), file, bytes, size)
+KTO_PASS(int, fstat, (int file, struct stat* info) noexcept, file, info)
+KTO_PASS(int, fsync, (int file), file)
+KTO_PASS(int, renameat, (int folder, const char* from, int other, const char* to) noexcept, folder,
+         from, other, to)
+KTO_PASS(int, renameat2,
+         (int folder, const char* from, int other, const char* to, unsigned flags) noexcept, folder,
+         from, other, to, flags)
+KTO_PASS(int, linkat, (int folder, const char* from, int other, const char* to, int flags) noexcept,
+         folder, from, other, to, flags)
+KTO_PASS(int, close, (int file), file)
+KTO_PASS(int, fchmod, (int file, mode_t mode) noexcept, file, mode)
+KTO_PASS(int, fchown, (int file, uid_t user, gid_t group) noexcept, file, user, group)
+KTO_PASS(int, unlinkat, (int folder, const char* path, int flags) noexcept, folder, path, flags)
+KTO_PASS(ssize_t, fgetxattr, (int file, const char* name, void* value, size_t size) noexcept, file,
+         name, value, size)
+KTO_PASS(ssize_t, flistxattr, (int file, char* names, size_t size) noexcept, file, names, size)
+KTO_PASS(int, fsetxattr,
+         (int file, const char* name, const void* value, size_t size, int flags) noexcept, file,
+         name, value, size, flags)
+KTO_PASS(int, fremovexattr, (int file, const char* name) noexcept, file, name)
+KTO_PASS(ssize_t, sendfile, (int to, int from, off_t* offset, size_t size) noexcept, to, from,
+         offset, size)
+
 ssize_t write(int file, const void* bytes, size_t size) {
   const bool isShort = sIsUsed && sIsArmed && sPlan.mode == Short && sPlan.call == "write" &&
                        sPlan.calls["write"] + 1 == sPlan.nth;
   return pass<ssize_t>("write", file, bytes, isShort ? size / 2 : size);
-}
-ssize_t read(int file, void* bytes, size_t size) {
-  return pass<ssize_t>("read", file, bytes, size);
-}
-int fstat(int file, struct stat* info) noexcept {
-  return pass<int>("fstat", file, info);
-}
-int fsync(int file) {
-  return pass<int>("fsync", file);
-}
-int renameat(int folder, const char* from, int other, const char* to) noexcept {
-  return pass<int>("renameat", folder, from, other, to);
-}
-int renameat2(int folder, const char* from, int other, const char* to, unsigned flags) noexcept {
-  return pass<int>("renameat2", folder, from, other, to, flags);
-}
-int linkat(int folder, const char* from, int other, const char* to, int flags) noexcept {
-  return pass<int>("linkat", folder, from, other, to, flags);
-}
-int close(int file) {
-  return pass<int>("close", file);
-}
-int fchmod(int file, mode_t mode) noexcept {
-  return pass<int>("fchmod", file, mode);
-}
-int fchown(int file, uid_t user, gid_t group) noexcept {
-  return pass<int>("fchown", file, user, group);
-}
-int unlinkat(int folder, const char* path, int flags) noexcept {
-  return pass<int>("unlinkat", folder, path, flags);
-}
-ssize_t fgetxattr(int file, const char* name, void* value, size_t size) noexcept {
-  return pass<ssize_t>("fgetxattr", file, name, value, size);
-}
-ssize_t flistxattr(int file, char* names, size_t size) noexcept {
-  return pass<ssize_t>("flistxattr", file, names, size);
-}
-int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
-  return pass<int>("fsetxattr", file, name, value, size, flags);
-}
-int fremovexattr(int file, const char* name) noexcept {
-  return pass<int>("fremovexattr", file, name);
-}
-ssize_t sendfile(int to, int from, off_t* offset, size_t size) noexcept {
-  return pass<ssize_t>("sendfile", to, from, offset, size);
 }
 
 }  // extern "C"

@@ -129,9 +129,9 @@ class CSaves {
  public:
   CSaves(const SOptions& options, CTally& tally) : mOptions(options), mTally(tally) {}
 
-  /// Every call of a save fails once, and from then on, with every error, and after every call
-  /// the power is cut.
-  void failEveryCall(const SScene& scene, const CPrepare& prepare, const QString& what) {
+  /// After every call of a save the power is cut; and if asked for, every call fails once, and from
+  /// then on, with every error.
+  void cutEveryCall(const SScene& scene, const CPrepare& prepare, const QString& what, bool fails) {
     mScene = scene;
     mPrepare = prepare;
     mWhat = scene.name + (", " + what + ": ");
@@ -141,6 +141,7 @@ class CSaves {
     check(mIsSaved && mNew != mOld, mError);
     saveWith({}, 0, 0, NFaults::Once);
     checkFiles(false);
+    if (!fails) return;
     for (const auto& [call, count] : NFaults::calls())
       for (int n = 1; n <= count; ++n) failCall(call, n);
   }
@@ -342,13 +343,17 @@ int main(int argc, char** argv) {
   const QList<int> sizes = options.isLong
                                ? QList<int>{1, 511, 512, 513, 16384, 16385, 100000, 1000000}
                                : QList<int>{2500};
-  for (const SScene& scene : kScenes) {
-    for (const int size : sizes)
-      saves.failEveryCall(scene, contentOf(size), QString("%1 bytes").arg(size));
-    if (scene.is(KeepsBackup) && (options.isLong || !scene.is(IsPlain)))
-      saves.failEveryCall(scene, reader, "a reader");
-    if (scene.how == Exists || (options.isLong && !scene.is(KeepsBackup) && !scene.is(MovesAfter)))
-      saves.failEveryCall(scene, parameterFile, "a parameter file");
+  // Most faults show without a failing call.
+  for (const bool fails : {false, true}) {
+    for (const SScene& scene : kScenes) {
+      const bool isLong = options.isLong || !fails;
+      for (const int size : sizes)
+        saves.cutEveryCall(scene, contentOf(size), QString("%1 bytes").arg(size), fails);
+      if (scene.is(KeepsBackup) && (isLong || !scene.is(IsPlain)))
+        saves.cutEveryCall(scene, reader, "a reader", fails);
+      if (scene.how == Exists || (isLong && !scene.is(KeepsBackup) && !scene.is(MovesAfter)))
+        saves.cutEveryCall(scene, parameterFile, "a parameter file", fails);
+    }
   }
   saves.killAtRandom();
   saves.failReads();

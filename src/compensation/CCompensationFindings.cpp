@@ -1,7 +1,7 @@
 #include "CCompensationFindings.h"
 
-#include "DisplayText.h"
 #include "ICCompensationFile.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "CPlotDrawing.h"
 
 #include "CSvgWriter.h"
-#include "DisplayText.h"
 #include "ICCompensationFile.h"
+#include "NDisplayText.h"
 
 #include <QPointF>
 

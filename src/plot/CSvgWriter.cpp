@@ -1,6 +1,6 @@
 #include "CSvgWriter.h"
 
-#include "DisplayText.h"
+#include "NDisplayText.h"
 
 namespace {
 

@@ -54,7 +54,9 @@ bool CSimpleParamReaderImpl::getParam(unsigned char subDevId, const QString& nam
                .arg(name, QString::number(subDevId));
     return false;
   }
-  mFile->addParameter(mFile->subGroup(group, subDevId), name, val);
+  // A group that cannot be made has left its reason in errorMsg().
+  ICParamTreeNode* parent = mFile->subGroup(group, subDevId);
+  if (parent != nullptr) mFile->addParameter(parent, name, val);
   return true;
 }
 

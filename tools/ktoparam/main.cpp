@@ -3,7 +3,7 @@
 #include "CMessageBoardHelper.h"
 #include "COutput.h"
 #include "Commands.h"
-#include "FileMessage.h"
+#include "NFileMessage.h"
 #include "Tool.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // Prints the manual page: ktoparamManPage TEMPLATE JSON-DESCRIPTION
 #include "CCommandTable.h"
 #include "Commands.h"
-#include "ManPage.h"
+#include "NManPage.h"
 
 #include <QFile>
 #include <QTextStream>

@@ -169,9 +169,10 @@ class tst_CAtomicFile : public QObject {
       QCOMPARE(CAtomicFile::write(folder + name, "new", {}, error), isFollowed);
       QCOMPARE(read(mName), QByteArray(isFollowed ? "new" : "old"));
       if (isFollowed) continue;
-      QCOMPARE(error, QString("the file cannot be written, the old one is kept: the path contains a "
-                              "symbolic link of another user in a folder that "
-                              "everybody can write to."));
+      QCOMPARE(error,
+               QString("the file cannot be written, the old one is kept: the path contains a "
+                       "symbolic link of another user in a folder that "
+                       "everybody can write to."));
     }
   }
 

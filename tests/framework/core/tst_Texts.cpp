@@ -1,4 +1,4 @@
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 #include "TestRows.h"
 

@@ -2,8 +2,8 @@
 
 #include "CInvocation.h"
 #include "COutput.h"
-#include "Help.h"
-#include "Suggestion.h"
+#include "NHelp.h"
+#include "NSuggestion.h"
 #include "Tool.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CParsedWords.h"
-#include "Options.h"
+#include "NOptions.h"
 
 #include <optional>
 

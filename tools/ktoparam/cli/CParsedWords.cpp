@@ -1,6 +1,6 @@
 #include "CParsedWords.h"
 
-#include "Suggestion.h"
+#include "NSuggestion.h"
 #include "Tool.h"
 
 namespace {

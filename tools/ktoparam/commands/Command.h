@@ -6,8 +6,8 @@
 #include "COutput.h"
 #include "CTable.h"
 #include "Commands.h"
-#include "DisplayText.h"
 #include "JsonValues.h"
+#include "NDisplayText.h"
 #include "Tool.h"
 
 #include <QJsonArray>

@@ -1,8 +1,8 @@
 #include "CCompensationFindings.h"
 #include "CCompensationPlot.h"
 #include "Command.h"
-#include "CompensationTable.h"
-#include "SafeWrite.h"
+#include "NCompensationTable.h"
+#include "NSafeWrite.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "CCompletion.h"
 #include "CParamValueText.h"
 #include "Command.h"
-#include "ParameterLookup.h"
+#include "NParameterLookup.h"
 
 namespace {
 

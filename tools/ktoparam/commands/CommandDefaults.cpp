@@ -1,8 +1,8 @@
 #include "CParamValueRules.h"
 #include "CValueEdit.h"
 #include "Command.h"
-#include "ParameterLookup.h"
-#include "Suggestion.h"
+#include "NParameterLookup.h"
+#include "NSuggestion.h"
 
 #include <optional>
 

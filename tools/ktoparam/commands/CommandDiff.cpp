@@ -1,6 +1,6 @@
 #include "CParameterFileComparison.h"
 #include "Command.h"
-#include "Differences.h"
+#include "NDifferences.h"
 
 #include <set>
 

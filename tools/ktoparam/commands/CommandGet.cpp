@@ -1,7 +1,7 @@
 #include "Command.h"
-#include "ParameterLookup.h"
+#include "NParameterLookup.h"
+#include "NSuggestion.h"
 #include "SValueView.h"
-#include "Suggestion.h"
 #include "UniqueNames.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 #include "CParameterFileHelper.h"
 #include "CValueEdit.h"
 #include "Command.h"
-#include "Suggestion.h"
+#include "NSuggestion.h"
 
 #include <QFileInfo>
 

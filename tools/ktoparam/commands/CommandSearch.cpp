@@ -1,5 +1,5 @@
 #include "Command.h"
-#include "Suggestion.h"
+#include "NSuggestion.h"
 #include "UniqueNames.h"
 
 #include <QRegularExpression>

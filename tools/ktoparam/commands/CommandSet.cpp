@@ -1,6 +1,6 @@
 #include "CAssignments.h"
 #include "Command.h"
-#include "ValueMeaning.h"
+#include "NValueMeaning.h"
 
 #include <set>
 

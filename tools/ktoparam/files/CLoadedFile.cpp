@@ -3,9 +3,9 @@
 #include "CAtomicFile.h"
 #include "CInvocation.h"
 #include "COutput.h"
-#include "FileMessage.h"
-#include "SafeWrite.h"
-#include "Suggestion.h"
+#include "NFileMessage.h"
+#include "NSafeWrite.h"
+#include "NSuggestion.h"
 #include "Tool.h"
 
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #include "ICCompensationFile.h"
 #include "ICParameterFile.h"
 #include "ICSettingsFile.h"
-#include "Options.h"
+#include "NOptions.h"
 #include "SFileInfo.h"
 
 #include <QDate>

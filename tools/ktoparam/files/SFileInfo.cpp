@@ -3,8 +3,8 @@
 #include "COutput.h"
 #include "CParameterFileHelper.h"
 #include "CStr.h"
-#include "DisplayText.h"
-#include "FileHints.h"
+#include "NDisplayText.h"
+#include "NFileHints.h"
 #include "Tool.h"
 
 #include <QFileInfo>

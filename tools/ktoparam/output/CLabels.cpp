@@ -1,6 +1,6 @@
 #include "CLabels.h"
 
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 
 QString CLabels::of(const QString& text) const {

@@ -1,6 +1,6 @@
 #include "COutput.h"
 
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 #include "Tool.h"
 

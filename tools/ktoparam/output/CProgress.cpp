@@ -1,6 +1,6 @@
 #include "CProgress.h"
 
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "Tool.h"
 
 #include <QIODevice>

@@ -1,7 +1,7 @@
 #include "CTable.h"
 
 #include "COutput.h"
-#include "DisplayText.h"
+#include "NDisplayText.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include "CLoadedFile.h"
 #include "CParamValueText.h"
-#include "DisplayText.h"
-#include "ParameterLookup.h"
-#include "Suggestion.h"
+#include "NDisplayText.h"
+#include "NParameterLookup.h"
+#include "NSuggestion.h"
 #include "Tool.h"
 
 #include <algorithm>

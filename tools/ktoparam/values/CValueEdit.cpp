@@ -4,7 +4,7 @@
 #include "CLoadedFile.h"
 #include "COutput.h"
 #include "CParameterFileComparison.h"
-#include "Differences.h"
+#include "NDifferences.h"
 #include "Tool.h"
 
 #include <QJsonArray>

@@ -7,7 +7,7 @@
 #include "ICParameterFile.h"
 #include "JsonValues.h"
 #include "NShortText.h"
-#include "ValueMeaning.h"
+#include "NValueMeaning.h"
 
 #include <QJsonObject>
 

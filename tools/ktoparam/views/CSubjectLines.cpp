@@ -2,7 +2,7 @@
 
 #include "CLoadedFile.h"
 #include "COutput.h"
-#include "DisplayText.h"
+#include "NDisplayText.h"
 
 void CSubjectLines::add(const QString& subject, const QString& value) {
   mOut.line(NDisplayText::escaped(subject) + QLatin1String(" = ") + NDisplayText::shown(value));

@@ -1,7 +1,7 @@
 #include "CLoadedFile.h"
 #include "COutput.h"
 #include "CSubjectLines.h"
-#include "CompensationTable.h"
+#include "NCompensationTable.h"
 #include "Views.h"
 
 #include <QJsonArray>

@@ -1,6 +1,6 @@
 #include "CLoadedFile.h"
-#include "DisplayText.h"
 #include "JsonValues.h"
+#include "NDisplayText.h"
 #include "Views.h"
 
 #include <QJsonObject>

@@ -3,7 +3,7 @@
 #include "COutput.h"
 #include "CSubjectLines.h"
 #include "CTable.h"
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 #include "SValueView.h"
 #include "Tool.h"

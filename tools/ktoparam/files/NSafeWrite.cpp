@@ -1,9 +1,9 @@
-#include "SafeWrite.h"
+#include "NSafeWrite.h"
 
 #include "CAtomicFile.h"
 #include "COutput.h"
-#include "FileHints.h"
-#include "FileMessage.h"
+#include "NFileHints.h"
+#include "NFileMessage.h"
 #include "Tool.h"
 
 #include <csignal>

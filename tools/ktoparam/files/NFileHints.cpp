@@ -1,8 +1,8 @@
-#include "FileHints.h"
+#include "NFileHints.h"
 
 #include "CAtomicFile.h"
 #include "COutput.h"
-#include "Suggestion.h"
+#include "NSuggestion.h"
 #include "Tool.h"
 
 #include <QDir>

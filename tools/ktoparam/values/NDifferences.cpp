@@ -1,12 +1,12 @@
-#include "Differences.h"
+#include "NDifferences.h"
 
 #include "COutput.h"
 #include "CTable.h"
-#include "DisplayText.h"
 #include "ICParameterFile.h"
 #include "JsonValues.h"
+#include "NDisplayText.h"
+#include "NValueMeaning.h"
 #include "Tool.h"
-#include "ValueMeaning.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

@@ -1,4 +1,4 @@
-#include "DisplayText.h"
+#include "NDisplayText.h"
 
 #include <QChar>
 #include <QVector>

@@ -1,8 +1,8 @@
-#include "ValueMeaning.h"
+#include "NValueMeaning.h"
 
 #include "CLabels.h"
 #include "CParamValueText.h"
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 
 namespace {

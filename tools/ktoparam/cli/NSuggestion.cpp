@@ -1,4 +1,4 @@
-#include "Suggestion.h"
+#include "NSuggestion.h"
 
 #include "NShortText.h"
 #include "Tool.h"

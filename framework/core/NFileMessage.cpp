@@ -1,4 +1,4 @@
-#include "FileMessage.h"
+#include "NFileMessage.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -1,7 +1,7 @@
-#include "ParameterLookup.h"
+#include "NParameterLookup.h"
 
 #include "ICParameterFile.h"
-#include "Suggestion.h"
+#include "NSuggestion.h"
 #include "UniqueNames.h"
 
 QList<quint8> NParameterLookup::subDevicesWith(const ICParameterFile& file, const QString& name) {

@@ -1,7 +1,7 @@
-#include "Help.h"
+#include "NHelp.h"
 
 #include "COutput.h"
-#include "DisplayText.h"
+#include "NDisplayText.h"
 #include "Tool.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include "ManPage.h"
+#include "NManPage.h"
 
-#include "Help.h"
+#include "NHelp.h"
 
 #include <QRegularExpression>
 

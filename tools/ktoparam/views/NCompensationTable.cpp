@@ -1,9 +1,9 @@
-#include "CompensationTable.h"
+#include "NCompensationTable.h"
 
 #include "COutput.h"
 #include "CTable.h"
-#include "DisplayText.h"
 #include "JsonValues.h"
+#include "NDisplayText.h"
 #include "Tool.h"
 
 #include <QJsonArray>

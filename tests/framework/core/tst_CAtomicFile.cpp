@@ -7,11 +7,13 @@
 #include <QtTest>
 
 #include <grp.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <climits>
+#include <csignal>
 
 using namespace NTestFiles;
 
@@ -236,6 +238,25 @@ class tst_CAtomicFile : public QObject {
       QVERIFY(!CAtomicFile::read(path, content, error));
       QCOMPARE(content, QByteArray("kept"));
     }
+  }
+
+  /// The reason is the system's, and nothing is said to be kept that was not there.
+  void tellsWhyAWriteFailed() {
+    // Files of this process may not grow beyond 4096 bytes, as on a full disk.
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const rlimit small{4096, old.rlim_max};
+    QString error;
+    QVERIFY(write(mName, "old") && setrlimit(RLIMIT_FSIZE, &small) == 0);
+    QVERIFY(!CAtomicFile::write(mName, QByteArray(16000, 'x'), {}, error));
+    QCOMPARE(error, QString("the file cannot be written, the old one is kept: File too large."));
+    QVERIFY(!CAtomicFile::write(mName + "new", QByteArray(5000, 'x'), {}, error));
+    QCOMPARE(error, QString("the file cannot be written: File too large."));
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
+    std::signal(SIGXFSZ, handler);
+    QCOMPARE(read(mName), QByteArray("old"));
+    QCOMPARE(QDir(mFolder->path()).entryList(QDir::Files | QDir::Hidden), QStringList("file"));
   }
 
   void keepsBackups() {

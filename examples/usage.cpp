@@ -61,7 +61,7 @@ CParamDefItem makeDefinition() {
 //! [CParamDefItem]
 
 //! [ICParamTreeNode]
-int countParameters(ICParamTreeNode& node) {
+int countParameters(const ICParamTreeNode& node) {
   if (node.isParam()) return 1;
   int count = 0;
   for (int i = 0; i < node.childCnt(); ++i) count += countParameters(*node.childPtr(i));

@@ -119,9 +119,9 @@ class CParameterFormat : public CFormat {
     return QStringLiteral("line %1: %2").arg(mFile->errorLine()).arg(mFile->errorMsg());
   }
   QString content() override {
-    const QString text = NParamFileText::content(*mFile);
-    return mValues ? text.mid(text.indexOf("\nhardware id ")) + mFile->author() + mFile->comment()
-                   : text;
+    const QString all = NParamFileText::content(*mFile);
+    return mValues ? all.mid(all.indexOf("\nhardware id ")) + mFile->author() + mFile->comment()
+                   : all;
   }
   QString state() override { return NParamFileText::all(*mFile); }
   void edit(quint32 choice) override {
@@ -168,9 +168,9 @@ class CSettingsFormat : public CFormat {
     return QStringLiteral("%1: %2").arg(QString::number(mResult), mFile->errorMsg());
   }
   QString content() override {
-    QString text;
-    append(mFile->root(), 0, text);
-    return text;
+    QString all;
+    append(mFile->root(), 0, all);
+    return all;
   }
   void edit(quint32 choice) override {
     QRandomGenerator random(choice);

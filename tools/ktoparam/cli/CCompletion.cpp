@@ -72,10 +72,10 @@ void CCompletion::expect(const SCommand& command) {
 QStringList CCompletion::replacements(const QStringList& candidates) const {
   QStringList words;
   for (const QString& candidate : candidates) {
-    const QString word = mLead + candidate;
+    const QString whole = mLead + candidate;
     // One that would be shortened when shown would not be the word any more.
-    const bool isShown = candidate.size() <= NShortText::kLongest && isOneLine(word);
-    if (word.startsWith(typed()) && isShown) words.append(mLine.replacement(word));
+    const bool isShown = candidate.size() <= NShortText::kLongest && isOneLine(whole);
+    if (whole.startsWith(typed()) && isShown) words.append(mLine.replacement(whole));
   }
   return uniqueNames(words);
 }

@@ -41,9 +41,9 @@ void CParsedWords::readOption(const QString& word) {
   const bool isLong = word.startsWith(QLatin1String("--"));
   const int sign = word.indexOf(QLatin1Char('='));
   const QString name = isLong ? word.left(sign) : word.left(2);
-  QString value = word.mid(isLong && sign < 0 ? word.size() : name.size());
-  const bool hasValue = !value.isEmpty();
-  if (value.startsWith(QLatin1Char('='))) value.remove(0, 1);
+  QString given = word.mid(isLong && sign < 0 ? word.size() : name.size());
+  const bool hasValue = !given.isEmpty();
+  if (given.startsWith(QLatin1Char('='))) given.remove(0, 1);
 
   const SOption* option = mCommand.option(name);
   const bool isHelp = name == QLatin1String("--help") || name == QLatin1String("-h");
@@ -54,7 +54,7 @@ void CParsedWords::readOption(const QString& word) {
   if (takesValue && !hasValue)
     mOpen = option;
   else
-    mOptions.insert(key, value);
+    mOptions.insert(key, given);
 }
 
 void CParsedWords::complain(const QString& problem) {

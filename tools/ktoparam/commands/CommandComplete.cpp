@@ -14,7 +14,8 @@ class CKnownNames {
   QStringList candidates() {
     switch (mCompletion.word()) {
       case EWord::HardwareId:
-        visit(SFileInfo::Values, [this](ICParameterFile& file) { mNames += file.hardwareIds(); });
+        visit(SFileInfo::Values,
+              [this](const ICParameterFile& file) { mNames += file.hardwareIds(); });
         return mNames;
       case EWord::SubDevice:
         visitHardwareIds([this](const ICParameterFile& file) {

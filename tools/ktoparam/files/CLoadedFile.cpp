@@ -17,16 +17,16 @@ CLoadedFile::CLoadedFile(COutput& out)
 // --- Loading
 
 bool CLoadedFile::load(const QString& fileName, SFileInfo::EKind wanted) {
-  const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
-  if (info && info->kind == wanted) return loadAs(fileName, *info);
-  if (info) mOut.message(fileName, info->refusal(SFileInfo::needed(wanted)));
+  const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
+  if (found && found->kind == wanted) return loadAs(fileName, *found);
+  if (found) mOut.message(fileName, found->refusal(SFileInfo::needed(wanted)));
   return false;
 }
 
 bool CLoadedFile::loadAny(const QString& fileName) {
-  const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
-  if (info && info->kind != SFileInfo::Unknown) return loadAs(fileName, *info);
-  if (info) mOut.message(fileName, info->refusal(SFileInfo::needed(SFileInfo::Unknown)));
+  const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
+  if (found && found->kind != SFileInfo::Unknown) return loadAs(fileName, *found);
+  if (found) mOut.message(fileName, found->refusal(SFileInfo::needed(SFileInfo::Unknown)));
   return false;
 }
 
@@ -36,7 +36,6 @@ bool CLoadedFile::loadAs(const QString& fileName, const SFileInfo& info) {
     mFileName = fileName;
   }
   bool isLoaded = false;
-  QString error;
   if (info.kind == SFileInfo::Definitions) {
     isLoaded = mHasDefinitions = mFile->loadParamDefFile(fileName, info.version);
   } else if (info.kind == SFileInfo::Values) {

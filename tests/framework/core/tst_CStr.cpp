@@ -126,9 +126,10 @@ class tst_CStr : public QObject {
     for (const QByteArray& text : refused.split('|')) addTextRow(text.constData(), kRefused);
     addOddRows([](const char* name, const QString& text) { addRow(name, text, kRefused); });
     // What is written with enough digits comes back bit by bit, over all magnitudes.
-    for (double value = std::numeric_limits<double>::denorm_min(); value < DBL_MAX / 3;
-         value *= 2.7)
-      addTextRow(QByteArray::number(-value, 'g', 17).constData(), -value);
+    for (int exponent = -1074; exponent < 1024; ++exponent) {
+      const double value = -std::ldexp(exponent < -1022 ? 1.0 : 1.7, exponent);
+      addTextRow(QByteArray::number(value, 'g', 17).constData(), value);
+    }
   }
   void floats() {
     QFETCH(QString, text);

@@ -3,12 +3,47 @@
 #include <QChar>
 #include <QVector>
 
-#include <clocale>
-#include <cwchar>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr int kDeepest = 20;
+
+struct SRange {
+  uint first;
+  uint last;
+};
+
+// The blocks whose characters take two columns, ascending. wcwidth() would ask the locale of the
+// process, and C.UTF-8 leaks where a folder of other locales is set.
+constexpr SRange kWide[] = {
+    {0x1100, 0x115F},   {0x231A, 0x231B},   {0x23E9, 0x23EC},   {0x23F0, 0x23F0},
+    {0x23F3, 0x23F3},   {0x25FD, 0x25FE},   {0x2614, 0x2615},   {0x2648, 0x2653},
+    {0x267F, 0x267F},   {0x2693, 0x2693},   {0x26A1, 0x26A1},   {0x26AA, 0x26AB},
+    {0x26BD, 0x26BE},   {0x26C4, 0x26C5},   {0x26CE, 0x26CE},   {0x26D4, 0x26D4},
+    {0x26EA, 0x26EA},   {0x26F2, 0x26F3},   {0x26F5, 0x26F5},   {0x26FA, 0x26FA},
+    {0x26FD, 0x26FD},   {0x2705, 0x2705},   {0x270A, 0x270B},   {0x2728, 0x2728},
+    {0x274C, 0x274C},   {0x274E, 0x274E},   {0x2753, 0x2755},   {0x2757, 0x2757},
+    {0x2795, 0x2797},   {0x27B0, 0x27B0},   {0x27BF, 0x27BF},   {0x2B1B, 0x2B1C},
+    {0x2B50, 0x2B50},   {0x2B55, 0x2B55},   {0x2E80, 0x303E},   {0x3041, 0x3247},
+    {0x3250, 0x4DBF},   {0x4E00, 0xA4CF},   {0xA960, 0xA97C},   {0xAC00, 0xD7A3},
+    {0xF900, 0xFAFF},   {0xFE10, 0xFE19},   {0xFE30, 0xFE6B},   {0xFF01, 0xFF60},
+    {0xFFE0, 0xFFE6},   {0x16FE0, 0x18CFF}, {0x1B000, 0x1B2FF}, {0x1F18E, 0x1F18E},
+    {0x1F191, 0x1F19A}, {0x1F200, 0x1F320}, {0x1F32D, 0x1F335}, {0x1F337, 0x1F37C},
+    {0x1F37E, 0x1F393}, {0x1F3A0, 0x1F3CA}, {0x1F3CF, 0x1F3D3}, {0x1F3E0, 0x1F3F0},
+    {0x1F3F4, 0x1F3F4}, {0x1F3F8, 0x1F43E}, {0x1F440, 0x1F440}, {0x1F442, 0x1F4FC},
+    {0x1F4FF, 0x1F53D}, {0x1F54B, 0x1F567}, {0x1F5FB, 0x1F64F}, {0x1F680, 0x1F6C5},
+    {0x1F6CC, 0x1F6CC}, {0x1F6D0, 0x1F6FC}, {0x1F7E0, 0x1F7EB}, {0x1F90C, 0x1F9FF},
+    {0x1FA70, 0x1FAFF}, {0x20000, 0x3FFFD},
+};
+
+bool isWide(uint character) {
+  const SRange* range =
+      std::lower_bound(std::begin(kWide), std::end(kWide), character,
+                       [](const SRange& each, uint value) { return each.last < value; });
+  return range != std::end(kWide) && range->first <= character;
+}
 
 bool turnsDirection(uint character) {
   return (character >= 0x202A && character <= 0x202E) ||
@@ -41,13 +76,14 @@ QString escape(uint character) {
 }
 
 int widthOf(uint character) {
-  if (character >= 0x20 && character < 0x7F) return 1;
-  // The locale of the process may know ASCII only.
-  static const locale_t kUtf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  const locale_t before = uselocale(kUtf8);
-  const int width = wcwidth(static_cast<wchar_t>(character));
-  uselocale(before);
-  return width < 0 ? 1 : width;
+  switch (QChar::category(character)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_Enclosing:
+    case QChar::Other_Format:
+      return 0;
+    default:
+      return isWide(character) ? 2 : 1;
+  }
 }
 
 }  // namespace

@@ -135,11 +135,10 @@ void addFiles(const std::vector<int>& sizes) {
     for (auto _ : state) {
       begin(state);
       CHardwareIdTrees trees;
-      CSubDeviceTypes types;
-      CSubDeviceNames names;
+      SSubDeviceLabels labels;
       QString hardwareId;
       CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
-      if (file.load(name, "1.0", trees, types, names, hardwareId) != 0) qFatal("load");
+      if (file.load(name, "1.0", trees, labels, hardwareId) != 0) qFatal("load");
     }
   });
   add("save/here", sizes, saving(&saveHere));

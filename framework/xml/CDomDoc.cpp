@@ -127,24 +127,10 @@ CDomElement CDomDoc::documentElement() const {
 
 QByteArray CDomDoc::toByteArray(const QString& encoding, QString& error) const {
   const bool utf16 = encoding == QLatin1String("UTF-16");
-  if (!utf16 && encoding != QLatin1String("UTF-8")) {
-    error = tr("The encoding \"%1\" is not supported for writing.").arg(encoding);
-    return QByteArray();
-  }
-  if (documentElement().isNull()) {
-    error = tr("There is no document to write.");
-    return QByteArray();
-  }
-  if (d->invalidText().node != kNone) {
-    error = describeInvalidText();
-    return QByteArray();
-  }
-  if (d->isFull()) {
-    error =
-        tr("The document has too many nodes, names or characters, so the file could not be read "
-           "again.");
-    return QByteArray();
-  }
+  error = utf16 || encoding == QLatin1String("UTF-8")
+              ? writeProblem()
+              : tr("The encoding \"%1\" is not supported for writing.").arg(encoding);
+  if (!error.isEmpty()) return QByteArray();
   CXmlWriter writer(*d);
   QByteArray bytes = writer.write(utf16);
   if (writer.error() == CXmlWriter::TooDeep) {
@@ -154,6 +140,15 @@ QByteArray CDomDoc::toByteArray(const QString& encoding, QString& error) const {
     error = tr("The document is larger than 512 MiB, so the file could not be read again.");
   }
   return bytes;
+}
+
+/// Why the document cannot be written; empty when it can.
+QString CDomDoc::writeProblem() const {
+  if (documentElement().isNull()) return tr("There is no document to write.");
+  if (d->invalidText().node != kNone) return describeInvalidText();
+  if (!d->isFull()) return QString();
+  return tr(
+      "The document has too many nodes, names or characters, so the file could not be read again.");
 }
 
 QString CDomDoc::describeInvalidText() const {

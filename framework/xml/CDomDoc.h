@@ -88,6 +88,7 @@ class KTOFRAMEWORK_EXPORT CDomDoc {
   static void setNodeValue(CDomElement element, const QString& text);
 
  private:
+  QString writeProblem() const;
   QString describeInvalidText() const;
 
   std::unique_ptr<CDomData> d;

@@ -52,8 +52,7 @@ bool CDomElement::hasAttribute(QLatin1String name) const {
 }
 
 QString CDomElement::attribute(QLatin1String name) const {
-  const quint32 index = isNull() ? kNone : mData->findAttribute(mNode, name);
-  return index == kNone ? QString() : toQString(mData->text(mData->attribute(index).value));
+  return hasAttribute(name) ? toQString(attributeUtf8(name)) : QString();
 }
 
 std::string_view CDomElement::attributeUtf8(QLatin1String name) const {
@@ -93,24 +92,26 @@ int CDomElement::childElementCount() const {
   return count;
 }
 
+/// A null handle for "no node".
+CDomElement CDomElement::handleOf(quint32 node) const {
+  return node == kNone ? CDomElement() : CDomElement(mData, node);
+}
+
 CDomElement CDomElement::firstChildElement() const {
-  const quint32 index = isNull() ? kNone : mData->elementFrom(mData->node(mNode).firstChild);
-  return index == kNone ? CDomElement() : CDomElement(mData, index);
+  return isNull() ? CDomElement() : handleOf(mData->elementFrom(mData->node(mNode).firstChild));
 }
 
 CDomElement CDomElement::firstChildElement(QLatin1String tag) const {
-  const quint32 index = isNull() ? kNone : mData->elementFrom(mData->node(mNode).firstChild, tag);
-  return index == kNone ? CDomElement() : CDomElement(mData, index);
+  return isNull() ? CDomElement()
+                  : handleOf(mData->elementFrom(mData->node(mNode).firstChild, tag));
 }
 
 CDomElement CDomElement::nextSiblingElement() const {
-  const quint32 index = isNull() ? kNone : mData->elementFrom(mData->node(mNode).next);
-  return index == kNone ? CDomElement() : CDomElement(mData, index);
+  return isNull() ? CDomElement() : handleOf(mData->elementFrom(mData->node(mNode).next));
 }
 
 CDomElement CDomElement::nextSiblingElement(QLatin1String tag) const {
-  const quint32 index = isNull() ? kNone : mData->elementFrom(mData->node(mNode).next, tag);
-  return index == kNone ? CDomElement() : CDomElement(mData, index);
+  return isNull() ? CDomElement() : handleOf(mData->elementFrom(mData->node(mNode).next, tag));
 }
 
 CDomElement CDomElement::appendElement(const QString& tag) {

@@ -59,6 +59,7 @@ class KTOFRAMEWORK_EXPORT CDomElement {
  private:
   friend class CDomDoc;
   CDomElement(CDomData* data, quint32 node) : mData(data), mNode(node) {}
+  CDomElement handleOf(quint32 node) const;
 
   CDomData* mData = nullptr;
   quint32 mNode = 0;

@@ -137,11 +137,6 @@ void CDefinitionChecker::checkBits(const CParamDefItem& definition) {
 
 void CDefinitionChecker::add(SParamFinding::ECode code, const CParamDefItem& definition,
                              const QString& value, const QString& text) {
-  SParamFinding finding;
-  finding.severity = SParamFinding::severityOf(code);
-  finding.code = code;
-  finding.name = definition.name();
-  finding.value = value;
-  finding.text = text;
-  mFindings.append(finding);
+  mFindings.append({SParamFinding::severityOf(code), code, QString(), SParamFinding::kNoSubDevice,
+                    QString(), definition.name(), value, text});
 }

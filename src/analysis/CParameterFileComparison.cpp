@@ -27,7 +27,23 @@ class CComparison {
  public:
   CComparison(ICParameterFile& oldFile, ICParameterFile& newFile,
               const ICParameterFile* definitions)
-      : mOldFile(oldFile), mNewFile(newFile), mDefinitions(definitions) {}
+      : mOldFile(oldFile),
+        mNewFile(newFile),
+        mOldRestored(oldFile),
+        mNewRestored(newFile),
+        mDefinitions(definitions) {}
+
+  void compareAll() {
+    std::set<QString> ids;
+    for (const QString& id : mOldFile.hardwareIds() + mNewFile.hardwareIds()) ids.insert(id);
+    for (const QString& id : ids)
+      if (!mNewFile.containsHardwareId(id))
+        addHardwareId(SParamDifference::HardwareIdRemoved, id);
+      else if (!mOldFile.containsHardwareId(id))
+        addHardwareId(SParamDifference::HardwareIdAdded, id);
+      else
+        compareHardwareIds(id, id);
+  }
 
   void compareHardwareIds(const QString& oldId, const QString& newId) {
     const CSubDeviceEntries oldOnes = read(mOldFile, oldId, mKeys);
@@ -55,15 +71,15 @@ class CComparison {
     compareEntries(oldOnes, read(mNewFile, newId, mKeys).value(newSubDevId));
   }
 
+  CParamDifferences differences() const { return mShared + mDifferences; }
+
+ private:
   void addHardwareId(SParamDifference::EKind kind, const QString& hardwareId) {
     mHardwareId = hardwareId;
     mSubDevId = SParamDifference::kNoSubDevice;
     add(kind);
   }
 
-  CParamDifferences differences() const { return mShared + mDifferences; }
-
- private:
   SParamDifference& add(SParamDifference::EKind kind) {
     SParamDifference difference;
     difference.kind = kind;
@@ -148,6 +164,8 @@ class CComparison {
 
   ICParameterFile& mOldFile;
   ICParameterFile& mNewFile;
+  const CHardwareIdRestorer mOldRestored;
+  const CHardwareIdRestorer mNewRestored;
   const ICParameterFile* mDefinitions;
   CNodeNumbers mKeys;  // of both files
   QString mHardwareId;
@@ -157,27 +175,13 @@ class CComparison {
   CParamDifferences mDifferences;
 };
 
-std::set<QString> allHardwareIds(const ICParameterFile& a, const ICParameterFile& b) {
-  std::set<QString> all;
-  for (const QString& id : a.hardwareIds() + b.hardwareIds()) all.insert(id);
-  return all;
-}
-
 }  // namespace
 
 CParamDifferences CParameterFileComparison::compare(ICParameterFile& oldFile,
                                                     ICParameterFile& newFile,
                                                     const ICParameterFile* definitions) {
-  const CHardwareIdRestorer oldRestored(oldFile);
-  const CHardwareIdRestorer newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
-  for (const QString& id : allHardwareIds(oldFile, newFile))
-    if (!newFile.containsHardwareId(id))
-      comparison.addHardwareId(SParamDifference::HardwareIdRemoved, id);
-    else if (!oldFile.containsHardwareId(id))
-      comparison.addHardwareId(SParamDifference::HardwareIdAdded, id);
-    else
-      comparison.compareHardwareIds(id, id);
+  comparison.compareAll();
   return comparison.differences();
 }
 
@@ -186,8 +190,6 @@ CParamDifferences CParameterFileComparison::compareHardwareIds(ICParameterFile& 
                                                                ICParameterFile& newFile,
                                                                const QString& newId,
                                                                const ICParameterFile* definitions) {
-  const CHardwareIdRestorer oldRestored(oldFile);
-  const CHardwareIdRestorer newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
   comparison.compareHardwareIds(oldId, newId);
   return comparison.differences();
@@ -196,8 +198,6 @@ CParamDifferences CParameterFileComparison::compareHardwareIds(ICParameterFile& 
 CParamDifferences CParameterFileComparison::compareSubDevices(
     ICParameterFile& oldFile, const QString& oldId, quint8 oldSubDevId, ICParameterFile& newFile,
     const QString& newId, quint8 newSubDevId, const ICParameterFile* definitions) {
-  const CHardwareIdRestorer oldRestored(oldFile);
-  const CHardwareIdRestorer newRestored(newFile);
   CComparison comparison(oldFile, newFile, definitions);
   comparison.compareSubDevices(oldId, oldSubDevId, newId, newSubDevId);
   return comparison.differences();

@@ -60,10 +60,14 @@ void CParamBaseFile::createDocumentWithHead(const QString& rootTag, const QStrin
   setMetaData(mMetaData);
 }
 
-bool CParamBaseFile::failAt(const CDomElement& element, const QString& message) {
+bool CParamBaseFile::fail(const QString& message) {
   mErrorMsg = message;
-  mErrorLine = element.lineNumber();
   return false;
+}
+
+bool CParamBaseFile::failAt(const CDomElement& element, const QString& message) {
+  mErrorLine = element.lineNumber();
+  return fail(message);
 }
 
 void CParamBaseFile::logDetail(const QString& text) const {

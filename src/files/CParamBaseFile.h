@@ -50,6 +50,8 @@ class CParamBaseFile : public CXmlAbstractLumoFile {
   /// Starts a document with the Head of this object's meta data.
   void createDocumentWithHead(const QString& rootTag, const QString& version);
   void prependToError(const QString& prefix) { mErrorMsg.prepend(prefix); }
+  /// Stores a message; returns false.
+  bool fail(const QString& message);
   /// Stores a message and the line of the element that it is about; returns false.
   bool failAt(const CDomElement& element, const QString& message);
   void logDetail(const QString& text) const;

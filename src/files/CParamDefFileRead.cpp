@@ -66,10 +66,7 @@ bool CParamDefFile::readParamDefinitionFromDom(const CDomElement& param) {
       !readCheck(param, definition) || !readBits(param, definition)) {
     return false;
   }
-  if (!limitsFit(definition)) {
-    mErrorMsg = limitsMessage(definition);
-    return false;
-  }
+  if (!limitsFit(definition)) return fail(limitsMessage(definition));
   return readVisibleValues(param, definition) && checkUnique(definition) &&
          enterDefinition(definition);
 }
@@ -85,10 +82,7 @@ bool CParamDefFile::readKey(const CDomElement& param, quint32& id, QString& name
       !readParameterTypeFromDom(param, id, type)) {
     return false;
   }
-  if (name == CParamNodeData::mStandardConstructedStr) {
-    mErrorMsg = reservedNameMessage(id, name);
-    return false;
-  }
+  if (name == CParamNodeData::mStandardConstructedStr) return fail(reservedNameMessage(id, name));
   return true;
 }
 
@@ -112,8 +106,8 @@ bool CParamDefFile::readParameterTypeFromDom(const CDomElement& param, quint32 i
   if (!existingParamSubElemetStr(param, TAG_TYPE, id, text)) return false;
   type = CParamDefItem::typeFromString(text);
   if (CParamDefItem::typeToString(type) != text) {
-    mErrorMsg = tr("Parameter (Id=%1) -> Type \"%2\" is not valid.").arg(QString::number(id), text);
-    return false;
+    return fail(
+        tr("Parameter (Id=%1) -> Type \"%2\" is not valid.").arg(QString::number(id), text));
   }
   return true;
 }
@@ -123,9 +117,8 @@ bool CParamDefFile::readUnit(const CDomElement& param, CParamDefItem& definition
   if (unit.isNull()) return true;
   quint32 unitId = 0;
   if (!CStr::strToU32(unit.text(), unitId)) {
-    mErrorMsg = tr("Parameter (Id=%1, Tag <%2>) -> \"%3\" is not a valid u32 value.")
-                    .arg(QString::number(definition.id()), TAG_UNIT, unit.text());
-    return false;
+    return fail(tr("Parameter (Id=%1, Tag <%2>) -> \"%3\" is not a valid u32 value.")
+                    .arg(QString::number(definition.id()), TAG_UNIT, unit.text()));
   }
   definition.setUnitId(unitId);
   return true;
@@ -197,11 +190,10 @@ bool CParamDefFile::readBitsetFromDom(const CDomElement& section,
     if (CDomDoc::fail(CDomDoc::existingAttributeAsI32(ATTR_POS, element, bit.pos, mErrorMsg)))
       return false;
     if (!bit.isValid()) {
-      mErrorMsg =
+      return fail(
           tr("Tag <%1> Attribute \"%2\" -> %3 exceeds the valid bit position range (0...%4).")
               .arg(TAG_BIT, ATTR_POS, QString::number(bit.pos),
-                   QString::number(NParamDef::SBitValue::mMaxPos));
-      return false;
+                   QString::number(NParamDef::SBitValue::mMaxPos)));
     }
     if (CDomDoc::fail(
             CDomDoc::existingAttributeAsBool(ATTR_INVERT, element, bit.invert, mErrorMsg))) {
@@ -229,18 +221,15 @@ bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& d
 
 bool CParamDefFile::checkUnique(const CParamDefItem& definition) {
   if (mNameById.count(definition.id()) > 0 || mDefinitions.count(definition.name()) > 0) {
-    mErrorMsg =
-        tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(definition.id()));
-    return false;
+    return fail(
+        tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(definition.id())));
   }
   return true;
 }
 
 bool CParamDefFile::enterDefinition(const CParamDefItem& definition) {
-  if (mDefinitions.count(definition.name()) > 0) {
-    mErrorMsg = tr("Threre is alredy a Parameter with name = \"%1\".").arg(definition.name());
-    return false;
-  }
+  if (mDefinitions.count(definition.name()) > 0)
+    return fail(tr("Threre is alredy a Parameter with name = \"%1\".").arg(definition.name()));
   mDefinitions.emplace(definition.name(), definition);
   if (NParamDef::isRealId(definition.id())) mNameById.emplace(definition.id(), definition.name());
   return true;

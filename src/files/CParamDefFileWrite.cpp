@@ -59,10 +59,8 @@ bool CParamDefFile::save(const QString& fileName, const QVector<const CParamDefI
 }
 
 bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) {
-  if (const CParamDefItem* doubled = doubledName(sorted)) {
-    mErrorMsg = tr("Two definitions have the name \"%1\".").arg(doubled->name());
-    return false;
-  }
+  if (const CParamDefItem* doubled = doubledName(sorted))
+    return fail(tr("Two definitions have the name \"%1\".").arg(doubled->name()));
   const CParamDefItem* previous = nullptr;
   for (const CParamDefItem* definition : sorted) {
     if (previous != nullptr && NParamDef::isRealId(definition->id()) &&

@@ -20,8 +20,10 @@ using CHardwareIdTrees = std::map<QString, CSubDeviceTrees>;
 CSubDeviceTrees cloneOf(const CSubDeviceTrees& trees);
 
 /// Types and names of sub-devices; one set serves all hardware ids of a file.
-using CSubDeviceTypes = QMap<quint8, NParamDef::ESubDeviceTypes>;
-using CSubDeviceNames = QMap<quint8, QString>;
+struct SSubDeviceLabels {
+  QMap<quint8, NParamDef::ESubDeviceTypes> types;
+  QMap<quint8, QString> names;
+};
 
 /// Reads and writes parameter value files. An object serves one load or one save. After a load that
 /// failed the caller's maps hold what was read until then, and are to be thrown away.
@@ -57,21 +59,20 @@ class CParamValueFile : public CParamBaseFile {
 
   /// Loads all hardware ids; the error handler settles which of them hardwareId becomes.
   EResult load(const QString& fileName, const QString& version, CHardwareIdTrees& trees,
-               CSubDeviceTypes& types, CSubDeviceNames& names, QString& hardwareId);
+               SSubDeviceLabels& labels, QString& hardwareId);
   /// Loads the first hardware id that the error handler accepts, into which hardwareId turns.
   EResult load(const QString& fileName, const QString& version, QString& hardwareId,
-               CSubDeviceTrees& trees, CSubDeviceTypes& types, CSubDeviceNames& names);
+               CSubDeviceTrees& trees, SSubDeviceLabels& labels);
   /// Loads the first sub-device of each hardware id as the given one.
   EResult loadAsSubDevId(const QString& fileName, const QString& version, quint8 subDevId,
-                         CHardwareIdTrees& trees, CSubDeviceTypes& types, CSubDeviceNames& names,
-                         QString& hardwareId);
+                         CHardwareIdTrees& trees, SSubDeviceLabels& labels, QString& hardwareId);
 
   /// Writes all hardware ids; without any, nothing is written, successfully.
   bool save(const QString& fileName, const QString& version, const CHardwareIdTrees& trees,
-            const CSubDeviceTypes& types, const CSubDeviceNames& names);
+            const SSubDeviceLabels& labels);
   /// Writes one hardware id.
-  bool save(const QString& fileName, const CSubDeviceTrees& trees, const CSubDeviceTypes& types,
-            const CSubDeviceNames& names, const QString& hardwareId, const QString& version);
+  bool save(const QString& fileName, const CSubDeviceTrees& trees, const SSubDeviceLabels& labels,
+            const QString& hardwareId, const QString& version);
 
   /// The types and names of sub-devices that a load replaced by those of a later hardware id.
   const CParamFindings& findings() const { return mFindings; }
@@ -99,15 +100,12 @@ class CParamValueFile : public CParamBaseFile {
   EResult readSingleDataFromDom(const CDomElement& root, QString& hardwareId,
                                 const CSubDeviceReader& readSubDevicesOf);
   EResult readHardwareId(const CDomElement& data, QString& hardwareId);
-  EResult readSubDevices(const CDomElement& data, CSubDeviceTrees& trees, CSubDeviceTypes& types,
-                         CSubDeviceNames& names);
+  EResult readSubDevices(const CDomElement& data, CSubDeviceTrees& trees, SSubDeviceLabels& labels);
   EResult readFirstSubDeviceAsSubDevId(const CDomElement& data, quint8 subDevId,
-                                       CSubDeviceTrees& trees, CSubDeviceTypes& types,
-                                       CSubDeviceNames& names);
+                                       CSubDeviceTrees& trees, SSubDeviceLabels& labels);
   EResult readSubDevice(const CDomElement& element, quint8 subDevId, CSubDeviceTrees& trees,
-                        CSubDeviceTypes& types, CSubDeviceNames& names);
-  void readTypeAndName(const CDomElement& element, quint8 subDevId, CSubDeviceTypes& types,
-                       CSubDeviceNames& names);
+                        SSubDeviceLabels& labels);
+  void readTypeAndName(const CDomElement& element, quint8 subDevId, SSubDeviceLabels& labels);
   void noteGiven(SParamFinding::ECode code, quint8 subDevId, const CDomElement& given);
   void noteReplaced(SParamFinding::ECode code, quint8 subDevId, const SGiven& earlier,
                     const SGiven& later);
@@ -124,7 +122,7 @@ class CParamValueFile : public CParamBaseFile {
 
   bool idsStayApart(const CHardwareIdTrees& trees);
   void appendSubDeviceToDom(CDomElement data, const CSubDeviceTree& tree,
-                            const CSubDeviceTypes& types, const CSubDeviceNames& names);
+                            const SSubDeviceLabels& labels);
   void appendGroupsAndParamsToDom(CDomElement element, const CParamTreeNodeImpl& group);
   void appendGroupToDom(CDomElement element, const CParamTreeNodeImpl& group);
   void appendParameterToDom(CDomElement element, const CParamTreeNodeImpl& parameter);

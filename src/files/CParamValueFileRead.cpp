@@ -22,21 +22,20 @@ QStringList keysOf(const CHardwareIdTrees& trees) {
 }  // namespace
 
 EResult CParamValueFile::load(const QString& fileName, const QString& version,
-                              CHardwareIdTrees& trees, CSubDeviceTypes& types,
-                              CSubDeviceNames& names, QString& hardwareId) {
+                              CHardwareIdTrees& trees, SSubDeviceLabels& labels,
+                              QString& hardwareId) {
   return loadAll(fileName, version, trees, hardwareId,
                  [&](const CDomElement& data, CSubDeviceTrees& subDevices) {
-                   return readSubDevices(data, subDevices, types, names);
+                   return readSubDevices(data, subDevices, labels);
                  });
 }
 
 EResult CParamValueFile::loadAsSubDevId(const QString& fileName, const QString& version,
                                         quint8 subDevId, CHardwareIdTrees& trees,
-                                        CSubDeviceTypes& types, CSubDeviceNames& names,
-                                        QString& hardwareId) {
+                                        SSubDeviceLabels& labels, QString& hardwareId) {
   return loadAll(fileName, version, trees, hardwareId,
                  [&](const CDomElement& data, CSubDeviceTrees& subDevices) {
-                   return readFirstSubDeviceAsSubDevId(data, subDevId, subDevices, types, names);
+                   return readFirstSubDeviceAsSubDevId(data, subDevId, subDevices, labels);
                  });
 }
 
@@ -57,15 +56,13 @@ EResult CParamValueFile::loadAll(const QString& fileName, const QString& version
 }
 
 EResult CParamValueFile::load(const QString& fileName, const QString& version, QString& hardwareId,
-                              CSubDeviceTrees& trees, CSubDeviceTypes& types,
-                              CSubDeviceNames& names) {
+                              CSubDeviceTrees& trees, SSubDeviceLabels& labels) {
   EResult result = openValueFile(fileName, version);
   if (result != Ok) return result;
-  result =
-      finish(fileName, readSingleDataFromDom(domDocument().documentElement(), hardwareId,
-                                             [&](const CDomElement& data, CSubDeviceTrees&) {
-                                               return readSubDevices(data, trees, types, names);
-                                             }));
+  result = finish(fileName, readSingleDataFromDom(domDocument().documentElement(), hardwareId,
+                                                  [&](const CDomElement& data, CSubDeviceTrees&) {
+                                                    return readSubDevices(data, trees, labels);
+                                                  }));
   if (result == Ok) {
     logDetail(tr("Parameter file \"%1\" loaded successfully. There are parameters for %2 "
                  "subdevice(s).")
@@ -145,7 +142,7 @@ EResult CParamValueFile::readHardwareId(const CDomElement& data, QString& hardwa
 }
 
 EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees& trees,
-                                        CSubDeviceTypes& types, CSubDeviceNames& names) {
+                                        SSubDeviceLabels& labels) {
   std::set<quint8> ids;
   EResult result = Ok;
   for (CDomElement element = data.firstChildElement(TAG_SUB_DEVICE);
@@ -159,7 +156,7 @@ EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees
       result = failed(DoubledSubDevice, element,
                       tr("There are multiple subdevices with subid %1!").arg(id));
     } else {
-      result = readSubDevice(element, id, trees, types, names);
+      result = readSubDevice(element, id, trees, labels);
       if (result == Ok) logDetail(tr("Parametes successfully read from sub device %1.").arg(id));
     }
   }
@@ -171,12 +168,11 @@ EResult CParamValueFile::readSubDevices(const CDomElement& data, CSubDeviceTrees
 
 EResult CParamValueFile::readFirstSubDeviceAsSubDevId(const CDomElement& data, quint8 subDevId,
                                                       CSubDeviceTrees& trees,
-                                                      CSubDeviceTypes& types,
-                                                      CSubDeviceNames& names) {
+                                                      SSubDeviceLabels& labels) {
   const CDomElement element = data.firstChildElement(TAG_SUB_DEVICE);
   if (element.isNull())
     return failed(NoSubDevice, data, tr("The parameter file does not contain sub devices."));
-  const EResult result = readSubDevice(element, subDevId, trees, types, names);
+  const EResult result = readSubDevice(element, subDevId, trees, labels);
   if (result == Ok) {
     logDetail(
         tr("Parametes successfully read from first sub device as subDevId %1.").arg(subDevId));
@@ -185,8 +181,7 @@ EResult CParamValueFile::readFirstSubDeviceAsSubDevId(const CDomElement& data, q
 }
 
 EResult CParamValueFile::readSubDevice(const CDomElement& element, quint8 subDevId,
-                                       CSubDeviceTrees& trees, CSubDeviceTypes& types,
-                                       CSubDeviceNames& names) {
+                                       CSubDeviceTrees& trees, SSubDeviceLabels& labels) {
   CSubDeviceTree tree(subDevId);
   const EResult result = readGroupsAndParamsFromDom(element, tree, tree.root());
   if (result != Ok) return result;
@@ -195,22 +190,22 @@ EResult CParamValueFile::readSubDevice(const CDomElement& element, quint8 subDev
     trees.emplace(subDevId, std::move(tree));
   else
     known->second.merge(std::move(tree));
-  readTypeAndName(element, subDevId, types, names);
+  readTypeAndName(element, subDevId, labels);
   return Ok;
 }
 
 void CParamValueFile::readTypeAndName(const CDomElement& element, quint8 subDevId,
-                                      CSubDeviceTypes& types, CSubDeviceNames& names) {
+                                      SSubDeviceLabels& labels) {
   const CDomElement typeElement = element.firstChildElement(TAG_TYPE);
   const NParamDef::ESubDeviceTypes type = ICParameterFile::subDeviceTypeFromStr(typeElement.text());
   if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED) {
-    types.insert(subDevId, type);
+    labels.types.insert(subDevId, type);
     noteGiven(SParamFinding::SubDeviceTypeReplaced, subDevId, typeElement);
   }
   const CDomElement nameElement = element.firstChildElement(TAG_NAME);
   const QString name = nameElement.text();
   if (!name.isEmpty()) {
-    names.insert(subDevId, name);
+    labels.names.insert(subDevId, name);
     noteGiven(SParamFinding::SubDeviceNameReplaced, subDevId, nameElement);
   }
 }
@@ -231,18 +226,12 @@ void CParamValueFile::noteReplaced(SParamFinding::ECode code, quint8 subDevId,
                                    "share the names of sub-devices.")
                               : tr("The type \"%1\" replaces \"%2\" of line %3: all hardware ids "
                                    "share the types of sub-devices.");
-  SParamFinding finding;
-  finding.severity = SParamFinding::severityOf(code);
-  finding.code = code;
-  finding.hardwareId = mReadHardwareId;
-  finding.subDevId = subDevId;
-  finding.value = later.text;
-  finding.text = pattern.arg(later.text, earlier.text, QString::number(earlier.line));
-  finding.line = later.line;
-  mFindings.append(finding);
+  const QString text = pattern.arg(later.text, earlier.text, QString::number(earlier.line));
+  mFindings.append({SParamFinding::severityOf(code), code, mReadHardwareId, subDevId, QString(),
+                    QString(), later.text, text, later.line});
   logDetail(
       tr("Line %1, sub device %2:").arg(QString::number(later.line), QString::number(subDevId)) +
-      QLatin1Char(' ') + finding.text);
+      QLatin1Char(' ') + text);
 }
 
 EResult CParamValueFile::readGroupsAndParamsFromDom(const CDomElement& element,
@@ -308,9 +297,8 @@ bool CParamValueFile::readName(const CDomElement& element, QString& name) {
   if (CDomDoc::fail(CDomDoc::existingSubElementAsString(TAG_NAME, element, name, mErrorMsg)))
     return false;
   if (name == CParamNodeData::mStandardConstructedStr) {
-    mErrorMsg = tr("Line %1: the name \"%2\" is reserved.")
-                    .arg(QString::number(element.lineNumber()), name);
-    return false;
+    return fail(tr("Line %1: the name \"%2\" is reserved.")
+                    .arg(QString::number(element.lineNumber()), name));
   }
   return true;
 }

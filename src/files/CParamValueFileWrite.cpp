@@ -9,15 +9,14 @@
 using namespace NLumoXmlTags;
 
 bool CParamValueFile::save(const QString& fileName, const QString& version,
-                           const CHardwareIdTrees& trees, const CSubDeviceTypes& types,
-                           const CSubDeviceNames& names) {
+                           const CHardwareIdTrees& trees, const SSubDeviceLabels& labels) {
   if (trees.empty()) return true;
   if (!idsStayApart(trees)) return false;
   createDocumentWithHead(mRootTag, version);
   for (const auto& [hardwareId, subDevices] : trees) {
     CDomElement data = domDocument().documentElement().appendElement(TAG_DATA);
     data.setAttribute(ATTR_HARDWARE_ID, hardwareId);
-    for (const auto& entry : subDevices) appendSubDeviceToDom(data, entry.second, types, names);
+    for (const auto& entry : subDevices) appendSubDeviceToDom(data, entry.second, labels);
   }
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
@@ -29,34 +28,32 @@ bool CParamValueFile::idsStayApart(const CHardwareIdTrees& trees) {
   for (const auto& entry : trees) {
     const auto [known, isNew] = idByTrimmed.emplace(entry.first.trimmed(), entry.first);
     if (!isNew) {
-      mErrorMsg = tr("The hardware ids \"%1\" and \"%2\" differ only in blanks around them.")
-                      .arg(known->second, entry.first);
-      return false;
+      return fail(tr("The hardware ids \"%1\" and \"%2\" differ only in blanks around them.")
+                      .arg(known->second, entry.first));
     }
   }
   return true;
 }
 
 bool CParamValueFile::save(const QString& fileName, const CSubDeviceTrees& trees,
-                           const CSubDeviceTypes& types, const CSubDeviceNames& names,
-                           const QString& hardwareId, const QString& version) {
+                           const SSubDeviceLabels& labels, const QString& hardwareId,
+                           const QString& version) {
   createDocumentWithHead(mRootTag, version);
   CDomElement data = domElement(TAG_DATA, domDocument().documentElement());
   data.setAttribute(ATTR_HARDWARE_ID, hardwareId);
-  for (const auto& entry : trees) appendSubDeviceToDom(data, entry.second, types, names);
+  for (const auto& entry : trees) appendSubDeviceToDom(data, entry.second, labels);
   return CXmlAbstractLumoFile::save(fileName, mErrorMsg);
 }
 
 void CParamValueFile::appendSubDeviceToDom(CDomElement data, const CSubDeviceTree& tree,
-                                           const CSubDeviceTypes& types,
-                                           const CSubDeviceNames& names) {
+                                           const SSubDeviceLabels& labels) {
   const quint8 id = tree.subDevId();
   CDomElement element = data.appendElement(TAG_SUB_DEVICE);
   element.setAttribute(ATTR_ID, QString::number(id));
-  const NParamDef::ESubDeviceTypes type = types.value(id, NParamDef::SUB_DEV_TYPE_UNDEFINED);
+  const NParamDef::ESubDeviceTypes type = labels.types.value(id, NParamDef::SUB_DEV_TYPE_UNDEFINED);
   if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED)
     element.appendElement(TAG_TYPE).setText(ICParameterFile::subDeviceTypeToStr(type));
-  if (names.contains(id)) element.appendElement(TAG_NAME).setText(names.value(id));
+  if (labels.names.contains(id)) element.appendElement(TAG_NAME).setText(labels.names.value(id));
   appendGroupsAndParamsToDom(element, *tree.root());
 }
 

@@ -1,5 +1,8 @@
 #include "CChoiceList.h"
 
+#include <algorithm>
+#include <limits>
+
 using NParamDef::SNamedI64Value;
 
 bool CChoiceList::add(const SNamedI64Value& choice) {
@@ -25,17 +28,15 @@ QString CChoiceList::nameOfValue(qint64 value) const {
   return {};
 }
 
-bool CChoiceList::valueOfName(const QString& name, qint64& value) const {
+qint64 CChoiceList::valueOfName(const QString& name, bool& ok) const {
+  constexpr qint64 kNoValue = std::numeric_limits<qint64>::min();
   if (mChoices.isIndexed()) {
-    const auto it = mValues.constFind(name);
-    if (it == mValues.constEnd()) return false;
-    value = it.value();
-    return true;
+    ok = mValues.contains(name);
+    return mValues.value(name, kNoValue);
   }
-  for (const SNamedI64Value& choice : list()) {
-    if (choice.name != name) continue;
-    value = choice.value;
-    return true;
-  }
-  return false;
+  const auto choice =
+      std::find_if(list().cbegin(), list().cend(),
+                   [&name](const SNamedI64Value& each) { return each.name == name; });
+  ok = choice != list().cend();
+  return ok ? choice->value : kNoValue;
 }

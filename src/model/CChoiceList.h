@@ -19,8 +19,8 @@ class CChoiceList {
 
   /// The first name of that value that is not empty; null when there is none.
   QString nameOfValue(qint64 value) const;
-  /// The first value of that name; false, and the value untouched, when there is none.
-  bool valueOfName(const QString& name, qint64& value) const;
+  /// The first value of that name; the smallest 64-bit number when there is none.
+  qint64 valueOfName(const QString& name, bool& ok) const;
 
  private:
   void index(const NParamDef::SNamedI64Value& choice);

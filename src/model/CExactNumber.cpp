@@ -1,6 +1,7 @@
 #include "CExactNumber.h"
 
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -15,6 +16,13 @@ std::optional<CExactNumber> read(const CParamVal& value) {
   if (!value.value(number)) return {};
   return CExactNumber(static_cast<CWide>(number));
 }
+
+/// In the order of the types of numbers.
+constexpr std::optional<CExactNumber> (*kReaders[])(const CParamVal&) = {
+    &read<unsigned char>, &read<unsigned short>, &read<unsigned int>, &read<unsigned long long>,
+    &read<signed char>,   &read<short>,          &read<int>,          &read<long long>,
+    &read<double>};
+static_assert(std::size(kReaders) == NParamDef::PARAM_TYPE_F64);
 
 }  // namespace
 
@@ -34,28 +42,7 @@ CExactNumber::CExactNumber(double number) {
 }
 
 std::optional<CExactNumber> CExactNumber::of(const CParamVal& value, NParamDef::EParamType type) {
-  switch (type) {
-    case NParamDef::PARAM_TYPE_U8:
-      return read<unsigned char>(value);
-    case NParamDef::PARAM_TYPE_U16:
-      return read<unsigned short>(value);
-    case NParamDef::PARAM_TYPE_U32:
-      return read<unsigned int>(value);
-    case NParamDef::PARAM_TYPE_U64:
-      return read<unsigned long long>(value);
-    case NParamDef::PARAM_TYPE_I8:
-      return read<signed char>(value);
-    case NParamDef::PARAM_TYPE_I16:
-      return read<short>(value);
-    case NParamDef::PARAM_TYPE_I32:
-      return read<int>(value);
-    case NParamDef::PARAM_TYPE_I64:
-      return read<long long>(value);
-    case NParamDef::PARAM_TYPE_F64:
-      return read<double>(value);
-    default:
-      return {};
-  }
+  return isNumberType(type) ? kReaders[type - NParamDef::PARAM_TYPE_U8](value) : std::nullopt;
 }
 
 bool CExactNumber::isNumberType(NParamDef::EParamType type) {

@@ -7,7 +7,6 @@
 
 #include <QSharedData>
 
-#include <limits>
 #include <set>
 #include <tuple>
 #include <utility>
@@ -53,13 +52,6 @@ class CParamDefItemData : public QSharedData {
 namespace {
 
 constexpr int kDecimalBase = 10;
-constexpr qint64 kNoValue = std::numeric_limits<qint64>::min();
-
-qint64 valueOfName(const CChoiceList& choices, const QString& name, bool& ok) {
-  qint64 value = kNoValue;
-  ok = choices.valueOfName(name, value);
-  return value;
-}
 
 }  // namespace
 
@@ -89,8 +81,6 @@ CParamDefItem::CParamDefItem(const QString& name, EParamType type, unsigned int 
   setId(id);
   setName(name);
   setType(type);
-  setUnitId(0);
-  setEnumEditable(false);
 }
 
 CParamDefItem::CParamDefItem(const CParamDefItem& other) : d(other.d) {}
@@ -366,7 +356,7 @@ qint64 CParamDefItem::enumValueOfName(const QString& name) const {
 }
 
 qint64 CParamDefItem::enumValueOfName(const QString& name, bool& ok) const {
-  return valueOfName(d->enums, name, ok);
+  return d->enums.valueOfName(name, ok);
 }
 
 qint64 CParamDefItem::radioValueOfName(const QString& name) const {
@@ -375,5 +365,5 @@ qint64 CParamDefItem::radioValueOfName(const QString& name) const {
 }
 
 qint64 CParamDefItem::radioValueOfName(const QString& name, bool& ok) const {
-  return valueOfName(d->radios, name, ok);
+  return d->radios.valueOfName(name, ok);
 }

@@ -19,8 +19,7 @@ CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& oth
       mHardwareId(other.mHardwareId),
       mVersion(other.mVersion),
       mLoadFindings(other.mLoadFindings),
-      mSubDevTypes(other.mSubDevTypes),
-      mSubDevNames(other.mSubDevNames),
+      mLabels(other.mLabels),
       mDefinitions(other.mDefinitions) {
   installOwnErrorHandler();
   for (const auto& [id, subDevices] : other.mTrees) mTrees.emplace(id, cloneOf(subDevices));
@@ -52,8 +51,7 @@ void CParameterFileBaseImpl::clear() {
   mHardwareId.clear();
   mVersion = 0;
   mLoadFindings.clear();
-  mSubDevTypes.clear();
-  mSubDevNames.clear();
+  mLabels = {};
   mImportResult = NParamDef::SImportResult();
 }
 
@@ -92,12 +90,12 @@ void CParameterFileBaseImpl::setMetaData(const QString& author, const QString& c
 }
 
 NParamDef::ESubDeviceTypes CParameterFileBaseImpl::subDevType(quint8 subDevId) const {
-  return mSubDevTypes.value(subDevId, NParamDef::SUB_DEV_TYPE_UNDEFINED);
+  return mLabels.types.value(subDevId, NParamDef::SUB_DEV_TYPE_UNDEFINED);
 }
 
 void CParameterFileBaseImpl::setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) {
   if (subDevType(subDevId) != type) {
-    mSubDevTypes.insert(subDevId, type);
+    mLabels.types.insert(subDevId, type);
     setHwIdChanged(mHardwareId);
   }
 }
@@ -105,9 +103,9 @@ void CParameterFileBaseImpl::setSubDevType(quint8 subDevId, NParamDef::ESubDevic
 void CParameterFileBaseImpl::setSubDevName(quint8 subDevId, const QString& name) {
   if (subDevName(subDevId) != name) {
     if (name.isEmpty())  // as a load would find it, so that the next save writes the same
-      mSubDevNames.remove(subDevId);
+      mLabels.names.remove(subDevId);
     else
-      mSubDevNames.insert(subDevId, name);
+      mLabels.names.insert(subDevId, name);
     setHwIdChanged(mHardwareId);
   }
 }

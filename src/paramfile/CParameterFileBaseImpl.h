@@ -79,7 +79,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
 
   NParamDef::ESubDeviceTypes subDevType(quint8 subDevId) const override;
   void setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) override;
-  QString subDevName(quint8 subDevId) const override { return mSubDevNames.value(subDevId); }
+  QString subDevName(quint8 subDevId) const override { return mLabels.names.value(subDevId); }
   void setSubDevName(quint8 subDevId, const QString& name) override;
 
   quint32 idByName(const QString& name) const override;
@@ -152,8 +152,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   /// What a value file held, before it becomes part of the object.
   struct SLoadedValues {
     CHardwareIdTrees trees;
-    CSubDeviceTypes types;
-    CSubDeviceNames names;
+    SSubDeviceLabels labels;
     QString hardwareId;  ///< the expected one, and after loading the one that was settled
     CXMLMetaData metaData;
     CParamFindings findings;
@@ -190,6 +189,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
   const CSubDeviceTree* activeTreeOf(const CParamTreeNodeImpl* node) const;
   CParamTreeNodeImpl* checkParent(ICParamTreeNode* parent, const QString& name,
                                   CSubDeviceTree*& tree);
+  CParamTreeNodeImpl* failedNode(const QString& message) const {
+    setErrorMsg(message);
+    return nullptr;
+  }
   CParamTreeNodeImpl* followPath(QStringList& path, quint8 subDevId);
   bool checkNewGroups(const CParamTreeNodeImpl* parent, const QStringList& names,
                       quint8 subDevId) const;
@@ -205,8 +208,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
   quint32 mVersion = 0;
   bool mIsQuiet = false;
   CParamFindings mLoadFindings;
-  CSubDeviceTypes mSubDevTypes;
-  CSubDeviceNames mSubDevNames;
+  SSubDeviceLabels mLabels;  ///< of all hardware ids
   std::unique_ptr<CParameterFileErrorHandler> mOwnErrorHandler;
   CParameterFileErrorHandler* mErrorHandler = nullptr;
   CDefinitionStore mDefinitions;

@@ -60,10 +60,9 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
   const QString version = CStr::revisionToString(revision);
   const CParamValueFile::EResult result =
       asSubDevId == kOwnSubDevIds
-          ? file.load(fileName, version, loaded.trees, loaded.types, loaded.names,
-                      loaded.hardwareId)
+          ? file.load(fileName, version, loaded.trees, loaded.labels, loaded.hardwareId)
           : file.loadAsSubDevId(fileName, version, static_cast<quint8>(asSubDevId), loaded.trees,
-                                loaded.types, loaded.names, loaded.hardwareId);
+                                loaded.labels, loaded.hardwareId);
   loaded.metaData = file.headMetaData();
   loaded.findings = file.findings();
   return result == CParamValueFile::Ok || failedLoad(file, context);
@@ -74,10 +73,10 @@ void CParameterFileBaseImpl::takeOver(SLoadedValues&& loaded, quint32 revision) 
   mMetaData = loaded.metaData;
   mVersion = revision;
   mLoadFindings = loaded.findings;
-  for (auto it = loaded.types.cbegin(); it != loaded.types.cend(); ++it)
-    mSubDevTypes.insert(it.key(), it.value());
-  for (auto it = loaded.names.cbegin(); it != loaded.names.cend(); ++it)
-    mSubDevNames.insert(it.key(), it.value());
+  for (auto it = loaded.labels.types.cbegin(); it != loaded.labels.types.cend(); ++it)
+    mLabels.types.insert(it.key(), it.value());
+  for (auto it = loaded.labels.names.cbegin(); it != loaded.labels.names.cend(); ++it)
+    mLabels.names.insert(it.key(), it.value());
   appendParameterRootNodes(std::move(loaded.trees));
 }
 
@@ -100,7 +99,7 @@ bool CParameterFileBaseImpl::saveParamFile(const QString& fileName, const QStrin
   if (!author().isEmpty() || !comment().isEmpty()) file.setMetaData(author(), comment());
   const QString version = CStr::revisionToString(revision);
   if (hardwareId.isEmpty()) {
-    return file.save(fileName, version, mTrees, mSubDevTypes, mSubDevNames) ||
+    return file.save(fileName, version, mTrees, mLabels) ||
            setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
   }
   const auto trees = mTrees.find(hardwareId);
@@ -109,6 +108,6 @@ bool CParameterFileBaseImpl::saveParamFile(const QString& fileName, const QStrin
                           "no parameters.")
                            .arg(hardwareId));
   }
-  return file.save(fileName, trees->second, mSubDevTypes, mSubDevNames, hardwareId, version) ||
+  return file.save(fileName, trees->second, mLabels, hardwareId, version) ||
          setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
 }

@@ -159,10 +159,8 @@ CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path, quint8
 }
 
 ICParamTreeNode* CParameterFileBaseImpl::addGroup(ICParamTreeNode* parent, const QString& name) {
-  if (parent == nullptr) {
-    setErrorMsg(tr("addGroup(\"%1\") failed because the given parent is NULL!").arg(name));
-    return nullptr;
-  }
+  if (parent == nullptr)
+    return failedNode(tr("addGroup(\"%1\") failed because the given parent is NULL!").arg(name));
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = checkParent(parent, name, tree);
   CParamTreeNodeImpl* existing = group != nullptr ? tree->group(group, name) : nullptr;
@@ -205,10 +203,10 @@ CParamTreeNodeImpl* CParameterFileBaseImpl::checkParent(ICParamTreeNode* parent,
   CParamTreeNodeImpl* node = toImpl(parent);
   tree = activeTreeOf(node);
   if (tree == nullptr || !node->isGroup()) {
-    setErrorMsg(tr("Adding \"%1\" failed because the given parent is not a group of the active "
-                   "hardware id!")
-                    .arg(name));
-    return nullptr;
+    return failedNode(
+        tr("Adding \"%1\" failed because the given parent is not a group of the active "
+           "hardware id!")
+            .arg(name));
   }
   return node;
 }
@@ -227,27 +225,25 @@ ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(ICParamTreeNode* pa
                                                              const QString& name,
                                                              const CParamVal* value) {
   if (parent == nullptr) {
-    setErrorMsg(tr("addParameter(\"%1\") failed because the given parent is NULL!").arg(name));
-    return nullptr;
+    return failedNode(
+        tr("addParameter(\"%1\") failed because the given parent is NULL!").arg(name));
   }
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = checkParent(parent, name, tree);
   if (group == nullptr) return nullptr;
   const CParamDefItem definition = paramDef(name);
   if (definition.name().isEmpty()) {
-    setErrorMsg(tr("SubDevice %1 : Adding parameter \"%2\" failed because the parameter "
-                   "definition is missing!")
-                    .arg(QString::number(tree->subDevId()), name));
-    return nullptr;
+    return failedNode(tr("SubDevice %1 : Adding parameter \"%2\" failed because the parameter "
+                         "definition is missing!")
+                          .arg(QString::number(tree->subDevId()), name));
   }
   CParamTreeNodeImpl* node =
       tree->addParameter(group, name, definition.valid() ? definition.id() : 0,
                          value != nullptr ? *value : definition.defVal());
   if (node == nullptr) {
-    setErrorMsg(tr("SubDevice %1 : Adding parameter \"%2\" failed because there is alrady a "
-                   "parameter with the same name!")
-                    .arg(QString::number(tree->subDevId()), name));
-    return nullptr;
+    return failedNode(tr("SubDevice %1 : Adding parameter \"%2\" failed because there is alrady a "
+                         "parameter with the same name!")
+                          .arg(QString::number(tree->subDevId()), name));
   }
   setHwIdChanged(mHardwareId);
   return node;

@@ -137,21 +137,13 @@ QVariant CParameterFileModel::shownText(const ICParamTreeNode& node,
 }
 
 QVariant CParameterFileModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  switch (section) {
-    case NameColumn:
-      return tr("Name");
-    case ValueColumn:
-      return tr("Value");
-    case UnitColumn:
-      return tr("Unit");
-    case DefaultColumn:
-      return tr("Default");
-    case HintColumn:
-      return tr("Hint");
-    default:
-      return {};
-  }
+  static constexpr const char* kTitles[ColumnCount] = {
+      // in the order of the columns
+      QT_TR_NOOP("Name"), QT_TR_NOOP("Value"), QT_TR_NOOP("Unit"), QT_TR_NOOP("Default"),
+      QT_TR_NOOP("Hint")};
+  const bool isTitle = orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 &&
+                       section < ColumnCount;
+  return isTitle ? tr(kTitles[section]) : QVariant();
 }
 
 Qt::ItemFlags CParameterFileModel::flags(const QModelIndex& index) const {

@@ -27,8 +27,8 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   unsigned int paramFileVersion() const override { return mParamFileVersion; }
   bool load(const QString& defFile, const QString& paramFile, QString& err) override;
   bool load(const QString& path, QString& err) override;
-  QString paramDefFileName() const override { return mParamDefFileName; }
-  QString paramFileName() const override { return mParamFileName; }
+  QString paramDefFileName() const override { return mDefFile.name; }
+  QString paramFileName() const override { return mValueFile.name; }
   ICParameterFile* parameterFile() const override { return mFile.get(); }
   void setMetaData(const QString& author, const QString& comment) override;
   bool changed() const override { return mFile->isChanged(); }
@@ -95,6 +95,12 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
                 QString& err) override;
 
  private:
+  struct SFile {
+    QString name;
+    bool isLoaded = false;
+    bool isUnread = false;  ///< neither read nor kept yet: it holds something unknown
+  };
+
   static QString ensureSuffix(const QString& name, const QString& suffix);
   bool isFullAccess() const { return mAccess == NParamDef::FullAccess; }
   bool isReadOnly() const { return mAccess == NParamDef::ReadOnly; }
@@ -102,7 +108,7 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
   bool saveDefinitions();
   bool saveValues();
   void logSaving(const QString& text) const;
-  bool keepUnread(const QString& fileName, bool& unread) const;
+  bool keepUnread(SFile& file) const;
   bool postFailure(bool saved) const;
 
   /// The definition; with full access a missing one is created. Null and a message otherwise.
@@ -119,17 +125,12 @@ class CSimpleParamReaderImpl final : public ICSimpleParamReader {
 
   std::unique_ptr<ICLogfile> mOwnLogfile;  ///< null when the application gave one
   ICLogfile* mLogfile;
-  QString mParamDefFileName;
-  QString mParamFileName;
+  SFile mDefFile;
+  SFile mValueFile;
   NParamDef::EAccessRight mAccess;
   std::unique_ptr<CParameterFileBaseImpl> mFile;
   unsigned int mParamDefFileVersion;
   unsigned int mParamFileVersion;
   QString mAuthor;
   QString mComment;
-  bool mParamDefFileLoaded = false;
-  bool mParamFileLoaded = false;
-  // Until this reader has read or kept it, a file of that name holds something unknown.
-  bool mParamDefFileUnread = false;
-  bool mParamFileUnread = false;
 };

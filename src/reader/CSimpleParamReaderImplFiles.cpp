@@ -18,28 +18,28 @@ bool CSimpleParamReaderImpl::load(const QString& path, QString& err) {
 }
 
 bool CSimpleParamReaderImpl::load(const QString& defFile, const QString& paramFile, QString& err) {
-  mParamDefFileName = ensureSuffix(defFile, QStringLiteral("xpdef"));
-  mParamFileName = ensureSuffix(paramFile, QStringLiteral("xparam"));
-  mParamFileLoaded = false;
-  mParamFileUnread = true;
-  mParamDefFileLoaded = mFile->loadParamDefFile(mParamDefFileName, mParamDefFileVersion);
-  mParamDefFileUnread = !mParamDefFileLoaded;
-  if (!mParamDefFileLoaded) {
+  mDefFile.name = ensureSuffix(defFile, QStringLiteral("xpdef"));
+  mValueFile.name = ensureSuffix(paramFile, QStringLiteral("xparam"));
+  mValueFile.isLoaded = false;
+  mValueFile.isUnread = true;
+  mDefFile.isLoaded = mFile->loadParamDefFile(mDefFile.name, mParamDefFileVersion);
+  mDefFile.isUnread = !mDefFile.isLoaded;
+  if (!mDefFile.isLoaded) {
     err += mFile->errorMsg() + QLatin1Char('\n');
     if (!isFullAccess()) return false;
   }
-  mParamFileLoaded = mFile->loadParamFile(mParamFileName, hardwareId(), mParamFileVersion);
-  mParamFileUnread = !mParamFileLoaded;
-  if (!mParamFileLoaded) err += mFile->errorMsg() + QLatin1Char('\n');
-  return mParamFileLoaded || isFullAccess();
+  mValueFile.isLoaded = mFile->loadParamFile(mValueFile.name, hardwareId(), mParamFileVersion);
+  mValueFile.isUnread = !mValueFile.isLoaded;
+  if (!mValueFile.isLoaded) err += mFile->errorMsg() + QLatin1Char('\n');
+  return mValueFile.isLoaded || isFullAccess();
 }
 
 bool CSimpleParamReaderImpl::saveFiles() {
   if (!changed()) return true;
-  if (!mParamFileName.isEmpty() && CAtomicFile::isSameFile(mParamDefFileName, mParamFileName)) {
+  if (!mValueFile.name.isEmpty() && CAtomicFile::isSameFile(mDefFile.name, mValueFile.name)) {
     return postFailure(mFile->setErrorMsg(
         tr("Definitions and values are not saved because \"%1\" and \"%2\" are the same file.")
-            .arg(mParamDefFileName, mParamFileName)));
+            .arg(mDefFile.name, mValueFile.name)));
   }
   const bool definitionsSaved = !mFile->defChanged() || saveDefinitions();
   const bool valuesSaved = mFile->changedList().isEmpty() || saveValues();
@@ -47,24 +47,24 @@ bool CSimpleParamReaderImpl::saveFiles() {
 }
 
 bool CSimpleParamReaderImpl::saveDefinitions() {
-  logSaving(tr("Saving changed parameter definition file \"%1\".").arg(mParamDefFileName));
-  if (!mParamDefFileLoaded && hasMetaData()) mFile->setDefMetaData(mAuthor, mComment);
-  return postFailure(keepUnread(mParamDefFileName, mParamDefFileUnread) &&
-                     mFile->saveParamDefFile(mParamDefFileName, mParamDefFileVersion));
+  logSaving(tr("Saving changed parameter definition file \"%1\".").arg(mDefFile.name));
+  if (!mDefFile.isLoaded && hasMetaData()) mFile->setDefMetaData(mAuthor, mComment);
+  return postFailure(keepUnread(mDefFile) &&
+                     mFile->saveParamDefFile(mDefFile.name, mParamDefFileVersion));
 }
 
 bool CSimpleParamReaderImpl::saveValues() {
-  logSaving(tr("Saving changed parameter file \"%1\".").arg(mParamFileName));
-  if (!mParamFileLoaded && hasMetaData()) mFile->setMetaData(mAuthor, mComment);
+  logSaving(tr("Saving changed parameter file \"%1\".").arg(mValueFile.name));
+  if (!mValueFile.isLoaded && hasMetaData()) mFile->setMetaData(mAuthor, mComment);
   if (mFile->hardwareIds().isEmpty()) {
     logSaving(
         tr("Parameter file \"%1\" is not written because there are no values. Types and names "
            "of sub-devices are not saved.")
-            .arg(mParamFileName));
+            .arg(mValueFile.name));
     return true;
   }
-  return postFailure(keepUnread(mParamFileName, mParamFileUnread) &&
-                     mFile->saveParamFile(mParamFileName, QString(), mParamFileVersion));
+  return postFailure(keepUnread(mValueFile) &&
+                     mFile->saveParamFile(mValueFile.name, QString(), mParamFileVersion));
 }
 
 void CSimpleParamReaderImpl::logSaving(const QString& text) const {
@@ -73,20 +73,20 @@ void CSimpleParamReaderImpl::logSaving(const QString& text) const {
 }
 
 /// Nobody knows what a file holds that could not be read, so it is not lost when it is replaced.
-bool CSimpleParamReaderImpl::keepUnread(const QString& fileName, bool& unread) const {
-  if (unread && QFileInfo::exists(fileName)) {
+bool CSimpleParamReaderImpl::keepUnread(SFile& file) const {
+  if (file.isUnread && QFileInfo::exists(file.name)) {
     QString backupName;
     QString reason;
-    if (!CAtomicFile::keepAsBackup(fileName, backupName, reason)) {
+    if (!CAtomicFile::keepAsBackup(file.name, backupName, reason)) {
       return mFile->setErrorMsg(
-          tr("File \"%1\" was not loaded and is not replaced: %2").arg(fileName, reason));
+          tr("File \"%1\" was not loaded and is not replaced: %2").arg(file.name, reason));
     }
     CMessageBoardHelper::setWarning(
         tr("File \"%1\" was not loaded and is replaced. The old file is kept as \"%2\".")
-            .arg(fileName, backupName),
+            .arg(file.name, backupName),
         mLogfile);
   }
-  unread = false;
+  file.isUnread = false;
   return true;
 }
 
@@ -100,13 +100,9 @@ bool CSimpleParamReaderImpl::postFailure(bool saved) const {
 bool CSimpleParamReaderImpl::closeFiles(bool save) {
   const bool saved = !save || saveFiles();
   mFile->clear();
-  mParamDefFileName.clear();
-  mParamFileName.clear();
+  mDefFile = {};
+  mValueFile = {};
   mAuthor.clear();
   mComment.clear();
-  mParamDefFileLoaded = false;
-  mParamFileLoaded = false;
-  mParamDefFileUnread = false;
-  mParamFileUnread = false;
   return saved;
 }

@@ -47,11 +47,10 @@ QString readable(const QString& text) {
 /// What the loader of values says in numbers, too.
 int valueFileResult(const QString& fileName) {
   CHardwareIdTrees trees;
-  CSubDeviceTypes types;
-  CSubDeviceNames names;
+  SSubDeviceLabels labels;
   QString hardwareId;
   CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
-  return file.load(fileName, "1.0", trees, types, names, hardwareId);
+  return file.load(fileName, "1.0", trees, labels, hardwareId);
 }
 
 }  // namespace

@@ -115,17 +115,16 @@ class tst_ParameterFileFormats : public QObject {
     CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
     CHardwareIdTrees trees;
     CSubDeviceTrees subDevices;
-    CSubDeviceTypes types;
-    CSubDeviceNames names;
+    SSubDeviceLabels labels;
     QString id = "HW-A";
-    QCOMPARE(file.load(kTwoIds, "1.0", id, subDevices, types, names), CParamValueFile::Ok);
+    QCOMPARE(file.load(kTwoIds, "1.0", id, subDevices, labels), CParamValueFile::Ok);
     QCOMPARE(subDevices.size(), size_t(2));
     QCOMPARE(subDevices.at(8).value("Third").asStr(), QString("0x1"));
     id = "HW-C";
-    QCOMPARE(int(file.load(kTwoIds, "1.0", id, subDevices, types, names)), 27);
+    QCOMPARE(int(file.load(kTwoIds, "1.0", id, subDevices, labels)), 27);
     QCOMPARE(file.errorMsg(),
              error + "parse error: Hardware id 'HW-A' is wrong. Expected was 'HW-C'.");
-    QCOMPARE(int(file.load(kTwoIds, "1.0", trees, types, names, id)), 27);
+    QCOMPARE(int(file.load(kTwoIds, "1.0", trees, labels, id)), 27);
     QCOMPARE(file.errorMsg(), error + "load error: There is no matching hardware id for 'HW-C'.");
     CParameterFileErrorHandler handler(nullptr);
     QVERIFY(handler.handleHardwareIdError(QString(), "B", id));

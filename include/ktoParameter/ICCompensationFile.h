@@ -29,7 +29,7 @@ class KTOPARAMETER_EXPORT ICCompensationFile {
     Ok = 0,
     ContentError = 1,  ///< a required element is missing, or an element cannot be made
     OpenError = 2,     ///< cannot be opened or parsed, or has another root element
-    VersionError = 4,  ///< does not go with the expected version
+    VersionError = 4,  ///< is not compatible with the expected version
     SaveError = 5,     ///< cannot be written
   };
 

@@ -32,7 +32,7 @@ class CCompensationFileImpl : public CCompensationTable, public CXmlAbstractLumo
   static QLatin1String adjustmentTag(EDataPointFormat format);
 
   void startLoad();
-  int readDocument();
+  int readDocument(int openResult);
   int readCompensationHeader();
   int readCompensationPoints();
   static CCompensationPoint readPoint(const CDomElement& element, EDataPointFormat format);

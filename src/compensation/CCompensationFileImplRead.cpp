@@ -18,21 +18,13 @@ CParamVal valueOf(QLatin1String tag, const CDomElement& parent) {
 
 int CCompensationFileImpl::load(const QString& fileName, const QString& version) {
   startLoad();
-  if (!open(fileName, TAG_ROOT_C_COMPENSATION, version, mErrorMsg)) {
-    domDocument().clear();
-    return isVersionRejected() ? VersionError : OpenError;
-  }
-  return readDocument();
+  if (open(fileName, TAG_ROOT_C_COMPENSATION, version, mErrorMsg)) return readDocument(Opened);
+  return readDocument(isVersionRejected() ? VersionError : OpenError);
 }
 
 int CCompensationFileImpl::loadFromBuffer(const QByteArray& buffer, const QString& version) {
   startLoad();
-  const int result = open(buffer, TAG_ROOT_C_COMPENSATION, version, mErrorMsg);
-  if (result != Opened) {
-    domDocument().clear();
-    return result;
-  }
-  return readDocument();
+  return readDocument(open(buffer, TAG_ROOT_C_COMPENSATION, version, mErrorMsg));
 }
 
 /// The format for saving belongs to the application, so that it can be chosen before a load.
@@ -42,9 +34,13 @@ void CCompensationFileImpl::startLoad() {
   mSaveFormat = saveFormat;
 }
 
-int CCompensationFileImpl::readDocument() {
-  setMetaData(CXmlAbstractLumoFile::metaData());
-  int result = readCompensationHeader();
+/// Reads the document unless it could not be opened, and lets go of it.
+int CCompensationFileImpl::readDocument(int openResult) {
+  int result = openResult;
+  if (result == Opened) {
+    setMetaData(CXmlAbstractLumoFile::metaData());
+    result = readCompensationHeader();
+  }
   if (result == Ok) result = readCompensationPoints();
   domDocument().clear();
   return result;

@@ -29,7 +29,7 @@ bool areExact(char** bytes, const QStringList& words, COutput& out) {
 
 int main(int argc, char* argv[]) {
   const QCoreApplication application(argc, argv);
-  QCoreApplication::setApplicationName(QStringLiteral("ktoparam"));
+  QCoreApplication::setApplicationName("ktoparam");
   QCoreApplication::setApplicationVersion(QStringLiteral(KTO_VERSION));
 
   const QStringList words = QCoreApplication::arguments().mid(1);
@@ -47,8 +47,9 @@ int main(int argc, char* argv[]) {
       });
   EExitStatus status = ExitFile;
   try {
-    status =
-        areExact(argv + 1, words, out) ? CCommandTable(allCommands()).run(words, out) : ExitUsage;
+    status = areExact(argv + 1, words, out)
+                 ? CCommandTable(allCommands(), completeCommands().first()).run(words, out)
+                 : ExitUsage;
   } catch (const std::bad_alloc&) {
     // What was taken is free again. No file is half written: a save begins when all of it is there.
     out.message(Tool::tr("there is not enough memory for these files."));

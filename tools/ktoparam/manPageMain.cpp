@@ -1,10 +1,8 @@
 // Prints the manual page: ktoparamManPage TEMPLATE JSON-DESCRIPTION
-#include "CCommandTable.h"
 #include "Commands.h"
 #include "NManPage.h"
 
 #include <QFile>
-#include <QTextStream>
 
 #include <optional>
 
@@ -24,8 +22,7 @@ int main(int argc, char** argv) {
   const std::optional<QString> json = read(argv[2]);
   if (!page || !json) return 1;
   page->replace(QLatin1String("@VERSION@"), QLatin1String(KTO_VERSION));
-  page->replace(QLatin1String("@COMMANDS@\n"),
-                NManPage::commands(CCommandTable(allCommands()).shown()));
+  page->replace(QLatin1String("@COMMANDS@\n"), NManPage::commands(allCommands()));
   page->replace(QLatin1String("@JSON@\n"), NManPage::fromMarkdown(*json));
   QFile out;
   const QByteArray bytes = page->toUtf8();

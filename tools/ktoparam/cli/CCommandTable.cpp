@@ -6,9 +6,6 @@
 #include "NSuggestion.h"
 #include "Tool.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
 
 bool asksForHelp(const QString& word) {
@@ -17,11 +14,6 @@ bool asksForHelp(const QString& word) {
 
 }  // namespace
 
-CCommandTable::CCommandTable(const QVector<SCommand>& commands) : mCommands(commands) {
-  std::copy_if(commands.begin(), commands.end(), std::back_inserter(mShown),
-               [](const SCommand& command) { return !command.summary.isEmpty(); });
-}
-
 EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
   const QString first = words.value(0);
   if (first == QLatin1String("help") || asksForHelp(first)) return help(words.mid(1), out);
@@ -29,6 +21,7 @@ EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
     out.line(QStringLiteral("ktoparam %1").arg(QCoreApplication::applicationVersion()));
     return ExitDone;
   }
+  if (first == mHidden.name) return runCommand(mHidden, words.mid(1), out);
   if (const SCommand* command = SCommand::find(mCommands, words))
     return runCommand(*command, words.mid(command->words().size()), out);
   if (words.size() > 1 && asksForHelp(words.at(1))) return help({first}, out);
@@ -37,17 +30,17 @@ EExitStatus CCommandTable::run(const QStringList& words, COutput& out) const {
 
 QVector<SCommand> CCommandTable::family(const QString& firstWord) const {
   QVector<SCommand> found;
-  for (const SCommand& command : mShown)
+  for (const SCommand& command : mCommands)
     if (command.words().first() == firstWord) found.append(command);
   return found;
 }
 
 EExitStatus CCommandTable::help(const QStringList& words, COutput& out) const {
   if (words.isEmpty()) {
-    NHelp::printOverview(mShown, out);
+    NHelp::printOverview(mCommands, out);
     return ExitDone;
   }
-  const SCommand* command = SCommand::find(mShown, words);
+  const SCommand* command = SCommand::find(mCommands, words);
   const QVector<SCommand> found = command ? QVector<SCommand>{*command} : family(words.first());
   if (found.isEmpty()) return unknown(words, out);
   for (int i = 0; i < found.size(); ++i) {
@@ -75,8 +68,8 @@ EExitStatus CCommandTable::unknown(const QStringList& words, COutput& out) const
   QStringList actions;
   for (const SCommand& command : family(first)) actions.append(command.words().last());
   QStringList known;
-  for (const SCommand& command : mShown) known.append(command.words().first());
-  known.append(QStringLiteral("help"));
+  for (const SCommand& command : mCommands) known.append(command.words().first());
+  known.append("help");
   known.removeDuplicates();
   if (!actions.isEmpty()) {
     out.message(first, Tool::tr("One of these must follow: %1.%2 See \"ktoparam help %3\".")

@@ -7,13 +7,12 @@ class COutput;
 /// The commands of the tool: finds the one that a command line names and runs it.
 class CCommandTable {
  public:
-  explicit CCommandTable(const QVector<SCommand>& commands);
+  /// One command is hidden: a program calls it, and users are not shown it.
+  CCommandTable(const QVector<SCommand>& commands, const SCommand& hidden)
+      : mCommands(commands), mHidden(hidden) {}
 
   /// The words after "ktoparam".
   EExitStatus run(const QStringList& words, COutput& out) const;
-
-  /// Those that users are shown.
-  const QVector<SCommand>& shown() const { return mShown; }
 
  private:
   QVector<SCommand> family(const QString& firstWord) const;
@@ -22,5 +21,5 @@ class CCommandTable {
   EExitStatus unknown(const QStringList& words, COutput& out) const;
 
   QVector<SCommand> mCommands;
-  QVector<SCommand> mShown;
+  SCommand mHidden;
 };

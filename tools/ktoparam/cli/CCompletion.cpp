@@ -40,8 +40,7 @@ void CCompletion::expectCommand(const QVector<SCommand>& commands, const QString
     if (name.size() > begun.size() && name.mid(0, begun.size()) == begun)
       mChoices.append(name.at(begun.size()));
   }
-  if (words.isEmpty())
-    mChoices += {QStringLiteral("help"), QStringLiteral("--help"), QStringLiteral("--version")};
+  if (words.isEmpty()) mChoices += {"help", "--help", "--version"};
 }
 
 void CCompletion::expect(const SCommand& command) {
@@ -63,7 +62,7 @@ void CCompletion::expect(const SCommand& command) {
   } else if (typed().startsWith(QLatin1Char('-'))) {
     for (const SOption& each : command.options)
       if (!before.isSet(each.name)) mChoices.append(kDashes + each.name);
-    mChoices.append(QStringLiteral("--help"));
+    mChoices.append("--help");
   } else if (const SArgument* argument = command.argumentAt(before.arguments().size())) {
     mWord = argument->word;
   }

@@ -1,55 +1,56 @@
 #include "CInvocation.h"
 
-#include "COutput.h"
 #include "CStr.h"
-#include "Tool.h"
+#include "Output.h"
+
+#include <QJsonObject>
 
 bool CInvocation::check(COutput& out) const {
-  const QString text = wantsHelp() ? mWords.problem() : problem();
-  if (!text.isEmpty()) wrongUsage(text, out);
-  return text.isEmpty();
-}
-
-QString CInvocation::problem() const {
-  for (const QString& text :
-       {mWords.problem(), subDeviceProblem(), argumentProblem(), missingOption(), emptyFileName()})
-    if (!text.isEmpty()) return text;
-  return {};
+  QStringList problems(optionProblem());
+  if (!wantsHelp())
+    problems += {subDeviceProblem(), argumentProblem(), missingOption(), emptyFileName()};
+  for (const QString& text : qAsConst(problems)) {
+    if (text.isEmpty()) continue;
+    wrongUsage(text, out);
+    return false;
+  }
+  return true;
 }
 
 QString CInvocation::argumentProblem() const {
-  const int given = mWords.arguments().size();
-  const QVector<SArgument>& expected = mCommand.arguments;
+  const int given = arguments().size();
+  const QVector<SArgument>& expected = command().arguments;
   const bool mayBeFewer = !expected.isEmpty() && expected.last().mayBeMissing();
   if (given < expected.size() - (mayBeFewer ? 1 : 0))
     return Tool::tr("%1 is missing.").arg(expected.at(given).name);
-  if (given > 0 && !mCommand.argumentAt(given - 1))
+  if (given > 0 && !command().argumentAt(given - 1))
     return Tool::tr("\"%1\" is one word too many.").arg(argument(expected.size()));
   return {};
 }
 
 QString CInvocation::missingOption() const {
-  for (const SOption& option : mCommand.options)
-    if (option.isRequired && !mWords.isSet(option.name))
+  for (const SOption& option : command().options)
+    if (option.isRequired && !isSet(option.name))
       return Tool::tr("--%1 %2 is missing.").arg(option.name, option.valueName);
   return {};
 }
 
 QString CInvocation::emptyFileName() const {
   const QString text = Tool::tr("%1 is empty; it must be the name of a file.");
-  for (const SOption& option : mCommand.options) {
-    const bool isEmpty = mWords.isSet(option.name) && mWords.value(option.name).isEmpty();
+  for (const SOption& option : command().options) {
+    const bool isEmpty = isSet(option.name) && value(option.name).isEmpty();
     if (isEmpty && option.word == EWord::File) return text.arg(QLatin1String("--") + option.name);
   }
-  for (int i = 0; i < mWords.arguments().size(); ++i) {
-    const SArgument* expected = mCommand.argumentAt(i);
-    if (argument(i).isEmpty() && expected->word == EWord::File) return text.arg(expected->name);
+  for (int i = 0; i < arguments().size(); ++i) {
+    const SArgument* expected = command().argumentAt(i);
+    const bool isFile = expected && expected->word == EWord::File;
+    if (isFile && argument(i).isEmpty()) return text.arg(expected->name);
   }
   return {};
 }
 
 QString CInvocation::subDeviceProblem() const {
-  for (const QString& text : mWords.valuesOf(EWord::SubDevice))
+  for (const QString& text : valuesOf(EWord::SubDevice))
     if (!toSubDevice(text))
       return Tool::tr("\"%1\" is not a sub-device; these are numbers from 0 to 255.").arg(text);
   return {};
@@ -61,6 +62,16 @@ std::optional<quint8> CInvocation::toSubDevice(const QString& text) {
 }
 
 EExitStatus CInvocation::wrongUsage(const QString& text, COutput& out) const {
-  out.message(mCommand.name, Tool::tr("%1 See \"ktoparam help %2\".").arg(text, mCommand.name));
+  out.message(command().name, Tool::tr("%1 See \"ktoparam help %2\".").arg(text, command().name));
   return ExitUsage;
+}
+
+void CInvocation::print(const CTable& table, const QJsonObject& json, COutput& out) const {
+  if (wantsJson()) return out.json(json);
+  table.print(out);
+  noteDryRun(out);
+}
+
+void CInvocation::noteDryRun(COutput& out) const {
+  if (isDryRun()) out.line(Tool::tr("Dry run: nothing was saved."));
 }

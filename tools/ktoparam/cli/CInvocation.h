@@ -6,13 +6,13 @@
 #include <optional>
 
 class COutput;
+class CTable;
+class QJsonObject;
 
 /// The command line of one command, checked.
-class CInvocation {
+class CInvocation : public CParsedWords {
  public:
-  /// The words after the command's name. The command must live as long as this.
-  CInvocation(const SCommand& command, const QStringList& words)
-      : mCommand(command), mWords(command, words) {}
+  using CParsedWords::CParsedWords;
 
   /// False, with a message, when the words make no sense.
   bool check(COutput& out) const;
@@ -21,11 +21,9 @@ class CInvocation {
   bool wantsJson() const { return isSet(NOptions::kJson); }
   bool isDryRun() const { return isSet(NOptions::kDryRun); }
 
-  bool isSet(QLatin1String option) const { return mWords.isSet(option); }
-  QString value(QLatin1String option) const { return mWords.value(option); }
   /// By place; empty beyond the last one.
-  QString argument(int place) const { return mWords.arguments().value(place); }
-  QStringList argumentsFrom(int place) const { return mWords.arguments().mid(place); }
+  QString argument(int place) const { return arguments().value(place); }
+  QStringList argumentsFrom(int place) const { return arguments().mid(place); }
 
   /// An option that names a sub-device, nothing when it is not given.
   std::optional<quint8> subDevice(QLatin1String option = NOptions::kSubDevice) const {
@@ -38,13 +36,14 @@ class CInvocation {
   /// Wrong usage: reports it, with where to find help.
   EExitStatus wrongUsage(const QString& text, COutput& out) const;
 
+  /// Prints the JSON object where it is asked for; else the table, and whether it was a dry run.
+  void print(const CTable& table, const QJsonObject& json, COutput& out) const;
+  /// Tells that nothing was saved, when it was a dry run.
+  void noteDryRun(COutput& out) const;
+
  private:
-  QString problem() const;
   QString argumentProblem() const;
   QString subDeviceProblem() const;
   QString missingOption() const;
   QString emptyFileName() const;
-
-  const SCommand& mCommand;
-  const CParsedWords mWords;
 };

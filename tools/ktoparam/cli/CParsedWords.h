@@ -11,8 +11,10 @@ class CParsedWords {
   CParsedWords(const SCommand& command, const QStringList& words);
 
   bool isSet(const QString& option) const { return mOptions.contains(option); }
-  /// The last one that was given; empty when there is none.
-  QString value(const QString& option) const { return mOptions.value(option); }
+  /// The last one that was given.
+  QString value(const QString& option, const QString& unlessGiven = {}) const {
+    return mOptions.value(option, unlessGiven);
+  }
   const QStringList& arguments() const { return mArguments; }
   /// The option whose value is still missing, since its name is the last word; mostly null.
   const SOption* openOption() const { return mOpen; }
@@ -20,7 +22,10 @@ class CParsedWords {
   QStringList valuesOf(EWord word) const;
 
   /// What is wrong with the options; empty when nothing is.
-  const QString& problem() const { return mProblem; }
+  const QString& optionProblem() const { return mProblem; }
+
+ protected:
+  const SCommand& command() const { return mCommand; }
 
  private:
   void readOption(const QString& word);

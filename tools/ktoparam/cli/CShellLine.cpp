@@ -7,10 +7,7 @@ const QLatin1Char kDouble('"');
 const QLatin1Char kSingle('\'');
 const QLatin1String kSpecialInDouble("\\\"$`");
 const QLatin1String kHarmless("_./+-%@,:=");
-
-bool isBlank(QChar c) {
-  return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n');
-}
+const QLatin1String kBlanks(" \t\n");
 
 /// Reads characters as bash does.
 class CSplitter {
@@ -35,7 +32,7 @@ class CSplitter {
  private:
   void read(QChar c) {
     if (mIsEscaped) return readEscaped(c);
-    if (mQuote.isNull() && isBlank(c)) return finishWord();
+    if (mQuote.isNull() && kBlanks.contains(c)) return finishWord();
     mIsInWord = true;
     if (c == kBackslash && mQuote != kSingle) {
       mIsEscaped = true;
@@ -84,7 +81,7 @@ CShellLine::CShellLine(const QString& head, const QString& tail, const QString& 
   mQuote = splitter.quote();
 
   int rest = 0;  // of the current word
-  while (rest < tail.size() && !isBlank(tail.at(rest))) ++rest;
+  while (rest < tail.size() && !kBlanks.contains(tail.at(rest))) ++rest;
   CSplitter behind(breaks);
   behind.read(tail.mid(rest));
   behind.finishWord();

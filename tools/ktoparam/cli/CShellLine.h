@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
 /// A command line as it is typed in bash, taken apart at the cursor.

@@ -13,16 +13,8 @@ const QLatin1String kIndent("  ");
 using CEntries = QVector<QPair<QString, QString>>;
 
 QString argumentSyntax(const SArgument& argument) {
-  switch (argument.count) {
-    case SArgument::OneOrMore:
-      return argument.name + QStringLiteral("…");
-    case SArgument::AnyNumber:
-      return QStringLiteral("[%1…]").arg(argument.name);
-    case SArgument::NoneOrOne:
-      return QStringLiteral("[%1]").arg(argument.name);
-    default:
-      return argument.name;
-  }
+  const QString words = argument.mayRepeat() ? argument.name + "…" : argument.name;
+  return argument.mayBeMissing() ? QStringLiteral("[%1]").arg(words) : words;
 }
 
 // Breaks at blanks; the first line begins after `left`, the others below it.
@@ -66,7 +58,7 @@ void printParagraphs(const QString& text, COutput& out) {
 QString NHelp::optionSyntax(const SOption& option) {
   const QString letter =
       option.letter.isEmpty() ? QString() : QStringLiteral("-%1, ").arg(option.letter);
-  const QString dashed = letter + QStringLiteral("--") + option.name;
+  const QString dashed = letter + "--" + option.name;
   return option.valueName.isEmpty() ? dashed : dashed + QLatin1Char(' ') + option.valueName;
 }
 
@@ -89,14 +81,13 @@ void NHelp::printOverview(const QVector<SCommand>& commands, COutput& out) {
   out.line(Tool::tr("Usage: ktoparam COMMAND [options] FILE…"));
   CEntries entries;
   for (const SCommand& command : commands) entries.append({command.name, command.summary});
-  entries.append({QStringLiteral("help [COMMAND]"), Tool::tr("Tell more about a command.")});
-  entries.append({QStringLiteral("--version"), Tool::tr("Print the version of this program.")});
+  entries.append({"help [COMMAND]", Tool::tr("Tell more about a command.")});
+  entries.append({"--version", Tool::tr("Print the version of this program.")});
   printEntries(Tool::tr("Commands:"), entries, out);
-  const CEntries states = {
-      {QStringLiteral("0"), Tool::tr("done")},
-      {QStringLiteral("1"), Tool::tr("findings, differences, or something that was refused")},
-      {QStringLiteral("2"), Tool::tr("wrong usage")},
-      {QStringLiteral("3"), Tool::tr("a file could not be read or written")}};
+  const CEntries states = {{"0", Tool::tr("done")},
+                           {"1", Tool::tr("findings, differences, or something that was refused")},
+                           {"2", Tool::tr("wrong usage")},
+                           {"3", Tool::tr("a file could not be read or written")}};
   printEntries(Tool::tr("Exit status:"), states, out);
 }
 
@@ -109,10 +100,9 @@ void NHelp::printCommand(const SCommand& command, COutput& out) {
   printEntries(Tool::tr("Arguments:"), arguments, out);
   CEntries options;
   for (const SOption& each : command.options) options.append({optionSyntax(each), each.help});
-  options.append({QStringLiteral("-h, --help"), Tool::tr("Print this help.")});
+  options.append({"-h, --help", Tool::tr("Print this help.")});
   printEntries(Tool::tr("Options:"), options, out);
   out.line({});
   out.line(Tool::tr("Example:"));
-  for (const QString& example : command.examples)
-    out.line(kIndent + QStringLiteral("ktoparam ") + example);
+  for (const QString& example : command.examples) out.line(kIndent + "ktoparam " + example);
 }

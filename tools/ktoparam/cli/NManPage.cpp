@@ -8,20 +8,18 @@ namespace {
 
 /// Text as man(7) prints it, whatever it means there.
 QString plain(const QString& text) {
+  const QLatin1String otherSigns("'`~^");  // printed for what is typed so
   QString escaped;
-  for (const QChar c : text) {
-    if (c == QLatin1Char('\\')) {
-      escaped += QLatin1String("\\e");
-    } else if (c == QLatin1Char('-')) {
-      escaped += QLatin1String("\\-");
-    } else if (c == QLatin1Char('\'') || c == QLatin1Char('`') || c == QLatin1Char('~') ||
-               c == QLatin1Char('^') || c.unicode() > 0x7f) {
-      escaped += QStringLiteral("\\[u%1]").arg(c.unicode(), 4, 16, QLatin1Char('0')).toUpper();
-    } else {
+  for (const QChar c : text)
+    if (c == QLatin1Char('\\'))
+      escaped += "\\e";
+    else if (c == QLatin1Char('-'))
+      escaped += "\\-";
+    else if (otherSigns.contains(c) || c.unicode() > 0x7f)
+      escaped += "\\[u" + QString::number(c.unicode(), 16).toUpper().rightJustified(4, '0') + ']';
+    else
       escaped += c;
-    }
-  }
-  return escaped.replace(QLatin1String("\\[U"), QLatin1String("\\[u"));
+  return escaped;
 }
 
 QString bold(const QString& text) {
@@ -30,38 +28,35 @@ QString bold(const QString& text) {
 
 /// A line of text; a dot at its beginning would make it a request.
 QString line(const QString& text) {
-  return (text.startsWith(QLatin1Char('.')) ? QStringLiteral("\\&") : QString()) + text +
-         QLatin1Char('\n');
+  return (text.startsWith(QLatin1Char('.')) ? "\\&" : QString()) + text + QLatin1Char('\n');
 }
 
 QString entry(const QString& left, const QString& right) {
-  return QStringLiteral(".TP\n") + line(left) + line(right);
+  return ".TP\n" + line(left) + line(right);
 }
 
 QString paragraphs(const QString& text) {
   QString page;
   for (const QString& each : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-    page += QStringLiteral(".PP\n") + line(plain(each));
+    page += ".PP\n" + line(plain(each));
   return page;
 }
 
 QString section(const SCommand& command) {
-  QString page = QStringLiteral(".SS ktoparam ") + line(plain(NHelp::syntax(command)));
+  QString page = ".SS ktoparam " + line(plain(NHelp::syntax(command)));
   page += line(plain(command.summary)) + paragraphs(command.details);
   for (const SArgument& each : command.arguments) page += entry(bold(each.name), plain(each.help));
   for (const SOption& each : command.options)
     page += entry(bold(NHelp::optionSyntax(each)), plain(each.help));
-  for (const QString& example : command.examples) {
-    page += QStringLiteral(".PP\n.EX\n") + line(plain(QStringLiteral("  ktoparam ") + example)) +
-            QStringLiteral(".EE\n");
-  }
+  for (const QString& example : command.examples)
+    page += ".PP\n.EX\n" + line(plain("  ktoparam " + example)) + ".EE\n";
   return page;
 }
 
 /// The marks within a line: `code`, **strong**, *emphasis* and [text](target).
 QString inlineMarks(const QString& text) {
   static const QRegularExpression kMark(
-      QStringLiteral("`([^`]+)`|\\*\\*([^*]+)\\*\\*|\\*([^*]+)\\*|\\[([^\\]]+)\\]\\([^)]*\\)"));
+      "`([^`]+)`|\\*\\*([^*]+)\\*\\*|\\*([^*]+)\\*|\\[([^\\]]+)\\]\\([^)]*\\)");
   QString page;
   int end = 0;
   for (auto it = kMark.globalMatch(text); it.hasNext();) {
@@ -82,11 +77,11 @@ QString tableRow(const QString& row) {
 
 /// One paragraph, list item or row; `text` is without line breaks.
 QString block(const QString& text) {
-  static const QString kItem(QStringLiteral("- "));
+  static const QString kItem("- ");
   if (text.startsWith(QLatin1Char('#'))) return {};
   if (text.startsWith(QLatin1Char('|'))) return tableRow(text);
-  if (!text.startsWith(kItem)) return QStringLiteral(".PP\n") + line(inlineMarks(text));
-  return QStringLiteral(".IP \\(bu 2\n") + line(inlineMarks(text.mid(kItem.size())));
+  if (!text.startsWith(kItem)) return ".PP\n" + line(inlineMarks(text));
+  return ".IP \\(bu 2\n" + line(inlineMarks(text.mid(kItem.size())));
 }
 
 }  // namespace
@@ -98,10 +93,10 @@ QString NManPage::commands(const QVector<SCommand>& commands) {
 }
 
 QString NManPage::fromMarkdown(const QString& text) {
-  static const QRegularExpression kNextLine(QStringLiteral("\\n(?![|#\\n-]) *"));
-  static const QRegularExpression kTableHead(QStringLiteral("\\n\\|[^\\n]*\\n\\|-[-|]*\\n"));
+  static const QRegularExpression kNextLine("\\n(?![|#\\n-]) *");
+  static const QRegularExpression kTableHead("\\n\\|[^\\n]*\\n\\|-[-|]*\\n");
   QString joined = text;
-  joined.replace(kTableHead, QStringLiteral("\n")).replace(kNextLine, QStringLiteral(" "));
+  joined.replace(kTableHead, "\n").replace(kNextLine, " ");
   QString page;
   for (const QString& each : joined.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
     page += block(each.trimmed());

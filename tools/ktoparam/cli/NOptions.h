@@ -19,37 +19,34 @@ inline SOption json() {
   return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};
 }
 inline SOption def(const QString& help) {
-  return {kDef, QStringLiteral("DEF"), help, EWord::File};
+  return {kDef, "DEF", help, EWord::File};
 }
 inline SOption required(SOption option) {
   option.isRequired = true;
   return option;
 }
-inline SOption hardwareId(const QString& help) {
-  return {kHardwareId, QStringLiteral("ID"), help, EWord::HardwareId};
+inline SOption hardwareId(const QString& help = Tool::tr("Only this hardware id.")) {
+  return {kHardwareId, "ID", help, EWord::HardwareId};
 }
-inline SOption subDevice(const QString& help) {
-  return {kSubDevice, QStringLiteral("N"), help, EWord::SubDevice};
+inline SOption oneHardwareId() {
+  return hardwareId(Tool::tr("The hardware id; needed when the file has several."));
+}
+inline SOption subDevice(const QString& help = Tool::tr("Only this sub-device, 0 to 255.")) {
+  return {kSubDevice, "N", help, EWord::SubDevice};
 }
 inline SOption choice(QLatin1String name, const QStringList& choices, const QString& help) {
-  SOption option{name, QStringLiteral("FORMAT"), help};
+  SOption option{name, "FORMAT", help};
   option.choices = choices;
   return option;
 }
 inline SOption dryRun() {
   return {kDryRun, {}, Tool::tr("Show what would be done, and leave the file as it is.")};
 }
-
 inline SOption output(const QString& help) {
-  return {kOutput, QStringLiteral("OUT"), help, EWord::File, QStringLiteral("o")};
+  return {kOutput, "OUT", help, EWord::File, "o"};
 }
-
 inline SArgument valueFile() {
-  return {QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File};
-}
-
-inline QString dryRunNote() {
-  return Tool::tr("Dry run: nothing was saved.");
+  return {"FILE", Tool::tr("A value file."), EWord::File};
 }
 
 }  // namespace NOptions

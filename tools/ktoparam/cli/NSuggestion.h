@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
 /// What somebody may have meant who typed a name that does not exist.

@@ -19,16 +19,6 @@ struct SChecked {
   }
 };
 
-using CCounts = std::array<int, 3>;  // by SParamFinding::ESeverity
-
-CCounts count(const QVector<SChecked>& files) {
-  CCounts counts{};
-  for (const SChecked& file : files)
-    for (const SParamFinding& finding : file.findings)
-      ++counts.at(static_cast<std::size_t>(finding.severity));
-  return counts;
-}
-
 /// "KTO-2A-16, sub-device 2, Motion/Limits/VelocityLimit"
 QString place(const SParamFinding& finding, const CLabels& labels) {
   QStringList parts;
@@ -49,44 +39,45 @@ QString severity(const SParamFinding& finding, const COutput& out) {
 }
 
 /// As compilers write, so that editors jump to the line.
-void print(const SChecked& file, COutput& out) {
-  for (const SParamFinding& finding : file.findings) {
-    const QString line = finding.line > 0 ? QStringLiteral(":%1").arg(finding.line) : QString();
-    out.line(QStringLiteral("%1%2: %3: %4: %5 [%6]")
-                 .arg(NDisplayText::escaped(file.fileName), line, severity(finding, out),
-                      place(finding, out.labels()), NDisplayText::escaped(finding.text),
-                      SParamFinding::codeText(finding.code)));
-  }
+QString toLine(const QString& fileName, const SParamFinding& finding, const COutput& out) {
+  const QString line = finding.line > 0 ? QStringLiteral(":%1").arg(finding.line) : QString();
+  return QStringLiteral("%1%2: %3: %4: %5 [%6]")
+      .arg(NDisplayText::escaped(fileName), line, severity(finding, out),
+           place(finding, out.labels()), NDisplayText::escaped(finding.text),
+           SParamFinding::codeText(finding.code));
 }
 
 /// Texts are not translated where JSON is asked for.
 QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const CLabels& labels) {
   const bool hasSubDevice = finding.subDevId != SParamFinding::kNoSubDevice;
-  return {{QStringLiteral("file"), fileName},
-          {QStringLiteral("line"), finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
-          {QStringLiteral("severity"), SParamFinding::severityText(finding.severity)},
-          {QStringLiteral("code"), SParamFinding::codeText(finding.code)},
-          {QStringLiteral("hardwareId"), labels.of(finding.hardwareId)},
-          {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},
-          {QStringLiteral("group"), finding.groupPath},
-          {QStringLiteral("name"), labels.of(finding.name)},
-          {QStringLiteral("value"), finding.value},
-          {QStringLiteral("text"), finding.text}};
+  return {{"file", fileName},
+          {"line", finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
+          {"severity", SParamFinding::severityText(finding.severity)},
+          {"code", SParamFinding::codeText(finding.code)},
+          {"hardwareId", labels.of(finding.hardwareId)},
+          {"subDevice", hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},
+          {"group", finding.groupPath},
+          {"name", labels.of(finding.name)},
+          {"value", finding.value},
+          {"text", finding.text}};
 }
 
 EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation, COutput& out) {
-  const auto [infos, warnings, errors] = count(files);
-  if (invocation.wantsJson()) {
-    QJsonArray array;
-    for (const SChecked& file : files)
-      for (const SParamFinding& finding : file.findings)
+  std::array<int, 3> counts{};  // by SParamFinding::ESeverity
+  QJsonArray array;
+  for (const SChecked& file : files) {
+    for (const SParamFinding& finding : file.findings) {
+      ++counts.at(static_cast<std::size_t>(finding.severity));
+      if (invocation.wantsJson())
         array.append(toJson(file.fileName, finding, out.labels()));
-    out.json({{QStringLiteral("errors"), errors},
-              {QStringLiteral("warnings"), warnings},
-              {QStringLiteral("infos"), infos},
-              {QStringLiteral("findings"), array}});
+      else
+        out.line(toLine(file.fileName, finding, out));
+    }
+  }
+  const auto [infos, warnings, errors] = counts;
+  if (invocation.wantsJson()) {
+    out.json({{"errors", errors}, {"warnings", warnings}, {"infos", infos}, {"findings", array}});
   } else {
-    for (const SChecked& file : files) print(file, out);
     out.line(Tool::tr("errors %1, warnings %2, infos %3")
                  .arg(QString::number(errors), QString::number(warnings), QString::number(infos)));
   }
@@ -131,10 +122,7 @@ class CChecking {
     }
     CLoadedFile loaded(mOut);
     if (!loaded.loadValues(fileName, mInvocation)) return ExitFile;
-    if (mInvocation.isSet(NOptions::kHardwareId) &&
-        !loaded.selectHardwareId(mInvocation.value(NOptions::kHardwareId))) {
-      return ExitFindings;
-    }
+    if (loaded.hardwareIds(mInvocation).isEmpty()) return ExitFindings;
     mOut.progress().doing(Tool::tr("Checking %1 …").arg(fileName));
     // All value files are checked against the same ones.
     if (mChecked.isEmpty()) addDefinitions(mInvocation.value(NOptions::kDef), loaded);
@@ -171,24 +159,21 @@ EExitStatus check(const CInvocation& invocation, COutput& out) {
 
 QVector<SCommand> checkCommands() {
   return {
-      {QStringLiteral("check"),
+      {"check",
        Tool::tr("Find what is wrong with values and definitions."),
        Tool::tr("Lists all findings with file and line: values that are not of their type, beyond "
                 "their limits or not a choice, unnamed bits, parameters that are not defined, "
                 "wrong ids, hardware ids that give a sub-device different types or names, and bad "
                 "definitions. Without a value file, definitions alone are checked. Several value "
-                "files are checked against the same definitions.\n"
-                "The exit status is 1 when there "
+                "files are checked against the same definitions.\nThe exit status is 1 when there "
                 "are errors or warnings."),
-       {{QStringLiteral("FILE"), Tool::tr("Value files, or definition files."), EWord::File,
-         SArgument::OneOrMore}},
+       {{"FILE", Tool::tr("Value files, or definition files."), EWord::File, SArgument::OneOrMore}},
        {NOptions::def(Tool::tr("The definition file; needed for value files.")),
-        NOptions::hardwareId(Tool::tr("Only this hardware id.")),
+        NOptions::hardwareId(),
         {kMissing,
          {},
          Tool::tr("List what is defined but missing, too, for each hardware id; these are infos.")},
         NOptions::json()},
-       {QStringLiteral("check TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
-        QStringLiteral("check TwoAxisDrive.xpdef")},
+       {"check TwoAxisDrive.xparam --def TwoAxisDrive.xpdef", "check TwoAxisDrive.xpdef"},
        check}};
 }

@@ -1,14 +1,12 @@
-#include "CCompensationFindings.h"
 #include "CCompensationPlot.h"
+#include "CCompensationReport.h"
 #include "Command.h"
-#include "NCompensationTable.h"
 #include "NSafeWrite.h"
 
 #include <algorithm>
 
 namespace {
 
-using namespace NCompensationTable;
 using EFormat = ICCompensationFile::EDataPointFormat;
 
 const QLatin1String kTo("to");
@@ -22,19 +20,18 @@ EExitStatus check(const CInvocation& invocation, COutput& out) {
   const QString fileName = invocation.argument(0);
   CLoadedFile loaded(out);
   if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
-  const ICCompensationFile& table = *loaded.compensation();
-  const CCompensationFindings findings(table);
+  const CCompensationReport table(*loaded.compensation());
   if (invocation.wantsJson()) {
-    QJsonObject object{{QStringLiteral("file"), fileName}};
-    addTable(table, findings, object);
-    object.insert(QStringLiteral("wrongPoints"), pointsJson(table, findings, WrongPoints));
+    QJsonObject object{{"file", fileName}};
+    table.addTo(object);
+    object.insert("wrongPoints", table.pointsJson(CCompensationReport::WrongPoints));
     out.json(object);
   } else {
-    print(table, findings, out);
-    printPoints(table, findings, WrongPoints, out);
-    if (findings.isEmpty()) out.line(Tool::tr("Nothing is wrong."));
+    table.print(out);
+    table.printPoints(CCompensationReport::WrongPoints, out);
+    if (table.isGood()) out.line(Tool::tr("Nothing is wrong."));
   }
-  return findings.isEmpty() ? ExitDone : ExitFindings;
+  return table.isGood() ? ExitDone : ExitFindings;
 }
 
 // --- convert
@@ -47,15 +44,15 @@ bool losesAdjustments(const ICCompensationFile& table) {
   });
 }
 
-void printConversion(const CInvocation& invocation, const ICCompensationFile& table, EFormat wanted,
-                     const QString& written, COutput& out) {
-  const QString to = formatName(wanted);
+void printConversion(const CInvocation& invocation, const ICCompensationFile& table,
+                     const QString& to, const QString& written, COutput& out) {
+  const QString from = CCompensationReport::formatName(table.detectedDataPointFormat());
   if (invocation.wantsJson()) {
-    out.json({{QStringLiteral("file"), invocation.argument(0)},
-              {QStringLiteral("from"), textOrNull(formatName(table.detectedDataPointFormat()))},
-              {QStringLiteral("to"), to},
-              {QStringLiteral("count"), table.count()},
-              {QStringLiteral("written"), textOrNull(written)}});
+    out.json({{"file", invocation.argument(0)},
+              {"from", textOrNull(from)},
+              {"to", to},
+              {"count", table.count()},
+              {"written", textOrNull(written)}});
   } else if (table.count() == 0) {
     out.line(Tool::tr("The table has no points to convert; nothing was written."));
   } else if (written.isEmpty()) {
@@ -66,39 +63,36 @@ void printConversion(const CInvocation& invocation, const ICCompensationFile& ta
   }
 }
 
-EExitStatus convertTo(EFormat wanted, const CInvocation& invocation, COutput& out) {
+EExitStatus convert(const CInvocation& invocation, COutput& out) {
+  const QString current = CCompensationReport::formatName(ICCompensationFile::CurrentFormat);
+  const QString old = CCompensationReport::formatName(ICCompensationFile::OldFormat);
+  const QString to = invocation.value(kTo, current);
+  if (to != current && to != old) {
+    return invocation.wrongUsage(
+        Tool::tr("\"%1\" is not a format of points; use \"%2\" or \"%3\".").arg(to, current, old),
+        out);
+  }
+  const EFormat wanted =
+      to == old ? ICCompensationFile::OldFormat : ICCompensationFile::CurrentFormat;
   const QString fileName = invocation.argument(0);
   CLoadedFile loaded(out);
   if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
   ICCompensationFile& table = *loaded.compensation();
-  const EFormat found = table.detectedDataPointFormat();
   if (losesAdjustments(table)) {
-    out.message(fileName,
-                Tool::tr("there are adjustments in both formats, and only those in the format of "
-                         "the first point are read; converting would lose the others."));
+    loaded.message(
+        Tool::tr("there are adjustments in both formats, and only those in the format "
+                 "of the first point are read; converting would lose the others."));
     return ExitFindings;
   }
   QString written;
-  if (table.count() > 0 && found != wanted) {
-    const bool isInPlace = !invocation.isSet(NOptions::kOutput);
-    written = isInPlace ? fileName : invocation.value(NOptions::kOutput);
+  if (table.count() > 0 && table.detectedDataPointFormat() != wanted) {
+    written = invocation.value(NOptions::kOutput, fileName);
     if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFile;
     table.setDataPointSaveFormat(wanted);
     if (!loaded.saveCompensation(written)) return ExitFile;
   }
-  printConversion(invocation, table, wanted, written, out);
+  printConversion(invocation, table, to, written, out);
   return ExitDone;
-}
-
-EExitStatus convert(const CInvocation& invocation, COutput& out) {
-  const QString current = formatName(ICCompensationFile::CurrentFormat);
-  const QString old = formatName(ICCompensationFile::OldFormat);
-  const QString to = invocation.isSet(kTo) ? invocation.value(kTo) : current;
-  if (to == current) return convertTo(ICCompensationFile::CurrentFormat, invocation, out);
-  if (to == old) return convertTo(ICCompensationFile::OldFormat, invocation, out);
-  return invocation.wrongUsage(
-      Tool::tr("\"%1\" is not a format of points; use \"%2\" or \"%3\".").arg(to, current, old),
-      out);
 }
 
 // --- plot
@@ -110,83 +104,66 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
   if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFile;
 
-  const ICCompensationFile& table = *loaded.compensation();
-  const CCompensationFindings findings(table);
+  const CCompensationReport table(*loaded.compensation());
   const QString unit = invocation.value(kUnit);
-  const QString adjustmentUnit =
-      invocation.isSet(kAdjustmentUnit) ? invocation.value(kAdjustmentUnit) : unit;
-  const CCompensationPlot image(table, {invocation.value(kTitle), unit, adjustmentUnit});
+  const CCompensationPlot image(*loaded.compensation(), {invocation.value(kTitle), unit,
+                                                         invocation.value(kAdjustmentUnit, unit)});
   if (!NSafeWrite::bytes(picture, image.toSvg(), out)) return ExitFile;
   if (invocation.wantsJson()) {
-    QJsonObject object{{QStringLiteral("file"), fileName},
-                       {QStringLiteral("written"), picture},
-                       {QStringLiteral("notShown"), image.skippedPoints()}};
-    addTable(table, findings, object);
+    QJsonObject object{
+        {"file", fileName}, {"written", picture}, {"notShown", image.skippedPoints()}};
+    table.addTo(object);
     out.json(object);
   } else {
-    print(table, findings, out);
+    table.print(out);
     if (image.skippedPoints() > 0)
       out.line(Tool::tr("Points not shown: %1").arg(image.skippedPoints()));
   }
   return ExitDone;
 }
 
-// --- The records
-
 SArgument fileArgument() {
-  return {QStringLiteral("FILE"), Tool::tr("A compensation file."), EWord::File};
-}
-
-SCommand checkCommand() {
-  return {QStringLiteral("compensation check"),
-          Tool::tr("Tell what is wrong with a table, point by point."),
-          Tool::tr("The range must not be empty, and the positions must lie in it and grow; only "
-                   "the first %1 points are ever valid. After a point that is too far, all points "
-                   "not beyond it are wrong, too. Texts that are not numbers and points that lack "
-                   "something are also listed. The exit status is 1 when there is anything.")
-              .arg(ICCompensationFile::kMaxPoints),
-          {fileArgument()},
-          {NOptions::json()},
-          {QStringLiteral("compensation check SpindleCompensation.xcomp")},
-          check};
-}
-
-SCommand convertCommand() {
-  return {
-      QStringLiteral("compensation convert"),
-      Tool::tr("Write the points of a table in the current format, or in the old one."),
-      Tool::tr("The formats differ in the name of an element only; the texts of all values stay as "
-               "they are. A file whose points are in that format already is left alone."),
-      {fileArgument()},
-      {NOptions::choice(kTo, {QStringLiteral("current"), QStringLiteral("old")},
-                        Tool::tr("\"current\", unless given, or \"old\".")),
-       NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::json()},
-      {QStringLiteral("compensation convert SpindleCompensationOld.xcomp"),
-       QStringLiteral(
-           "compensation convert SpindleCompensation.xcomp --to old -o ForTheOldDrive.xcomp")},
-      convert};
-}
-
-SCommand plotCommand() {
-  return {
-      QStringLiteral("compensation plot"),
-      Tool::tr("Draw a table as an SVG picture that fills a page when printed."),
-      Tool::tr("Shows the points, the linear course between them, wrong points with their numbers, "
-               "and the range. Units are printed with the axes; no value is converted."),
-      {fileArgument()},
-      {NOptions::required(NOptions::output(Tool::tr("The picture to write."))),
-       {kUnit, QStringLiteral("UNIT"), Tool::tr("The unit of the positions in the file.")},
-       {kAdjustmentUnit, QStringLiteral("UNIT"),
-        Tool::tr("The unit of the adjustments in the file; that of --unit unless given.")},
-       {kTitle, QStringLiteral("TEXT"), Tool::tr("The title, instead of the comment in the file.")},
-       NOptions::json()},
-      {QStringLiteral(
-          "compensation plot SpindleCompensation.xcomp -o SpindleCompensation.svg --unit mm")},
-      plot};
+  return {"FILE", Tool::tr("A compensation file."), EWord::File};
 }
 
 }  // namespace
 
 QVector<SCommand> compensationCommands() {
-  return {checkCommand(), convertCommand(), plotCommand()};
+  return {{"compensation check",
+           Tool::tr("Tell what is wrong with a table, point by point."),
+           Tool::tr("The range must not be empty, and the positions must lie in it and grow; only "
+                    "the first %1 points are ever valid. After a point that is too far, all points "
+                    "not beyond it are wrong, too. Texts that are not numbers and points that lack "
+                    "something are also listed. The exit status is 1 when there is anything.")
+               .arg(ICCompensationFile::kMaxPoints),
+           {fileArgument()},
+           {NOptions::json()},
+           {"compensation check SpindleCompensation.xcomp"},
+           check},
+          {"compensation convert",
+           Tool::tr("Write the points of a table in the current format, or in the old one."),
+           Tool::tr(
+               "The formats differ in the name of an element only; the texts of all values stay as "
+               "they are. A file whose points are in that format already is left alone."),
+           {fileArgument()},
+           {NOptions::choice(kTo, {"current", "old"},
+                             Tool::tr("\"current\", unless given, or \"old\".")),
+            NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::json()},
+           {"compensation convert SpindleCompensationOld.xcomp",
+            "compensation convert SpindleCompensation.xcomp --to old -o ForTheOldDrive.xcomp"},
+           convert},
+          {"compensation plot",
+           Tool::tr("Draw a table as an SVG picture that fills a page when printed."),
+           Tool::tr(
+               "Shows the points, the linear course between them, wrong points with their numbers, "
+               "and the range. Units are printed with the axes; no value is converted."),
+           {fileArgument()},
+           {NOptions::required(NOptions::output(Tool::tr("The picture to write."))),
+            {kUnit, "UNIT", Tool::tr("The unit of the positions in the file.")},
+            {kAdjustmentUnit, "UNIT",
+             Tool::tr("The unit of the adjustments in the file; that of --unit unless given.")},
+            {kTitle, "TEXT", Tool::tr("The title, instead of the comment in the file.")},
+            NOptions::json()},
+           {"compensation plot SpindleCompensation.xcomp -o SpindleCompensation.svg --unit mm"},
+           plot}};
 }

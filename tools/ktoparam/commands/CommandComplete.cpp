@@ -16,21 +16,22 @@ class CKnownNames {
       case EWord::HardwareId:
         visit(SFileInfo::Values,
               [this](const ICParameterFile& file) { mNames += file.hardwareIds(); });
-        return mNames;
+        break;
       case EWord::SubDevice:
         visitHardwareIds([this](const ICParameterFile& file) {
           for (const quint8 id : file.subDeviceIds()) mNames.append(QString::number(id));
         });
-        return mNames;
-      case EWord::Parameter:
-        return parameters();
-      case EWord::Assignment:
-        return assignments();
-      case EWord::Text:
-      case EWord::File:
         break;
+      case EWord::Parameter:
+        addParameters();
+        break;
+      case EWord::Assignment:
+        addAssignments();
+        break;
+      default:
+        return mCompletion.choices();
     }
-    return mCompletion.choices();
+    return mNames;
   }
 
  private:
@@ -54,7 +55,7 @@ class CKnownNames {
   }
 
   /// Of value files, or of definition files where there are no values.
-  QStringList parameters() {
+  void addParameters() {
     const auto subDevice = CInvocation::toSubDevice(mCompletion.value(NOptions::kSubDevice));
     visitHardwareIds([&](const ICParameterFile& file) {
       mNames += subDevice ? file.paramNames(*subDevice) : NParameterLookup::allNames(file);
@@ -63,23 +64,20 @@ class CKnownNames {
       visit(SFileInfo::Definitions,
             [this](const ICParameterFile& file) { mNames += file.defNames(); });
     }
-    return mNames;
   }
 
   /// "NAME=", or the names of the choices after it.
-  QStringList assignments() {
+  void addAssignments() {
     const int sign = mCompletion.typed().indexOf(QLatin1Char('='));
     if (sign < 0) {
-      parameters();
+      addParameters();
       for (QString& each : mNames) each += QLatin1Char('=');
-      return mNames;
     }
     const QString name = mCompletion.typed().left(sign);
     visit(SFileInfo::Definitions, [&](const ICParameterFile& file) {
       for (const auto& each : CParamValueText::choices(file.paramDef(name)))
         mNames.append(name + QLatin1Char('=') + each.name);
     });
-    return mNames;
   }
 
   const CCompletion& mCompletion;
@@ -93,7 +91,7 @@ EExitStatus complete(const CInvocation& invocation, COutput& out) {
       allCommands(),
       CShellLine(invocation.argument(0), invocation.argument(1), invocation.argument(2)));
   const bool wantsFile = completion.word() == EWord::File;
-  out.line(wantsFile ? QStringLiteral("files") : QStringLiteral("words"));
+  out.line(wantsFile ? "files" : "words");
   for (const QString& word : completion.replacements(CKnownNames(completion, out).candidates()))
     out.line(word);
   return ExitDone;
@@ -102,12 +100,5 @@ EExitStatus complete(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> completeCommands() {
-  return {
-      {QStringLiteral("complete"),
-       {},
-       {},
-       {{QStringLiteral("HEAD"), {}}, {QStringLiteral("TAIL"), {}}, {QStringLiteral("BREAKS"), {}}},
-       {},
-       {},
-       complete}};
+  return {{"complete", {}, {}, {{"HEAD", {}}, {"TAIL", {}}, {"BREAKS", {}}}, {}, {}, complete}};
 }

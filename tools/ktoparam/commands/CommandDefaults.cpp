@@ -4,77 +4,61 @@
 #include "NParameterLookup.h"
 #include "NSuggestion.h"
 
-#include <optional>
-
 namespace {
 
-/// Names, or patterns with "*" and "?". Without any, every name matches.
-class CNamePatterns {
- public:
-  explicit CNamePatterns(const QStringList& patterns) : mTexts(patterns), mUsed(patterns.size()) {
-    for (const QString& text : patterns) mPatterns.append(text.toUcs4());
-  }
-
-  bool matches(const QString& name) {
-    const QVector<uint> characters = name.toUcs4();
-    bool found = mPatterns.isEmpty();
-    for (int i = 0; i < mPatterns.size(); ++i) {
-      if (!matches(mPatterns.at(i), characters)) continue;
-      mUsed[i] = true;
-      found = true;
-    }
-    return found;
-  }
-
-  /// Those that matched nothing.
-  QStringList unused() const {
-    QStringList texts;
-    for (int i = 0; i < mTexts.size(); ++i)
-      if (!mUsed.at(i)) texts.append(mTexts.at(i));
-    return texts;
-  }
-
- private:
-  // Names are not paths: a "*" matches "/", too. When a piece of the pattern does not fit, only
-  // the last "*" takes one more character; another way for those before it would not help. So the
-  // time grows with the name, whatever the pattern.
-  static bool matches(const QVector<uint>& pattern, const QVector<uint>& name) {
-    int inPattern = 0;
-    int behindStar = -1;  // in the pattern
-    int taken = 0;        // up to where that "*" takes the name
-    for (int inName = 0; inName < name.size();) {
-      const uint wanted = pattern.value(inPattern);
-      const bool isWithin = inPattern < pattern.size();
-      if (isWithin && wanted == '*') {
-        behindStar = ++inPattern;
-        taken = inName;
-      } else if (isWithin && (wanted == '?' || wanted == name.at(inName))) {
-        ++inPattern;
-        ++inName;
-      } else if (behindStar >= 0) {
-        inPattern = behindStar;
-        inName = ++taken;
-      } else {
-        return false;
-      }
-    }
-    while (inPattern < pattern.size() && pattern.at(inPattern) == '*') ++inPattern;
-    return inPattern == pattern.size();
-  }
-
-  const QStringList mTexts;
-  QVector<QVector<uint>> mPatterns;
-  QVector<bool> mUsed;
+/// A name, or a pattern with "*" and "?".
+struct SNamePattern {
+  QString text;
+  QVector<uint> characters = text.toUcs4();
+  bool isUsed = false;  ///< a name matched
 };
 
+// Names are not paths: a "*" matches "/", too. When a piece of the pattern does not fit, only
+// the last "*" takes one more character; another way for those before it would not help. So the
+// time grows with the name, whatever the pattern.
+bool matches(const QVector<uint>& pattern, const QVector<uint>& name) {
+  int inPattern = 0;
+  int behindStar = -1;  // in the pattern
+  int taken = 0;        // up to where that "*" takes the name
+  for (int inName = 0; inName < name.size();) {
+    const uint wanted = pattern.value(inPattern);
+    const bool isWithin = inPattern < pattern.size();
+    if (isWithin && wanted == '*') {
+      behindStar = ++inPattern;
+      taken = inName;
+    } else if (isWithin && (wanted == '?' || wanted == name.at(inName))) {
+      ++inPattern;
+      ++inName;
+    } else if (behindStar >= 0) {
+      inPattern = behindStar;
+      inName = ++taken;
+    } else {
+      return false;
+    }
+  }
+  while (inPattern < pattern.size() && pattern.at(inPattern) == '*') ++inPattern;
+  return inPattern == pattern.size();
+}
+
+/// Without a pattern, every name matches.
+bool matchesAny(QVector<SNamePattern>& patterns, const QString& name) {
+  const QVector<uint> characters = name.toUcs4();
+  bool found = patterns.isEmpty();
+  for (SNamePattern& pattern : patterns) {
+    if (!matches(pattern.characters, characters)) continue;
+    pattern.isUsed = true;
+    found = true;
+  }
+  return found;
+}
+
 /// Sets what matches to its default.
-SEditCounts setDefaults(const CLoadedFile& loaded, std::optional<quint8> subDevice,
-                        CNamePatterns& patterns) {
+SEditCounts setDefaults(const CLoadedFile& loaded, QVector<SNamePattern>& patterns) {
   ICParameterFile& file = loaded.file();
   SEditCounts counts;
-  for (const quint8 id : loaded.subDevices(subDevice)) {
+  for (const quint8 id : loaded.chosenSubDevices()) {
     for (const QString& name : file.paramNames(id)) {
-      if (!patterns.matches(name)) continue;
+      if (!matchesAny(patterns, name)) continue;
       const CParamDefItem definition = file.paramDef(name);
       if (definition.name().isEmpty()) {
         ++counts.unknown;
@@ -95,37 +79,39 @@ EExitStatus defaults(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   const EExitStatus opened = loaded.openToEdit(invocation);
   if (opened != ExitDone) return opened;
-  CNamePatterns patterns(invocation.argumentsFrom(1));
+  QVector<SNamePattern> patterns;
+  for (const QString& text : invocation.argumentsFrom(1)) patterns.append(SNamePattern{text});
   CValueEdit edit(loaded, invocation, out);
-  const SEditCounts counts = setDefaults(loaded, invocation.subDevice(), patterns);
-  const QStringList unused = patterns.unused();
-  for (const QString& pattern : unused) {
-    loaded.message(Tool::tr("no parameter matches \"%1\".%2")
-                       .arg(pattern, NParameterLookup::didYouMean(
-                                         pattern, NParameterLookup::allNames(loaded.file()))));
+  const SEditCounts counts = setDefaults(loaded, patterns);
+  bool isGood = true;
+  for (const SNamePattern& pattern : qAsConst(patterns)) {
+    if (pattern.isUsed) continue;
+    isGood = false;
+    loaded.message(
+        Tool::tr("no parameter matches \"%1\".%2")
+            .arg(pattern.text, NParameterLookup::didYouMean(
+                                   pattern.text, NParameterLookup::allNames(loaded.file()))));
   }
-  if (!unused.isEmpty()) return ExitFindings;
+  if (!isGood) return ExitFindings;
   return counts.failed > 0 ? edit.refuse(counts) : edit.finish(counts);
 }
 
 }  // namespace
 
 QVector<SCommand> defaultsCommands() {
-  return {{QStringLiteral("defaults"),
+  return {{"defaults",
            Tool::tr("Set parameters to the defaults of their definitions."),
            Tool::tr("Without a pattern all parameters of the hardware id are set. In a pattern "
                     "\"*\" matches any characters and \"?\" one; put it in quotes, or the shell "
                     "looks for files. Parameters that are not defined, or whose definition has no "
                     "default, are left as they are and counted as unknown or kept. A pattern that "
                     "no name matches is an error, and nothing is changed then."),
-           {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
-            {QStringLiteral("PATTERN"), Tool::tr("Names of parameters, or patterns."),
-             EWord::Parameter, SArgument::AnyNumber}},
+           {NOptions::valueFile(),
+            {"PATTERN", Tool::tr("Names of parameters, or patterns."), EWord::Parameter,
+             SArgument::AnyNumber}},
            {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
-            NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
-            NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")), NOptions::dryRun(),
-            NOptions::json()},
-           {QStringLiteral("defaults TwoAxisDrive.xparam \"Velocity*\" --def TwoAxisDrive.xpdef "
-                           "--hardware-id KTO-2A-16 --dry-run")},
+            NOptions::oneHardwareId(), NOptions::subDevice(), NOptions::dryRun(), NOptions::json()},
+           {"defaults TwoAxisDrive.xparam \"Velocity*\" --def TwoAxisDrive.xpdef "
+            "--hardware-id KTO-2A-16 --dry-run"},
            defaults}};
 }

@@ -1,5 +1,4 @@
 #include "Command.h"
-#include "SFileInfo.h"
 
 namespace {
 
@@ -12,29 +11,26 @@ EExitStatus detect(const CInvocation& invocation, COutput& out) {
     const bool isKnown = info && info->kind != SFileInfo::Unknown;
     status = qMax(status, !info ? ExitFile : isKnown ? ExitDone : ExitFindings);
     if (!info) continue;
-    files.append(QJsonObject{{QStringLiteral("file"), fileName},
-                             {QStringLiteral("fileType"), textOrNull(info->typeName)},
-                             {QStringLiteral("version"), textOrNull(info->versionText())},
-                             {QStringLiteral("comment"), info->comment}});
+    files.append(QJsonObject{{"file", fileName},
+                             {"fileType", textOrNull(info->typeName)},
+                             {"version", textOrNull(info->versionText())},
+                             {"comment", info->comment}});
     table.addRow({NDisplayText::shown(fileName), isKnown ? info->typeName : Tool::tr("unknown"),
                   info->versionText(), NDisplayText::shownOrNothing(info->comment)});
   }
-  if (invocation.wantsJson())
-    out.json({{QStringLiteral("files"), files}});
-  else
-    table.print(out);
+  invocation.print(table, {{"files", files}}, out);
   return status;
 }
 
 }  // namespace
 
 QVector<SCommand> detectCommands() {
-  return {{QStringLiteral("detect"),
+  return {{"detect",
            Tool::tr("Tell the type, the version and the comment of files."),
            Tool::tr("The type is the name of the root element, when it is that of a parameter "
                     "file. The exit status is 1 when a type is not known."),
-           {{QStringLiteral("FILE"), Tool::tr("Any files."), EWord::File, SArgument::OneOrMore}},
+           {{"FILE", Tool::tr("Any files."), EWord::File, SArgument::OneOrMore}},
            {NOptions::json()},
-           {QStringLiteral("detect TwoAxisDrive.xpdef TwoAxisDrive.xparam")},
+           {"detect TwoAxisDrive.xpdef TwoAxisDrive.xparam"},
            detect}};
 }

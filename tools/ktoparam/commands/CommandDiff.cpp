@@ -47,8 +47,7 @@ class CSides {
   bool select() {
     if (mInvocation.isSet(NOptions::kHardwareId)) {
       const QString oldId = mInvocation.value(NOptions::kHardwareId);
-      const bool isOther = mInvocation.isSet(kNewHardwareId);
-      mHardwareIds = {{oldId, isOther ? mInvocation.value(kNewHardwareId) : oldId}};
+      mHardwareIds = {{oldId, mInvocation.value(kNewHardwareId, oldId)}};
       if (!mOld.selectHardwareId(oldId) || !mNew.selectHardwareId(mHardwareIds.first().second))
         return false;
     } else {
@@ -99,9 +98,9 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
   out.progress().doing(Tool::tr("Comparing …"));
   const CParamDifferences differences = sides.compare();
   if (invocation.wantsJson()) {
-    out.json({{QStringLiteral("old"), sides.oldName()},
-              {QStringLiteral("new"), sides.newName()},
-              {QStringLiteral("differences"), NDifferences::toJson(differences, out.labels())}});
+    out.json({{"old", sides.oldName()},
+              {"new", sides.newName()},
+              {"differences", NDifferences::toJson(differences, out.labels())}});
   } else {
     NDifferences::print(differences, sides.definitions(), out);
   }
@@ -112,30 +111,24 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
 
 QVector<SCommand> diffCommands() {
   return {
-      {QStringLiteral("diff"),
+      {"diff",
        Tool::tr("Show how the values of two files differ."),
        Tool::tr("Lists what was added, removed, changed and moved to another group. With --def, "
                 "values that are the same number are equal, however they are written. The order of "
-                "parameters, the date and the comment do not count as differences.\n"
-                "Two hardware "
+                "parameters, the date and the comment do not count as differences.\nTwo hardware "
                 "ids or two sub-devices can be compared, too, also of one file; the list shows "
                 "those of NEW then. Files of other kinds can be compared as \"ktoparam text\" "
-                "prints them.\n"
-                "The exit status is 1 when there are differences."),
-       {{QStringLiteral("OLD"), Tool::tr("A value file."), EWord::File},
-        {QStringLiteral("NEW"), Tool::tr("A value file; OLD unless given."), EWord::File,
-         SArgument::NoneOrOne}},
+                "prints them.\nThe exit status is 1 when there are differences."),
+       {{"OLD", Tool::tr("A value file."), EWord::File},
+        {"NEW", Tool::tr("A value file; OLD unless given."), EWord::File, SArgument::NoneOrOne}},
        {NOptions::def(Tool::tr("The definition file.")),
-        NOptions::hardwareId(Tool::tr("Only this hardware id.")),
-        {kNewHardwareId, QStringLiteral("ID"), Tool::tr("Compare it with this one of NEW."),
-         EWord::HardwareId},
-        NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
-        {kNewSubDevice, QStringLiteral("N"), Tool::tr("Compare it with this one of NEW."),
-         EWord::SubDevice},
+        NOptions::hardwareId(),
+        {kNewHardwareId, "ID", Tool::tr("Compare it with this one of NEW."), EWord::HardwareId},
+        NOptions::subDevice(),
+        {kNewSubDevice, "N", Tool::tr("Compare it with this one of NEW."), EWord::SubDevice},
         NOptions::json()},
-       {QStringLiteral("diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef"),
-        QStringLiteral(
-            "diff TwoAxisDrive.xparam --hardware-id KTO-2A-16 --new-hardware-id KTO-2A-32"),
-        QStringLiteral("diff TwoAxisDrive.xparam --sub-device 2 --new-sub-device 3")},
+       {"diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef",
+        "diff TwoAxisDrive.xparam --hardware-id KTO-2A-16 --new-hardware-id KTO-2A-32",
+        "diff TwoAxisDrive.xparam --sub-device 2 --new-sub-device 3"},
        diff}};
 }

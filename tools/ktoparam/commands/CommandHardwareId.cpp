@@ -17,12 +17,11 @@ void print(const CLoadedFile& loaded, const CInvocation& invocation, COutput& ou
     }
     table.addRow({out.labels().shown(hardwareId), QString::number(subDevices.size()),
                   QString::number(parameters)});
-    array.append(QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
-                             {QStringLiteral("subDevices"), subDevices},
-                             {QStringLiteral("parameters"), parameters}});
+    array.append(QJsonObject{{"id", out.labels().of(hardwareId)},
+                             {"subDevices", subDevices},
+                             {"parameters", parameters}});
   }
-  if (!invocation.wantsJson()) return table.print(out);
-  out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
+  invocation.print(table, {{"file", loaded.fileName()}, {"hardwareIds", array}}, out);
 }
 
 /// Loads the file, edits it, saves it unless it is a dry run, and prints what it has then.
@@ -31,21 +30,14 @@ EExitStatus edit(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   if (!loaded.load(invocation.argument(0), SFileInfo::Values) || !loaded.canSave()) return ExitFile;
   if (!change(loaded, invocation)) return ExitFindings;
-  const bool isDryRun = invocation.isDryRun();
-  if (!isDryRun && !loaded.save()) return ExitFile;
+  if (!invocation.isDryRun() && !loaded.save()) return ExitFile;
   print(loaded, invocation, out);
-  if (isDryRun && !invocation.wantsJson()) out.line(NOptions::dryRunNote());
   return ExitDone;
 }
 
 /// Selecting the source first gives a message that knows the ids that there are.
 bool selectSource(CLoadedFile& loaded, const CInvocation& invocation) {
   return loaded.selectHardwareId(invocation.argument(1));
-}
-
-/// Blanks around a hardware id do not survive a load.
-QString newId(const CInvocation& invocation) {
-  return invocation.argument(2).trimmed();
 }
 
 bool isUsable(const CLoadedFile& loaded, const QString& hardwareId) {
@@ -61,14 +53,12 @@ bool isUsable(const CLoadedFile& loaded, const QString& hardwareId) {
   return true;
 }
 
-bool clone(CLoadedFile& loaded, const CInvocation& invocation) {
-  return selectSource(loaded, invocation) && isUsable(loaded, newId(invocation)) &&
-         loaded.file().cloneHardwareId(invocation.argument(1), newId(invocation));
-}
-
-bool rename(CLoadedFile& loaded, const CInvocation& invocation) {
-  return selectSource(loaded, invocation) && isUsable(loaded, newId(invocation)) &&
-         loaded.file().renameHardwareId(invocation.argument(1), newId(invocation));
+/// Clones or renames. Blanks around a hardware id do not survive a load.
+template <bool (ICParameterFile::*change)(const QString&, const QString&)>
+bool toNewId(CLoadedFile& loaded, const CInvocation& invocation) {
+  const QString newId = invocation.argument(2).trimmed();
+  return selectSource(loaded, invocation) && isUsable(loaded, newId) &&
+         (loaded.file().*change)(invocation.argument(1), newId);
 }
 
 bool remove(CLoadedFile& loaded, const CInvocation& invocation) {
@@ -77,10 +67,9 @@ bool remove(CLoadedFile& loaded, const CInvocation& invocation) {
   QStringList others = loaded.file().hardwareIds();
   others.removeOne(hardwareId);
   if (others.isEmpty()) {
-    loaded.message(
-        Tool::tr(
-            "\"%1\" is the last hardware id, and a file must have one; delete the file instead.")
-            .arg(hardwareId));
+    loaded.message(Tool::tr("\"%1\" is the last hardware id, and a file must have one; "
+                            "delete the file instead.")
+                       .arg(hardwareId));
     return false;
   }
   return loaded.selectHardwareId(others.first()) && loaded.file().removeHardwareId(hardwareId);
@@ -94,46 +83,42 @@ EExitStatus runList(const CInvocation& invocation, COutput& out) {
 }
 
 SArgument idArgument(const QString& help) {
-  return {QStringLiteral("ID"), help, EWord::HardwareId};
-}
-
-SArgument newIdArgument() {
-  return {QStringLiteral("NEW-ID"), Tool::tr("The new hardware id.")};
+  return {"ID", help, EWord::HardwareId};
 }
 
 }  // namespace
 
 QVector<SCommand> hardwareIdCommands() {
   const QString details = Tool::tr("Prints the hardware ids that the file has then.");
+  const SArgument newId = {"NEW-ID", Tool::tr("The new hardware id.")};
   const QVector<SOption> options = {NOptions::dryRun(), NOptions::json()};
-  return {
-      {QStringLiteral("hardware-id list"),
-       Tool::tr("List the hardware ids of a file."),
-       {},
-       {NOptions::valueFile()},
-       {NOptions::json()},
-       {QStringLiteral("hardware-id list TwoAxisDrive.xparam")},
-       runList},
-      {QStringLiteral("hardware-id clone"),
-       Tool::tr("Copy a hardware id with all its values to a new one."),
-       details,
-       {NOptions::valueFile(), idArgument(Tool::tr("The hardware id to copy.")), newIdArgument()},
-       options,
-       {QStringLiteral("hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-64")},
-       edit<clone>},
-      {QStringLiteral("hardware-id rename"),
-       Tool::tr("Give a hardware id another name."),
-       details,
-       {NOptions::valueFile(), idArgument(Tool::tr("The current hardware id.")), newIdArgument()},
-       options,
-       {QStringLiteral("hardware-id rename TwoAxisDrive.xparam KTO-2A-16 KTO-2A-16B")},
-       edit<rename>},
-      {QStringLiteral("hardware-id remove"),
-       Tool::tr("Remove a hardware id with all its values."),
-       details,
-       {NOptions::valueFile(),
-        idArgument(Tool::tr("The hardware id to remove; not the last one."))},
-       options,
-       {QStringLiteral("hardware-id remove TwoAxisDrive.xparam KTO-2A-16")},
-       edit<remove>}};
+  return {{"hardware-id list",
+           Tool::tr("List the hardware ids of a file."),
+           {},
+           {NOptions::valueFile()},
+           {NOptions::json()},
+           {"hardware-id list TwoAxisDrive.xparam"},
+           runList},
+          {"hardware-id clone",
+           Tool::tr("Copy a hardware id with all its values to a new one."),
+           details,
+           {NOptions::valueFile(), idArgument(Tool::tr("The hardware id to copy.")), newId},
+           options,
+           {"hardware-id clone TwoAxisDrive.xparam KTO-2A-16 KTO-2A-64"},
+           edit<toNewId<&ICParameterFile::cloneHardwareId>>},
+          {"hardware-id rename",
+           Tool::tr("Give a hardware id another name."),
+           details,
+           {NOptions::valueFile(), idArgument(Tool::tr("The current hardware id.")), newId},
+           options,
+           {"hardware-id rename TwoAxisDrive.xparam KTO-2A-16 KTO-2A-16B"},
+           edit<toNewId<&ICParameterFile::renameHardwareId>>},
+          {"hardware-id remove",
+           Tool::tr("Remove a hardware id with all its values."),
+           details,
+           {NOptions::valueFile(),
+            idArgument(Tool::tr("The hardware id to remove; not the last one."))},
+           options,
+           {"hardware-id remove TwoAxisDrive.xparam KTO-2A-16"},
+           edit<remove>}};
 }

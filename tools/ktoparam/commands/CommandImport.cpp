@@ -6,17 +6,6 @@ namespace {
 const QLatin1String kSourceHardwareId("source-hardware-id");
 const QLatin1String kKeepMissing("keep-missing");
 
-SEditCounts countsOf(const NParamDef::SImportResult& result) {
-  SEditCounts counts;
-  counts.taken = result.taken;
-  counts.equal = result.equal;
-  counts.defaulted = result.defaulted;
-  counts.kept = result.kept;
-  counts.added = result.added;
-  counts.unknown = result.unknown;
-  return counts;
-}
-
 bool checkTypes(const CLoadedFile& destination, const CLoadedFile& source) {
   if (destination.info().type == source.info().type) return true;
   source.message(
@@ -66,35 +55,32 @@ EExitStatus import(const CInvocation& invocation, COutput& out) {
     destination.message(file.errorMsg());
     return ExitFindings;
   }
-  return edit.finish(countsOf(file.importResult()));
+  return edit.finish({file.importResult()});
 }
 
 }  // namespace
 
 QVector<SCommand> importCommands() {
-  return {
-      {QStringLiteral("import"),
-       Tool::tr("Take over the values of another file, or of another hardware id."),
-       Tool::tr("Every parameter of DEST gets the value that SOURCE has for the same sub-device "
-                "and name, or else the default of its definition. Parameters that only SOURCE has "
-                "are added when they are defined, and skipped (\"unknown\") when they are not. All "
-                "is done, or nothing.\n"
-                "DEST and SOURCE may be one file with two hardware "
-                "ids.\n"
-                "Prints how many parameters were taken, were equal already, got the default, "
-                "were kept, added, and so on."),
-       {{QStringLiteral("DEST"), Tool::tr("The value file to change."), EWord::File},
-        {QStringLiteral("SOURCE"), Tool::tr("The value file to take values from."), EWord::File}},
-       {NOptions::required(NOptions::def(Tool::tr("The definition file of DEST."))),
-        {kSourceHardwareId, QStringLiteral("ID"),
-         Tool::tr("The hardware id in SOURCE; needed when it has several."), EWord::HardwareId},
-        NOptions::hardwareId(Tool::tr("The hardware id in DEST; needed when it has several.")),
-        {kKeepMissing,
-         {},
-         Tool::tr("Leave what SOURCE lacks as it is, instead of setting it to its default.")},
-        NOptions::dryRun(),
-        NOptions::json()},
-       {QStringLiteral("import TwoAxisDrive.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef "
-                       "--source-hardware-id KTO-2A-16 --hardware-id KTO-2A-32 --dry-run")},
-       import}};
+  return {{"import",
+           Tool::tr("Take over the values of another file, or of another hardware id."),
+           Tool::tr("Every parameter of DEST gets the value that SOURCE has for the same "
+                    "sub-device and name, or else the default of its definition. Parameters that "
+                    "only SOURCE has are added when they are defined, and skipped (\"unknown\") "
+                    "when they are not. All is done, or nothing.\nDEST and SOURCE may be one file "
+                    "with two hardware ids.\nPrints how many parameters were taken, were equal "
+                    "already, got the default, were kept, added, and so on."),
+           {{"DEST", Tool::tr("The value file to change."), EWord::File},
+            {"SOURCE", Tool::tr("The value file to take values from."), EWord::File}},
+           {NOptions::required(NOptions::def(Tool::tr("The definition file of DEST."))),
+            {kSourceHardwareId, "ID",
+             Tool::tr("The hardware id in SOURCE; needed when it has several."), EWord::HardwareId},
+            NOptions::hardwareId(Tool::tr("The hardware id in DEST; needed when it has several.")),
+            {kKeepMissing,
+             {},
+             Tool::tr("Leave what SOURCE lacks as it is, instead of setting it to its default.")},
+            NOptions::dryRun(),
+            NOptions::json()},
+           {"import TwoAxisDrive.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef "
+            "--source-hardware-id KTO-2A-16 --hardware-id KTO-2A-32 --dry-run"},
+           import}};
 }

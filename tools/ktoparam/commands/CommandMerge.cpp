@@ -20,36 +20,30 @@ bool load(const CInvocation& invocation, CLoadedFile& base, CLoadedFile& ours,
          theirs.load(invocation.argument(2), SFileInfo::Values);
 }
 
-QJsonObject toJson(const SMergeConflict& conflict, const CLabels& labels) {
-  const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
-  return {
-      {QStringLiteral("subject"), SMergeConflict::subjectText(conflict.subject)},
-      {QStringLiteral("kind"), SMergeConflict::kindText(conflict.kind)},
-      {QStringLiteral("hardwareId"), labels.of(conflict.hardwareId)},
-      {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(conflict.subDevId) : QJsonValue()},
-      {QStringLiteral("group"), conflict.groupPath},
-      {QStringLiteral("name"), labels.of(conflict.name)},
-      {QStringLiteral("base"), presentOrNull(conflict.base)},
-      {QStringLiteral("ours"), presentOrNull(conflict.ours)},
-      {QStringLiteral("theirs"), presentOrNull(conflict.theirs)},
-      {QStringLiteral("text"), conflict.text()}};
-}
-
 void report(const CInvocation& invocation, const CMergeConflicts& conflicts, COutput& out) {
+  const CLabels& labels = out.labels();
   QJsonArray array;
   CTable table(
       {Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("CONFLICT")});
   for (const SMergeConflict& conflict : conflicts) {
     const bool hasSubDevice = conflict.subDevId != SMergeConflict::kNoSubDevice;
-    array.append(toJson(conflict, out.labels()));
-    table.addRow({out.labels().shownOrNothing(conflict.hardwareId),
+    array.append(
+        QJsonObject{{"subject", SMergeConflict::subjectText(conflict.subject)},
+                    {"kind", SMergeConflict::kindText(conflict.kind)},
+                    {"hardwareId", labels.of(conflict.hardwareId)},
+                    {"subDevice", hasSubDevice ? QJsonValue(conflict.subDevId) : QJsonValue()},
+                    {"group", conflict.groupPath},
+                    {"name", labels.of(conflict.name)},
+                    {"base", presentOrNull(conflict.base)},
+                    {"ours", presentOrNull(conflict.ours)},
+                    {"theirs", presentOrNull(conflict.theirs)},
+                    {"text", conflict.text()}});
+    table.addRow({labels.shownOrNothing(conflict.hardwareId),
                   hasSubDevice ? QString::number(conflict.subDevId) : QString(),
-                  out.labels().shownOrNothing(conflict.name),
-                  NDisplayText::escaped(conflict.text())});
+                  labels.shownOrNothing(conflict.name), NDisplayText::escaped(conflict.text())});
   }
-  if (!invocation.wantsJson()) return table.print(out);
-  out.json({{QStringLiteral("file"), invocation.value(NOptions::kOutput)},
-            {QStringLiteral("conflicts"), array}});
+  invocation.print(table, {{"file", invocation.value(NOptions::kOutput)}, {"conflicts", array}},
+                   out);
 }
 
 EExitStatus merge(const CInvocation& invocation, COutput& out) {
@@ -76,21 +70,20 @@ EExitStatus merge(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> mergeCommands() {
-  return {{QStringLiteral("merge"),
+  return {{"merge",
            Tool::tr("Merge the changes of two files that come from one."),
            Tool::tr("Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where "
                     "both changed the same thing differently, OUT keeps what OURS has, the "
                     "conflict is listed, and the exit status is 1. The date of the Head never "
-                    "conflicts. With an empty BASE, the files were made independently.\n"
-                    "OUT may be "
+                    "conflicts. With an empty BASE, the files were made independently.\nOUT may be "
                     "one of the three files, as a merge driver of git needs it."),
-           {{QStringLiteral("BASE"), Tool::tr("The value file that both come from."), EWord::File},
-            {QStringLiteral("OURS"), Tool::tr("One's own value file."), EWord::File},
-            {QStringLiteral("THEIRS"), Tool::tr("The other value file."), EWord::File}},
+           {{"BASE", Tool::tr("The value file that both come from."), EWord::File},
+            {"OURS", Tool::tr("One's own value file."), EWord::File},
+            {"THEIRS", Tool::tr("The other value file."), EWord::File}},
            {NOptions::required(NOptions::output(Tool::tr("Where the result goes to."))),
             NOptions::def(Tool::tr(
                 "The definition file: values that are the same number are not a conflict then.")),
             NOptions::json()},
-           {QStringLiteral("merge Base.xparam Ours.xparam Theirs.xparam -o Merged.xparam")},
+           {"merge Base.xparam Ours.xparam Theirs.xparam -o Merged.xparam"},
            merge}};
 }

@@ -1,7 +1,5 @@
 #include "Command.h"
 
-#include <QMap>
-
 namespace {
 
 /// The file that a motor is in.
@@ -39,16 +37,13 @@ EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
   QJsonArray list;
   CTable table({Tool::tr("MOTOR"), Tool::tr("FILE"), Tool::tr("COMMENT")});
   for (auto it = motors.cbegin(); it != motors.cend(); ++it) {
-    list.append(QJsonObject{{QStringLiteral("name"), out.labels().of(it.key())},
-                            {QStringLiteral("file"), it->file},
-                            {QStringLiteral("comment"), out.labels().of(it->comment)}});
+    list.append(QJsonObject{{"name", out.labels().of(it.key())},
+                            {"file", it->file},
+                            {"comment", out.labels().of(it->comment)}});
     table.addRow({out.labels().shown(it.key()), NDisplayText::shown(it->file),
                   out.labels().shownOrNothing(it->comment)});
   }
-  if (invocation.wantsJson())
-    out.json({{QStringLiteral("motors"), list}});
-  else
-    table.print(out);
+  invocation.print(table, {{"motors", list}}, out);
   return status;
 }
 
@@ -56,12 +51,12 @@ EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
 
 QVector<SCommand> motorsCommands() {
   return {
-      {QStringLiteral("motors"),
+      {"motors",
        Tool::tr("List the motors that files hold."),
        Tool::tr("The hardware ids of a file of motors are the names of the motors. When several "
                 "files hold a motor of one name, the last one counts."),
-       {{QStringLiteral("FILE"), Tool::tr("Files of motors."), EWord::File, SArgument::OneOrMore}},
+       {{"FILE", Tool::tr("Files of motors."), EWord::File, SArgument::OneOrMore}},
        {NOptions::json()},
-       {QStringLiteral("motors Motors.xparam")},
+       {"motors Motors.xparam"},
        showMotors}};
 }

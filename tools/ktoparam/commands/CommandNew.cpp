@@ -16,20 +16,11 @@ constexpr quint32 kVersion = 0x10000;  // "1.0"
 /// The file types that are value files.
 QStringList typeNames() {
   QStringList names;
-  for (auto it = CParameterFileHelper::mFileTypeStrHash.constBegin();
-       it != CParameterFileHelper::mFileTypeStrHash.constEnd(); ++it) {
-    if (it.key() > NktoGlobal::FILE_TYPE_COMPENSATION) names.append(it.value());
-  }
+  for (const auto type : CParameterFileHelper::mFileTypeStrHash.keys())
+    if (type > NktoGlobal::FILE_TYPE_COMPENSATION)
+      names.append(ICParameterFile::fileTypeToStr(type));
   std::sort(names.begin(), names.end());
   return names;
-}
-
-/// The type of "--type"; none when there is no such type of value files.
-NktoGlobal::EParamFileType typeOf(const CInvocation& invocation) {
-  if (!invocation.isSet(kType)) return NktoGlobal::FILE_TYPE_PARAMETERS;
-  const QString name = invocation.value(kType);
-  return typeNames().contains(name) ? CParameterFileHelper::fileTypeFromStr(name)
-                                    : NktoGlobal::FILE_TYPE_NONE;
 }
 
 /// Adds every defined parameter with its default.
@@ -53,13 +44,13 @@ bool addAll(CLoadedFile& loaded, const CInvocation& invocation, SEditCounts& cou
 }
 
 EExitStatus create(const CInvocation& invocation, COutput& out) {
-  const NktoGlobal::EParamFileType type = typeOf(invocation);
-  if (type == NktoGlobal::FILE_TYPE_NONE) {
+  const QString type =
+      invocation.value(kType, ICParameterFile::fileTypeToStr(NktoGlobal::FILE_TYPE_PARAMETERS));
+  const QStringList types = typeNames();
+  if (!types.contains(type)) {
     return invocation.wrongUsage(
         Tool::tr("\"%1\" is not a type of value file.%2 The types are: %3.")
-            .arg(invocation.value(kType),
-                 NSuggestion::didYouMean(invocation.value(kType), typeNames()),
-                 typeNames().join(QLatin1String(", "))),
+            .arg(type, NSuggestion::didYouMean(type, types), types.join(QLatin1String(", "))),
         out);
   }
   const QString hardwareId = invocation.value(NOptions::kHardwareId).trimmed();
@@ -71,7 +62,7 @@ EExitStatus create(const CInvocation& invocation, COutput& out) {
     return ExitFile;
   }
   CLoadedFile loaded(out);
-  loaded.begin(invocation.argument(0), type, kVersion);
+  loaded.begin(invocation.argument(0), CParameterFileHelper::fileTypeFromStr(type), kVersion);
   if (!loaded.load(invocation.value(NOptions::kDef), SFileInfo::Definitions)) return ExitFile;
   loaded.file().addHardwareId(hardwareId);
   CValueEdit edit(loaded, invocation, out);
@@ -84,20 +75,18 @@ EExitStatus create(const CInvocation& invocation, COutput& out) {
 
 QVector<SCommand> newCommands() {
   return {
-      {QStringLiteral("new"),
+      {"new",
        Tool::tr("Make a value file with every defined parameter at its default."),
        Tool::tr("The parameters are those of the definition file, by id. A file that exists is "
                 "never replaced. The file gets version 1.0."),
-       {{QStringLiteral("VALUE-FILE"), Tool::tr("The value file to make."), EWord::File}},
+       {{"VALUE-FILE", Tool::tr("The value file to make."), EWord::File}},
        {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
         NOptions::required(NOptions::hardwareId(Tool::tr("The hardware id."))),
         NOptions::subDevice(Tool::tr("The sub-device, 0 to 255; 0 unless given.")),
-        {kGroup, QStringLiteral("PATH"),
-         Tool::tr("The group to put the parameters into, such as Motion/Limits.")},
-        {kType, QStringLiteral("TYPE"), Tool::tr("The root element; LumoParameters unless given.")},
+        {kGroup, "PATH", Tool::tr("The group to put the parameters into, such as Motion/Limits.")},
+        {kType, "TYPE", Tool::tr("The root element; LumoParameters unless given.")},
         NOptions::dryRun(),
         NOptions::json()},
-       {QStringLiteral(
-           "new Spare.xparam --def TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2")},
+       {"new Spare.xparam --def TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2"},
        create}};
 }

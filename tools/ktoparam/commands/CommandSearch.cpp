@@ -4,7 +4,6 @@
 
 #include <QRegularExpression>
 
-#include <optional>
 #include <set>
 
 namespace {
@@ -18,10 +17,6 @@ QStringList choiceNames(const CParamDefItem& definition) {
   return names;
 }
 
-bool contains(const QString& text, const QString& word) {
-  return text.contains(word, Qt::CaseInsensitive);
-}
-
 /// A definition that has all words, each of them anywhere.
 struct SHit {
   CParamDefItem definition;
@@ -30,12 +25,10 @@ struct SHit {
   static std::optional<SHit> of(const CParamDefItem& definition, const QStringList& words) {
     SHit hit{definition, {}};
     const QStringList names = choiceNames(definition);
+    const QStringList texts = {definition.name(), definition.hint()};
     for (const QString& word : words) {
       const QStringList found = names.filter(word, Qt::CaseInsensitive);
-      if (found.isEmpty() && !contains(definition.name(), word) &&
-          !contains(definition.hint(), word)) {
-        return {};
-      }
+      if (found.isEmpty() && texts.filter(word, Qt::CaseInsensitive).isEmpty()) return {};
       hit.choices += found;
     }
     hit.choices = uniqueNames(hit.choices);
@@ -56,20 +49,18 @@ void print(const CInvocation& invocation, const QVector<SHit>& hits, COutput& ou
     table.addRow({id.isNull() ? QString() : QString::number(definition.id()),
                   labels.shown(definition.name()), definition.typeStr(),
                   choices.join(QLatin1String(", ")), labels.shownOrNothing(definition.hint())});
-    array.append(QJsonObject{{QStringLiteral("id"), id},
-                             {QStringLiteral("name"), labels.of(definition.name())},
-                             {QStringLiteral("type"), definition.typeStr()},
-                             {QStringLiteral("hint"), labels.of(definition.hint())},
-                             {QStringLiteral("choices"), labels.of(hit.choices)}});
+    array.append(QJsonObject{{"id", id},
+                             {"name", labels.of(definition.name())},
+                             {"type", definition.typeStr()},
+                             {"hint", labels.of(definition.hint())},
+                             {"choices", labels.of(hit.choices)}});
   }
-  if (!invocation.wantsJson()) return table.print(out);
-  out.json(
-      {{QStringLiteral("file"), invocation.argument(0)}, {QStringLiteral("definitions"), array}});
+  invocation.print(table, {{"file", invocation.argument(0)}, {"definitions", array}}, out);
 }
 
 /// The words of names such as "VelocityLimit", of hints and of choices.
 QStringList knownWords(const ICParameterFile& file) {
-  static const QRegularExpression kWord(QStringLiteral("\\p{L}\\p{Ll}+"));
+  static const QRegularExpression kWord("\\p{L}\\p{Ll}+");
   std::set<QString> found;
   for (const QString& name : file.defNames()) {
     const CParamDefItem definition = file.paramDef(name);
@@ -112,14 +103,13 @@ EExitStatus search(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> searchCommands() {
-  return {{QStringLiteral("search"),
+  return {{"search",
            Tool::tr("Find parameters by words in their names, hints and choices."),
            Tool::tr("Lists the definitions that have all words, or parts of words; capitals make "
                     "no difference. The exit status is 1 when there are none."),
-           {{QStringLiteral("DEF"), Tool::tr("A definition file."), EWord::File},
-            {QStringLiteral("WORD"), Tool::tr("What to look for."), EWord::Parameter,
-             SArgument::OneOrMore}},
+           {{"DEF", Tool::tr("A definition file."), EWord::File},
+            {"WORD", Tool::tr("What to look for."), EWord::Parameter, SArgument::OneOrMore}},
            {NOptions::json()},
-           {QStringLiteral("search TwoAxisDrive.xpdef velocity limit")},
+           {"search TwoAxisDrive.xpdef velocity limit"},
            search}};
 }

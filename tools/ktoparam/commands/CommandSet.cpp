@@ -23,38 +23,33 @@ QString readAssignments(const QStringList& words, QVector<SAssignment>& assignme
   return {};
 }
 
-void printTable(const ICParameterFile& file, const QVector<SAssignment>& assignments,
-                COutput& out) {
+void print(const CInvocation& invocation, const CLoadedFile& loaded,
+           const QVector<SAssignment>& assignments, bool isSaved, COutput& out) {
+  QJsonArray array;
   CTable table({Tool::tr("SUB-DEVICE"), Tool::tr("NAME"), Tool::tr("OLD"), Tool::tr("NEW"),
                 Tool::tr("MEANING")});
   for (const SAssignment& each : assignments) {
-    const CParamDefItem definition = file.paramDef(each.name);
+    const CParamDefItem definition = loaded.file().paramDef(each.name);
+    const QString old = each.oldValue.asStr();
+    const QString value = each.isChange ? each.newValue.asStr() : old;
+    array.append(QJsonObject{{"subDevice", each.subDevId},
+                             {"name", each.name},
+                             {"old", old},
+                             {"new", value},
+                             {"changed", each.isChange}});
     table.addRow(
-        {QString::number(each.subDevId), NDisplayText::shown(each.name),
-         NDisplayText::shown(each.oldValue.asStr()),
-         each.isChange ? NDisplayText::shown(each.newValue.asStr()) : Tool::tr("(unchanged)"),
+        {QString::number(each.subDevId), NDisplayText::shown(each.name), NDisplayText::shown(old),
+         each.isChange ? NDisplayText::shown(value) : Tool::tr("(unchanged)"),
          each.isChange
              ? NValueMeaning::change(definition, each.oldValue, each.newValue, out.labels())
              : NValueMeaning::meaning(definition, each.oldValue, out.labels())});
   }
-  table.print(out);
-}
-
-void printJson(const CLoadedFile& loaded, const QVector<SAssignment>& assignments, bool isSaved,
-               COutput& out) {
-  QJsonArray array;
-  for (const SAssignment& each : assignments) {
-    const CParamVal& value = each.isChange ? each.newValue : each.oldValue;
-    array.append(QJsonObject{{QStringLiteral("subDevice"), each.subDevId},
-                             {QStringLiteral("name"), each.name},
-                             {QStringLiteral("old"), each.oldValue.asStr()},
-                             {QStringLiteral("new"), value.asStr()},
-                             {QStringLiteral("changed"), each.isChange}});
-  }
-  out.json({{QStringLiteral("file"), loaded.fileName()},
-            {QStringLiteral("hardwareId"), loaded.file().hardwareId()},
-            {QStringLiteral("saved"), isSaved},
-            {QStringLiteral("assignments"), array}});
+  invocation.print(table,
+                   {{"file", loaded.fileName()},
+                    {"hardwareId", loaded.file().hardwareId()},
+                    {"saved", isSaved},
+                    {"assignments", array}},
+                   out);
 }
 
 EExitStatus set(const CInvocation& invocation, COutput& out) {
@@ -73,12 +68,7 @@ EExitStatus set(const CInvocation& invocation, COutput& out) {
     assignments.make();
     if (!loaded.save()) return ExitFile;
   }
-  if (invocation.wantsJson()) {
-    printJson(loaded, assignments.all(), save, out);
-  } else {
-    printTable(loaded.file(), assignments.all(), out);
-    if (invocation.isDryRun()) out.line(NOptions::dryRunNote());
-  }
+  print(invocation, loaded, assignments.all(), save, out);
   return ExitDone;
 }
 
@@ -86,7 +76,7 @@ EExitStatus set(const CInvocation& invocation, COutput& out) {
 
 QVector<SCommand> setCommands() {
   return {
-      {QStringLiteral("set"),
+      {"set",
        Tool::tr("Change values of parameters that a file has."),
        Tool::tr(
            "All assignments are checked first; then all are made and the file is saved, or none. "
@@ -94,18 +84,17 @@ QVector<SCommand> setCommands() {
            "its limit parameters in the same sub-device, or be one of its choices; the name of a "
            "choice, radio button or check box state (checked, unchecked, undefined) may be given "
            "in place of its value, and is looked for before a number. Bits without a name are set "
-           "with a warning. Without --def a value is taken as it is typed.\n"
-           "Values of other "
+           "with a warning. Without --def a value is taken as it is typed.\nValues of other "
            "parameters that are limited by a changed one are not looked at."),
-       {{QStringLiteral("FILE"), Tool::tr("A value file."), EWord::File},
-        {QStringLiteral("NAME=VALUE"), Tool::tr("Names of parameters and their new values."),
-         EWord::Assignment, SArgument::OneOrMore}},
-       {NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
+       {NOptions::valueFile(),
+        {"NAME=VALUE", Tool::tr("Names of parameters and their new values."), EWord::Assignment,
+         SArgument::OneOrMore}},
+       {NOptions::oneHardwareId(),
         NOptions::subDevice(Tool::tr(
             "The sub-device, 0 to 255; needed when several have a parameter of the name.")),
         NOptions::def(Tool::tr("The definition file to check the values against.")),
         NOptions::dryRun(), NOptions::json()},
-       {QStringLiteral("set TwoAxisDrive.xparam OperatingMode=Homing VelocityLimit=450 --def "
-                       "TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2")},
+       {"set TwoAxisDrive.xparam OperatingMode=Homing VelocityLimit=450 --def "
+        "TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2"},
        set}};
 }

@@ -19,7 +19,7 @@ EExitStatus show(const CInvocation& invocation, COutput& out) {
         out);
   }
   CLoadedFile loaded(out);
-  if (!loaded.loadAny(fileName)) return ExitFile;
+  if (!loaded.load(fileName)) return ExitFile;
   if (info->kind == SFileInfo::Settings)
     return NViews::showSettings(loaded, invocation.wantsJson(), out);
   if (info->kind == SFileInfo::Definitions)
@@ -33,26 +33,21 @@ EExitStatus show(const CInvocation& invocation, COutput& out) {
 
 QVector<SCommand> showCommands() {
   return {
-      {QStringLiteral("show"),
+      {"show",
        Tool::tr("Show what is in a file."),
        Tool::tr("Definitions are shown as a table, values as a tree for each hardware id and "
                 "sub-device. With --def, units and the names of choices and bits are shown with "
-                "the values, and a \"*\" before each value that is not the default.\n"
-                "Settings are "
+                "the values, and a \"*\" before each value that is not the default.\nSettings are "
                 "shown as a tree, compensation tables point by point, with a \"!\" before each "
-                "wrong one.\n"
-                "A text is quoted, as in JSON, when it is empty, begins or ends with a "
+                "wrong one.\nA text is quoted, as in JSON, when it is empty, begins or ends with a "
                 "blank, or holds line breaks or control characters."),
-       {{QStringLiteral("FILE"), Tool::tr("A file of any kind."), EWord::File}},
+       {{"FILE", Tool::tr("A file of any kind."), EWord::File}},
        {NOptions::def(Tool::tr("The definition file of a value file.")),
-        NOptions::hardwareId(Tool::tr("Only this hardware id.")),
-        NOptions::subDevice(Tool::tr("Only this sub-device, 0 to 255.")),
-        {QStringLiteral("changed"),
-         {},
-         Tool::tr("Only values that are not the default; needs --def.")},
+        NOptions::hardwareId(),
+        NOptions::subDevice(),
+        {"changed", {}, Tool::tr("Only values that are not the default; needs --def.")},
         NOptions::json()},
-       {QStringLiteral("show TwoAxisDrive.xpdef"),
-        QStringLiteral(
-            "show TwoAxisDrive.xparam --def TwoAxisDrive.xpdef --sub-device 2 --changed")},
+       {"show TwoAxisDrive.xpdef",
+        "show TwoAxisDrive.xparam --def TwoAxisDrive.xpdef --sub-device 2 --changed"},
        show}};
 }

@@ -14,32 +14,25 @@ QJsonArray addSubDevices(const ICParameterFile& file, const CLabels& labels, CTa
     const int parameters = file.paramNames(id).size();
     table.addRow({labels.shown(file.hardwareId()), QString::number(id), type,
                   NDisplayText::shownOrNothing(name), QString::number(parameters)});
-    array.append(QJsonObject{{QStringLiteral("id"), id},
-                             {QStringLiteral("type"), type},
-                             {QStringLiteral("name"), name},
-                             {QStringLiteral("parameters"), parameters}});
+    array.append(
+        QJsonObject{{"id", id}, {"type", type}, {"name", name}, {"parameters", parameters}});
   }
   return array;
 }
 
 EExitStatus runList(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
-  QStringList hardwareIds;
-  const EExitStatus opened = loaded.openToRead(invocation, hardwareIds);
+  const EExitStatus opened = loaded.openToRead(invocation);
   if (opened != ExitDone) return opened;
   CTable table({Tool::tr("HARDWARE ID"), Tool::tr("SUB-DEVICE"), Tool::tr("TYPE"), Tool::tr("NAME"),
                 Tool::tr("PARAMETERS")});
   QJsonArray array;
-  for (const QString& hardwareId : hardwareIds) {
+  for (const QString& hardwareId : loaded.chosenIds()) {
     loaded.selectHardwareId(hardwareId);
-    array.append(QJsonObject{
-        {QStringLiteral("id"), out.labels().of(hardwareId)},
-        {QStringLiteral("subDevices"), addSubDevices(loaded.file(), out.labels(), table)}});
+    array.append(QJsonObject{{"id", out.labels().of(hardwareId)},
+                             {"subDevices", addSubDevices(loaded.file(), out.labels(), table)}});
   }
-  if (invocation.wantsJson())
-    out.json({{QStringLiteral("file"), loaded.fileName()}, {QStringLiteral("hardwareIds"), array}});
-  else
-    table.print(out);
+  invocation.print(table, {{"file", loaded.fileName()}, {"hardwareIds", array}}, out);
   return ExitDone;
 }
 
@@ -79,34 +72,26 @@ EExitStatus runCopy(const CInvocation& invocation, COutput& out) {
   return edit.finish(counts);
 }
 
-SCommand listCommand() {
-  return {QStringLiteral("sub-device list"),
-          Tool::tr("List the sub-devices of a file, such as the axes of a drive."),
-          {},
-          {NOptions::valueFile()},
-          {NOptions::hardwareId(Tool::tr("Only this hardware id.")), NOptions::json()},
-          {QStringLiteral("sub-device list TwoAxisDrive.xparam")},
-          runList};
-}
-
-SCommand copyCommand() {
-  return {
-      QStringLiteral("sub-device copy"),
-      Tool::tr("Copy all values of one sub-device to another."),
-      Tool::tr(
-          "The groups and parameters of TO become those of FROM; TO is created when it does not "
-          "exist. What only TO had is removed. TO keeps its type and name when it has them."),
-      {NOptions::valueFile(),
-       {QStringLiteral("FROM"), Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
-       {QStringLiteral("TO"), Tool::tr("The sub-device to overwrite."), EWord::SubDevice}},
-      {NOptions::hardwareId(Tool::tr("The hardware id; needed when the file has several.")),
-       NOptions::dryRun(), NOptions::json()},
-      {QStringLiteral("sub-device copy TwoAxisDrive.xparam 2 3 --hardware-id KTO-2A-16 --dry-run")},
-      runCopy};
-}
-
 }  // namespace
 
 QVector<SCommand> subDeviceCommands() {
-  return {listCommand(), copyCommand()};
+  return {
+      {"sub-device list",
+       Tool::tr("List the sub-devices of a file, such as the axes of a drive."),
+       {},
+       {NOptions::valueFile()},
+       {NOptions::hardwareId(), NOptions::json()},
+       {"sub-device list TwoAxisDrive.xparam"},
+       runList},
+      {"sub-device copy",
+       Tool::tr("Copy all values of one sub-device to another."),
+       Tool::tr(
+           "The groups and parameters of TO become those of FROM; TO is created when it does not "
+           "exist. What only TO had is removed. TO keeps its type and name when it has them."),
+       {NOptions::valueFile(),
+        {"FROM", Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
+        {"TO", Tool::tr("The sub-device to overwrite."), EWord::SubDevice}},
+       {NOptions::oneHardwareId(), NOptions::dryRun(), NOptions::json()},
+       {"sub-device copy TwoAxisDrive.xparam 2 3 --hardware-id KTO-2A-16 --dry-run"},
+       runCopy}};
 }

@@ -18,15 +18,10 @@ CLoadedFile::CLoadedFile(COutput& out)
 
 bool CLoadedFile::load(const QString& fileName, SFileInfo::EKind wanted) {
   const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
-  if (found && found->kind == wanted) return loadAs(fileName, *found);
-  if (found) mOut.message(fileName, found->refusal(SFileInfo::needed(wanted)));
-  return false;
-}
-
-bool CLoadedFile::loadAny(const QString& fileName) {
-  const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
-  if (found && found->kind != SFileInfo::Unknown) return loadAs(fileName, *found);
-  if (found) mOut.message(fileName, found->refusal(SFileInfo::needed(SFileInfo::Unknown)));
+  if (!found) return false;
+  const bool isWanted = found->kind == wanted || wanted == SFileInfo::Unknown;
+  if (isWanted && found->kind != SFileInfo::Unknown) return loadAs(fileName, *found);
+  mOut.message(fileName, found->refusal(SFileInfo::needed(wanted)));
   return false;
 }
 
@@ -59,18 +54,19 @@ bool CLoadedFile::loadValues(const QString& fileName, const CInvocation& invocat
           load(invocation.value(NOptions::kDef), SFileInfo::Definitions));
 }
 
-EExitStatus CLoadedFile::openToRead(const CInvocation& invocation, QStringList& hardwareIds) {
+EExitStatus CLoadedFile::openToRead(const CInvocation& invocation) {
   if (!loadValues(invocation.argument(0), invocation)) return ExitFile;
-  hardwareIds = this->hardwareIds(invocation);
-  const bool isThere =
-      !hardwareIds.isEmpty() && checkSubDevice(invocation.subDevice(), hardwareIds);
+  mChosenSubDevice = invocation.subDevice();
+  mChosenIds = hardwareIds(invocation);
+  const bool isThere = !mChosenIds.isEmpty() && checkSubDevice(mChosenSubDevice, mChosenIds);
   return isThere ? ExitDone : ExitFindings;
 }
 
 EExitStatus CLoadedFile::openToEdit(const CInvocation& invocation) {
   if (!loadValues(invocation.argument(0), invocation) || !canSave()) return ExitFile;
-  const bool isThere = selectOneHardwareId(invocation) &&
-                       checkSubDevice(invocation.subDevice(), {mFile->hardwareId()});
+  mChosenSubDevice = invocation.subDevice();
+  const bool isThere =
+      selectOneHardwareId(invocation) && checkSubDevice(mChosenSubDevice, {mFile->hardwareId()});
   return isThere ? ExitDone : ExitFindings;
 }
 
@@ -120,7 +116,7 @@ QString CLoadedFile::saveNew() {
   const QTemporaryDir folder(QFileInfo(mFileName).path() + QLatin1String("/.kto-XXXXXX"));
   if (!folder.isValid())
     return Tool::tr("the file cannot be written: %1.").arg(folder.errorString());
-  const QString made = folder.filePath(QStringLiteral("new"));
+  const QString made = folder.filePath("new");
   if (!mFile->saveParamFile(made, {}, mInfo.version))
     return NFileMessage::withoutFile(mFile->errorMsg(), made);
   return CAtomicFile::renameToNew(made, mFileName, error) ? QString() : error;
@@ -194,7 +190,8 @@ bool CLoadedFile::checkSubDevice(std::optional<quint8> wanted, const QStringList
   return false;
 }
 
-QList<quint8> CLoadedFile::subDevices(std::optional<quint8> wanted) const {
-  if (!wanted) return mFile->subDeviceIds();
-  return mFile->doesSubDeviceExist(*wanted) ? QList<quint8>{*wanted} : QList<quint8>();
+QList<quint8> CLoadedFile::chosenSubDevices() const {
+  if (!mChosenSubDevice) return mFile->subDeviceIds();
+  return mFile->doesSubDeviceExist(*mChosenSubDevice) ? QList<quint8>{*mChosenSubDevice}
+                                                      : QList<quint8>();
 }

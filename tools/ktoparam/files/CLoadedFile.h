@@ -28,16 +28,15 @@ class CLoadedFile {
  public:
   explicit CLoadedFile(COutput& out);
 
-  /// Refuses a file of another kind.
-  bool load(const QString& fileName, SFileInfo::EKind wanted);
-  /// The kind is what info() says then.
-  bool loadAny(const QString& fileName);
+  /// Refuses a file of another kind. Unless one is wanted, every kind that is known will do, and
+  /// info() says which it is.
+  bool load(const QString& fileName, SFileInfo::EKind wanted = SFileInfo::Unknown);
   /// The value file, and the definitions when the command line names a file of them.
   bool loadValues(const QString& fileName, const CInvocation& invocation);
 
-  /// Loads the first argument and "--def", to show values: those of the hardware ids that are
-  /// given back, and there is a sub-device that is wanted.
-  EExitStatus openToRead(const CInvocation& invocation, QStringList& hardwareIds);
+  /// Loads the first argument and "--def", to show values: there are chosenIds() then, and one of
+  /// them has the sub-device that is wanted.
+  EExitStatus openToRead(const CInvocation& invocation);
   /// Loads the same to edit it: it can be saved, and the one hardware id that is meant is active.
   EExitStatus openToEdit(const CInvocation& invocation);
 
@@ -80,8 +79,10 @@ class CLoadedFile {
                            QLatin1String option = NOptions::kHardwareId);
   /// False, with a message, when none of the hardware ids has a sub-device that is wanted.
   bool checkSubDevice(std::optional<quint8> wanted, const QStringList& hardwareIds);
-  /// The wanted sub-device of the active hardware id if there is one, or all.
-  QList<quint8> subDevices(std::optional<quint8> wanted) const;
+  /// After openToRead(), the hardware id of "--hardware-id", or all.
+  const QStringList& chosenIds() const { return mChosenIds; }
+  /// That of "--sub-device" if the active hardware id has it, or all.
+  QList<quint8> chosenSubDevices() const;
 
   /// Reports about the file.
   void message(const QString& text) const;
@@ -97,6 +98,8 @@ class CLoadedFile {
   std::unique_ptr<ICCompensationFile> mCompensation;
   SFileInfo mInfo;
   QString mFileName;
+  QStringList mChosenIds;
+  std::optional<quint8> mChosenSubDevice;
   bool mHasDefinitions = false;
   bool mIsNew = false;
 };

@@ -15,16 +15,11 @@ namespace {
 const QLatin1String kDefinitionRoot("LumoParamDefinition");
 
 SFileInfo::EKind kindOf(const QString& rootTag, NktoGlobal::EParamFileType type) {
-  switch (type) {
-    case NktoGlobal::FILE_TYPE_NONE:
-      return rootTag == kDefinitionRoot ? SFileInfo::Definitions : SFileInfo::Unknown;
-    case NktoGlobal::FILE_TYPE_XML_SETTINGS:
-      return SFileInfo::Settings;
-    case NktoGlobal::FILE_TYPE_COMPENSATION:
-      return SFileInfo::Compensation;
-    default:
-      return SFileInfo::Values;
-  }
+  if (rootTag == kDefinitionRoot) return SFileInfo::Definitions;
+  if (type == NktoGlobal::FILE_TYPE_NONE) return SFileInfo::Unknown;
+  if (type == NktoGlobal::FILE_TYPE_XML_SETTINGS) return SFileInfo::Settings;
+  const bool isTable = type == NktoGlobal::FILE_TYPE_COMPENSATION;
+  return isTable ? SFileInfo::Compensation : SFileInfo::Values;
 }
 
 QString reasonOf(const SFileBeginning& beginning, bool isEmpty) {
@@ -74,34 +69,20 @@ bool SFileInfo::mayReplace(const QString& fileName, EKind kind, COutput& out) {
 }
 
 QString SFileInfo::refusal(const QString& wanted) const {
-  switch (kind) {
-    case Definitions:
-      return Tool::tr("this is a definition file. %1").arg(wanted);
-    case Values:
-      return Tool::tr("this is a value file (%1). %2").arg(typeName, wanted);
-    case Settings:
-      return Tool::tr("this is a settings file. %1").arg(wanted);
-    case Compensation:
-      return Tool::tr("this is a compensation file. %1").arg(wanted);
-    default:
-      break;
-  }
+  if (kind == Definitions) return Tool::tr("this is a definition file. %1").arg(wanted);
+  if (kind == Values) return Tool::tr("this is a value file (%1). %2").arg(typeName, wanted);
+  if (kind == Settings) return Tool::tr("this is a settings file. %1").arg(wanted);
+  if (kind == Compensation) return Tool::tr("this is a compensation file. %1").arg(wanted);
   return reason + QLatin1Char(' ') + wanted;
 }
 
 QString SFileInfo::needed(EKind kind) {
-  switch (kind) {
-    case Definitions:
-      return Tool::tr("A definition file (root element LumoParamDefinition) is needed here.");
-    case Values:
-      return Tool::tr("A value file is needed here.");
-    case Settings:
-      return Tool::tr("A settings file is needed here.");
-    case Compensation:
-      return Tool::tr("A compensation file is needed here.");
-    default:
-      return Tool::tr("A file of definitions, values, settings or compensation is needed here.");
-  }
+  if (kind == Definitions)
+    return Tool::tr("A definition file (root element LumoParamDefinition) is needed here.");
+  if (kind == Values) return Tool::tr("A value file is needed here.");
+  if (kind == Settings) return Tool::tr("A settings file is needed here.");
+  if (kind == Compensation) return Tool::tr("A compensation file is needed here.");
+  return Tool::tr("A file of definitions, values, settings or compensation is needed here.");
 }
 
 QString SFileInfo::versionText() const {

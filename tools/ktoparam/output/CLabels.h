@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QJsonArray>
-#include <QString>
 #include <QStringList>
 
 #include <map>

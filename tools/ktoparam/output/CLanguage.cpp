@@ -18,13 +18,12 @@ void install(QTranslator& translator, const QString& name) {
       QCoreApplication::applicationDirPath() + QStringLiteral("/" KTO_TRANSLATIONS);
   // By its name: the system's own locale asks for other languages than that of messages, too.
   const QLocale locale(QLocale::system().name());
-  if (translator.load(locale, name, QStringLiteral("_"), folder))
-    QCoreApplication::installTranslator(&translator);
+  if (translator.load(locale, name, "_", folder)) QCoreApplication::installTranslator(&translator);
 }
 
 }  // namespace
 
 CLanguage::CLanguage() {
-  install(mLibrary, QStringLiteral("ktoParameter"));
-  install(mTool, QStringLiteral("ktoparam"));
+  install(mLibrary, "ktoParameter");
+  install(mTool, "ktoparam");
 }

@@ -33,9 +33,9 @@ void CProgress::reading(const QString& fileName, qint64 bytes) {
   mSizes[fileName] = bytes;
   mBytes += bytes;
   ++mFiles;
-  show(mFiles < kManyFiles
-           ? Tool::tr("Reading %1 …").arg(fileName)
-           : Tool::tr("Reading %1 (file %2) …").arg(fileName, QString::number(mFiles)));
+  doing(mFiles < kManyFiles
+            ? Tool::tr("Reading %1 …").arg(fileName)
+            : Tool::tr("Reading %1 (file %2) …").arg(fileName, QString::number(mFiles)));
 }
 
 qint64 CProgress::bytesOfFiles() const {
@@ -43,16 +43,12 @@ qint64 CProgress::bytesOfFiles() const {
                          [](qint64 sum, const auto& file) { return sum + file.second; });
 }
 
-void CProgress::doing(const QString& text) {
-  show(text);
-}
-
 void CProgress::erase() {
   if (mIsShown) mDevice.write("\r\x1b[K");
   mIsShown = false;
 }
 
-void CProgress::show(const QString& text) {
+void CProgress::doing(const QString& text) {
   if (mColumns == 0 || (mBytes < kManyBytes && mFiles < kManyFiles)) return;
   erase();
   // A line that wraps could not be erased.

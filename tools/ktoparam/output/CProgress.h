@@ -24,8 +24,6 @@ class CProgress {
   void erase();
 
  private:
-  void show(const QString& text);
-
   QIODevice& mDevice;
   const int mColumns;                // 0 when there is no terminal
   std::map<QString, qint64> mSizes;  // by the file's name

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QJsonValue>
-#include <QString>
+#include <QJsonArray>
+#include <QJsonObject>
 
 /// JSON has null for what does not exist.
 inline QJsonValue textOrNull(const QString& text) {

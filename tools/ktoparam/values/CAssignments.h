@@ -19,9 +19,9 @@ struct SAssignment {
   quint8 subDevId = 0;
   CParamVal oldValue;
   CParamVal newValue;
-  std::optional<CParamValueRules>
-      rules;              ///< that judge the new value; nothing when it is not known
   bool isChange = false;  ///< the new value is known and is not the old one
+  /// These judge the new value; nothing when it is not known.
+  std::optional<CParamValueRules> rules;
 };
 
 /// The assignments of one command line to the active hardware id: all of them are checked, then

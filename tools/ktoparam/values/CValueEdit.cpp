@@ -2,13 +2,9 @@
 
 #include "CInvocation.h"
 #include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParameterFileComparison.h"
 #include "NDifferences.h"
-#include "Tool.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
+#include "Output.h"
 
 namespace {
 
@@ -24,21 +20,19 @@ std::unique_ptr<ICParameterFile> copyOf(ICParameterFile& file) {
 }
 
 QString toText(const SEditCounts& counts) {
-  return Tool::tr(
-             "taken %1, equal %2, defaulted %3, kept %4, added %5, removed %6, unknown %7, "
-             "failed %8")
-      .arg(QString::number(counts.taken), QString::number(counts.equal),
-           QString::number(counts.defaulted), QString::number(counts.kept),
-           QString::number(counts.added), QString::number(counts.removed),
-           QString::number(counts.unknown), QString::number(counts.failed));
+  QString text = Tool::tr(
+      "taken %1, equal %2, defaulted %3, kept %4, added %5, removed %6, unknown %7, failed %8");
+  for (const int count : {counts.taken, counts.equal, counts.defaulted, counts.kept, counts.added,
+                          counts.removed, counts.unknown, counts.failed}) {
+    text = text.arg(count);
+  }
+  return text;
 }
 
 QJsonObject toJson(const SEditCounts& counts) {
-  return {
-      {QStringLiteral("taken"), counts.taken},         {QStringLiteral("equal"), counts.equal},
-      {QStringLiteral("defaulted"), counts.defaulted}, {QStringLiteral("kept"), counts.kept},
-      {QStringLiteral("added"), counts.added},         {QStringLiteral("removed"), counts.removed},
-      {QStringLiteral("unknown"), counts.unknown},     {QStringLiteral("failed"), counts.failed}};
+  return {{"taken", counts.taken},     {"equal", counts.equal},  {"defaulted", counts.defaulted},
+          {"kept", counts.kept},       {"added", counts.added},  {"removed", counts.removed},
+          {"unknown", counts.unknown}, {"failed", counts.failed}};
 }
 
 }  // namespace
@@ -47,8 +41,6 @@ CValueEdit::CValueEdit(CLoadedFile& loaded, const CInvocation& invocation, COutp
     : mLoaded(loaded), mInvocation(invocation), mOut(out), mBefore(copyOf(loaded.file())) {
   loaded.file().clearChanged();
 }
-
-CValueEdit::~CValueEdit() = default;
 
 EExitStatus CValueEdit::finish(const SEditCounts& counts) {
   const bool save = mLoaded.file().isChanged() && !mInvocation.isDryRun();
@@ -70,15 +62,15 @@ EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bo
                                                            file.hardwareId());
   }
   if (mInvocation.wantsJson()) {
-    mOut.json({{QStringLiteral("file"), mLoaded.fileName()},
-               {QStringLiteral("hardwareId"), mOut.labels().of(file.hardwareId())},
-               {QStringLiteral("saved"), isSaved},
-               {QStringLiteral("counts"), toJson(counts)},
-               {QStringLiteral("changes"), NDifferences::toJson(changes, mOut.labels())}});
+    mOut.json({{"file", mLoaded.fileName()},
+               {"hardwareId", mOut.labels().of(file.hardwareId())},
+               {"saved", isSaved},
+               {"counts", toJson(counts)},
+               {"changes", NDifferences::toJson(changes, mOut.labels())}});
     return status;
   }
   NDifferences::print(changes, file, mOut);
   mOut.line(toText(counts));
-  if (isDryRun) mOut.line(NOptions::dryRunNote());
+  mInvocation.noteDryRun(mOut);
   return status;
 }

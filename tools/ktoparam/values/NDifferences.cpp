@@ -1,44 +1,28 @@
 #include "NDifferences.h"
 
-#include "COutput.h"
-#include "CTable.h"
 #include "ICParameterFile.h"
-#include "JsonValues.h"
-#include "NDisplayText.h"
 #include "NValueMeaning.h"
-#include "Tool.h"
+#include "Output.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
+#include <QMap>
 
 namespace {
 
 QString kindName(SParamDifference::EKind kind) {
-  switch (kind) {
-    case SParamDifference::SubDeviceTypeChanged:
-      return Tool::tr("other type");
-    case SParamDifference::SubDeviceNameChanged:
-      return Tool::tr("other name");
-    case SParamDifference::HardwareIdAdded:
-      return Tool::tr("hardware id added");
-    case SParamDifference::HardwareIdRemoved:
-      return Tool::tr("hardware id removed");
-    case SParamDifference::SubDeviceAdded:
-      return Tool::tr("sub-device added");
-    case SParamDifference::SubDeviceRemoved:
-      return Tool::tr("sub-device removed");
-    case SParamDifference::ParameterAdded:
-      return Tool::tr("added");
-    case SParamDifference::ParameterRemoved:
-      return Tool::tr("removed");
-    case SParamDifference::ParameterMoved:
-      return Tool::tr("moved");
-    case SParamDifference::IdChanged:
-      return Tool::tr("other id");
-    case SParamDifference::ValueChanged:
-      break;
-  }
-  return Tool::tr("changed");
+  static const QMap<SParamDifference::EKind, const char*> kNames = {
+      {SParamDifference::SubDeviceTypeChanged, QT_TRANSLATE_NOOP("ktoparam", "other type")},
+      {SParamDifference::SubDeviceNameChanged, QT_TRANSLATE_NOOP("ktoparam", "other name")},
+      {SParamDifference::HardwareIdAdded, QT_TRANSLATE_NOOP("ktoparam", "hardware id added")},
+      {SParamDifference::HardwareIdRemoved, QT_TRANSLATE_NOOP("ktoparam", "hardware id removed")},
+      {SParamDifference::SubDeviceAdded, QT_TRANSLATE_NOOP("ktoparam", "sub-device added")},
+      {SParamDifference::SubDeviceRemoved, QT_TRANSLATE_NOOP("ktoparam", "sub-device removed")},
+      {SParamDifference::ParameterAdded, QT_TRANSLATE_NOOP("ktoparam", "added")},
+      {SParamDifference::ParameterRemoved, QT_TRANSLATE_NOOP("ktoparam", "removed")},
+      {SParamDifference::ParameterMoved, QT_TRANSLATE_NOOP("ktoparam", "moved")},
+      {SParamDifference::IdChanged, QT_TRANSLATE_NOOP("ktoparam", "other id")},
+      {SParamDifference::ValueChanged, QT_TRANSLATE_NOOP("ktoparam", "changed")},
+  };
+  return Tool::tr(kNames.value(kind));
 }
 
 QString valueCell(const QString& value) {
@@ -47,7 +31,7 @@ QString valueCell(const QString& value) {
 
 /// A moved parameter has groups where others have values.
 QString groupCell(const QString& path) {
-  return path.isEmpty() ? QStringLiteral("/") : NDisplayText::shown(path);
+  return path.isEmpty() ? "/" : NDisplayText::shown(path);
 }
 
 QStringList toCells(const SParamDifference& each, const ICParameterFile& definitions,
@@ -68,14 +52,14 @@ QStringList toCells(const SParamDifference& each, const ICParameterFile& definit
 
 QJsonObject toJson(const SParamDifference& each, const CLabels& labels) {
   const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
-  return {{QStringLiteral("kind"), SParamDifference::kindText(each.kind)},
-          {QStringLiteral("hardwareId"), labels.of(each.hardwareId)},
-          {QStringLiteral("subDevice"), hasSubDevice ? QJsonValue(each.subDevId) : QJsonValue()},
-          {QStringLiteral("oldGroup"), each.oldGroupPath},
-          {QStringLiteral("newGroup"), each.newGroupPath},
-          {QStringLiteral("name"), labels.of(each.name)},
-          {QStringLiteral("old"), presentOrNull(each.oldValue)},
-          {QStringLiteral("new"), presentOrNull(each.newValue)}};
+  return {{"kind", SParamDifference::kindText(each.kind)},
+          {"hardwareId", labels.of(each.hardwareId)},
+          {"subDevice", hasSubDevice ? QJsonValue(each.subDevId) : QJsonValue()},
+          {"oldGroup", each.oldGroupPath},
+          {"newGroup", each.newGroupPath},
+          {"name", labels.of(each.name)},
+          {"old", presentOrNull(each.oldValue)},
+          {"new", presentOrNull(each.newValue)}};
 }
 
 }  // namespace

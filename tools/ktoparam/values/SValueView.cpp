@@ -9,8 +9,6 @@
 #include "NShortText.h"
 #include "NValueMeaning.h"
 
-#include <QJsonObject>
-
 namespace {
 
 QString pathOf(const ICParamTreeNode* group) {
@@ -77,20 +75,20 @@ void CValueViews::visit(const ICParamTreeNode& group,
 
 QJsonObject SValueView::toPlacedJson() const {
   QJsonObject json = toJson();
-  json.insert(QStringLiteral("hardwareId"), hardwareId);
-  json.insert(QStringLiteral("subDevice"), subDevId);
+  json.insert("hardwareId", hardwareId);
+  json.insert("subDevice", subDevId);
   return json;
 }
 
 QJsonObject SValueView::toJson() const {
   const bool isDefined = defaultValue.has_value();
-  return {{QStringLiteral("group"), group},
-          {QStringLiteral("name"), name},
-          {QStringLiteral("id"), id == 0 ? QJsonValue() : QJsonValue(qint64(id))},
-          {QStringLiteral("value"), value.asStr()},
-          {QStringLiteral("unit"), textOrNull(unit)},
-          {QStringLiteral("choice"), textOrNull(choice)},
-          {QStringLiteral("bits"), bits ? *bits : QJsonValue()},
-          {QStringLiteral("default"), isDefined ? defaultValue->asStr() : QJsonValue()},
-          {QStringLiteral("isDefault"), isDefined ? QJsonValue(isDefault) : QJsonValue()}};
+  return {{"group", group},
+          {"name", name},
+          {"id", id == 0 ? QJsonValue() : QJsonValue(qint64(id))},
+          {"value", value.asStr()},
+          {"unit", textOrNull(unit)},
+          {"choice", textOrNull(choice)},
+          {"bits", bits ? *bits : QJsonValue()},
+          {"default", isDefined ? defaultValue->asStr() : QJsonValue()},
+          {"isDefault", isDefined ? QJsonValue(isDefault) : QJsonValue()}};
 }

@@ -5,11 +5,16 @@
 #include "NDisplayText.h"
 
 void CSubjectLines::add(const QString& subject, const QString& value) {
-  mOut.line(NDisplayText::escaped(subject) + QLatin1String(" = ") + NDisplayText::shown(value));
+  mOut.line(NDisplayText::escaped(mLead + subject) + QLatin1String(" = ") +
+            NDisplayText::shown(value));
 }
 
 void CSubjectLines::addUnlessEmpty(const QString& subject, const QString& value) {
   if (!value.isEmpty()) add(subject, value);
+}
+
+CSubjectLines CSubjectLines::of(const QString& name) const {
+  return CSubjectLines(mOut, mLead + name + QLatin1Char(' '));
 }
 
 const CLabels& CSubjectLines::labels() const {
@@ -18,12 +23,12 @@ const CLabels& CSubjectLines::labels() const {
 
 void CSubjectLines::addHead(const CLoadedFile& loaded) {
   const SHead head = loaded.head();
-  add(QStringLiteral("file type"), loaded.info().typeName);
-  addUnlessEmpty(QStringLiteral("version"), loaded.info().versionText());
-  addUnlessEmpty(QStringLiteral("author"), head.author);
-  addUnlessEmpty(QStringLiteral("comment"), head.comment);
+  add("file type", loaded.info().typeName);
+  addUnlessEmpty("version", loaded.info().versionText());
+  addUnlessEmpty("author", head.author);
+  addUnlessEmpty("comment", head.comment);
 }
 
 void CSubjectLines::addBare(const QString& subject) {
-  mOut.line(NDisplayText::escaped(subject));
+  mOut.line(NDisplayText::escaped(mLead + subject));
 }

@@ -9,10 +9,13 @@ class COutput;
 /// Writes "subject = value" lines, each of which can be understood, compared and found alone.
 class CSubjectLines {
  public:
-  explicit CSubjectLines(COutput& out) : mOut(out) {}
+  /// Each subject begins with the lead.
+  explicit CSubjectLines(COutput& out, const QString& lead = {}) : mOut(out), mLead(lead) {}
 
   void add(const QString& subject, const QString& value);
   void addUnlessEmpty(const QString& subject, const QString& value);
+  /// Lines of one thing, all with its name in front.
+  CSubjectLines of(const QString& name) const;
   /// Type, version, author and comment. Not the date: each save renews it.
   void addHead(const CLoadedFile& loaded);
   /// For subjects, and for names, hints and the like, which are shortened when long.
@@ -22,4 +25,5 @@ class CSubjectLines {
 
  private:
   COutput& mOut;
+  const QString mLead;
 };

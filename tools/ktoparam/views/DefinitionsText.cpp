@@ -14,63 +14,40 @@ QString numbers(const QList<Number>& list) {
   return texts.join(QLatin1Char(' '));
 }
 
-/// The lines of one definition; each begins with its name.
-class CLines {
- public:
-  CLines(const QString& name, CSubjectLines& lines)
-      : mName(lines.labels().of(name)), mLines(lines) {}
-
-  void add(const QString& property, const QString& value) {
-    mLines.add(mName + QLatin1Char(' ') + property, value);
-  }
-  void addLabel(const QString& property, const QString& label) {
-    add(property, mLines.labels().of(label));
-  }
-  void addUnlessEmpty(const char* property, const QString& value) {
-    if (!value.isEmpty()) add(QString::fromLatin1(property), value);
-  }
-  void addValue(const char* property, const CParamVal& value) {
-    if (!value.isNull()) add(QString::fromLatin1(property), value.asStr());
-  }
-  void addChoices(const QString& kind, const QList<NParamDef::SNamedI64Value>& choices) {
-    for (const NParamDef::SNamedI64Value& each : choices)
-      addLabel(QStringLiteral("%1 %2").arg(kind, QString::number(each.value)), each.name);
-  }
-
- private:
-  const QString mName;
-  CSubjectLines& mLines;
-};
-
-void addStates(const QList<NParamDef::SNamedI64Value>& states, CLines& lines) {
-  for (const NParamDef::SNamedI64Value& each : states)
-    lines.add(each.name, QString::number(each.value));
+void addValue(const QString& property, const CParamVal& value, CSubjectLines& lines) {
+  if (!value.isNull()) lines.add(property, value.asStr());
 }
 
-void addBits(const QList<NParamDef::SBitValue>& bits, CLines& lines) {
+void addChoices(const QString& kind, const QList<NParamDef::SNamedI64Value>& choices,
+                CSubjectLines& lines) {
+  for (const NParamDef::SNamedI64Value& each : choices)
+    lines.add(QStringLiteral("%1 %2").arg(kind, QString::number(each.value)),
+              lines.labels().of(each.name));
+}
+
+void addBits(const QList<NParamDef::SBitValue>& bits, CSubjectLines& lines) {
   for (const NParamDef::SBitValue& bit : bits) {
-    const QString kind = bit.invert ? QStringLiteral("not bit %1") : QStringLiteral("bit %1");
-    lines.addLabel(kind.arg(bit.pos), bit.name);
+    const QString kind = bit.invert ? "not bit %1" : "bit %1";
+    lines.add(kind.arg(bit.pos), lines.labels().of(bit.name));
   }
 }
 
-void addDefinition(const CParamDefItem& definition, CSubjectLines& out) {
-  CLines lines(definition.name(), out);
-  if (definition.valid()) lines.add(QStringLiteral("id"), QString::number(definition.id()));
-  lines.add(QStringLiteral("type"), definition.typeStr());
-  if (definition.unitId() != 0)
-    lines.add(QStringLiteral("unit"), QString::number(definition.unitId()));
-  if (!definition.hint().isEmpty()) lines.addLabel(QStringLiteral("hint"), definition.hint());
-  lines.addValue("default", definition.defVal());
-  lines.addValue("minimum", definition.minVal());
-  lines.addValue("maximum", definition.maxVal());
+void addDefinition(const CParamDefItem& definition, CSubjectLines& all) {
+  CSubjectLines lines = all.of(all.labels().of(definition.name()));
+  if (definition.valid()) lines.add("id", QString::number(definition.id()));
+  lines.add("type", definition.typeStr());
+  if (definition.unitId() != 0) lines.add("unit", QString::number(definition.unitId()));
+  lines.addUnlessEmpty("hint", lines.labels().of(definition.hint()));
+  addValue("default", definition.defVal(), lines);
+  addValue("minimum", definition.minVal(), lines);
+  addValue("maximum", definition.maxVal(), lines);
   lines.addUnlessEmpty("minimum parameters", numbers(definition.minIds()));
   lines.addUnlessEmpty("maximum parameters", numbers(definition.maxIds()));
-  lines.addChoices(QStringLiteral("choice"), definition.enums());
-  if (definition.hasEnums() && definition.isEnumEditable())
-    lines.add(QStringLiteral("other values"), QStringLiteral("allowed"));
-  lines.addChoices(QStringLiteral("radio"), definition.radios());
-  addStates(CParamValueText::states(definition, CParamValueText::English), lines);
+  addChoices("choice", definition.enums(), lines);
+  if (definition.hasEnums() && definition.isEnumEditable()) lines.add("other values", "allowed");
+  addChoices("radio", definition.radios(), lines);
+  for (const auto& state : CParamValueText::states(definition, CParamValueText::English))
+    lines.add(state.name, QString::number(state.value));
   addBits(definition.bitset(), lines);
   if (definition.hasVisibleValues()) {
     lines.add(QStringLiteral("visible when %1").arg(definition.visibleId()),

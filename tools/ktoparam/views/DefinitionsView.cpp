@@ -1,15 +1,8 @@
 #include "CLoadedFile.h"
-#include "COutput.h"
 #include "CParamValueText.h"
-#include "CTable.h"
-#include "JsonValues.h"
-#include "NDisplayText.h"
+#include "Output.h"
 #include "SValueView.h"
-#include "Tool.h"
 #include "Views.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <map>
 
@@ -69,19 +62,11 @@ QString limitCell(const CParamVal& limit, const QList<unsigned int>& ids, CRefer
   return parts.join(QLatin1String(", "));
 }
 
-QString named(qint64 value, const QString& name) {
-  return QStringLiteral("%1=%2").arg(QString::number(value), NDisplayText::shown(name));
-}
-
-QString named(const SNamedI64Value& choice, const CLabels& labels) {
-  return named(choice.value, labels.of(choice.name));
-}
-
 QString choicesCell(const CParamDefItem& definition, const CLabels& labels) {
   QStringList parts;
   for (const SNamedI64Value& each : CParamValueText::choices(definition, CParamValueText::English))
-    parts.append(named(each, labels));
-  if (definition.hasEnums() && definition.isEnumEditable()) parts.append(QStringLiteral("…"));
+    parts.append(QStringLiteral("%1=%2").arg(QString::number(each.value), labels.shown(each.name)));
+  if (definition.hasEnums() && definition.isEnumEditable()) parts.append("…");
   for (const SBitValue& bit : definition.bitset()) {
     const QString place = bit.invert ? Tool::tr("not bit %1") : Tool::tr("bit %1");
     parts.append(QStringLiteral("%1=%2").arg(place.arg(bit.pos), labels.shown(bit.name)));
@@ -106,8 +91,8 @@ QStringList toCells(const CParamDefItem& definition, CReferences& references) {
 QJsonArray toJson(const QList<SNamedI64Value>& choices, const CLabels& labels) {
   QJsonArray array;
   for (const SNamedI64Value& each : choices) {
-    array.append(QJsonObject{{QStringLiteral("value"), QString::number(each.value)},
-                             {QStringLiteral("name"), labels.of(each.name)}});
+    array.append(
+        QJsonObject{{"value", QString::number(each.value)}, {"name", labels.of(each.name)}});
   }
   return array;
 }
@@ -115,17 +100,16 @@ QJsonArray toJson(const QList<SNamedI64Value>& choices, const CLabels& labels) {
 QJsonValue toJson(const SCheckValues& states) {
   if (!states.isValid()) return {};
   const QString undefined = states.hasUndefined ? QString::number(states.undefined) : QString();
-  return QJsonObject{{QStringLiteral("checked"), QString::number(states.checked)},
-                     {QStringLiteral("unchecked"), QString::number(states.unchecked)},
-                     {QStringLiteral("undefined"), textOrNull(undefined)}};
+  return QJsonObject{{"checked", QString::number(states.checked)},
+                     {"unchecked", QString::number(states.unchecked)},
+                     {"undefined", textOrNull(undefined)}};
 }
 
 QJsonArray toJson(const QList<SBitValue>& bits, const CLabels& labels) {
   QJsonArray array;
   for (const SBitValue& bit : bits) {
-    array.append(QJsonObject{{QStringLiteral("position"), bit.pos},
-                             {QStringLiteral("name"), labels.of(bit.name)},
-                             {QStringLiteral("inverted"), bit.invert}});
+    array.append(QJsonObject{
+        {"position", bit.pos}, {"name", labels.of(bit.name)}, {"inverted", bit.invert}});
   }
   return array;
 }
@@ -134,8 +118,7 @@ QJsonValue visibility(const CParamDefItem& definition, CReferences& references) 
   if (!definition.hasVisibleValues()) return {};
   QJsonArray values;
   for (const qint64 value : definition.visibleVals()) values.append(QString::number(value));
-  return QJsonObject{{QStringLiteral("parameter"), references.name(definition.visibleId())},
-                     {QStringLiteral("values"), values}};
+  return QJsonObject{{"parameter", references.name(definition.visibleId())}, {"values", values}};
 }
 
 QJsonObject toJson(const CParamDefItem& definition, CReferences& references) {
@@ -143,24 +126,24 @@ QJsonObject toJson(const CParamDefItem& definition, CReferences& references) {
     return QJsonArray::fromStringList(references.names(ids));
   };
   const CLabels& labels = references.labels();
-  return {{QStringLiteral("id"), qint64(definition.id())},
-          {QStringLiteral("name"), labels.of(definition.name())},
-          {QStringLiteral("type"), definition.typeStr()},
-          {QStringLiteral("unitId"),
-           definition.unitId() == 0 ? QJsonValue() : QJsonValue(qint64(definition.unitId()))},
-          {QStringLiteral("unit"), textOrNull(references.unit(definition))},
-          {QStringLiteral("hint"), labels.of(definition.hint())},
-          {QStringLiteral("default"), valueOrNull(definition.defVal())},
-          {QStringLiteral("minimum"), valueOrNull(definition.minVal())},
-          {QStringLiteral("maximum"), valueOrNull(definition.maxVal())},
-          {QStringLiteral("minimumParameters"), names(definition.minIds())},
-          {QStringLiteral("maximumParameters"), names(definition.maxIds())},
-          {QStringLiteral("choices"), toJson(definition.enums(), labels)},
-          {QStringLiteral("otherValuesAllowed"), definition.isEnumEditable()},
-          {QStringLiteral("radios"), toJson(definition.radios(), labels)},
-          {QStringLiteral("check"), toJson(definition.checkVals())},
-          {QStringLiteral("bits"), toJson(definition.bitset(), labels)},
-          {QStringLiteral("visibleWhen"), visibility(definition, references)}};
+  return {
+      {"id", qint64(definition.id())},
+      {"name", labels.of(definition.name())},
+      {"type", definition.typeStr()},
+      {"unitId", definition.unitId() == 0 ? QJsonValue() : QJsonValue(qint64(definition.unitId()))},
+      {"unit", textOrNull(references.unit(definition))},
+      {"hint", labels.of(definition.hint())},
+      {"default", valueOrNull(definition.defVal())},
+      {"minimum", valueOrNull(definition.minVal())},
+      {"maximum", valueOrNull(definition.maxVal())},
+      {"minimumParameters", names(definition.minIds())},
+      {"maximumParameters", names(definition.maxIds())},
+      {"choices", toJson(definition.enums(), labels)},
+      {"otherValuesAllowed", definition.isEnumEditable()},
+      {"radios", toJson(definition.radios(), labels)},
+      {"check", toJson(definition.checkVals())},
+      {"bits", toJson(definition.bitset(), labels)},
+      {"visibleWhen", visibility(definition, references)}};
 }
 
 }  // namespace
@@ -173,7 +156,7 @@ void NViews::showDefinitions(const CLoadedFile& loaded, bool isJson, COutput& ou
     for (const QString& name : file.defNames())
       array.append(toJson(file.paramDef(name), references));
     QJsonObject object = headJson(loaded);
-    object.insert(QStringLiteral("definitions"), array);
+    object.insert("definitions", array);
     return out.json(object);
   }
   CTable table({Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"), Tool::tr("UNIT"),

@@ -3,8 +3,6 @@
 #include "NDisplayText.h"
 #include "Views.h"
 
-#include <QJsonObject>
-
 QString NViews::headLine(const CLoadedFile& loaded) {
   const SHead head = loaded.head();
   QStringList parts(loaded.info().typeName);
@@ -18,10 +16,10 @@ QString NViews::headLine(const CLoadedFile& loaded) {
 
 QJsonObject NViews::headJson(const CLoadedFile& loaded) {
   const SHead head = loaded.head();
-  return {{QStringLiteral("file"), loaded.fileName()},
-          {QStringLiteral("fileType"), loaded.info().typeName},
-          {QStringLiteral("version"), textOrNull(loaded.info().versionText())},
-          {QStringLiteral("date"), textOrNull(head.date.toString(Qt::ISODate))},
-          {QStringLiteral("author"), head.author},
-          {QStringLiteral("comment"), head.comment}};
+  return {{"file", loaded.fileName()},
+          {"fileType", loaded.info().typeName},
+          {"version", textOrNull(loaded.info().versionText())},
+          {"date", textOrNull(head.date.toString(Qt::ISODate))},
+          {"author", head.author},
+          {"comment", head.comment}};
 }

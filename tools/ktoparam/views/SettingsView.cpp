@@ -1,15 +1,8 @@
 #include "CLoadedFile.h"
-#include "COutput.h"
 #include "CSubjectLines.h"
-#include "CTable.h"
-#include "JsonValues.h"
-#include "NDisplayText.h"
 #include "NShortText.h"
-#include "Tool.h"
+#include "Output.h"
 #include "Views.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 namespace {
 
@@ -39,14 +32,13 @@ QJsonArray childrenJson(const ICSettingsTreeNode& group, const CLabels& labels) 
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICSettingsTreeNode& node = *group.childPtr(i);
     const bool isGroup = node.isGroup();
-    children.append(QJsonObject{
-        {QStringLiteral("name"), labels.of(node.name())},
-        {QStringLiteral("type"), textOrNull(ICSettingsTreeNode::typeToStr(node.type()))},
-        {QStringLiteral("value"), isGroup ? QJsonValue() : QJsonValue(node.value().asStr())},
-        {QStringLiteral("unit"), textOrNull(labels.of(node.unit()))},
-        {QStringLiteral("comment"), labels.of(node.comment())},
-        {QStringLiteral("children"),
-         isGroup ? QJsonValue(childrenJson(node, labels)) : QJsonValue()}});
+    children.append(
+        QJsonObject{{"name", labels.of(node.name())},
+                    {"type", textOrNull(ICSettingsTreeNode::typeToStr(node.type()))},
+                    {"value", isGroup ? QJsonValue() : QJsonValue(node.value().asStr())},
+                    {"unit", textOrNull(labels.of(node.unit()))},
+                    {"comment", labels.of(node.comment())},
+                    {"children", isGroup ? QJsonValue(childrenJson(node, labels)) : QJsonValue()}});
   }
   return children;
 }
@@ -82,7 +74,7 @@ EExitStatus NViews::showSettings(const CLoadedFile& loaded, bool isJson, COutput
       return ExitFile;
     }
     QJsonObject object = headJson(loaded);
-    object.insert(QStringLiteral("settings"), childrenJson(root, out.labels()));
+    object.insert("settings", childrenJson(root, out.labels()));
     out.json(object);
     return ExitDone;
   }

@@ -1,16 +1,10 @@
 #include "CInvocation.h"
 #include "CLoadedFile.h"
-#include "COutput.h"
 #include "CSubjectLines.h"
-#include "CTable.h"
-#include "NDisplayText.h"
 #include "NShortText.h"
+#include "Output.h"
 #include "SValueView.h"
-#include "Tool.h"
 #include "Views.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 namespace {
 
@@ -52,9 +46,9 @@ class CTreeRows {
     const SValueView view = mViews.of(node, {});
     if (mOnlyChanged && !view.isChanged()) return;
     addWaitingGroups();
-    mTable.addRow({view.isChanged() ? QStringLiteral("*") : QString(),
-                   indented(node, mGroups.size()), NDisplayText::shown(view.value.asStr()),
-                   NDisplayText::shownOrNothing(view.unit), view.meaning},
+    mTable.addRow({view.isChanged() ? "*" : QString(), indented(node, mGroups.size()),
+                   NDisplayText::shown(view.value.asStr()), NDisplayText::shownOrNothing(view.unit),
+                   view.meaning},
                   view.isChanged());
   }
 
@@ -85,7 +79,7 @@ void printSubDevice(ICParameterFile& file, quint8 subDevId, bool onlyChanged, CO
   if (table.isEmpty() && onlyChanged) return;
   out.line({});
   out.line(heading(file, subDevId, out.labels()));
-  table.print(out, QStringLiteral("  "));
+  table.print(out, "  ");
 }
 
 QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, bool onlyChanged,
@@ -94,10 +88,10 @@ QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, bool onlyChang
   CValueViews(file, labels).visit(*file.rootGroup(subDevId), [&](const SValueView& view) {
     if (!onlyChanged || view.isChanged()) parameters.append(view.toJson());
   });
-  return {{QStringLiteral("id"), subDevId},
-          {QStringLiteral("type"), ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId))},
-          {QStringLiteral("name"), labels.of(file.subDevName(subDevId))},
-          {QStringLiteral("parameters"), parameters}};
+  return {{"id", subDevId},
+          {"type", ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId))},
+          {"name", labels.of(file.subDevName(subDevId))},
+          {"parameters", parameters}};
 }
 
 // --- text
@@ -145,26 +139,24 @@ EExitStatus NViews::showValues(const CInvocation& invocation, COutput& out) {
   if (onlyChanged && !invocation.isSet(NOptions::kDef))
     return invocation.wrongUsage(Tool::tr("--changed needs --def, which tells the defaults."), out);
   CLoadedFile loaded(out);
-  QStringList hardwareIds;
-  const EExitStatus opened = loaded.openToRead(invocation, hardwareIds);
+  const EExitStatus opened = loaded.openToRead(invocation);
   if (opened != ExitDone) return opened;
   ICParameterFile& file = loaded.file();
   if (!invocation.wantsJson()) out.line(headLine(loaded));
   QJsonArray array;
-  for (const QString& hardwareId : hardwareIds) {
+  for (const QString& hardwareId : loaded.chosenIds()) {
     file.selectHardwareId(hardwareId);
     QJsonArray subDevices;
-    for (const quint8 id : loaded.subDevices(invocation.subDevice()))
+    for (const quint8 id : loaded.chosenSubDevices())
       if (invocation.wantsJson())
         subDevices.append(subDeviceJson(file, id, onlyChanged, out.labels()));
       else
         printSubDevice(file, id, onlyChanged, out);
-    array.append(QJsonObject{{QStringLiteral("id"), out.labels().of(hardwareId)},
-                             {QStringLiteral("subDevices"), subDevices}});
+    array.append(QJsonObject{{"id", out.labels().of(hardwareId)}, {"subDevices", subDevices}});
   }
   if (!invocation.wantsJson()) return ExitDone;
   QJsonObject object = headJson(loaded);
-  object.insert(QStringLiteral("hardwareIds"), array);
+  object.insert("hardwareIds", array);
   out.json(object);
   return ExitDone;
 }

@@ -2,8 +2,6 @@
 
 #include "SCommand.h"
 
-#include <QString>
-
 class CLoadedFile;
 class CSubjectLines;
 class QJsonObject;

@@ -1,0 +1,8 @@
+#pragma once
+
+// What all that prints results needs.
+#include "COutput.h"
+#include "CTable.h"
+#include "JsonValues.h"
+#include "NDisplayText.h"
+#include "Tool.h"

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <new>
 
 namespace {
@@ -30,12 +31,12 @@ int furtherEncoding(void* /*data*/, const XML_Char* name, XML_Encoding* encoding
 
 /// The parser's C interface. Nothing may be thrown through it, so a lack of memory is noted there.
 struct CXmlParser::SHandlers {
-  template <class Action>
-  static void call(void* userData, Action action) {
+  template <class Action, class... Args>
+  static void call(void* userData, Action action, Args... args) {
     auto* self = static_cast<CXmlParser*>(userData);
     if (self->mStopped) return;
     try {
-      action(*self);
+      std::invoke(action, *self, args...);
       if (self->mData.isFull() && !self->mStopped)
         self->fail(tr("the document has too many nodes or different names"));
     } catch (const std::bad_alloc&) {
@@ -46,34 +47,25 @@ struct CXmlParser::SHandlers {
   }
 
   static void declaration(void* data, const char* /*version*/, const char* encoding, int) {
-    call(data, [=](CXmlParser& p) { p.declaration(encoding); });
+    call(data, &CXmlParser::declaration, encoding);
   }
   static void doctype(void* data, const char*, const char* systemId, const char* publicId,
                       int hasInternalSubset) {
-    call(data, [=](CXmlParser& p) {
-      p.doctype(hasInternalSubset != 0, systemId != nullptr || publicId != nullptr);
-    });
+    call(data, &CXmlParser::doctype, hasInternalSubset != 0,
+         systemId != nullptr || publicId != nullptr);
   }
   static void start(void* data, const char* tag, const char** attributes) {
-    call(data, [=](CXmlParser& p) { p.startElement(tag, attributes); });
+    call(data, &CXmlParser::startElement, tag, attributes);
   }
-  static void end(void* data, const char* /*tag*/) {
-    call(data, [](CXmlParser& p) { p.endElement(); });
-  }
+  static void end(void* data, const char* /*tag*/) { call(data, &CXmlParser::endElement); }
   static void characters(void* data, const char* text, int length) {
-    call(data, [=](CXmlParser& p) { p.characters({text, static_cast<size_t>(length)}); });
+    call(data, &CXmlParser::characters, std::string_view(text, static_cast<size_t>(length)));
   }
-  static void startCData(void* data) {
-    call(data, [](CXmlParser& p) { p.startCData(); });
-  }
-  static void endCData(void* data) {
-    call(data, [](CXmlParser& p) { p.endCData(); });
-  }
-  static void comment(void* data, const char* /*text*/) {
-    call(data, [](CXmlParser& p) { p.otherNode(); });
-  }
+  static void startCData(void* data) { call(data, &CXmlParser::startCData); }
+  static void endCData(void* data) { call(data, &CXmlParser::endCData); }
+  static void comment(void* data, const char* /*text*/) { call(data, &CXmlParser::otherNode); }
   static void instruction(void* data, const char* /*target*/, const char* /*text*/) {
-    call(data, [](CXmlParser& p) { p.otherNode(); });
+    call(data, &CXmlParser::otherNode);
   }
 };
 

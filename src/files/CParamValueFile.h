@@ -16,6 +16,7 @@
 using CSubDeviceTrees = std::map<quint8, CSubDeviceTree>;
 using CHardwareIdTrees = std::map<QString, CSubDeviceTrees>;
 
+QStringList hardwareIdsOf(const CHardwareIdTrees& trees);
 /// A deep copy.
 CSubDeviceTrees cloneOf(const CSubDeviceTrees& trees);
 

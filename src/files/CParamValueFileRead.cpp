@@ -11,15 +11,11 @@ using namespace NLumoXmlTags;
 
 using EResult = CParamValueFile::EResult;
 
-namespace {
-
-QStringList keysOf(const CHardwareIdTrees& trees) {
-  QStringList keys;
-  for (const auto& entry : trees) keys.append(entry.first);
-  return keys;
+QStringList hardwareIdsOf(const CHardwareIdTrees& trees) {
+  QStringList ids;
+  for (const auto& entry : trees) ids.append(entry.first);
+  return ids;
 }
-
-}  // namespace
 
 EResult CParamValueFile::load(const QString& fileName, const QString& version,
                               CHardwareIdTrees& trees, SSubDeviceLabels& labels,
@@ -89,7 +85,7 @@ EResult CParamValueFile::finish(const QString& fileName, EResult result) {
 EResult CParamValueFile::acceptHardwareId(const QString& fileName, const CHardwareIdTrees& trees,
                                           QString& hardwareId) {
   mErrorMsg.clear();
-  if (errorHandler().handleHardwareIdError(hardwareId, keysOf(trees), mErrorMsg)) return Ok;
+  if (errorHandler().handleHardwareIdError(hardwareId, hardwareIdsOf(trees), mErrorMsg)) return Ok;
   prependToError(tr("File \"%1\" load error: ").arg(fileName));
   setMessageBoardCritical(mErrorMsg);
   return HardwareIdRejected;

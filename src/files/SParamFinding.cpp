@@ -60,12 +60,8 @@ SParamFinding::ESeverity SParamFinding::severityOf(ECode code) {
 }
 
 QString SParamFinding::severityText(ESeverity severity) {
-  switch (severity) {
-    case Error:
-      return QCoreApplication::translate("SParamFinding", "error");
-    case Warning:
-      return QCoreApplication::translate("SParamFinding", "warning");
-    default:
-      return QCoreApplication::translate("SParamFinding", "info");
-  }
+  static constexpr const char* kTexts[] = {QT_TRANSLATE_NOOP("SParamFinding", "info"),
+                                           QT_TRANSLATE_NOOP("SParamFinding", "warning"),
+                                           QT_TRANSLATE_NOOP("SParamFinding", "error")};
+  return QCoreApplication::translate("SParamFinding", kTexts[severity]);
 }

@@ -3,10 +3,7 @@
 #include "CParameterFileBaseImpl.h"
 
 QStringList CParameterFileBaseImpl::hardwareIds() const {
-  QStringList ids;
-  ids.reserve(static_cast<int>(mTrees.size()));
-  for (const auto& entry : mTrees) ids.append(entry.first);
-  return ids;
+  return hardwareIdsOf(mTrees);
 }
 
 bool CParameterFileBaseImpl::containsHardwareId(const QString& hardwareId) const {

@@ -13,20 +13,13 @@ namespace {
 
 /// The key of the property of a role; empty for every other role.
 QString propertyOf(int role) {
-  switch (role) {
-    case CParameterFileModel::ChangedRole:
-      return PROPERTY_CHANGED;
-    case CParameterFileModel::WarningRole:
-      return PROPERTY_WARNING;
-    case CParameterFileModel::WarningMessageRole:
-      return PROPERTY_WARNING_MESSAGE;
-    case CParameterFileModel::ErrorRole:
-      return PROPERTY_ERROR;
-    case CParameterFileModel::ErrorMessageRole:
-      return PROPERTY_ERROR_MESSAGE;
-    default:
-      return {};
-  }
+  static const QMap<int, QString> keys{
+      {CParameterFileModel::ChangedRole, PROPERTY_CHANGED},
+      {CParameterFileModel::WarningRole, PROPERTY_WARNING},
+      {CParameterFileModel::WarningMessageRole, PROPERTY_WARNING_MESSAGE},
+      {CParameterFileModel::ErrorRole, PROPERTY_ERROR},
+      {CParameterFileModel::ErrorMessageRole, PROPERTY_ERROR_MESSAGE}};
+  return keys.value(role);
 }
 
 QVariant propertyValue(const ICParamTreeNode& node, int role) {

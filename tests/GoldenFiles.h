@@ -27,19 +27,4 @@ inline void addTable(const char* name, std::initializer_list<const char*> column
   }
 }
 
-/// A text on one line, as the expected files have it: ASCII without control characters.
-inline QString readable(const QString& text) {
-  QString result;
-  for (const QChar c : text) {
-    const ushort unit = c.unicode();
-    result += unit == '\n'   ? QStringLiteral("\\n")
-              : unit == '\r' ? QStringLiteral("\\r")
-              : unit == '\t' ? QStringLiteral("\\t")
-              : unit < 0x20 || unit > 0x7E
-                  ? QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'))
-                  : QString(c);
-  }
-  return result;
-}
-
 }  // namespace NGoldenFiles

@@ -3,47 +3,41 @@
 #include "ICParameterFile.h"
 
 #include <QStringList>
+#include <QTextStream>
 
 /// The whole content of a parameter file object as text, so that two of them can be compared.
 namespace NParamFileText {
 
-inline QString choices(const QList<NParamDef::SNamedI64Value>& values) {
+template <class List, class Text>
+QString joined(const List& values, const Text& text) {
   QStringList texts;
-  for (const auto& value : values) texts += QString::number(value.value) + '=' + value.name;
+  for (const auto& value : values) texts += text(value);
   return texts.join('|');
 }
 
 template <class T>
 QString numbers(const QList<T>& values) {
-  QStringList texts;
-  for (const T value : values) texts += QString::number(value);
-  return texts.join('|');
+  return joined(values, [](T value) { return QString::number(value); });
 }
 
 inline QString definition(const CParamDefItem& d) {
-  QStringList bits;
-  for (const auto& bit : d.bitset())
-    bits += QStringLiteral("%1=%2%3").arg(bit.pos).arg(bit.invert ? "!" : "", bit.name);
+  const auto choice = [](const auto& value) -> QString {
+    return QString::number(value.value) + '=' + value.name;
+  };
+  const auto bit = [](const auto& value) -> QString {
+    return QString::number(value.pos) + (value.invert ? "=!" : "=") + value.name;
+  };
   const auto check = d.checkVals();
-  return QStringList{
-      QString::number(d.id()),
-      d.name(),
-      d.typeStr(),
-      QString::number(d.unitId()),
-      d.hint(),
-      d.defVal().asStr(),
-      d.minVal().asStr(),
-      d.maxVal().asStr(),
-      numbers(d.minIds()),
-      numbers(d.maxIds()),
-      d.isEnumEditable() ? "edit" : "fixed",
-      choices(d.enums()),
-      choices(d.radios()),
-      numbers(QList<qint64>{check.checked, check.unchecked, check.hasUndefined, check.undefined}),
-      bits.join('|'),
-      QString::number(d.visibleId()),
-      numbers(d.visibleVals())}
-      .join(';');
+  QString text;
+  QTextStream(&text) << d.id() << ';' << d.name() << ';' << d.typeStr() << ';' << d.unitId() << ';'
+                     << d.hint() << ';' << d.defVal().asStr() << ';' << d.minVal().asStr() << ';'
+                     << d.maxVal().asStr() << ';' << numbers(d.minIds()) << ';'
+                     << numbers(d.maxIds()) << ';' << (d.isEnumEditable() ? "edit" : "fixed") << ';'
+                     << joined(d.enums(), choice) << ';' << joined(d.radios(), choice) << ';'
+                     << check.checked << '|' << check.unchecked << '|' << int(check.hasUndefined)
+                     << '|' << check.undefined << ';' << joined(d.bitset(), bit) << ';'
+                     << d.visibleId() << ';' << numbers(d.visibleVals());
+  return text;
 }
 
 inline void tree(ICParameterFile& file, ICParamTreeNode* node, int depth, QStringList& lines) {
@@ -81,13 +75,13 @@ inline QString content(ICParameterFile& file) {
 
 /// Everything.
 inline QString all(ICParameterFile& file) {
-  return QStringLiteral("%1 %2 %3 %4\n%5 %6\n")
-             .arg(file.fileType())
-             .arg(file.hardwareId())
-             .arg(file.paramFileVersion())
-             .arg(file.defChanged())
-             .arg(file.defDate().toString(Qt::ISODate), file.date().toString(Qt::ISODate)) +
-         file.changedList().join('|') + '\n' + content(file);
+  const QStringList first{QString::number(file.fileType()), file.hardwareId(),
+                          QString::number(file.paramFileVersion()),
+                          QString::number(int(file.defChanged()))};
+  const QString dates =
+      file.defDate().toString(Qt::ISODate) + ' ' + file.date().toString(Qt::ISODate);
+  return QStringList{first.join(' '), dates, file.changedList().join('|'), content(file)}.join(
+      '\n');
 }
 
 }  // namespace NParamFileText

@@ -24,13 +24,4 @@ inline QString example(const QString& name) {
   return QStringLiteral(KTO_EXAMPLE_DATA "/") + name;
 }
 
-/// What is expected of a test file: the text of the same base name with suffix "txt", in
-/// which @FILE@ means the test file.
-inline QString expected(const QString& fileName) {
-  const QFileInfo info(fileName);
-  const QString text =
-      QString::fromUtf8(read(info.path() + '/' + info.completeBaseName() + ".txt"));
-  return text.trimmed().replace("@FILE@", fileName);
-}
-
 }  // namespace NTestFiles

@@ -38,10 +38,23 @@ void addFiles(const char* folder) {
   }
 }
 
+/// A text in ASCII without control characters but line ends, as the expected files have it.
 QString readable(const QString& text) {
-  QStringList lines = text.split('\n');
-  for (QString& line : lines) line = NGoldenFiles::readable(line);
-  return lines.join('\n').trimmed();
+  QString result;
+  for (const QChar c : text) {
+    const ushort unit = c.unicode();
+    if (unit == '\n' || (unit >= 0x20 && unit <= 0x7E))
+      result += c;
+    else
+      result += QString("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
+  }
+  return result.trimmed();
+}
+
+/// The text of the same base name with suffix "txt", in which @FILE@ means the test file.
+QString expected(const QString& fileName) {
+  const QString base = fileName.left(fileName.lastIndexOf('.'));
+  return QString::fromUtf8(read(base + ".txt")).trimmed().replace("@FILE@", fileName);
 }
 
 /// What the loader of values says in numbers, too.
@@ -142,10 +155,9 @@ class tst_FileFormats : public QObject {
     for (QString* text : {&version, &wanted}) text->remove('"');
     const bool isGood = opened == "yes";
     const QString name = mFolder.filePath("versions");
-    const QString start = "<C_SETTINGS_FORMAT Version='" + version + "'>";
-    const QByteArray settings = start.toUtf8() + "</C_SETTINGS_FORMAT>";
-    const QByteArray table = start.toUtf8().replace("SETTINGS", "COMPENSATION") +
-                             "<HEADER/><POINTLIST/></C_COMPENSATION_FORMAT>";
+    const QByteArray settings = "<C_SETTINGS_FORMAT Version='" + version.toUtf8() + "'/>";
+    const QByteArray table = "<C_COMPENSATION_FORMAT Version='" + version.toUtf8() +
+                             "'><HEADER/><POINTLIST/></C_COMPENSATION_FORMAT>";
 
     const std::unique_ptr<ICSettingsFile> tree(ICSettingsFile::create(nullptr));
     QVERIFY(write(name, settings));

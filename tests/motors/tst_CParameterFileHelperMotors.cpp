@@ -11,7 +11,6 @@
 
 #include <atomic>
 #include <memory>
-#include <mutex>
 #include <stdexcept>
 #include <thread>
 
@@ -27,66 +26,44 @@ const auto kNamesSignal =
     QOverload<const CMotorNames&>::of(&CParameterFileHelper::readMotorNamesFinisched);
 const auto kEndSignal = QOverload<>::of(&CParameterFileHelper::readMotorNamesFinisched);
 
-/// Keeps the errors that are written to it, and lets a test act at each in the thread that writes.
-class CTestLogfile : public CKeptLines {
- public:
-  explicit CTestLogfile(std::function<void()> onError = nullptr)
-      : CKeptLines(kLevelErrors), mOnError(std::move(onError)) {}
-
+/// Keeps the errors that are written to it; a test acts at each in the thread that writes.
+struct STestLogfile : CKeptLines {
+  STestLogfile() : CKeptLines(kLevelErrors) {}
   QString prefix() const override { return QStringLiteral("test"); }
   void write(quint32 level, const QString& text) override {
-    if (mOnError && isLevelEnabled(level)) mOnError();
-    const std::lock_guard lock(mMutex);
+    if (isLevelEnabled(level)) onError();
     CKeptLines::write(level, text);
   }
-  int errors() const {
-    const std::lock_guard lock(mMutex);
-    return lines.size();
-  }
-
- private:
-  const std::function<void()> mOnError;
-  mutable std::mutex mMutex;
+  std::function<void()> onError = [] {};
 };
 
 /// Holds the thread that writes the first error until the test lets it go on.
-class CGate {
- public:
-  std::function<void()> keeper() {
-    return [this] {
-      if (mIsOpen.exchange(true)) return;
-      mReached.release();
-      mOpen.acquire();
+struct SGate : STestLogfile {
+  SGate() {
+    onError = [this] {
+      if (isHeld.exchange(true)) return;
+      reached.release();
+      open.acquire();
     };
   }
-  bool waitUntilReached() { return mReached.tryAcquire(1, kTimeout); }
-  void open() { mOpen.release(); }
-
- private:
-  std::atomic<bool> mIsOpen{false};
-  QSemaphore mReached;
-  QSemaphore mOpen;
+  std::atomic<bool> isHeld{false};
+  QSemaphore reached;
+  QSemaphore open;
 };
 
 /// A motor file with one parameter, in groups nested as deep as asked for, for each motor.
 QByteArray content(const QStringList& motors, const QString& comment = {},
                    const QString& version = "1.0", int depth = 1) {
-  QString text =
-      QStringLiteral("<LumoMotorParameters version=\"%1\"><Head><Comment>%2</Comment></Head>")
-          .arg(version, comment);
+  QString text = QString(R"(<LumoMotorParameters version="%1"><Head><Comment>%2</Comment></Head>)")
+                     .arg(version, comment);
   for (const QString& motor : motors) {
-    text += QStringLiteral(
-                "<Data hardwareId=\"%1\"><SubDevice id=\"0\"><Type>Drive</Type><Name>M</Name>")
-                .arg(motor) +
-            QStringLiteral("<Group><Name>G</Name>").repeated(depth) +
-            QStringLiteral("<Param id=\"4010\"><Name>PolePairs</Name><Value>0x4</Value></Param>") +
-            QStringLiteral("</Group>").repeated(depth) + QStringLiteral("</SubDevice></Data>");
+    text += QString(R"(<Data hardwareId="%1"><SubDevice id="0"><Type>Drive</Type><Name>M</Name>%2
+                         <Param id="4010"><Name>PolePairs</Name><Value>0x4</Value></Param>%3
+                       </SubDevice></Data>)")
+                .arg(motor, QString("<Group><Name>G</Name>").repeated(depth),
+                     QString("</Group>").repeated(depth));
   }
-  return (text + QStringLiteral("</LumoMotorParameters>\n")).toUtf8();
-}
-
-bool waitForEnd(QSignalSpy& spy) {
-  return !spy.isEmpty() || spy.wait(kTimeout);
+  return (text + "</LumoMotorParameters>").toUtf8();
 }
 
 CMotorNames readList(const QList<CParamFileElement>& files, ICLogfile* logfile = nullptr) {
@@ -111,38 +88,34 @@ class tst_CParameterFileHelperMotors : public QObject {
   void init() { mFolder = std::make_unique<QTemporaryDir>(); }
 
   void readsAFile_data() {
-    addColumns<QByteArray, QStringList>("content", "names");
-    const auto bad = [](const char* name, const QByteArray& text) {
-      addRow(name, text, QStringList());
-    };
+    addColumns<QByteArray, QString>("content", "names");
     constexpr int kDepth = 1019;  // groups; 1,024 elements with those above and below them
     const QByteArray two = content({"B", " A "});
-    addRow("two motors", two, QStringList({"A", "B"}));
-    addRow("sub-version", content({"A"}, "", "1.7"), QStringList("A"));
-    addRow("deepest nesting", content({"A"}, "", "1.0", kDepth), QStringList("A"));
-    bad("too deep", content({"A"}, "", "1.0", kDepth * 100));
-    bad("missing", QByteArray());
-    bad("truncated", two.chopped(two.size() / 2));
-    bad("no motor", content({}));
-    bad("doubled motor", content({"M", "M"}));
-    bad("next version", content({"A"}, "", "2.0"));
-    bad("other root", QByteArray(two).replace("LumoMotorParameters", "LumoParameters"));
-    bad("definitions", "<LumoParamDefinition version=\"1.0\"><Data/></LumoParamDefinition>");
+    addRow("two motors", two, "AB");
+    addRow("sub-version", content({"A"}, "", "1.7"), "A");
+    addRow("deepest nesting", content({"A"}, "", "1.0", kDepth), "A");
+    addRow("too deep", content({"A"}, "", "1.0", kDepth * 100), "");
+    addRow("missing", QByteArray(), "");
+    addRow("truncated", two.chopped(two.size() / 2), "");
+    addRow("no motor", content({}), "");
+    addRow("doubled motor", content({"M", "M"}), "");
+    addRow("next version", content({"A"}, "", "2.0"), "");
+    addRow("other root", QByteArray(two).replace("LumoMotorParameters", "LumoParameters"), "");
+    addRow("definitions", QByteArray("<LumoParamDefinition version=\"1.0\"/>"), "");
   }
   void readsAFile() {
     QFETCH(QByteArray, content);
-    QFETCH(QStringList, names);
+    QFETCH(QString, names);
     const QString path = mFolder->filePath("m.xparam");
     if (!content.isNull()) QVERIFY(NTestFiles::write(path, content));
     const SKeptMessages kept;
-    CTestLogfile logfile;
+    STestLogfile logfile;
     CParameterFileHelper helper(&logfile, nullptr);
-    QCOMPARE(helper.readMotorNames(path), names);
-    QCOMPARE(CParameterFileHelper::readMotorNames(path, nullptr), names);
+    QCOMPARE(helper.readMotorNames(path).join(""), names);
     const int errors = logfile.lines.filter(path).size();
     QCOMPARE(errors > 0, names.isEmpty());
-    QCOMPARE(readList({element("m.xparam"), put("good", {"Good"})}, &logfile).keys(),
-             names + QStringList("Good"));
+    const auto read = readList({element("m.xparam"), put("good", {"Good"})}, &logfile);
+    QCOMPARE(read.keys().join(""), names + "Good");
     QCOMPARE(logfile.lines.filter(path).size(), 2 * errors);
     QCOMPARE(kept.texts, QStringList());  // none for the user
   }
@@ -155,13 +128,14 @@ class tst_CParameterFileHelperMotors : public QObject {
     const QString pathA = mFolder->filePath("a");
     const QString pathB = mFolder->filePath("b");
     const QMap<QString, QString> expected{{"M1", pathA}, {"M2", pathB}, {"M3", pathB}};
-    CTestLogfile logfile;
+    STestLogfile logfile;
     const CParameterFileHelper helper(&logfile, nullptr);
     QCOMPARE(helper.readMotorNames({pathA, mFolder->filePath("missing"), "", pathB}), expected);
     const QList<CParamFileElement> files{a, element("missing"), CParamFileElement(), b};
     QCOMPARE(CParameterFileHelper::readMotorNames(files, &logfile), expected);
-    QCOMPARE(logfile.errors(), 2);
-    CTestLogfile throwing([] { throw std::runtime_error("disk"); });
+    QCOMPARE(logfile.lines.size(), 2);
+    STestLogfile throwing;
+    throwing.onError = [] { throw std::runtime_error("disk"); };
     const CMotorNames names = readList(files, &throwing);
     a.setComment("two motors");
     QCOMPARE(names, CMotorNames({{"M1", a}, {"M2", b}, {"M3", b}}));
@@ -173,6 +147,10 @@ class tst_CParameterFileHelperMotors : public QObject {
     CDeviceElement device;
     device.setName("Feeder");
     CParameterFileMotorReaderThread thread(nullptr);
+    QCOMPARE(thread.logfilePrefix(), QString());
+    STestLogfile logfile;
+    thread.setLogfile(&logfile);
+    QCOMPARE(thread.logfilePrefix(), QString("test"));
     thread.setPath(mFolder->path());
     thread.setMotorParameterFiles({p});  // not asked, since there is a device
     for (const QStringList& expected : {QStringList(), QStringList("A")}) {
@@ -190,35 +168,21 @@ class tst_CParameterFileHelperMotors : public QObject {
     QVERIFY(thread.motorNames().isEmpty());
   }
 
-  void takesThePrefixOfAnActiveLogfile() {
-    CParameterFileMotorReaderThread thread(nullptr);
-    QCOMPARE(thread.logfilePrefix(), QString());
-    CTestLogfile active;
-    thread.setLogfile(&active);
-    QCOMPARE(thread.logfilePrefix(), QString("test"));
-    const std::unique_ptr<ICLogfile> silent(ICLogfile::createLogfile(ICLogfile::LogFile, "", 4));
-    silent->setPrefix("silent");
-    thread.setLogfile(silent.get());
-    QCOMPARE(thread.logfilePrefix(), QString());
-  }
-
   void readsTheFirstInputsAgain() {
-    CDeviceElement named;
-    named.setName("Feeder");
-    CDeviceElement device = named;
-    device.addParameterFile(put("b", {"B"}));
+    CDeviceElement device;
+    device.setName("Feeder");
     CParameterFileHelper helper;
     QVERIFY(!helper.startReadMotorNames(CDeviceElement(), mFolder->path()));
-    QVERIFY(!helper.startReadMotorNames(named, mFolder->path()));
-    QVERIFY(!helper.startReadMotorNames(device, QString()));
-    QVERIFY(!helper.startReadMotorNames({}));
+    QVERIFY(!helper.startReadMotorNames(device, mFolder->path()));
+    device.addParameterFile(put("b", {"B"}));
+    QVERIFY(!helper.startReadMotorNames(device, QString()) && !helper.startReadMotorNames({}));
     // What was refused are not the first inputs.
     for (const char* motor : {"A", "A2", "A3"}) {
       const auto a = put("a", {motor});
       QSignalSpy end(&helper, kEndSignal);
       QVERIFY(helper.motorNames().isEmpty() ? helper.startReadMotorNames({a})
                                             : helper.startReadMotorNames(device, "/elsewhere"));
-      QVERIFY(waitForEnd(end));
+      QVERIFY(end.wait(kTimeout));
       QCOMPARE(helper.motorNames().keys(), QStringList(motor));
     }
   }
@@ -231,34 +195,14 @@ class tst_CParameterFileHelperMotors : public QObject {
       told += names.keys();
       if (QThread::currentThread() != helper.thread()) told += "wrong thread";
     });
-    connect(&helper, kEndSignal, &helper, [&] { told += "end"; });
     QSignalSpy names(&helper, SIGNAL(readMotorNamesFinisched(QMap<QString, CParamFileElement>)));
     QSignalSpy end(&helper, kEndSignal);
-    QVERIFY(helper.startReadMotorNames({a}));
-    QVERIFY(told.isEmpty());
-    QVERIFY(waitForEnd(end));
-    QCOMPARE(told, QStringList({"A", "end"}));
+    QVERIFY(helper.startReadMotorNames({a}) && told.isEmpty());
+    QVERIFY(end.wait(kTimeout));
+    QCOMPARE(told, QStringList("A"));
     a.setComment("comment");
     QCOMPARE(names.first().first().value<CMotorNames>(), CMotorNames({{"A", a}}));
     QCOMPARE(helper.motorNames(), CMotorNames({{"A", a}}));
-  }
-
-  void refusesASecondReadingAtOnce() {
-    const auto a = put("a", {"A"});
-    const auto b = put("b", {"B"});
-    CGate gate;
-    CTestLogfile logfile(gate.keeper());
-    CParameterFileHelper helper(&logfile, nullptr);
-    QSignalSpy end(&helper, kEndSignal);
-    QVERIFY(helper.startReadMotorNames({a, element("missing"), b}));
-    QVERIFY(gate.waitUntilReached());
-    QVERIFY(!helper.startReadMotorNames({b}));
-    QCOMPARE(helper.motorNames().keys(), QStringList("A"));
-    gate.open();
-    QVERIFY(waitForEnd(end));
-    QCOMPARE(helper.motorNames().keys(), QStringList({"A", "B"}));
-    QTest::qWait(50);
-    QCOMPARE(end.size(), 1);
   }
 
   void mayBeDeletedByTheSignal() {
@@ -271,25 +215,23 @@ class tst_CParameterFileHelperMotors : public QObject {
     QVERIFY(end.isEmpty());
   }
 
-  void waitsForItsThread() {
-    constexpr int kFiles = 20;
-    CGate gate;
-    CTestLogfile logfile(gate.keeper());
-    auto helper = std::make_unique<CParameterFileHelper>(&logfile, nullptr);
+  void refusesASecondReadingAndWaitsForItsThread() {
+    SGate gate;
+    auto helper = std::make_unique<CParameterFileHelper>(&gate, nullptr);
     QSignalSpy end(helper.get(), kEndSignal);
-    QList<CParamFileElement> missing;
-    for (int i = 0; i < kFiles; ++i) missing += element(QString::number(i));
-    QVERIFY(helper->startReadMotorNames(missing));
-    QVERIFY(gate.waitUntilReached());
-    QCOMPARE(logfile.errors(), 0);
+    const auto a = put("a", {"A"});
+    QVERIFY(helper->startReadMotorNames({a, element("1"), element("2"), element("3")}));
+    QVERIFY(gate.reached.tryAcquire(1, kTimeout));
+    QVERIFY(!helper->startReadMotorNames({put("b", {"B"})}));
+    QCOMPARE(helper->motorNames().keys(), QStringList("A"));
     std::thread opener([&gate] {
       QThread::msleep(50);  // the helper's destructor then waits already
-      gate.open();
+      gate.open.release();
     });
     helper.reset();
-    const int errors = logfile.errors();
+    const int errors = gate.lines.size();
     opener.join();
-    QCOMPARE(errors, kFiles);
+    QCOMPARE(errors, 3);
     QVERIFY(end.isEmpty());
   }
 

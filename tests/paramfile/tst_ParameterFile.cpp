@@ -46,7 +46,8 @@ class tst_ParameterFile : public QObject {
     QCOMPARE(values(*first), QString("0x63 -1"));
     QCOMPARE(first->findParameter(first->rootGroup(1), "Speed"), node);
     QCOMPARE(first->subDevName(1) + first->comment(), QString("Onecomment"));
-    QVERIFY(first->subDevType(1) == NParamDef::SUB_DEV_TYPE_DRIVE && !first->isChanged());
+    QCOMPARE(first->subDeviceIds(NParamDef::SUB_DEV_TYPE_DRIVE), QList<quint8>{1});
+    QVERIFY(!first->isChanged());
 
     QVERIFY(first->loadParamDefFile(folder.filePath("d"), 0x10000));
     for (quint32 id = 100; id < 1100; ++id)
@@ -200,7 +201,8 @@ class tst_ParameterFile : public QObject {
     const QString name = file->subDevName(3);
     QVERIFY(file->copySubDevice(2, 3) && file->copySubDevice(2, 9));
     QCOMPARE(file->subDevName(3) + file->subDevName(9), name + file->subDevName(2));
-    QVERIFY(file->subDevType(9) == NParamDef::SUB_DEV_TYPE_DRIVE);
+    QCOMPARE(file->subDevType(9), F::subDeviceTypeFromStr("Drive"));
+    QCOMPARE(int(F::subDeviceTypeFromStr("drive")), 0);
     QCOMPARE(file->paramNames(3), file->paramNames(2));
     for (const QString& parameter : file->paramNames(2)) {
       QCOMPARE(file->paramValue(parameter, 9), file->paramValue(parameter, 2));
@@ -220,6 +222,8 @@ class tst_ParameterFile : public QObject {
     QVERIFY(file->findParameter(inner, "Speed") && !file->findParameter(inner, "Mode"));
     QVERIFY(!file->findParameter(inner->childPtr("a"), "Speed"));
     QVERIFY(file->addGroup(inner, "Mode"));  // the parameter of this name lies elsewhere
+    const QString deepest = QString("g/").repeated(1019);
+    QVERIFY(file->subGroup(deepest, 2) && file->copySubDevice(2, 3));
     QString path = "a\\b/c";
     QCOMPARE(CParameterFileBaseImpl::getNextSubPath(path) + '|' + path, QString("a|b/c"));
   }

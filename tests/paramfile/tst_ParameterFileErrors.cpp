@@ -20,10 +20,6 @@ namespace {
 /// pointer is no CParameterFileBaseImpl either.
 ICParameterFile* const kOtherClass = nullptr;
 
-ICParamTreeNode* speed(F& f) {
-  return f.findParameter(f.rootGroup(1), "Speed");
-}
-
 const QMap<QString, COperation> kOperations = {
     FAILS(f.selectHardwareId("X")),
     FAILS(f.addHardwareId("A")),
@@ -43,7 +39,7 @@ const QMap<QString, COperation> kOperations = {
     FAILS(f.addDef("Speed", PARAM_TYPE_U8, 9)),
     FAILS(f.addDef("Other", PARAM_TYPE_U8, 1)),
     FAILS(f.addGroup(nullptr, "x")),
-    FAILS(f.addGroup(speed(f), "x")),
+    FAILS(f.addGroup(f.rootGroup(1)->childPtr("Mode"), "x")),
     FAILS(f.addGroup(makeSmall()->rootGroup(1), "x")),
     FAILS(f.addGroup(f.rootGroup(1), "Mode")),
     FAILS(f.addGroup(f.rootGroup(1), "")),
@@ -51,7 +47,7 @@ const QMap<QString, COperation> kOperations = {
     FAILS(f.subGroup("G/New/[standard constructed]", 1)),
     FAILS(f.subGroup(QString("g/").repeated(1020), 9)),
     FAILS(f.addParameter(nullptr, "Name")),
-    FAILS(f.addParameter(speed(f), "Name", CParamVal())),
+    FAILS(f.addParameter(f.rootGroup(1)->childPtr("Mode"), "Name", CParamVal())),
     FAILS(f.addParameter(f.rootGroup(1), "x")),
     FAILS(f.addParameter(f.rootGroup(1), "Speed")),
     FAILS(f.deleteNode(nullptr)),

@@ -144,6 +144,8 @@ class tst_ParameterFileFormats : public QObject {
     QCOMPARE(file->paramNames(3), QStringList({"First", "Deep", "Second", "Third"}));
     QCOMPARE(file->rootGroup(3)->childPtr(1)->childPtr(0)->childPtr(0)->subDevId(), uchar(3));
     QCOMPARE(file->subDevName(3), QString("Axis X"));
+    QVERIFY(file->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000));
+    QVERIFY(log.lines.last().endsWith("TwoAxisDrive.xpdef\" loaded successfully."));
     QVERIFY(!file->loadParamFileAsSubDevId(data("values/invalid/Error_NoSubDevice.xparam"), 3,
                                            QString(), 0x10000));
   }

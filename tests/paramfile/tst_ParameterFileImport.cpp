@@ -182,6 +182,15 @@ class tst_ParameterFileImport : public QObject {
     first.reset();
     QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
   }
+
+  void objectsWithoutAParentAreOneGroup() {
+    const CParameterFilePtr first(F::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+    CParameterFilePtr second(F::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+    QVERIFY(second->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7));
+    QVERIFY(first->paramDef("Speed").valid() && !makeFile()->paramDef("Speed").valid());
+    second.reset();
+    QVERIFY(!first->paramDef("Speed").valid());
+  }
 };
 
 QTEST_APPLESS_MAIN(tst_ParameterFileImport)

@@ -9,8 +9,6 @@
 
 #include <functional>
 
-using namespace NTestFiles;
-
 using F = ICParameterFile;
 using CMeddling = std::function<void(F&)>;
 Q_DECLARE_METATYPE(CMeddling)
@@ -183,13 +181,20 @@ class tst_ParameterFileImport : public QObject {
     QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
   }
 
-  void objectsWithoutAParentAreOneGroup() {
-    const CParameterFilePtr first(F::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-    CParameterFilePtr second(F::create(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-    QVERIFY(second->addDef("Speed", NParamDef::PARAM_TYPE_U32, 7));
-    QVERIFY(first->paramDef("Speed").valid() && !makeFile()->paramDef("Speed").valid());
-    second.reset();
-    QVERIFY(!first->paramDef("Speed").valid());
+  void referencesAreThoseOfAllMembers() {
+    QTemporaryDir folder;
+    auto first = makeMember(nullptr);
+    const auto second = makeMember(first.get());
+    for (const quint32 id : {1U, 2U}) {
+      const auto file = makeFile();
+      file->addDef("P" + QString::number(id), NParamDef::PARAM_TYPE_U32, id)->setVisible("5#1");
+      QVERIFY(file->saveParamDefFile(folder.filePath("d"), 0x10000));
+      QVERIFY((id == 1 ? second : first)->loadParamDefFile(folder.filePath("d"), 0x10000));
+    }
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({2, 1}));
+    QVERIFY(first->isReferenced(5U));
+    first.reset();
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({1}));
   }
 };
 

@@ -1,31 +1,32 @@
 #include "NDisplayText.h"
 #include "NShortText.h"
-#include "TestRows.h"
+
+#include <QtTest>
 
 class tst_Texts : public QObject {
   Q_OBJECT
 
  private slots:
-  void showsTexts_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<int>("width");
-    addRow("empty", "", "\"\"", 0);
-    addRow("plain", "a \"b\" \\", "a \"b\" \\", 7);
-    addRow("looks quoted", "\"a\"", "\"\\\"a\\\"\"", 3);
-    addRow("blanks", "a ", "\"a \"", 2);
-    addRow("no-break space", u8"\u00a0a", u8"\"\u00a0a\"", 2);
-    addRow("terminal control", u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", 5);
-    addRow("turned direction", QString("a") + QChar(0x202e) + 'b', "\"a\\u202eb\"", 2);
-    addRow("line ends", u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", 6);
-    addRow("combining", u8"a\u0301\u20dd", u8"a\u0301\u20dd", 1);
-    addRow("wide", "軸한ｱＡ", "軸한ｱＡ", 7);
-    addRow("beyond the first plane", "😀𝛼𠀀", "😀𝛼𠀀", 5);
-  }
   void showsTexts() {
-    QFETCH(QString, text);
-    QTEST(NDisplayText::shown(text), "shown");
-    QTEST(NDisplayText::width(text), "width");
+    const struct {
+      const char* text;
+      const char* shown;
+      int width;
+    } rows[] = {{"", "\"\"", 0},
+                {"a \"b\" \\", "a \"b\" \\", 7},
+                {"\"a\"", "\"\\\"a\\\"\"", 3},
+                {"a ", "\"a \"", 2},
+                {u8"\u00a0a", u8"\"\u00a0a\"", 2},
+                {u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", 5},
+                {u8"a\u202eb", "\"a\\u202eb\"", 2},
+                {u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", 6},
+                {u8"a\u0301\u20dd", u8"a\u0301\u20dd", 1},
+                {"軸한ｱＡ", "軸한ｱＡ", 7},
+                {"😀𝛼𠀀", "😀𝛼𠀀", 5}};
+    for (const auto& row : rows) {
+      QCOMPARE(NDisplayText::shown(row.text), QString(row.shown));
+      QVERIFY2(NDisplayText::width(row.text) == row.width, row.text);
+    }
   }
 
   void shortensDifferentTextsDifferently() {
@@ -35,7 +36,7 @@ class tst_Texts : public QObject {
     texts += NShortText::of(texts.at(1));
     texts += QString(99, 'a') + QString("😀").repeated(500) + QString(99, 'a');
     QSet<QString> results;
-    for (const QString& text : texts) {
+    for (const QString& text : qAsConst(texts)) {
       const QString result = NShortText::of(text);
       QCOMPARE(result == text, text.size() <= NShortText::kLongest && !text.contains("…#"));
       QVERIFY(result == text || (result.size() >= 233 && result.size() <= 235));

@@ -1,7 +1,7 @@
 #include "CDeviceElement.h"
-#include "TestRows.h"
 
 #include <QVariant>
+#include <QtTest>
 
 using namespace NktoGlobal;
 
@@ -9,31 +9,25 @@ class tst_DeviceElements : public QObject {
   Q_OBJECT
  private slots:
   void joinsPathAndName() {
-    QCOMPARE(CFileElement("/project", "a.xparam").projectFilePath(), QString("/project/a.xparam"));
-    QCOMPARE(CFileElement("/project/", "a.xparam").projectFilePath(), QString("/project/a.xparam"));
-    QCOMPARE(CFileElement("/project", "/a.xparam").projectFilePath(), QString("/project/a.xparam"));
-    QCOMPARE(CFileElement("", "a.xparam").projectFilePath(), QString("a.xparam"));
-    QCOMPARE(CFileElement("/project", "").projectFilePath(), QString());
-  }
-
-  void projectPathIsThatOfBothFiles() {
-    CParamFileElement element(FILE_TYPE_PARAMETERS, {"/p", "a.xparam"}, {"/d", "a.xpdef"});
-    element.setProjectPath("/q");
-    element.setValueFileName("b.xparam");
-    const CParamFileElement expected(FILE_TYPE_PARAMETERS, {"/q", "b.xparam"}, {"/q", "a.xpdef"});
-    QCOMPARE(element, expected);
-    QCOMPARE(QVariant::fromValue(element).value<CParamFileElement>(), expected);
+    for (const char* text : {"/p|a|/p/a", "/p/|a|/p/a", "/p|/a|/p/a", "|a|a", "/p||"}) {
+      const QStringList parts = QString(text).split('|');
+      QCOMPARE(CFileElement(parts.at(0), parts.at(1)).projectFilePath(), parts.at(2));
+    }
   }
 
   void givesFilesOfAType() {
-    const CParamFileElement a(FILE_TYPE_MOTOR_PARAMETERS, {"/p", "a"});
-    const CParamFileElement c(FILE_TYPE_MOTOR_PARAMETERS, {"/p", "c"});
+    CParamFileElement changed(FILE_TYPE_PARAMETERS, {"/p", "a.xparam"}, {"/d", "a.xpdef"});
+    changed.setProjectPath("/q");
+    changed.setValueFileName("b.xparam");
+    const CParamFileElement expected(FILE_TYPE_PARAMETERS, {"/q", "b.xparam"}, {"/q", "a.xpdef"});
+    QCOMPARE(QVariant::fromValue(changed).value<CParamFileElement>(), expected);
     CDeviceElement device;
     QVERIFY(device.isNull());
-    for (const auto& file : {a, CParamFileElement(FILE_TYPE_PARAMETERS, {"/p", "b"}), c})
-      device.addParameterFile(file);
+    const CParamFileElement motor(FILE_TYPE_MOTOR_PARAMETERS, {"/p", "c"});
+    for (const auto& file : {changed, motor, changed}) device.addParameterFile(file);
     QVERIFY(!device.isNull() && !device.isEmpty());
-    QCOMPARE(device.parameterFiles(FILE_TYPE_MOTOR_PARAMETERS), QList<CParamFileElement>({a, c}));
+    const QList<CParamFileElement> both{expected, expected};
+    QCOMPARE(device.parameterFiles(FILE_TYPE_PARAMETERS), both);
   }
 };
 

@@ -1,5 +1,6 @@
 #include "CParamVal.h"
-#include "TestRows.h"
+
+#include <QtTest>
 
 #include <limits>
 
@@ -35,29 +36,16 @@ class tst_CParamVal : public QObject {
     limitsAreWritten<short>("-32768", "32767");
     limitsAreWritten<int>("-2147483648", "2147483647");
     limitsAreWritten<long long>("-9223372036854775808", "9223372036854775807");
-    isWritten(2.5, "2.5");
     isWritten(1.0, "1");
-    isWritten(1e20, "1e+20");
     isWritten(-2.5e-300, "-2.5e-300");
     isWritten(std::numeric_limits<double>::infinity(), "inf");
     QCOMPARE(CParamVal(1.0 / 3.0).asStr(), QString("0.333333333333333"));
     QCOMPARE(CParamVal("-9223372036854775808").asI64(), std::numeric_limits<long long>::min());
-  }
-
-  void failedReadLeavesTheOutput() {
-    const CParamVal value("abc");
-    unsigned int number = 7;
-    double real = 7.5;
-    QVERIFY(!value.value(number) && !value.value(real));
-    QVERIFY(number == 7 && real == 7.5);
-    QVERIFY(value.asU32() == 0 && value.asF64() == 0.0);
-  }
-
-  void convertsToLongLongThroughEightBits() {
-    QCOMPARE(static_cast<long long>(CParamVal("-5")), -5LL);
+    // To this type by way of eight bits.
     QCOMPARE(static_cast<long long>(CParamVal("127")), 127LL);
     QCOMPARE(static_cast<long long>(CParamVal("128")), 0LL);
-    QCOMPARE(CParamVal("1000").asI64(), 1000LL);
+    unsigned int number = 7;
+    QVERIFY(!CParamVal("abc").value(number) && number == 7 && CParamVal("abc").asU32() == 0);
   }
 
   void comparesTexts() {
@@ -67,7 +55,6 @@ class tst_CParamVal : public QObject {
       QVERIFY(value.isNull() && value.isEmpty());
     for (const CParamVal& value : {CParamVal(QString("")), CParamVal("")})
       QVERIFY(!value.isNull() && value.isEmpty());
-    QVERIFY(!CParamVal(" ").isEmpty());
   }
 };
 

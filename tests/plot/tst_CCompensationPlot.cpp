@@ -91,34 +91,25 @@ class tst_CCompensationPlot : public QObject {
     QCOMPARE(CCompensationPlot(*compensationTable(table)).toSvg(), plot.toSvg());
   }
 
-  void drawsTexts_data() {
-    addColumns<QString, QString, QString, QString, QStringList>("title", "unit", "adjustmentUnit",
-                                                                "place", "texts");
-    const auto title = [](const char* name, const QString& text, const QString& drawn) {
-      addRow(name, text, QString(), QString(), QString("heading"),
-             QStringList({drawn, "Range 0 to 3e6 · points: 2"}));
-    };
-    title("mark-up", "a<b & \"c\" ]]>", "a<b & \"c\" ]]>");
-    title("control characters", "a\x1b[1m\nb", "a\\u001b[1m b");
-    title("no characters", QString("a") + QChar(0xFFFE) + QChar(0xFFFF), u8"a\uFFFD\uFFFD");
-    title("beyond the first plane", u8"x \U0001D6FC", u8"x \U0001D6FC");
-    const QString wide = u8"\U00020000";
-    title("cut", wide.repeated(500), wide.repeated(39) + QChar(0x2026));
-    const auto units = [](const char* x, const char* y, const QStringList& drawn) {
-      addRow(x, QString(), QString(x), QString(y), QString("names"), drawn);
-    };
-    units("", "", {"Position in 10⁶", "Adjustment in 10⁻⁶"});
-    units("m", "°", {"Position in 10⁶ m", "Adjustment in 10⁻⁶ °"});
-  }
   void drawsTexts() {
-    QFETCH(QString, title);
-    QFETCH(QString, unit);
-    QFETCH(QString, adjustmentUnit);
-    QFETCH(QString, place);
+    const QString wide = u8"\U00020000";
+    const QStringList titles{"a<b & \"c\" ]]>", "a\x1b[1m\nb", QString(u8"a\uFFFE\uFFFF"),
+                             u8"x \U0001D6FC", wide.repeated(500)};
+    const QStringList drawn{"a<b & \"c\" ]]>", "a\\u001b[1m b", u8"a\uFFFD\uFFFD", u8"x \U0001D6FC",
+                            wide.repeated(39) + u8"\u2026"};
     const auto table = compensationTable("0/3e6 0/1e-6 1e6/2e-6");
-    QDomDocument picture;
-    picture.setContent(CCompensationPlot(*table, {title, unit, adjustmentUnit}).toSvg());
-    QTEST(textsOf(group(picture, place)), "texts");
+    const auto texts = [&](const char* place, const CCompensationPlot::STexts& given) {
+      QDomDocument picture;
+      picture.setContent(CCompensationPlot(*table, given).toSvg());
+      return textsOf(group(picture, place));
+    };
+    for (int i = 0; i < titles.size(); ++i) {
+      const QStringList expected{drawn.at(i), "Range 0 to 3e6 · points: 2"};
+      QCOMPARE(texts("heading", {titles.at(i), "", ""}), expected);
+    }
+    QCOMPARE(texts("names", {"", "", ""}), QStringList({"Position in 10⁶", "Adjustment in 10⁻⁶"}));
+    QCOMPARE(texts("names", {"", "m", "°"}),
+             QStringList({"Position in 10⁶ m", "Adjustment in 10⁻⁶ °"}));
   }
 };
 

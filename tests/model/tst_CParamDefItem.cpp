@@ -21,13 +21,12 @@ class tst_CParamDefItem : public QObject {
       QCOMPARE(int(CParamDefItem::typeFromString(texts.value(i))), known);
       QCOMPARE(CParamDefItem::baseType(type), baseTypes[known]);
     }
-    const EParamType ofArguments[] = {
-        CParamDefItem::type(quint8()),  CParamDefItem::type(quint16()),
-        CParamDefItem::type(quint32()), CParamDefItem::type(quint64()),
-        CParamDefItem::type(qint8()),   CParamDefItem::type(qint16()),
-        CParamDefItem::type(qint32()),  CParamDefItem::type(qint64()),
-        CParamDefItem::type(0.0)};
-    for (int i = 0; i < 9; ++i) QCOMPARE(int(ofArguments[i]), i + 1);
+    using CItem = CParamDefItem;
+    const QList<int> ofArguments{
+        CItem::type(quint8()),  CItem::type(quint16()), CItem::type(quint32()),
+        CItem::type(quint64()), CItem::type(qint8()),   CItem::type(qint16()),
+        CItem::type(qint32()),  CItem::type(qint64()),  CItem::type(0.0)};
+    QCOMPARE(ofArguments, QList<int>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
     QVERIFY(!CParamDefItem().valid() && CParamDefItem("p", PARAM_TYPE_U8, 0).valid());
   }
 
@@ -98,20 +97,18 @@ class tst_CParamDefItem : public QObject {
       }
       QVERIFY(item.radios() == plain && item.enums() == plain);
       for (int i = -6; i <= 40; ++i) {
-        QString name;
-        qint64 value = std::numeric_limits<qint64>::min();
-        bool isKnown = false;
+        SNamedI64Value first(i, QString());
+        SNamedI64Value named(std::numeric_limits<qint64>::min(), "unknown");
         for (const SNamedI64Value& each : qAsConst(plain)) {
-          if (name.isEmpty() && each.value == i) name = each.name;
-          if (!isKnown && each.name == nameOf(i)) value = each.value;
-          isKnown |= each.name == nameOf(i);
+          if (first.name.isEmpty() && each.value == i) first = each;
+          if (named.name != each.name && each.name == nameOf(i)) named = each;
         }
         bool isRadio = false;
         bool isEnum = false;
-        QVERIFY(item.radioNameOfValue(i) == name && item.enumNameOfValue(i) == name);
-        QCOMPARE(item.radioValueOfName(nameOf(i), isRadio), value);
-        QCOMPARE(item.enumValueOfName(nameOf(i), isEnum), value);
-        QVERIFY(isRadio == isKnown && isEnum == isKnown);
+        QVERIFY(item.radioNameOfValue(i) == first.name && item.enumNameOfValue(i) == first.name);
+        QCOMPARE(item.radioValueOfName(nameOf(i), isRadio), named.value);
+        QCOMPARE(item.enumValueOfName(nameOf(i), isEnum), named.value);
+        QVERIFY(isEnum == (named.name != "unknown") && isRadio == isEnum);
       }
     }
   }
@@ -137,21 +134,20 @@ class tst_CParamDefItem : public QObject {
   }
 
   void checkValuesCountUndefinedOnlyWhenUsed() {
-    const auto isValid = [](const SCheckValues& values) { return values.isValid(); };
-    QVERIFY(isValid({1, 0, false, 0}) && isValid({1, 0, true, -1}));
-    QVERIFY(!isValid({}) && !isValid({1, 0, true, 1}) && !isValid({1, 0, true, 0}));
-    QVERIFY((SCheckValues{1, 0, false, 5} == SCheckValues{1, 0, false, 6}));
-    QVERIFY((SCheckValues{1, 0, true, 5} != SCheckValues{1, 0, true, 6}));
-    QVERIFY((SCheckValues{1, 0, true, 5} != SCheckValues{1, 0, false, 5}));
+    using CStates = SCheckValues;
+    QVERIFY((CStates{1, 0, false, 0}.isValid()) && (CStates{1, 0, true, -1}.isValid()));
+    QVERIFY(!CStates().isValid() && !(CStates{1, 0, true, 1}.isValid()));
+    QVERIFY(!(CStates{1, 0, true, 0}.isValid()));
+    QVERIFY((CStates{1, 0, false, 5} == CStates{1, 0, false, 6}));
+    QVERIFY((CStates{1, 0, true, 5} != CStates{1, 0, true, 6}));
+    QVERIFY((CStates{1, 0, true, 5} != CStates{1, 0, false, 5}));
   }
 
   void makesChoicesOfMaps() {
     CNamedI64ValueList choices(QMap<qint64, QString>{{9, "nine"}});
     choices = QMap<qint64, QString>{{3, "three"}, {-1, "minus one"}};
-    const QList<SNamedI64Value> expected = {{-1, "minus one"}, {3, "three"}};
-    QCOMPARE(static_cast<const QList<SNamedI64Value>&>(choices), expected);
-    const auto found = std::lower_bound(choices.cbegin(), choices.cend(), qint64(3));
-    QCOMPARE(found->name, QString("three"));
+    QCOMPARE(choices, (QList<SNamedI64Value>{{-1, "minus one"}, {3, "three"}}));
+    QCOMPARE(std::lower_bound(choices.cbegin(), choices.cend(), qint64(3)), choices.cbegin() + 1);
   }
 };
 

@@ -12,116 +12,92 @@ using namespace NTreeText;
 
 namespace {
 
-void walk(CParamTreeNodeImpl* node, QList<CParamTreeNodeImpl*>& nodes) {
-  nodes.append(node);
-  for (int i = 0; i < node->childCount(); ++i) walk(node->childNode(i), nodes);
+using CNodes = QVector<CParamTreeNodeImpl*>;
+using CExpected = QMap<QString, QPair<quint32, QString>>;  ///< id and value of each parameter
+
+CNodes walk(CParamTreeNodeImpl* node) {
+  CNodes nodes{node};
+  for (int i = 0; i < node->childCount(); ++i) nodes += walk(node->childNode(i));
+  return nodes;
 }
 
-// Random edits of a tree, and a plain map of the id and value that every parameter must have.
-class CEditor {
- public:
-  CEditor(quint8 subDevId, quint32 seed) : tree(subDevId), mRandom(seed) {}
+CParamTreeNodeImpl* anyGroup(const CSubDeviceTree& tree, QRandomGenerator& random) {
+  const CNodes nodes = walk(tree.root());
+  CParamTreeNodeImpl* const node = nodes.at(random.bounded(nodes.size()));
+  return node->isGroup() ? node : static_cast<CParamTreeNodeImpl*>(node->parentPtr());
+}
 
-  void edit() {
-    switch (mRandom.bounded(12)) {
-      case 0:
-        tree.addGroup(anyNode(true), name("G", 4));
-        break;
-      case 1:
-        deleteNode();
-        break;
-      case 2:
-        setValue();
-        break;
-      case 3:
-        tree = mRandom.bounded(2) ? tree.clone() : tree.cloneAs(tree.subDevId());
-        break;
-      case 4:
-        merge();
-        break;
-      default:
-        addParameter();
-    }
+/// Adds a random parameter somewhere, unless there is one of its name.
+void addParameter(CSubDeviceTree& tree, CExpected& expected, QRandomGenerator& random) {
+  const QString name = QString("p%1").arg(random.bounded(60));
+  const quint32 id = random.bounded(3U);
+  const QString value = QString::number(random.bounded(1000));
+  const bool isNew = !expected.contains(name);
+  if (isNew) expected.insert(name, {id, value});
+  QCOMPARE(tree.addParameter(anyGroup(tree, random), name, id, value) != nullptr, isNew);
+}
+
+void merge(CSubDeviceTree& tree, CExpected& expected, QRandomGenerator& random) {
+  CSubDeviceTree other(9);
+  CExpected added;
+  for (int i = 0; i < 15; ++i) addParameter(other, added, random);
+  other.addGroup(other.root(), QString("G%1").arg(random.bounded(4)));
+  for (int i = 0; i < 15; ++i) addParameter(other, added, random);
+  for (const QString& name : added.keys()) {
+    const quint32 before = expected.value(name).first;
+    expected[name] = added[name];
+    if (added[name].first == 0) expected[name].first = before;
   }
+  tree.merge(std::move(other));
+}
 
-  CSubDeviceTree tree;
-  QMap<QString, QPair<quint32, QString>> expected;
-
- private:
-  QString name(const char* prefix, int count) {
-    return prefix + QString::number(mRandom.bounded(count));
+void edit(CSubDeviceTree& tree, CExpected& expected, QRandomGenerator& random) {
+  const QString name = QString("p%1").arg(random.bounded(60));
+  const CNodes nodes = walk(tree.root());
+  CParamTreeNodeImpl* const node = nodes.at(random.bounded(nodes.size()));
+  switch (random.bounded(12)) {
+    case 0:
+      tree.addGroup(anyGroup(tree, random), QString("G%1").arg(random.bounded(4)));
+      break;
+    case 1:
+      for (const CParamTreeNodeImpl* each : walk(node))
+        if (node != tree.root()) expected.remove(each->name());
+      QCOMPARE(tree.deleteNode(node), node != tree.root());
+      break;
+    case 2:
+      QCOMPARE(tree.setValue(name, CParamVal(name)), expected.contains(name));
+      if (expected.contains(name)) expected[name].second = name;
+      break;
+    case 3:
+      tree = random.bounded(2) ? tree.clone() : tree.cloneAs(tree.subDevId());
+      break;
+    case 4:
+      merge(tree, expected, random);
+      break;
+    default:
+      addParameter(tree, expected, random);
   }
-
-  CParamTreeNodeImpl* anyNode(bool group) {
-    QList<CParamTreeNodeImpl*> nodes;
-    walk(tree.root(), nodes);
-    CParamTreeNodeImpl* node = nullptr;
-    while (!node || (group && !node->isGroup())) node = nodes.at(mRandom.bounded(nodes.size()));
-    return node;
-  }
-
-  void addParameter() {
-    const QString param = name("p", 60);
-    const quint32 id = mRandom.bounded(3U);
-    const QString value = name("v", 1000);
-    const bool isNew = !expected.contains(param);
-    if (isNew) expected.insert(param, {id, value});
-    QCOMPARE(tree.addParameter(anyNode(true), param, id, value) != nullptr, isNew);
-  }
-
-  void setValue() {
-    const QString param = name("p", 60);
-    const QString value = name("v", 1000);
-    QCOMPARE(tree.setValue(param, value), expected.contains(param));
-    if (expected.contains(param)) expected[param].second = value;
-  }
-
-  void deleteNode() {
-    CParamTreeNodeImpl* const node = anyNode(false);
-    const bool deletable = node != tree.root();
-    QList<CParamTreeNodeImpl*> beneath;
-    walk(node, beneath);
-    for (const CParamTreeNodeImpl* each : qAsConst(beneath))
-      if (deletable) expected.remove(each->name());
-    QCOMPARE(tree.deleteNode(node), deletable);
-  }
-
-  void merge() {
-    CEditor other(9, mRandom.generate());
-    for (int i = 0; i < 15; ++i) other.addParameter();
-    other.tree.addGroup(other.tree.root(), name("G", 4));
-    for (int i = 0; i < 15; ++i) other.addParameter();
-    for (const QString& param : other.expected.keys()) {
-      const quint32 before = expected[param].first;
-      expected[param] = other.expected[param];
-      if (expected[param].first == 0) expected[param].first = before;
-    }
-    tree.merge(std::move(other.tree));
-  }
-
-  QRandomGenerator mRandom;
-};
+}
 
 // Indexes, tree and expectation say the same.
-void compare(const CEditor& editor) {
-  const CSubDeviceTree& tree = editor.tree;
-  QList<CParamTreeNodeImpl*> nodes;
-  walk(tree.root(), nodes);
+void compare(const CSubDeviceTree& tree, const CExpected& expected) {
   QStringList names;
-  for (CParamTreeNodeImpl* node : qAsConst(nodes)) {
+  for (CParamTreeNodeImpl* node : walk(tree.root())) {
     const QString name = node->name();
     QCOMPARE(node->subDevId(), tree.subDevId());
     QVERIFY(tree.owns(node));
-    for (const char* group : {"G0", "G1", "G2", "G3"})
-      QCOMPARE(tree.group(node, group), node->childPtr(group));
-    if (!node->isParam()) continue;
-    names.append(name);
-    QCOMPARE(tree.node(name), node);
-    QCOMPARE(qMakePair(node->id(), tree.value(name).asStr()), editor.expected.value(name));
+    if (node->isParam()) {
+      names.append(name);
+      QCOMPARE(tree.node(name), node);
+      QCOMPARE(qMakePair(node->id(), tree.value(name).asStr()), expected.value(name));
+    } else {
+      for (const char* group : {"G0", "G1", "G2", "G3"})
+        QCOMPARE(tree.group(node, group), node->childPtr(group));
+    }
   }
   QCOMPARE(tree.names(), names);
   QCOMPARE(tree.count(), names.size());
-  QCOMPARE(tree.count(), editor.expected.size());
+  QCOMPARE(tree.count(), expected.size());
 }
 
 }  // namespace
@@ -129,18 +105,12 @@ void compare(const CEditor& editor) {
 class tst_CSubDeviceTree : public QObject {
   Q_OBJECT
  private slots:
-  void refusesWhatIsNoParameter() {
-    CSubDeviceTree tree = fromText("A( p#1=x )", 7);
-    QVERIFY(tree.root()->isGroup() && tree.root()->name() == "rootGroup");
-    QVERIFY(tree.value("q").isNull() && !tree.addParameter(tree.root(), "p", 2, 1));
-    QVERIFY(!tree.addParameter(tree.root(), "q", NParamDef::NO_ID, 1));
-    QVERIFY(!tree.addParameter(tree.root(), "[standard constructed]", 3, 1));
-    tree.addGroup(tree.root(), "A");
-    QCOMPARE(toText(tree), QString("A( p#1=x ) A( )"));
-  }
-
   void copiesAreIndependent() {
     CSubDeviceTree tree = fromText("A( p#1=x B( q#2=y ) ) r#3=z");
+    QVERIFY(tree.root()->isGroup() && tree.root()->name() == "rootGroup");
+    QVERIFY(tree.value("n").isNull() && !tree.addParameter(tree.root(), "p", 2, 1));
+    QVERIFY(!tree.addParameter(tree.root(), "n", NParamDef::NO_ID, 1));
+    QVERIFY(!tree.addParameter(tree.root(), "[standard constructed]", 3, 1));
     CSubDeviceTree copy = tree.cloneAs(4);
     QVERIFY(copy.subDevId() == 4 && copy.node("p")->subDevId() == 4);
     QVERIFY(!tree.owns(copy.root()) && !tree.deleteNode(nullptr));
@@ -148,8 +118,8 @@ class tst_CSubDeviceTree : public QObject {
     copy.setValue("p", "changed");
     copy.deleteNode(copy.node("r"));
     copy.root()->setProperty(NParamDef::PROPERTY_CHANGED, true);
-    QVERIFY(tree.deleteNode(tree.root()->childNode(0)->childNode(1)) &&
-            tree.addGroup(tree.root(), "q"));
+    QVERIFY(tree.deleteNode(tree.root()->childNode(0)->childNode(1)));
+    QVERIFY(tree.addGroup(tree.root(), "q"));
     QCOMPARE(toText(tree), QString("A( p#1=x ) r#3=z q( )"));
     QCOMPARE(tree.node("p")->subDevId(), quint8(1));
     QVERIFY(!tree.root()->property(NParamDef::PROPERTY_CHANGED).isValid());
@@ -171,12 +141,15 @@ class tst_CSubDeviceTree : public QObject {
     QCOMPARE(tree.root()->property(NParamDef::PROPERTY_ERROR), QVariant(5));
   }
 
+  /// Random edits of a tree, against a walk over it and a plain map.
   void randomEditsKeepTheIndexInStep() {
     for (quint32 seed = 1; seed <= 8; ++seed) {
-      CEditor editor(3, seed);
+      QRandomGenerator random(seed);
+      CSubDeviceTree tree(3);
+      CExpected expected;
       for (int i = 0; i < 600 && !QTest::currentTestFailed(); ++i) {
-        editor.edit();
-        compare(editor);
+        edit(tree, expected, random);
+        compare(tree, expected);
       }
     }
   }

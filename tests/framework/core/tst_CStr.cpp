@@ -4,7 +4,6 @@
 #include <QtTest>
 
 #include <cfloat>
-#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -29,15 +28,14 @@ bool isRight(bool (*convert)(const QString&, T&, int), const QString& text, int 
 }
 
 void checkIntegers(const QString& text, const QByteArray& number, int base = 0) {
-  QVERIFY2(isRight(&CStr::strToU8, text, base, number) &&
-               isRight(&CStr::strToU16, text, base, number) &&
-               isRight(&CStr::strToU32, text, base, number) &&
-               isRight(&CStr::strToU64, text, base, number) &&
-               isRight(&CStr::strToI8, text, base, number) &&
-               isRight(&CStr::strToI16, text, base, number) &&
-               isRight(&CStr::strToI32, text, base, number) &&
-               isRight(&CStr::strToI64, text, base, number),
-           qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToU8, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToU16, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToU32, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToU64, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToI8, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToI16, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToI32, text, base, number), qPrintable(text));
+  QVERIFY2(isRight(&CStr::strToI64, text, base, number), qPrintable(text));
 }
 
 void checkReal(const QString& text, bool isNumber) {
@@ -55,12 +53,12 @@ class tst_CStr : public QObject {
 
  private slots:
   void integers() {
-    const QByteArray limits =
+    const QByteArray plain =
         "0 127 128 255 256 32767 32768 65535 65536 2147483647 2147483648 4294967295 4294967296 "
         "9223372036854775807 9223372036854775808 18446744073709551615 18446744073709551616 "
         "340282366920938463463374607431768211455 -0 -1 -128 -129 -32768 -32769 -2147483648 "
         "-2147483649 -9223372036854775808 -9223372036854775809";
-    for (const QByteArray& text : limits.split(' ')) checkIntegers(text, text);
+    for (const QByteArray& text : plain.split(' ')) checkIntegers(text, text);
     const QString others =
         "010=10|0x1f=31|0X1F=31|+0x10=16|+5=5| \t\r\n7 \t\r\n=7|-0x10=-16|0xffffffff=4294967295|"
         "-0x80000000=-2147483648|0000000000000000000000000000000000000000000000001=1|"
@@ -95,18 +93,6 @@ class tst_CStr : public QObject {
     QVERIFY(CStr::strToF64("1.79769313486232e+308", largest) && largest == DBL_MAX);  // 15 digits
   }
 
-  void localeDoesNotMatter() {
-    const QLocale qtBefore;
-    const QByteArray before = std::setlocale(LC_ALL, nullptr);
-    QLocale::setDefault(QLocale(QLocale::German));
-    std::setlocale(LC_ALL, "de_DE.UTF-8");  // stays as it is on a machine without that locale
-    double value = 0.0;
-    const bool isRead = CStr::strToF64("1.5", value) && !CStr::strToF64("1,5", value);
-    QLocale::setDefault(qtBefore);
-    std::setlocale(LC_ALL, before.constData());
-    QVERIFY(isRead && value == 1.5);
-  }
-
   void revisions() {
     const QString numbers =
         "1.0=10000|08.15=8000f|7=70000| \t1.5\r\n=10005|65535.65535=ffffffff|0.0=0|"
@@ -115,10 +101,8 @@ class tst_CStr : public QObject {
       unsigned int revision = 0xDEADBEEF;
       QVERIFY2(CStr::stringToRevision(row.section('=', 0, 0), revision), qPrintable(row));
       QCOMPARE(QString::number(revision, 16), row.section('=', 1));
-      unsigned int again = 0xDEADBEEF;
-      QVERIFY(CStr::stringToRevision(CStr::revisionToString(revision), again));
-      QCOMPARE(again, revision);
     }
+    QCOMPARE(CStr::revisionToString(0xFFFFFFFE), QString("65535.65534"));
     QCOMPARE(CStr::revisionToString(0x8000F), QString("8.15"));
     const QString refused =
         " |.|1.|.1|1.2.3|65536|1.65536|65536.1|-1|+1|1.-1|1.+1|0x1.0|1.0x1|1,0|1 .0|1. 0|a|1.a|"

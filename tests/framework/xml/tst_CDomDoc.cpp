@@ -35,21 +35,22 @@ class tst_CDomDoc : public QObject {
   void readsEncodings() {
     const QString text = "<?xml version=\"1.0\" encoding=\"%1\"?>\n<a>€\u0178ä</a>";
     const QString bare = "<a>€\u0178ä</a>";
-    QByteArrayList files{utf16(text.arg("UTF-16")),
-                         utf16(text.arg("utf-16"), "UTF-16BE"),
-                         utf16(text.arg("UTF-16")).mid(2),
-                         utf16(bare, "UTF-16BE").mid(2),
-                         text.arg("UTF-8").toUtf8(),
-                         "\xEF\xBB\xBF" + text.arg("utf-8").toUtf8(),
-                         bare.toUtf8(),
-                         "<?xml version='1.0' encoding='Windows-1252'?><a>\x80\x9F\xE4</a>"};
-    const QByteArray latin1 = text.arg("ISO-8859-1").remove(QRegExp("[^ -~ä]")).toLatin1();
-    for (const QByteArray& bytes : files << latin1) {
-      CDomDoc document;
-      QString error;
+    const QByteArrayList files{utf16(text.arg("UTF-16")),
+                               utf16(text.arg("utf-16"), "UTF-16BE"),
+                               utf16(text.arg("UTF-16")).mid(2),
+                               utf16(bare, "UTF-16BE").mid(2),
+                               text.arg("UTF-8").toUtf8(),
+                               "\xEF\xBB\xBF" + text.arg("utf-8").toUtf8(),
+                               bare.toUtf8(),
+                               "<?xml version='1.0' encoding='Windows-1252'?><a>\x80\x9F\xE4</a>"};
+    CDomDoc document;
+    QString error;
+    for (const QByteArray& bytes : files) {
       QVERIFY2(document.setContent(bytes, error), qPrintable(error));
-      QCOMPARE(document.documentElement().text(), QString(bytes == latin1 ? "ä" : "€\u0178ä"));
+      QCOMPARE(document.documentElement().text(), QString("€\u0178ä"));
     }
+    QVERIFY(document.setContent("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE4</a>", error));
+    QCOMPARE(document.documentElement().text(), QString("ä"));
   }
 
   void elementsAndAttributesAreFound() {

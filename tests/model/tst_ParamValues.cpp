@@ -4,6 +4,8 @@
 #include "CParameterFileHelper.h"
 #include "GoldenFiles.h"
 
+#include <limits>
+
 using namespace NParamDef;
 
 namespace {
@@ -15,11 +17,8 @@ struct SDefinition {
 
   explicit SDefinition(const QString& text) {
     item.setType(text.section(' ', 0, 0));
-    for (const QString& word : text.split(' ').mid(1)) {
-      const QString key = word.section('=', 0, 0);
-      const QString value = word.section('=', 1);
-      key == "check" ? addStates(value.split(',')) : add(key, value);
-    }
+    for (const QString& word : text.split(' ').mid(1))
+      add(word.section('=', 0, 0), word.section('=', 1));
   }
 
   CParamValueRules rules() const {
@@ -48,14 +47,28 @@ struct SDefinition {
       if (key == "radio") item.addRadio(choice);
       if (key == "bits") item.addBit(part.toInt(), "bit", false);
     }
-    if (key == "edit") item.setEnumEditable(true);
-  }
-
-  void addStates(const QStringList& values) {
-    const auto state = [&values](int i) { return values.value(i).toLongLong(); };
-    item.setCheckVals({state(0), state(1), values.size() > 2, state(2)});
+    item.setEnumEditable(item.isEnumEditable() || key == "edit");
+    if (key != "check") return;
+    const auto state = [&value](int i) { return value.section(',', i, i).toLongLong(); };
+    item.setCheckVals({state(0), state(1), value.count(',') > 1, state(2)});
   }
 };
+
+/// A number gives this text, and the text the number.
+template <typename T>
+void isWritten(T number, const char* text) {
+  const CParamVal value(number);
+  T read = 0;
+  QCOMPARE(value.asStr(), QString(text));
+  QVERIFY2(value.value(read) && read == number, text);
+  if constexpr (!std::is_same_v<T, long long>) QCOMPARE(static_cast<T>(value), number);
+}
+
+template <typename T>
+void limitsAreWritten(const char* min, const char* max) {
+  isWritten(std::numeric_limits<T>::min(), min);
+  isWritten(std::numeric_limits<T>::max(), max);
+}
 
 QString unquoted(const QString& cell) {
   return cell.startsWith('"') ? cell.mid(1, cell.size() - 2) : cell;
@@ -63,10 +76,40 @@ QString unquoted(const QString& cell) {
 
 }  // namespace
 
-class tst_CParamValueRules : public QObject {
+class tst_ParamValues : public QObject {
   Q_OBJECT
 
  private slots:
+  void writesAndReadsNumbers() {
+    limitsAreWritten<unsigned char>("0x0", "0xff");
+    limitsAreWritten<unsigned short>("0x0", "0xffff");
+    limitsAreWritten<unsigned int>("0x0", "0xffffffff");
+    limitsAreWritten<unsigned long long>("0x0", "0xffffffffffffffff");
+    limitsAreWritten<signed char>("-128", "127");
+    limitsAreWritten<short>("-32768", "32767");
+    limitsAreWritten<int>("-2147483648", "2147483647");
+    limitsAreWritten<long long>("-9223372036854775808", "9223372036854775807");
+    isWritten(1.0, "1");
+    isWritten(-2.5e-300, "-2.5e-300");
+    isWritten(std::numeric_limits<double>::infinity(), "inf");
+    QCOMPARE(CParamVal(1.0 / 3.0).asStr(), QString("0.333333333333333"));
+    QCOMPARE(CParamVal("-9223372036854775808").asI64(), std::numeric_limits<long long>::min());
+    // To this type by way of eight bits.
+    QCOMPARE(static_cast<long long>(CParamVal("127")), 127LL);
+    QCOMPARE(static_cast<long long>(CParamVal("128")), 0LL);
+    unsigned int number = 7;
+    QVERIFY(!CParamVal("abc").value(number) && number == 7 && CParamVal("abc").asU32() == 0);
+  }
+
+  void comparesTexts() {
+    QVERIFY(CParamVal("10") == CParamVal("10") && CParamVal() == CParamVal(""));
+    QVERIFY(CParamVal("0xA") != CParamVal("0xa") && CParamVal("1.0") != CParamVal("1"));
+    for (const CParamVal& value : {CParamVal(), CParamVal(static_cast<const char*>(nullptr))})
+      QVERIFY(value.isNull() && value.isEmpty());
+    for (const CParamVal& value : {CParamVal(QString("")), CParamVal("")})
+      QVERIFY(!value.isNull() && value.isEmpty());
+  }
+
   void judges_data() {
     NGoldenFiles::addTable("model/judged.txt", {"name", "definition", "typed", "stored", "said"});
   }
@@ -107,5 +150,5 @@ class tst_CParamValueRules : public QObject {
   }
 };
 
-QTEST_APPLESS_MAIN(tst_CParamValueRules)
-#include "tst_CParamValueRules.moc"
+QTEST_APPLESS_MAIN(tst_ParamValues)
+#include "tst_ParamValues.moc"

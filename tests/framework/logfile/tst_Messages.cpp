@@ -1,3 +1,4 @@
+#include "CMessageBoardHelper.h"
 #include "ICLogfile.h"
 #include "KeptMessages.h"
 #include "TestFiles.h"
@@ -5,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -15,6 +17,8 @@
 namespace {
 
 constexpr quint32 kAll = ~0U;
+
+using CBoard = CMessageBoardHelper;
 
 std::unique_ptr<ICLogfile> create(int type, const QString& name, quint32 mask = kAll) {
   return std::unique_ptr<ICLogfile>(ICLogfile::createLogfile(type, name, mask));
@@ -29,7 +33,7 @@ QStringList lines(const QString& fileName) {
 
 }  // namespace
 
-class tst_ICLogfile : public QObject {
+class tst_Messages : public QObject {
   Q_OBJECT
 
  private slots:
@@ -53,18 +57,14 @@ class tst_ICLogfile : public QObject {
     logfile->write(kAll, "off");
     other->write(0, "no level");
     QVERIFY(!QFile::exists(path("file")));
-    logfile->setLevelMask(ICLogfile::kLevelErrors | 8);
-    logfile->write(ICLogfile::kLevelSaving, "any bit");
-    logfile->write(8, QString(u8"a\nb\x1b[2J\u2028\tc\u20AC") + QChar(0));
+    logfile->setLevelMask(ICLogfile::kLevelErrors);
+    logfile->write(ICLogfile::kLevelSaving, QString(u8"a\nb\x1b[2J\u2028\tc\u20AC") + QChar(0));
     other->write(ICLogfile::kLevelReadErrors, QString());
     logfile->setPrefix("axis\n1");
-    logfile->write(8, "text");
-    const QString escaped = u8"00000008 a\\nb\\u001b[2J\\u2028\tc\u20AC\\u0000";
-    const QStringList expected{
-        QString("%1 any bit").arg(ICLogfile::kLevelSaving, 8, 16, QChar('0')), escaped, "40000000 ",
-        "00000008 axis\\n1: text"};
+    logfile->write(ICLogfile::kLevelErrors, "text");
     // At once, not when the objects die: the line before a crash is the one that matters.
-    QCOMPARE(lines(path("file")), expected);
+    QCOMPARE(lines(path("file")), QStringList({u8"0000000c a\\nb\\u001b[2J\\u2028\tc\u20AC\\u0000",
+                                               "40000000 ", "00000004 axis\\n1: text"}));
   }
 
   void console() {
@@ -80,38 +80,70 @@ class tst_ICLogfile : public QObject {
     QCOMPARE(lines(path("stderr")), QStringList("00000004 50 %s\\n"));
   }
 
-  void qtCategory() {
-    const QStringList messages = qtMessages([] {
+  void qtCategories() {
+    const QString text = "50 %s %1";  // neither Qt nor printf may interpret it
+    CKeptLines errors(ICLogfile::kLevelErrors);
+    CKeptLines details(ICLogfile::kLevelDetail);
+    const auto post = [&] {
+      CBoard::setFormDebugWarning(text, &details);
+      CBoard::setWarning(text, &errors);
+      CBoard::setCritical(text, &errors);
+    };
+    const QStringList printed = qtMessages([&] {
       const auto logfile = create(ICLogfile::LogQt, "x");
       logfile->setPrefix("axis");
       logfile->write(ICLogfile::kLevelErrors, "50 %s\n");
       logfile->write(ICLogfile::kLevelReadErrors, "read");
       logfile->write(ICLogfile::kLevelDetail, "detail");
+      post();
     });
-    QCOMPARE(messages, QStringList({"1 kto axis: 50 %s\\n",  // 1 is a warning, 4 an information
-                                    "1 kto axis: read", "4 kto axis: detail"}));
+    QCOMPARE(printed,
+             QStringList({"1 kto axis: 50 %s\\n",  // 1 is a warning, 4 an information
+                          "1 kto axis: read", "4 kto axis: detail", "0 kto.messageboard " + text,
+                          "1 kto.messageboard " + text, "2 kto.messageboard " + text}));
+    const SKeptMessages seen;
+    post();
+    QCOMPARE(seen.texts, QStringList({"0 " + text, "1 " + text, "2 " + text}));
+    QVERIFY(errors.lines.size() == 4 && details.lines == QStringList({text, text}));
+  }
+
+  void handlerMayPostAndReplaceItself() {
+    QStringList seen;
+    CBoard::setHandler([&seen](int, const QString& text) {
+      CBoard::setHandler([&seen](int, const QString& later) { seen << later; });
+      CBoard::setWarning("inner");
+      seen << text;  // the handler that runs is still alive
+    });
+    CBoard::setWarning("outer");
+    CBoard::setHandler({});
+    QCOMPARE(seen, QStringList({"inner", "outer"}));
   }
 
   void manyThreads() {
     constexpr int kThreads = 4;
-    constexpr int kLines = 200;
+    constexpr int kLines = 300;
     const auto logfile = create(ICLogfile::LogFile, path("threads.log"));
     const QString text(300, 'x');
     const QString prefix("p");  // kept here: the thread sanitizer does not see how Qt counts owners
+    std::atomic<int> count = 0;
+    const auto handler = [&count](int, const QString&) { ++count; };
+    CBoard::setHandler(handler);
     std::vector<std::thread> threads(kThreads);
     for (std::thread& thread : threads) {
       thread = std::thread([&] {
         for (int n = 0; n < kLines; ++n) {
           logfile->setPrefix(prefix);
           logfile->setLevelMask(kAll);
-          if (logfile->isActive()) logfile->write(8, text);
+          if (logfile->isActive()) CBoard::setWarning(text, logfile.get());
+          CBoard::setHandler(handler);
         }
       });
     }
     for (std::thread& thread : threads) thread.join();
+    CBoard::setHandler({});
     const QStringList written = lines(path("threads.log"));
-    QCOMPARE(written.count("00000008 p: " + text), kThreads * kLines);
-    QCOMPARE(written.size(), kThreads * kLines);
+    QCOMPARE(written.count("00000004 p: " + text), kThreads * kLines);
+    QVERIFY(written.size() == kThreads * kLines && count == kThreads * kLines);
   }
 
  private:
@@ -120,5 +152,5 @@ class tst_ICLogfile : public QObject {
   const QTemporaryDir mFolder;
 };
 
-QTEST_APPLESS_MAIN(tst_ICLogfile)
-#include "tst_ICLogfile.moc"
+QTEST_APPLESS_MAIN(tst_Messages)
+#include "tst_Messages.moc"

@@ -45,10 +45,10 @@ class tst_CAtomicFile : public QObject {
  private slots:
   void init() {
     mFolder.reset(new QTemporaryDir);
-    mName = path("file");
+    QVERIFY(QDir::setCurrent(mFolder->path()) && QDir().mkpath("real/deep"));
   }
 
-  // The folders real/deep, and links that are made as they are named: link, text.
+  // Links as they are made: link, text.
   void goesWhereTheSystemGoes_data() {
     addColumns<QString, QString, QString>("links", "name", "place");
     addRow("a link", "link real/file", "link", "real/file");
@@ -58,16 +58,13 @@ class tst_CAtomicFile : public QObject {
     addRow("blind pieces", "", ".//real/./deep///../file", "real/file");
     addRow("no text", u8"link real/\u00ff", "link", u8"real/\u00ff");
     addRow("the open folder of a process", "", "/proc/self/cwd/real/file", "real/file");
-    addRow("a folder that is no text", u8"\u00fe real link \u00fe/deep/../file", "link",
-           "real/file");
+    addRow("no text above", u8"\u00fe real link \u00fe/deep/../file", "link", "real/file");
   }
   void goesWhereTheSystemGoes() {
     QFETCH(QString, links);
     QFETCH(QString, name);
     QFETCH(QString, place);
     const QByteArrayList words = links.toLatin1().split(' ');
-    const QString before = QDir::currentPath();
-    QVERIFY(QDir(mFolder->path()).mkpath("real/deep") && QDir::setCurrent(mFolder->path()));
     for (int i = 0; i + 1 < words.size(); i += 2)
       QCOMPARE(::symlink(words.at(i + 1).constData(), words.at(i).constData()), 0);
     QVERIFY(write("file", "another"));
@@ -75,28 +72,25 @@ class tst_CAtomicFile : public QObject {
     for (const QByteArray content : {"first", "", "second"}) {  // the first one makes the file
       QVERIFY2(CAtomicFile::write(name, content, {}, error), qPrintable(error));
       QByteArray found = "old";
-      QVERIFY(CAtomicFile::read(name, found, error));
-      QCOMPARE(found, content);
+      QVERIFY(CAtomicFile::read(name, found, error) && found == content);
       QVERIFY(rightsOf(place.toLatin1()).startsWith("100"));  // no link
     }
     QString backup;
     QVERIFY2(CAtomicFile::keepAsBackup(name, backup, error), qPrintable(error));
-    QCOMPARE(read(backup), QByteArray("second"));
-    QCOMPARE(read("file"), QByteArray("another"));
+    QVERIFY(read(backup) == "second" && read("file") == "another");
     QVERIFY(!CAtomicFile::isSameFile(name, "file"));
-    QVERIFY(QDir::setCurrent(before));
   }
 
   void knowsFilesThatAreOne() {
-    QVERIFY(QDir(mFolder->path()).mkdir("sub") && QFile::link("sub", path("link")));
-    QVERIFY(CAtomicFile::isSameFile(mName, path("link/../file")));  // before there is one
-    QVERIFY(!CAtomicFile::isSameFile(mName, path("link/file")));
-    QVERIFY(!CAtomicFile::isSameFile(path("no/file"), mName));
-    QVERIFY(!CAtomicFile::isSameFile(mName, path("no/file")));
-    QVERIFY(CAtomicFile::isSameFile(path("no/file"), path("no/file")));
-    QVERIFY(CAtomicFile::isSameFile(mFolder->path(), path("link/../")));
-    QVERIFY(write(mName, "text") && ::link(qPrintable(mName), qPrintable(path("two"))) == 0);
-    QVERIFY(CAtomicFile::isSameFile(mName, path("two")));
+    QVERIFY(QFile::link("real", "link"));
+    QVERIFY(CAtomicFile::isSameFile("file", "link/../file"));  // before there is one
+    QVERIFY(!CAtomicFile::isSameFile("file", "link/file"));
+    QVERIFY(!CAtomicFile::isSameFile("no/file", "file"));
+    QVERIFY(!CAtomicFile::isSameFile("file", "no/file"));
+    QVERIFY(CAtomicFile::isSameFile("no/file", "no/file"));
+    QVERIFY(CAtomicFile::isSameFile(".", "link/../"));
+    QVERIFY(write("file", "text") && ::link("file", "two") == 0);
+    QVERIFY(CAtomicFile::isSameFile("file", "two"));
   }
 
   void refusesWhatIsNoFileOrMayBeAnother() {
@@ -105,37 +99,35 @@ class tst_CAtomicFile : public QObject {
         "Rename the file, or set the locale of its name.";
     QString error;
     const QStringList printed = qtMessages([&] {
-      for (const QString& end : {QString(QChar::ReplacementCharacter), QString(QChar(0xd800)),
-                                 QString::fromLatin1("file\0", 5)})
-        QCOMPARE(refusals(path(end)), QStringList({noText, noText, noText}));
-      QVERIFY(!CAtomicFile::renameToNew(mName, "", error));
+      for (const QString& name : {QString(QChar::ReplacementCharacter), QString(QChar(0xd800)),
+                                  QString::fromLatin1("file\0", 5)})
+        QCOMPARE(refusals(name), QStringList({noText, noText, noText}));
+      QVERIFY(!CAtomicFile::renameToNew("file", "", error));
       QCOMPARE(refusals(""), QStringList({error, error, error}));
     });
     QCOMPARE(error, QString("the file name is empty."));
-    QVERIFY(printed.isEmpty() && QDir(mFolder->path()).isEmpty());
+    QVERIFY(printed.isEmpty() && QDir().entryList(QDir::Files | QDir::Hidden).isEmpty());
 
-    QVERIFY(QDir().mkdir(path("folder")) && QFile::link("ring", path("ring")));
-    QCOMPARE(::mkfifo(qPrintable(path("pipe")), 0600), 0);
+    QVERIFY(QFile::link("ring", "ring") && ::mkfifo("pipe", 0600) == 0);
     const QStringList expected{"this is not a regular file and is not replaced.",
                                "this is not a regular file and is not kept as a backup."};
-    for (const QString& name : {path("folder"), path("pipe"), path("ring"), QString(":/a")}) {
+    for (const char* name : {"real", "pipe", "ring", ":/a"}) {
       const QStringList said = refusals(name);
-      QVERIFY(said.size() == 3 && said.mid(0, 2) == expected);
+      QVERIFY2(said.size() == 3 && said.mid(0, 2) == expected, name);
     }
   }
 
   void makesOnlyWhatIsNotThere() {
     QString error;
-    const QString made = path("made");
-    QVERIFY(write(made, "made"));
-    QVERIFY2(CAtomicFile::renameToNew(made, mName, error), qPrintable(error));
-    QVERIFY(!QFile::exists(made) && write(made, "later"));
-    QVERIFY(!CAtomicFile::renameToNew(made, mName, error));
+    QVERIFY(write("made", "made"));
+    QVERIFY2(CAtomicFile::renameToNew("made", "file", error), qPrintable(error));
+    QVERIFY(!QFile::exists("made") && write("made", "later"));
+    QVERIFY(!CAtomicFile::renameToNew("made", "file", error));
     QCOMPARE(error, QString("the file exists already and is not replaced."));
-    QCOMPARE(read(mName), QByteArray("made"));
-    QVERIFY(!CAtomicFile::renameToNew(path("no/file"), mName, error));
-    const QString notThere = "the file cannot be written: No such file or directory.";
-    QCOMPARE(refusals(path("no/file")).value(0), notThere);
+    QCOMPARE(read("file"), QByteArray("made"));
+    QVERIFY(!CAtomicFile::renameToNew("no/file", "file", error));
+    QVERIFY(!CAtomicFile::write("no/file", "new", {}, error));
+    QCOMPARE(error, QString("the file cannot be written: No such file or directory."));
   }
 
   // In a sticky folder that all may write to, as the kernel's protected_symlinks.
@@ -153,21 +145,17 @@ class tst_CAtomicFile : public QObject {
     QFETCH(uid_t, folderOwner);
     QFETCH(mode_t, mode);
     QFETCH(bool, isFollowed);
-    QVERIFY(QDir().mkdir(path("shared")));
-    QVERIFY(QFile::link("../file", path("shared/link")) && QFile::link("..", path("shared/up")));
-    for (const char* link : {"shared/link", "shared/up"})
-      QCOMPARE(::lchown(qPrintable(path(link)), linkOwner, 0), 0);
-    QCOMPARE(::chown(qPrintable(path("shared")), folderOwner, 0), 0);
-    QCOMPARE(::chmod(qPrintable(path("shared")), mode), 0);
-    for (const char* name : {"shared/link", "shared/up/file"}) {
-      QVERIFY(write(mName, "old"));
-      const QStringList said = refusals(path(name));
-      QCOMPARE(said.size(), isFollowed ? 0 : 2);
-      QCOMPARE(read(mName), QByteArray(isFollowed ? "new" : "old"));
-      QVERIFY(isFollowed || said.at(0) ==
-                                "the file cannot be written, the old one is kept: the path "
-                                "contains a symbolic link of another user in a folder that "
-                                "everybody can write to.");
+    QVERIFY(QFile::link("../file", "real/link") && QFile::link("..", "real/up"));
+    QCOMPARE(::lchown("real/link", linkOwner, 0) + ::lchown("real/up", linkOwner, 0), 0);
+    QCOMPARE(::chown("real", folderOwner, 0) + ::chmod("real", mode), 0);
+    const QString refused =
+        "the file cannot be written, the old one is kept: the path contains a symbolic link of "
+        "another user in a folder that everybody can write to.";
+    for (const char* name : {"real/link", "real/up/file"}) {
+      QVERIFY(write("file", "old"));
+      const QStringList said = refusals(name);
+      QVERIFY(isFollowed ? said.isEmpty() : said.size() == 2 && said.first() == refused);
+      QCOMPARE(read("file"), QByteArray(isFollowed ? "new" : "old"));
     }
   }
 
@@ -186,24 +174,21 @@ class tst_CAtomicFile : public QObject {
     QFETCH(gid_t, group);
     QFETCH(mode_t, mode);
     QFETCH(QString, lost);
-    QVERIFY(write(mName, "old"));
-    QCOMPARE(::chown(qPrintable(mName), 100, 200), 0);
-    QCOMPARE(::chmod(qPrintable(mName), mode), 0);
-    QCOMPARE(::chmod(qPrintable(mFolder->path()), 0777U), 0);
-    const char* const note = "user.note";
-    const bool hasNote = ::setxattr(qPrintable(mName), note, "kept", 4, 0) == 0;
+    QVERIFY(write("file", "old"));
+    QCOMPARE(::chown("file", 100, 200) + ::chmod("file", mode) + ::chmod(".", 0777), 0);
+    const bool hasNote = ::setxattr("file", "user.note", "kept", 4, 0) == 0;
     QString error;
     QString notKept;
     QCOMPARE(::setgroups(1, &group) + ::setegid(201) + ::seteuid(user), 0);
-    const bool isSaved = CAtomicFile::write(mName, "new", {}, error, &notKept);
+    const bool isSaved = CAtomicFile::write("file", "new", {}, error, &notKept);
     QCOMPARE(::seteuid(0) + ::setegid(0), 0);
     QVERIFY2(isSaved, qPrintable(error));
     if (!lost.isEmpty()) lost = "the file is saved, but these could not be kept: " + lost + '.';
     QCOMPARE(notKept, lost);
-    QVERIFY(!hasNote || ::getxattr(qPrintable(mName), note, nullptr, 0) == 4);
-    QTEST(rightsOf(mName.toUtf8()), "rights");
-    QVERIFY(CAtomicFile::write(mName, "newer", QFile::ReadOwner | QFile::WriteOwner, error));
-    QVERIFY(rightsOf(mName.toUtf8()).startsWith("100600 "));
+    QVERIFY(!hasNote || ::getxattr("file", "user.note", nullptr, 0) == 4);
+    QTEST(rightsOf("file"), "rights");
+    QVERIFY(CAtomicFile::write("file", "newer", QFile::ReadOwner | QFile::WriteOwner, error));
+    QVERIFY(rightsOf("file").startsWith("100600 "));
   }
 
   /// The reason is the system's, and nothing is said to be kept that was not there.
@@ -214,45 +199,40 @@ class tst_CAtomicFile : public QObject {
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
     const rlimit small{4096, old.rlim_max};
     QString error;
-    QVERIFY(write(mName, "old") && setrlimit(RLIMIT_FSIZE, &small) == 0);
-    QVERIFY(!CAtomicFile::write(mName, QByteArray(16000, 'x'), {}, error));
+    const QByteArray content(100000, 'x');
+    QVERIFY(write("file", "old") && setrlimit(RLIMIT_FSIZE, &small) == 0);
+    QVERIFY(!CAtomicFile::write("file", content, {}, error));
     QCOMPARE(error, QString("the file cannot be written, the old one is kept: File too large."));
-    QVERIFY(!CAtomicFile::write(mName + "new", QByteArray(5000, 'x'), {}, error));
+    QVERIFY(!CAtomicFile::write("new", content, {}, error));
     QCOMPARE(error, QString("the file cannot be written: File too large."));
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
     std::signal(SIGXFSZ, handler);
-    QCOMPARE(read(mName), QByteArray("old"));
-    QCOMPARE(QDir(mFolder->path()).entryList(QDir::Files | QDir::Hidden), QStringList("file"));
-    const QString longest = path(QString(NAME_MAX, 'x'));
-    QVERIFY2(CAtomicFile::write(longest, QByteArray(100000, 'x'), {}, error), qPrintable(error));
-    QCOMPARE(read(longest).size(), 100000);
+    QCOMPARE(read("file"), QByteArray("old"));
+    QCOMPARE(QDir().entryList(QDir::Files | QDir::Hidden), QStringList("file"));
+    const QString longest(NAME_MAX, 'x');
+    QVERIFY2(CAtomicFile::write(longest, content, {}, error), qPrintable(error));
+    QCOMPARE(read(longest), content);
   }
 
   void keepsBackups() {
-    const QString target = path("target");
     QString backup;
     QString error;
-    QVERIFY(!CAtomicFile::keepAsBackup(mName, backup, error));
-    QVERIFY(QFile::link(target, mName));
-    QVERIFY(QFile::link("elsewhere", mName + ".bak.1"));  // taken too
-    const QStringList backups{mName + ".bak", mName + ".bak.2", mName + ".bak.3"};
-    for (const QString& expected : backups) {
-      QVERIFY(write(mName, expected.toUtf8()));
-      QCOMPARE(::chmod(qPrintable(target), 0604), 0);
-      QVERIFY2(CAtomicFile::keepAsBackup(mName, backup, error), qPrintable(error));
-      QVERIFY2(CAtomicFile::write(mName, "new", {}, error), qPrintable(error));
-      QCOMPARE(backup, expected);
-      QVERIFY(rightsOf(backup.toUtf8()).startsWith("100604 "));
+    QVERIFY(!CAtomicFile::keepAsBackup("file", backup, error));
+    QVERIFY(QFile::link("target", "file") && QFile::link("elsewhere", "file.bak.1"));  // taken too
+    for (const char* expected : {"file.bak", "file.bak.2", "file.bak.3"}) {
+      QVERIFY(write("file", expected) && ::chmod("target", 0604) == 0);
+      QVERIFY2(CAtomicFile::keepAsBackup("file", backup, error), qPrintable(error));
+      QVERIFY2(CAtomicFile::write("file", "new", {}, error), qPrintable(error));
+      QCOMPARE(backup, QString(expected));
+      QVERIFY(rightsOf(expected).startsWith("100604 "));
     }
-    for (const QString& name : backups) QCOMPARE(read(name), name.toUtf8());
-    QVERIFY(!QFile::exists(path("elsewhere")));
+    for (const char* name : {"file.bak", "file.bak.2", "file.bak.3"})
+      QCOMPARE(read(name), QByteArray(name));
+    QVERIFY(!QFile::exists("elsewhere"));
   }
 
  private:
-  QString path(const QString& name) const { return mFolder->filePath(name); }
-
   QScopedPointer<QTemporaryDir> mFolder;
-  QString mName;
 };
 
 QTEST_APPLESS_MAIN(tst_CAtomicFile)

@@ -1,31 +1,131 @@
+#include "CFileElement.h"
+#include "CStr.h"
 #include "NDisplayText.h"
 #include "NShortText.h"
+#include "NTypes.h"
 
 #include <QtTest>
+
+#include <cfloat>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <type_traits>
+
+namespace {
+
+/// What no conversion takes: no-break spaces, other digits and more that a source cannot show.
+const QStringList kOddTexts{QString(),   "",   QString("5") + QChar(0), u8"\u0665", u8"5\u066B5",
+                            u8"\u00A05", "\f5"};
+
+/// Whether a text is taken where its number, if it is one, fits, and the output else left alone.
+template <typename T>
+bool isRight(bool (*convert)(const QString&, T&, int), const QString& text, int base,
+             const QByteArray& number) {
+  using CLimits = std::numeric_limits<T>;
+  const long double wide = std::strtold(number.constData(), nullptr);  // exact up to 64 bits
+  const bool fits = !number.isEmpty() && wide >= CLimits::min() && wide <= CLimits::max() &&
+                    (CLimits::is_signed || !text.contains('-'));
+  T value = 42;
+  return convert(text, value, base) == fits && value == (fits ? static_cast<T>(wide) : T(42));
+}
+
+void checkIntegers(const QString& text, const QByteArray& number, int base) {
+  const auto areRight = [&](auto... each) { return (isRight(each, text, base, number) && ...); };
+  QVERIFY2(areRight(&CStr::strToU8, &CStr::strToU16, &CStr::strToU32, &CStr::strToU64,
+                    &CStr::strToI8, &CStr::strToI16, &CStr::strToI32, &CStr::strToI64),
+           qPrintable(text));
+}
+
+void checkReal(const QString& text, bool isNumber) {
+  const double expected = isNumber ? std::strtod(qPrintable(text), nullptr) : 42.0;
+  double value = 42.0;
+  QVERIFY2(CStr::strToF64(text, value) == isNumber, qPrintable(text));
+  QVERIFY2(std::isnan(expected) ? std::isnan(value) : value == expected, qPrintable(text));
+  QCOMPARE(std::signbit(value), std::signbit(expected));
+}
+
+}  // namespace
 
 class tst_Texts : public QObject {
   Q_OBJECT
 
  private slots:
+  /// Texts with their number, where it is written otherwise, and base; "x=" is not taken.
+  void integers() {
+    const QString rows =
+        "0|127|128|255|256|32767|32768|65535|65536|2147483647|2147483648|4294967295|4294967296|"
+        "9223372036854775807|9223372036854775808|18446744073709551615|18446744073709551616|"
+        "340282366920938463463374607431768211455|-0|-1|-128|-129|-32768|-32769|-2147483648|"
+        "-2147483649|-9223372036854775808|-9223372036854775809|010=10|0x1f=31|0X1F=31|+0x10=16|"
+        "+5|-0x10=-16|0xffffffff=4294967295|-0x80000000=-2147483648| \t\r\n7 \t\r\n=7|"
+        "0000000000000000000000000000000000000000000000001=1|"
+        "0x0000000000000000000000000000000000000000000000001=1|ff=255=16|0xff=255=16|z=35=36|"
+        "101=5=2|0x10==10|8==8|1==-10|1==1|1==37| =|+=|-=|0x=|0X=|-0x=|+-5=|-+5=|--5=|++5=|0x-5=|"
+        "0x+5=|0x0x5=|x5=|5 5=|+ 5=|- 5=|0 x5=|5.0=|5e0=|1,000=|1'000=|5u=|0b1=|0xg=|ff=|inf=";
+    for (const QString& row : rows.split('|')) {
+      const QStringList cells = row.split('=');
+      const QByteArray number = cells.value(1, cells.first()).toLatin1();
+      checkIntegers(cells.first(), number, cells.value(2).toInt());
+    }
+    for (const QString& text : kOddTexts) checkIntegers(text, "", 0);
+  }
+
+  void reals() {
+    const QString numbers =
+        "0|-0|010|0.1|+2.5| \t\r\n-2.5 \t\r\n|.5|5.|1E-5|9007199254740993|1.7976931348623157e308|"
+        "2.2250738585072014e-308|4.9e-324|-1e-310|0e400|0.000e-9999|inf|-INF|nan|-nan";
+    for (const QString& text : numbers.split('|') + QStringList(QString(100000, '0') + '1'))
+      checkReal(text, true);
+    const QString refused =
+        " |.|-|+|e5|1e|1e+|+-5|-+5|--5|-.|0x10|0x1p3|1 2|1,5|1.5f|1.2.3|1e400|-1e400|1e-400|"
+        "-1e-400|infinity|inf1|nan(1)|--inf|+-nan|i|1_000|1'000|1e99999999999999999999";
+    for (const QString& text : refused.split('|') + kOddTexts) checkReal(text, false);
+    // What is written with enough digits comes back bit by bit, over all magnitudes.
+    for (int exponent = -1074; exponent < 1024; ++exponent) {
+      const double value = -std::ldexp(exponent < -1022 ? 1.0 : 1.7, exponent);
+      checkReal(QByteArray::number(value, 'g', 17), true);
+    }
+    double largest = 0.0;
+    QVERIFY(CStr::strToF64("1.79769313486232e+308", largest) && largest == DBL_MAX);  // 15 digits
+  }
+
+  void revisions() {
+    const QString rows =
+        "1.0=10000|08.15=8000f|7=70000| \t1.5\r\n=10005|65535.65535=ffffffff|0.0=0|"
+        "00001.00002=10002| =|.=|1.=|.1=|1.2.3=|65536=|1.65536=|65536.1=|-1=|+1=|1.-1=|1.+1=|"
+        "0x1.0=|1.0x1=|1,0=|1 .0=|1. 0=|a=|1.a=|1.0a=|V1.0=|4294967297.1=";
+    for (const QString& row : rows.split('|') + kOddTexts) {
+      unsigned int revision = 0xDEADBEEF;
+      const QString expected = row.section('=', 1);
+      QVERIFY2(CStr::stringToRevision(row.section('=', 0, 0), revision) != expected.isEmpty(),
+               qPrintable(row));
+      QCOMPARE(QString::number(revision, 16), expected.isEmpty() ? "deadbeef" : expected);
+    }
+    QCOMPARE(CStr::revisionToString(0xFFFFFFFE), QString("65535.65534"));
+  }
+
+  void logFileNames() {
+    QCOMPARE(CStr::createLogFileName(""), QString());
+    QCOMPARE(CStr::createLogFileName(u8"../a\\b:c *?\"<>|\n-2_x.y\u00C4" + QString(QChar(0))),
+             QString(u8".._a_b_c________-2_x.y\u00C4_.log"));
+  }
+
   void showsTexts() {
-    const struct {
-      const char* text;
-      const char* shown;
-      int width;
-    } rows[] = {{"", "\"\"", 0},
-                {"a \"b\" \\", "a \"b\" \\", 7},
-                {"\"a\"", "\"\\\"a\\\"\"", 3},
-                {"a ", "\"a \"", 2},
-                {u8"\u00a0a", u8"\"\u00a0a\"", 2},
-                {u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", 5},
-                {u8"a\u202eb", "\"a\\u202eb\"", 2},
-                {u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", 6},
-                {u8"a\u0301\u20dd", u8"a\u0301\u20dd", 1},
-                {"軸한ｱＡ", "軸한ｱＡ", 7},
-                {"😀𝛼𠀀", "😀𝛼𠀀", 5}};
-    for (const auto& row : rows) {
-      QCOMPARE(NDisplayText::shown(row.text), QString(row.shown));
-      QVERIFY2(NDisplayText::width(row.text) == row.width, row.text);
+    const QList<QStringList> rows{{"", "\"\"", "0"},
+                                  {"a \"b\" \\", "a \"b\" \\", "7"},
+                                  {"\"a\"", "\"\\\"a\\\"\"", "3"},
+                                  {"a ", "\"a \"", "2"},
+                                  {u8"\u00a0a", u8"\"\u00a0a\"", "2"},
+                                  {u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", "5"},
+                                  {u8"a\u202eb", "\"a\\u202eb\"", "2"},
+                                  {u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", "6"},
+                                  {u8"a\u0301\u20dd", u8"a\u0301\u20dd", "1"},
+                                  {"軸한ｱＡ", "軸한ｱＡ", "7"},
+                                  {"😀𝛼𠀀", "😀𝛼𠀀", "5"}};
+    for (const QStringList& row : rows) {
+      QCOMPARE(NDisplayText::shown(row.at(0)), row.at(1));
+      QCOMPARE(QString::number(NDisplayText::width(row.at(0))), row.at(2));
     }
   }
 
@@ -46,16 +146,26 @@ class tst_Texts : public QObject {
     QCOMPARE(results.size(), texts.size());
   }
 
-  void joinsPathsFromGroupToGroup() {
+  void joinsPaths() {
+    for (const char* text : {"/p|a|/p/a", "/p/|a|/p/a", "/p|/a|/p/a", "|a|a", "/p||"}) {
+      const QStringList parts = QString(text).split('|');
+      QCOMPARE(CFileElement(parts.at(0), parts.at(1)).projectFilePath(), parts.at(2));
+    }
     QString path;
     QStringList paths;
-    for (int i = 0; i < 10; ++i) paths += path = NShortText::below(path, QString(300, 'a'));
-    QCOMPARE(paths.at(2), QString(300, 'a') + '/' + QString(300, 'a') + '/' + QString(300, 'a'));
+    const QString name(300, 'a');
+    for (int i = 0; i < 10; ++i) paths += path = NShortText::below(path, name);
+    QCOMPARE(paths.at(2), name + '/' + name + '/' + name);
     QCOMPARE(paths.removeDuplicates(), 0);
     QCOMPARE(path.size(), 235);
     QCOMPARE(NShortText::below(NShortText::below({}, ""), "a"), QString("/a"));
   }
 };
+
+// The reader's templates deduce the parameter type from these constants.
+static_assert(std::is_same_v<decltype(NTypes::U16_MAX), const unsigned short>);
+static_assert(std::is_same_v<decltype(NTypes::I8_MIN), const signed char>);
+static_assert(NTypes::I8_MIN == -128 && NTypes::U64_MAX == 18446744073709551615ULL);
 
 QTEST_APPLESS_MAIN(tst_Texts)
 #include "tst_Texts.moc"

@@ -1,13 +1,32 @@
+#include "CCompensationFindings.h"
 #include "CCompensationPlot.h"
-#include "CompensationTables.h"
 #include "GoldenFiles.h"
+#include "ICCompensationFile.h"
 #include "TestRows.h"
 
 #include <QDomDocument>
+#include <QRandomGenerator>
 
 #include <cmath>
+#include <memory>
 
 namespace {
+
+/// A table from words as "position/adjustment …", with its range in front as "minimum/maximum".
+std::unique_ptr<ICCompensationFile> compensationTable(const QString& text) {
+  std::unique_ptr<ICCompensationFile> table(ICCompensationFile::create(nullptr));
+  CCompensationHeader header;
+  header.setMinimum(text.section(' ', 0, 0).section('/', 0, 0));
+  header.setMaximum(text.section(' ', 0, 0).section('/', 1));
+  table->setHeader(header);
+  for (const QString& word : text.split(' ').mid(1)) {
+    CCompensationPoint point;
+    point.setPosition(word.section('/', 0, 0));
+    point.setAdjustment(word.section('/', 1));
+    table->appendPoint(point);
+  }
+  return table;
+}
 
 QString steps(int count, double width) {
   QString words = "0/1000";
@@ -59,10 +78,29 @@ QStringList tickFaults(const QString& svg, const char* expression) {
 
 }  // namespace
 
-class tst_CCompensationPlot : public QObject {
+class tst_CompensationTables : public QObject {
   Q_OBJECT
 
  private slots:
+  /// Where all texts are numbers and nothing is missing, the points told are those of the check.
+  void findsWhatTheCheckFinds() {
+    QRandomGenerator random(20261120);
+    for (int round = 0; round < 40; ++round) {
+      QString words = QString("%1/%2").arg(random.bounded(4)).arg(random.bounded(3, 12));
+      const int count = round == 0 ? 520 : random.bounded(12);
+      for (int i = 0; i < count; ++i)
+        words += QString(" %1/0").arg(random.bounded(3) == 0 ? random.bounded(-1, 13) : i);
+      const auto table = compensationTable(words);
+      QList<int> expected;
+      table->checkAllPoints(&expected);
+      const CCompensationFindings findings(*table);
+      QCOMPARE(findings.ofPoints().keys(), expected);
+      QVERIFY(!findings.ofPoints().values().contains(QStringList()));
+      QCOMPARE(findings.ofRange().isEmpty(), table->checkHeader());
+      QCOMPARE(findings.isEmpty(), table->checkAll() == ICCompensationFile::CheckOk);
+    }
+  }
+
   void draws_data() {
     NGoldenFiles::addTable("compensation/plots.txt", {"name", "table", "good", "bad", "notShown"});
     addTextRow("all that fit", steps(511, 0.5), "511", "0", "0");
@@ -104,5 +142,5 @@ class tst_CCompensationPlot : public QObject {
   }
 };
 
-QTEST_APPLESS_MAIN(tst_CCompensationPlot)
-#include "tst_CCompensationPlot.moc"
+QTEST_APPLESS_MAIN(tst_CompensationTables)
+#include "tst_CompensationTables.moc"

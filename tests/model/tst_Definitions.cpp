@@ -1,0 +1,259 @@
+#include "CParamValueRules.h"
+
+#include "CParamValueText.h"
+#include "CParameterFileHelper.h"
+#include "GoldenFiles.h"
+
+#include <QRandomGenerator>
+
+#include <limits>
+
+using namespace NParamDef;
+
+namespace {
+
+/// A definition from a text as in judged.txt, with its limit parameter.
+struct SDefinition {
+  CParamDefItem item;
+  CParamDefItem limit;
+
+  explicit SDefinition(const QString& text) {
+    item.setType(text.section(' ', 0, 0));
+    for (const QString& word : text.split(' ').mid(1))
+      add(word.section('=', 0, 0), word.section('=', 1));
+  }
+
+  CParamValueRules rules() const {
+    return {item, [this](quint32) { return limit; }};
+  }
+  QStringList said(const CParamVal& value) const {
+    QStringList texts;
+    for (const auto& each : rules().violations(value, [this](auto) { return limit.defVal(); }))
+      texts += each.isWarning() ? "warning: " + each.text : each.text;
+    return texts;
+  }
+
+ private:
+  void add(const QString& key, const QString& value) {
+    if (key == "min") item.setMinVal(value);
+    if (key == "max") item.setMaxVal(value);
+    if (key == "minOf" || key == "of") item.addMinId(1);
+    if (key == "maxOf" || key == "of") item.addMaxId(1);
+    if (key.endsWith("f")) {
+      limit = CParamDefItem("P", CParamDefItem::typeFromString(value.section(':', 0, 0)), 1);
+      limit.setDefVal(value.section(':', 1));
+    }
+    for (const QString& part : value.split(',')) {
+      const SNamedI64Value choice(part.section(':', 0, 0).toLongLong(), part.section(':', 1));
+      if (key == "enum" || key == "edit") item.addEnum(choice);
+      if (key == "radio") item.addRadio(choice);
+      if (key == "bits") item.addBit(part.toInt(), "bit", false);
+    }
+    item.setEnumEditable(item.isEnumEditable() || key == "edit");
+    if (key != "check") return;
+    const auto state = [&value](int i) { return value.section(',', i, i).toLongLong(); };
+    item.setCheckVals({state(0), state(1), value.count(',') > 1, state(2)});
+  }
+};
+
+/// Numbers, those at the limits of their type unless given, give these texts, and the texts them.
+template <typename T>
+void areWritten(const char* texts, const QList<T>& numbers = {std::numeric_limits<T>::min(),
+                                                              std::numeric_limits<T>::max()}) {
+  QStringList written;
+  for (const T number : numbers) {
+    const CParamVal value(number);
+    T read = 0;
+    QVERIFY2(value.value(read) && read == number, texts);
+    if constexpr (!std::is_same_v<T, long long>) QCOMPARE(static_cast<T>(value), number);
+    written += value.asStr();
+  }
+  QCOMPARE(written.join(' '), QString(texts));
+}
+
+QString unquoted(const QString& cell) {
+  return cell.startsWith('"') ? cell.mid(1, cell.size() - 2) : cell;
+}
+
+}  // namespace
+
+class tst_Definitions : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void namesTypes() {
+    const QStringList texts = QString("undef u8 u16 u32 u64 i8 i16 i32 i64 f64 str U8").split(' ');
+    const int baseTypes[] = {0, 1, 3, 5, 8, 2, 4, 6, 9, 10, 0};
+    for (int i = -1; i <= texts.size(); ++i) {
+      const int known = i < 0 || i > 10 ? 0 : i;
+      const auto type = static_cast<EParamType>(i);
+      QCOMPARE(CParamDefItem::typeToString(type), texts.at(known));
+      QCOMPARE(int(CParamDefItem::typeFromString(texts.value(i))), known);
+      QCOMPARE(CParamDefItem::baseType(type), baseTypes[known]);
+    }
+    QVERIFY(!CParamDefItem().valid() && CParamDefItem("p", PARAM_TYPE_U8, 0).valid());
+  }
+
+  void signalsEffectiveEditsOnly() {
+    using Edit = void (*)(CParamDefItem&);
+    static const QList<unsigned int> ids{1, 2};
+    static const SCheckValues states{1, 0, false, 0};
+    static const QList<SBitValue> bits{{63, "a", true}, {-1, "b", false}, {64, "b", false}, {}};
+    const Edit edits[] = {[](CParamDefItem& i) { i.setId(7); },
+                          [](CParamDefItem& i) { i.setName("n"); },
+                          [](CParamDefItem& i) { i.setType("f64"); },
+                          [](CParamDefItem& i) { i.setUnitId(3); },
+                          [](CParamDefItem& i) { i.setHint("h"); },
+                          [](CParamDefItem& i) { i.setMinIds(ids); },
+                          [](CParamDefItem& i) { i.setMaxIds(ids); },
+                          [](CParamDefItem& i) { i.setCheckVals(states); },
+                          [](CParamDefItem& i) { i.addMinId(5); },
+                          [](CParamDefItem& i) { i.addEnum(1, "a"); },
+                          [](CParamDefItem& i) { i.addRadio(2, "a"); },
+                          [](CParamDefItem& i) { i.addBits(bits); },
+                          [](CParamDefItem& i) { i.setVisible("1#5#4"); }};
+    bool changed = false;
+    CParamDefItem item;
+    item.setChangedFlag(&changed);
+    for (const Edit& edit : edits) {
+      for (const bool isChange : {true, false}) {
+        changed = false;
+        edit(item);
+        QVERIFY2(changed == isChange, QByteArray::number(int(&edit - edits)).constData());
+      }
+    }
+    QCOMPARE(item.bitset(), bits.mid(0, 1));
+    item.addBit(63, "a", false);
+    QCOMPARE(item.bitset().size(), 2);
+    // A copy has no flag, and what is assigned to keeps none.
+    bool assignedOver = false;
+    CParamDefItem copy(item);
+    copy.setChangedFlag(&assignedOver);
+    changed = false;
+    copy = item;
+    copy.setName("copy");
+    QVERIFY(!changed && !assignedOver && item.name() == "n" && !CParamDefItem().hasEnums());
+  }
+
+  /// Random choices out of few values and names, among them empty ones, against a plain list.
+  void choicesMatchPlainSearch() {
+    for (const int count : {1, 15, 16, 17, 18, 300}) {
+      QRandomGenerator random(static_cast<quint32>(count));
+      const auto nameOf = [](int i) { return i == 0 ? QString() : QString(QChar('A' + i)); };
+      CParamDefItem item;
+      QList<SNamedI64Value> plain;
+      while (plain.size() < count) {
+        const SNamedI64Value choice(random.bounded(40) - 5, nameOf(random.bounded(40)));
+        item.addEnum(choice);
+        if (!plain.contains(choice)) plain.append(choice);
+      }
+      QCOMPARE(item.enums(), plain);
+      for (int i = -6; i <= 40; ++i) {
+        SNamedI64Value first(i, QString());
+        SNamedI64Value named(std::numeric_limits<qint64>::min(), "unknown");
+        for (const SNamedI64Value& each : qAsConst(plain)) {
+          if (first.name.isEmpty() && each.value == i) first = each;
+          if (named.name != each.name && each.name == nameOf(i)) named = each;
+        }
+        bool isKnown = false;
+        QCOMPARE(item.enumNameOfValue(i), first.name);
+        QCOMPARE(item.enumValueOfName(nameOf(i), isKnown), named.value);
+        QCOMPARE(isKnown, named.name != "unknown");
+      }
+    }
+  }
+
+  /// Text, whether it is taken, the id and the values there are then.
+  void readsVisibility() {
+    for (const QString row :
+         {"7#0#2 1 7 0 2", "12##3# 1 12 3", "0x10#3 1 16 3", "5#-3#-3 1 5 -3", "5# 0 4294967295",
+          "x#1 0 4294967295", "5#1#x#2 0 5 1", "5#0x3 0 5"}) {
+      CParamDefItem item;
+      QStringList found{row.section(' ', 0, 0)};
+      found += QString::number(item.setVisible(found.first()));
+      found += QString::number(item.visibleId());
+      for (const qint64 value : item.visibleVals()) found += QString::number(value);
+      QCOMPARE(found.join(' '), row);
+    }
+    CParamDefItem late;
+    late.addVisibleValue(4);  // counts for nothing until the id comes
+    QVERIFY(!late.hasVisibleValues() && late.setVisible("1#5#4") && late.hasVisibleValues());
+  }
+
+  void comparesStatesAndMakesChoicesOfMaps() {
+    QVERIFY((SCheckValues{1, 0, false, 5} == SCheckValues{1, 0, false, 6}));
+    QVERIFY((SCheckValues{1, 0, true, 5} != SCheckValues{1, 0, true, 6}));
+    QVERIFY((SCheckValues{1, 0, true, 5} != SCheckValues{1, 0, false, 5}));
+    CNamedI64ValueList choices;
+    choices = QMap<qint64, QString>{{3, "three"}, {-1, "minus one"}};
+    QCOMPARE(choices, (QList<SNamedI64Value>{{-1, "minus one"}, {3, "three"}}));
+  }
+
+  void writesAndReadsNumbers() {
+    areWritten<unsigned char>("0x0 0xff");
+    areWritten<unsigned short>("0x0 0xffff");
+    areWritten<unsigned int>("0x0 0xffffffff");
+    areWritten<unsigned long long>("0x0 0xffffffffffffffff");
+    areWritten<signed char>("-128 127");
+    areWritten<short>("-32768 32767");
+    areWritten<int>("-2147483648 2147483647");
+    areWritten<long long>("-9223372036854775808 9223372036854775807");
+    areWritten<double>("1 -2.5e-300 inf",
+                       {1.0, -2.5e-300, std::numeric_limits<double>::infinity()});
+    QCOMPARE(CParamVal(1.0 / 3.0).asStr(), QString("0.333333333333333"));
+    QCOMPARE(CParamVal("-9223372036854775808").asI64(), std::numeric_limits<long long>::min());
+    // To this type by way of eight bits.
+    QCOMPARE(static_cast<long long>(CParamVal("127")), 127LL);
+    QCOMPARE(static_cast<long long>(CParamVal("128")), 0LL);
+    unsigned int number = 7;
+    QVERIFY(!CParamVal("abc").value(number) && number == 7 && CParamVal("abc").asU32() == 0);
+  }
+
+  void comparesTexts() {
+    QVERIFY(CParamVal("10") == CParamVal("10") && CParamVal("1.0") != CParamVal("1"));
+    QVERIFY(CParamVal() == CParamVal("") && CParamVal().isNull() && !CParamVal("").isNull());
+    QVERIFY(CParamVal(static_cast<const char*>(nullptr)).isNull() && CParamVal("").isEmpty());
+  }
+
+  void judges_data() {
+    NGoldenFiles::addTable("model/judged.txt", {"name", "definition", "typed", "stored", "said"});
+  }
+  void judges() {
+    QFETCH(QString, definition);
+    QFETCH(QString, typed);
+    QFETCH(QString, stored);
+    QFETCH(QString, said);
+    const SDefinition given(definition);
+    CParamVal value("untouched");
+    QString problem;
+    if (!given.rules().read(unquoted(typed), value, problem)) {
+      QCOMPARE(problem, said);
+      QCOMPARE(stored + value.asStr(), "-untouched");
+      return;
+    }
+    QCOMPARE(value.asStr(), unquoted(stored));
+    QCOMPARE(given.said(value).join(" / "), said);
+    // What an editor is given, it may give back.
+    QVERIFY(given.rules().read(CParamValueText::editable(given.item, value), value, problem));
+    QVERIFY(CParamValueRules::areEqual(value, unquoted(stored), given.item));
+  }
+
+  void comparesValues_data() {
+    NGoldenFiles::addTable("model/equal.txt", {"type", "a", "b", "equal", "said"});
+  }
+  void comparesValues() {
+    QFETCH(QString, a);
+    QFETCH(QString, b);
+    QFETCH(QString, equal);
+    QFETCH(QString, said);
+    QFETCH(QString, type);
+    const CParamDefItem definition = SDefinition(type).item;
+    const auto text = [](bool isTrue) { return isTrue ? "yes" : "no"; };
+    QCOMPARE(text(CParamValueRules::areEqual(a, b, definition)), equal);
+    QCOMPARE(text(CParameterFileHelper::compareValues(a, b, definition)), said);
+    QCOMPARE(text(CParamValueRules::mayStay(a, b, definition)), qMin(equal, said));
+  }
+};
+
+QTEST_APPLESS_MAIN(tst_Definitions)
+#include "tst_Definitions.moc"

@@ -6,6 +6,7 @@
 
 #include <QRandomGenerator>
 
+#include <climits>
 #include <limits>
 
 using namespace NParamDef;
@@ -55,21 +56,6 @@ struct SDefinition {
     item.setCheckVals({state(0), state(1), value.count(',') > 1, state(2)});
   }
 };
-
-/// Numbers, those at the limits of their type unless given, give these texts, and the texts them.
-template <typename T>
-void areWritten(const char* texts, const QList<T>& numbers = {std::numeric_limits<T>::min(),
-                                                              std::numeric_limits<T>::max()}) {
-  QStringList written;
-  for (const T number : numbers) {
-    const CParamVal value(number);
-    T read = 0;
-    QVERIFY2(value.value(read) && read == number, texts);
-    if constexpr (!std::is_same_v<T, long long>) QCOMPARE(static_cast<T>(value), number);
-    written += value.asStr();
-  }
-  QCOMPARE(written.join(' '), QString(texts));
-}
 
 QString unquoted(const QString& cell) {
   return cell.startsWith('"') ? cell.mid(1, cell.size() - 2) : cell;
@@ -190,18 +176,23 @@ class tst_Definitions : public QObject {
   }
 
   void writesAndReadsNumbers() {
-    areWritten<unsigned char>("0x0 0xff");
-    areWritten<unsigned short>("0x0 0xffff");
-    areWritten<unsigned int>("0x0 0xffffffff");
-    areWritten<unsigned long long>("0x0 0xffffffffffffffff");
-    areWritten<signed char>("-128 127");
-    areWritten<short>("-32768 32767");
-    areWritten<int>("-2147483648 2147483647");
-    areWritten<long long>("-9223372036854775808 9223372036854775807");
-    areWritten<double>("1 -2.5e-300 inf",
-                       {1.0, -2.5e-300, std::numeric_limits<double>::infinity()});
-    QCOMPARE(CParamVal(1.0 / 3.0).asStr(), QString("0.333333333333333"));
-    QCOMPARE(CParamVal("-9223372036854775808").asI64(), std::numeric_limits<long long>::min());
+    using CReal = std::numeric_limits<double>;
+    const QList<CParamVal> values{quint8(255),       quint16(65535),
+                                  4294967295U,       18446744073709551615ULL,
+                                  qint8(-128),       qint16(-32768),
+                                  INT_MIN,           LLONG_MIN,
+                                  -2.5e-300,         1.0,
+                                  CReal::infinity(), 1.0 / 3.0};
+    QStringList texts;
+    for (const CParamVal& value : values) texts += value.asStr();
+    QCOMPARE(texts.join(' '),
+             QString("0xff 0xffff 0xffffffff 0xffffffffffffffff -128 -32768 -2147483648 "
+                     "-9223372036854775808 -2.5e-300 1 inf 0.333333333333333"));
+    QVERIFY(values.at(0).asU8() == 255 && values.at(1).asU16() == 65535);
+    QVERIFY(values.at(2).asU32() == 4294967295U && values.at(3).asU64() == 18446744073709551615ULL);
+    QVERIFY(values.at(4).asI8() == -128 && values.at(5).asI16() == -32768);
+    QVERIFY(values.at(6).asI32() == INT_MIN && values.at(7).asI64() == LLONG_MIN);
+    QVERIFY(values.at(8).asF64() == -2.5e-300 && values.at(10).asF64() == CReal::infinity());
     // To this type by way of eight bits.
     QCOMPARE(static_cast<long long>(CParamVal("127")), 127LL);
     QCOMPARE(static_cast<long long>(CParamVal("128")), 0LL);

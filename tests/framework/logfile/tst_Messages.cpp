@@ -9,7 +9,6 @@
 #include <atomic>
 #include <memory>
 #include <thread>
-#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -38,10 +37,9 @@ class tst_Messages : public QObject {
 
  private slots:
   void isActiveWithALevelAndAPlace() {
-    for (const int type :
-         {int(ICLogfile::LogFile), int(ICLogfile::LogConsole), int(ICLogfile::LogQt), 3}) {
+    for (int type = ICLogfile::LogFile; type <= ICLogfile::LogQt + 1; ++type) {
       const auto logfile = create(type, path("never"), ICLogfile::kLevelErrors);
-      QCOMPARE(logfile->isActive(), type != 3);
+      QCOMPARE(logfile->isActive(), type <= ICLogfile::LogQt);
       logfile->setLevelMask(0);
       QVERIFY(!logfile->isActive());
     }
@@ -120,30 +118,27 @@ class tst_Messages : public QObject {
   }
 
   void manyThreads() {
-    constexpr int kThreads = 4;
-    constexpr int kLines = 300;
+    constexpr int kMessages = 300;
     const auto logfile = create(ICLogfile::LogFile, path("threads.log"));
     const QString text(300, 'x');
     const QString prefix("p");  // kept here: the thread sanitizer does not see how Qt counts owners
     std::atomic<int> count = 0;
     const auto handler = [&count](int, const QString&) { ++count; };
     CBoard::setHandler(handler);
-    std::vector<std::thread> threads(kThreads);
-    for (std::thread& thread : threads) {
-      thread = std::thread([&] {
-        for (int n = 0; n < kLines; ++n) {
-          logfile->setPrefix(prefix);
-          logfile->setLevelMask(kAll);
-          if (logfile->isActive()) CBoard::setWarning(text, logfile.get());
-          CBoard::setHandler(handler);
-        }
-      });
-    }
+    const auto post = [&] {
+      for (int n = 0; n < kMessages; ++n) {
+        logfile->setPrefix(prefix);
+        logfile->setLevelMask(kAll);
+        if (logfile->isActive()) CBoard::setWarning(text, logfile.get());
+        CBoard::setHandler(handler);
+      }
+    };
+    std::thread threads[] = {std::thread(post), std::thread(post), std::thread(post)};
     for (std::thread& thread : threads) thread.join();
     CBoard::setHandler({});
     const QStringList written = lines(path("threads.log"));
-    QCOMPARE(written.count("00000004 p: " + text), kThreads * kLines);
-    QVERIFY(written.size() == kThreads * kLines && count == kThreads * kLines);
+    QCOMPARE(written.count("00000004 p: " + text), 3 * kMessages);
+    QVERIFY(written.size() == 3 * kMessages && count == 3 * kMessages);
   }
 
  private:

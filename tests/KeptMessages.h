@@ -40,8 +40,7 @@ QStringList qtMessages(const Action& action) {
   static QStringList messages;
   messages.clear();
   const auto keep = [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    messages += QStringLiteral("%1 %2 %3")
-                    .arg(QString::number(type), QString::fromLatin1(context.category), text);
+    messages += QString::number(type) + ' ' + context.category + ' ' + text;
   };
   const auto before = qInstallMessageHandler(keep);
   action();

@@ -192,23 +192,19 @@ class tst_ParamTrees : public QObject {
   }
 
   void findsItsWay() {
-    const CTreeNode<CParamNodeData> bare;
-    const QString unset = "[standard constructed]";
-    QCOMPARE(bare.dataRef().name(), unset);
     CParamTreeNodeImpl root(1, "root", NParamDef::NO_ID);
-    auto* const a = new CParamTreeNodeImpl(1, "a", 1);
+    auto* const unset = new CParamTreeNodeImpl(1, "[standard constructed]", NParamDef::NO_ID);
     auto* const group = new CParamTreeNodeImpl(1, "g", NParamDef::NO_ID);
-    auto* const neither = new CParamTreeNodeImpl(1, unset, NParamDef::NO_ID);
-    auto* const unnamed = new CParamTreeNodeImpl(1, "", 0);
-    for (auto* node : {a, group, neither, new CParamTreeNodeImpl(1, "a", 2)}) root.addChild(node);
-    group->addChild(unnamed);
-    QVERIFY(group->isGroup() && !group->isParam() && unnamed->isParam() && !unnamed->isGroup());
-    QVERIFY(!neither->isGroup() && !neither->isParam());
-    QVERIFY(unnamed->rootPtr() == &root && unnamed->parentPtr() == group && !root.parentPtr());
+    auto* const param = new CParamTreeNodeImpl(1, "", 0);
+    for (auto* node : {unset, group, new CParamTreeNodeImpl(1, "g", 2)}) root.addChild(node);
+    group->addChild(param);
+    QVERIFY(group->isGroup() && !group->isParam() && param->isParam() && !param->isGroup());
+    QVERIFY(!unset->isGroup() && !unset->isParam());
+    QVERIFY(param->rootPtr() == &root && param->parentPtr() == group && !root.parentPtr());
     QVERIFY(group->siblingNo() == 1 && root.siblingNo() == 0);
-    QVERIFY(root.childPtr("a") == a && !root.childPtr(4) && !root.childPtr("A"));
-    QVERIFY(!root.deleteChild(nullptr) && !root.deleteChild(unnamed) && root.deleteChild(a));
-    QVERIFY(root.childPtr(0) == group && root.childCnt() == 3);
+    QVERIFY(root.childPtr("g") == group && !root.childPtr(3) && !root.childPtr("G"));
+    QVERIFY(!root.deleteChild(nullptr) && !root.deleteChild(param) && root.deleteChild(unset));
+    QVERIFY(root.childPtr(0) == group && root.childCnt() == 2);
     QVERIFY(!group->removeProperty(NParamDef::PROPERTY_CHANGED));
   }
 

@@ -72,15 +72,16 @@ class tst_Texts : public QObject {
   }
 
   void reals() {
-    const QString numbers =
+    const QString rows =
         "0|-0|010|0.1|+2.5| \t\r\n-2.5 \t\r\n|.5|5.|1E-5|9007199254740993|1.7976931348623157e308|"
-        "2.2250738585072014e-308|4.9e-324|-1e-310|0e400|0.000e-9999|inf|-INF|nan|-nan";
-    for (const QString& text : numbers.split('|') + QStringList(QString(100000, '0') + '1'))
-      checkReal(text, true);
-    const QString refused =
-        " |.|-|+|e5|1e|1e+|+-5|-+5|--5|-.|0x10|0x1p3|1 2|1,5|1.5f|1.2.3|1e400|-1e400|1e-400|"
-        "-1e-400|infinity|inf1|nan(1)|--inf|+-nan|i|1_000|1'000|1e99999999999999999999";
-    for (const QString& text : refused.split('|') + kOddTexts) checkReal(text, false);
+        "2.2250738585072014e-308|4.9e-324|-1e-310|0e400|0.000e-9999|inf|-INF|nan|-nan| =|.=|-=|+=|"
+        "e5=|1e=|1e+=|+-5=|-+5=|--5=|-.=|0x10=|0x1p3=|1 2=|1,5=|1.5f=|1.2.3=|1e400=|-1e400=|"
+        "1e-400=|-1e-400=|infinity=|inf1=|nan(1)=|--inf=|+-nan=|i=|1_000=|1'000=|"
+        "1e99999999999999999999=";
+    for (const QString& row : rows.split('|'))
+      checkReal(row.section('=', 0, 0), !row.contains('='));
+    for (const QString& text : kOddTexts) checkReal(text, false);
+    checkReal(QString(100000, '0') + '1', true);
     // What is written with enough digits comes back bit by bit, over all magnitudes.
     for (int exponent = -1074; exponent < 1024; ++exponent) {
       const double value = -std::ldexp(exponent < -1022 ? 1.0 : 1.7, exponent);
@@ -103,12 +104,6 @@ class tst_Texts : public QObject {
       QCOMPARE(QString::number(revision, 16), expected.isEmpty() ? "deadbeef" : expected);
     }
     QCOMPARE(CStr::revisionToString(0xFFFFFFFE), QString("65535.65534"));
-  }
-
-  void logFileNames() {
-    QCOMPARE(CStr::createLogFileName(""), QString());
-    QCOMPARE(CStr::createLogFileName(u8"../a\\b:c *?\"<>|\n-2_x.y\u00C4" + QString(QChar(0))),
-             QString(u8".._a_b_c________-2_x.y\u00C4_.log"));
   }
 
   void showsTexts() {
@@ -146,17 +141,16 @@ class tst_Texts : public QObject {
     QCOMPARE(results.size(), texts.size());
   }
 
-  void joinsPaths() {
+  void namesFiles() {
+    QCOMPARE(CStr::createLogFileName(""), QString());
+    QCOMPARE(CStr::createLogFileName(u8"../a\\b:c *?\"<>|\n-2_x.y\u00C4" + QString(QChar(0))),
+             QString(u8".._a_b_c________-2_x.y\u00C4_.log"));
     for (const char* text : {"/p|a|/p/a", "/p/|a|/p/a", "/p|/a|/p/a", "|a|a", "/p||"}) {
       const QStringList parts = QString(text).split('|');
       QCOMPARE(CFileElement(parts.at(0), parts.at(1)).projectFilePath(), parts.at(2));
     }
     QString path;
-    QStringList paths;
-    const QString name(300, 'a');
-    for (int i = 0; i < 10; ++i) paths += path = NShortText::below(path, name);
-    QCOMPARE(paths.at(2), name + '/' + name + '/' + name);
-    QCOMPARE(paths.removeDuplicates(), 0);
+    for (int i = 0; i < 10; ++i) path = NShortText::below(path, QString(300, 'a'));
     QCOMPARE(path.size(), 235);
     QCOMPARE(NShortText::below(NShortText::below({}, ""), "a"), QString("/a"));
   }
@@ -165,7 +159,6 @@ class tst_Texts : public QObject {
 // The reader's templates deduce the parameter type from these constants.
 static_assert(std::is_same_v<decltype(NTypes::U16_MAX), const unsigned short>);
 static_assert(std::is_same_v<decltype(NTypes::I8_MIN), const signed char>);
-static_assert(NTypes::I8_MIN == -128 && NTypes::U64_MAX == 18446744073709551615ULL);
 
 QTEST_APPLESS_MAIN(tst_Texts)
 #include "tst_Texts.moc"

@@ -3,10 +3,13 @@
 #include "CParameterFileBaseImpl.h"
 #include "TreeText.h"
 
+#include <QRegularExpression>
+
 #include <memory>
 
 /// Parameter files in short: "[A:1] X=1 G( Y#5=2 ) [A:2]" is a tree in sub-device 1 of hardware id
-/// A, and an empty sub-device 2. Without definitions.
+/// A, and an empty sub-device 2. Places may have the sub-device's type and name, as "[A:1:3:Axis]";
+/// in front may stand author and comment, as "@author:comment", and definitions, as "X:u8".
 namespace NAnalysisFiles {
 
 using CFilePtr = std::unique_ptr<ICParameterFile>;
@@ -26,14 +29,23 @@ inline CFilePtr fromTokens(const QStringList& tokens) {
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = nullptr;
   for (const QString& token : tokens) {
-    if (!token.startsWith('[')) {
+    static const QRegularExpression separators("[]:@[]");
+    const QStringList parts = token.split(separators);
+    if (token.startsWith('@')) {
+      file->setMetaData(parts.at(1), parts.value(2));
+    } else if (token.startsWith('[')) {
+      const auto subDevId = static_cast<quint8>(parts.at(2).toUInt());
+      if (parts.size() > 4) {
+        file->setSubDevType(subDevId, NParamDef::ESubDeviceTypes(parts.at(3).toInt()));
+        file->setSubDevName(subDevId, parts.at(4));
+      }
+      tree = &treesOf(*file)[parts.at(1)].try_emplace(subDevId, subDevId).first->second;
+      group = tree->root();
+    } else if (token.contains(':')) {
+      file->addDef(parts.at(0), CParamDefItem::typeFromString(parts.at(1)), 0);
+    } else {
       NTreeText::add(*tree, group, token);
-      continue;
     }
-    const QStringList place = token.mid(1).chopped(1).split(':');
-    const auto subDevId = static_cast<quint8>(place.at(1).toUInt());
-    tree = &treesOf(*file)[place.at(0)].try_emplace(subDevId, subDevId).first->second;
-    group = tree->root();
   }
   return file;
 }
@@ -43,10 +55,12 @@ inline CFilePtr fromText(const QString& text) {
 }
 
 inline QString toText(ICParameterFile& file) {
-  QStringList tokens;
+  QStringList tokens{"@" + file.author() + ':' + file.comment()};
   for (const auto& [hardwareId, trees] : treesOf(file)) {
     for (const auto& [subDevId, tree] : trees) {
-      tokens += QStringLiteral("[%1:%2]").arg(hardwareId, QString::number(subDevId));
+      tokens += QStringLiteral("[%1:%2:%3:%4]")
+                    .arg(hardwareId, QString::number(subDevId),
+                         QString::number(file.subDevType(subDevId)), file.subDevName(subDevId));
       NTreeText::append(tree, *tree.root(), tokens);
     }
   }

@@ -26,7 +26,7 @@ table() {
 }
 
 # The README's code block that follows a text.
-readme() { sed -n "/$1/,\$p" "$README" | sed -n '/^```/,/^```$/p' | sed '1d;/^```$/,$d'; }
+readme() { sed "1,/$1/d" "$README" | sed "1,/^\`\`\`/d" | sed "/^\`\`\`/,\$d"; }
 change() {
   ktoparam set TwoAxisDrive.xparam "$1" --hardware-id KTO-2A-16 --sub-device 2 >changes
 }

@@ -166,7 +166,9 @@ class tst_ktoparam : public QObject {
     }
     const QString readme = QString::fromUtf8(NTestFiles::read(KTO_README));
     const QRegularExpression block("```sh\n(?:cd .*\n)?([^`]*\nktoparam [^`]*)```");
-    for (auto i = block.globalMatch(readme); i.hasNext();) addRow("README", i.next().captured(1));
+    QString script;
+    for (auto i = block.globalMatch(readme); i.hasNext();) script += i.next().captured(1);
+    addRow("README", script);
   }
   void documentedCommandsWork() {
     QFETCH(QString, commands);

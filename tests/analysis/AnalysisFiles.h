@@ -1,31 +1,22 @@
 #pragma once
 
-#include "CParameterFileBaseImpl.h"
 #include "TreeText.h"
+#include "paramfile/ExampleDrive.h"
 
 #include <QRegularExpression>
-
-#include <memory>
 
 /// Parameter files in short: "[A:1] X=1 G( Y#5=2 ) [A:2]" is a tree in sub-device 1 of hardware id
 /// A, and an empty sub-device 2. Places may have the sub-device's type and name, as "[A:1:3:Axis]";
 /// in front may stand author and comment, as "@author:comment", and definitions, as "X:u8".
 namespace NAnalysisFiles {
 
-using CFilePtr = std::unique_ptr<ICParameterFile>;
-
-inline CFilePtr makeFile() {
-  CFilePtr file(ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-  file->addHardwareId("A");
-  return file;
-}
-
 inline CHardwareIdTrees& treesOf(ICParameterFile& file) {
   return dynamic_cast<CParameterFileBaseImpl&>(file).allTrees();
 }
 
-inline CFilePtr fromTokens(const QStringList& tokens) {
-  CFilePtr file = makeFile();
+inline CParameterFilePtr fromTokens(const QStringList& tokens) {
+  CParameterFilePtr file = makeFile();
+  file->addHardwareId("A");
   CSubDeviceTree* tree = nullptr;
   CParamTreeNodeImpl* group = nullptr;
   for (const QString& token : tokens) {
@@ -50,7 +41,7 @@ inline CFilePtr fromTokens(const QStringList& tokens) {
   return file;
 }
 
-inline CFilePtr fromText(const QString& text) {
+inline CParameterFilePtr fromText(const QString& text) {
   return fromTokens(text.split(' ', Qt::SkipEmptyParts));
 }
 

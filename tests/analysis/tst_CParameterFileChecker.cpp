@@ -26,8 +26,8 @@ QString testFile(const QString& name) {
 }
 
 /// With the values of the same name where there are any.
-CFilePtr loadCases(const QString& name) {
-  CFilePtr file = makeFile();
+CParameterFilePtr loadCases(const QString& name) {
+  CParameterFilePtr file = makeFile();
   const QString values = testFile(name + ".xparam");
   const bool isLoaded = file->loadParamDefFile(testFile(name + ".xpdef"), 0x10000) &&
                         (!QFile::exists(values) || file->loadParamFile(values, QString(), 0x10000));

@@ -29,8 +29,8 @@ class tst_CParameterFileComparison : public QObject {
  private slots:
   void keepsLongPathsOnceAndShort() {
     const QString name(1001, 'g');
-    const CFilePtr before = fromText("[A:1] X=1 Y=1");
-    const CFilePtr after = fromText("[A:1] " + name + "( X=1 Y=1 )");
+    const CParameterFilePtr before = fromText("[A:1] X=1 Y=1");
+    const CParameterFilePtr after = fromText("[A:1] " + name + "( X=1 Y=1 )");
     const CParamDifferences moved = CParameterFileComparison::compare(*before, *after);
     QCOMPARE(moved.size(), 2);
     QCOMPARE(moved.at(0).newGroupPath, NShortText::of(name));

@@ -31,9 +31,9 @@ QByteArray saved(ICParameterFile& file, const QTemporaryDir& folder) {
 }
 
 struct SMerge {
-  CFilePtr base;
-  CFilePtr ours;
-  CFilePtr theirs;
+  CParameterFilePtr base;
+  CParameterFilePtr ours;
+  CParameterFilePtr theirs;
   CParameterFileMerge merge{*base, *ours, *theirs};
 };
 

@@ -344,20 +344,18 @@ class tst_CParameterFileModel : public QObject {
   void changesOfTheFile() {
     SWatched drive;
     QSignalSpy reset(&drive.model, &Model::modelReset);
-    const auto compare = [&](const std::function<void(ICParameterFile&)>& edit) {
+    const std::function<void(ICParameterFile&)> edits[] = {
+        [](auto& file) { file.cloneHardwareId("KTO-2A-16", "Copy"); },
+        [](auto& file) { file.copySubDevice(2, 7); },
+        [](auto& file) {
+          file.loadParamFile(NTestFiles::example("TwoAxisDrive.xparam"), "KTO-2A-32", 0x10000);
+        },
+        [](auto& file) { file.removeHardwareId("KTO-2A-16"); }, [](auto& file) { file.clear(); }};
+    for (const auto& edit : edits) {
       outline(drive.model);  // so that everything is looked into
       drive.model.change(edit);
-      return outline(drive.model) == outline(*drive.file);
-    };
-    QVERIFY(compare([](ICParameterFile& file) { file.cloneHardwareId("KTO-2A-16", "Copy"); }));
-    QCOMPARE(drive.file->hardwareId(), "Copy");
-    QVERIFY(compare([](ICParameterFile& file) { file.copySubDevice(2, 7); }));
-    QCOMPARE(drive.model.rowCount(), 5);
-    QVERIFY(compare([](ICParameterFile& file) {
-      file.loadParamFile(NTestFiles::example("TwoAxisDrive.xparam"), "KTO-2A-32", 0x10000);
-    }));
-    QVERIFY(compare([](ICParameterFile& file) { file.removeHardwareId("KTO-2A-16"); }));
-    QVERIFY(compare([](ICParameterFile& file) { file.clear(); }));
+      QCOMPARE(outline(drive.model), outline(*drive.file));
+    }
     QCOMPARE(drive.model.rowCount(), 0);
     QCOMPARE(reset.count(), 5);
   }

@@ -134,11 +134,9 @@ class tst_CParameterFileModel : public QObject {
     QCOMPARE(drive.file->paramValue(name, 0).asStr(), fromJson(stored).toString());
     QCOMPARE(drive.model.errorMsg(), reason);
     QCOMPARE(refused.count(), reason.isEmpty() ? 0 : 1);
-    if (!reason.isEmpty()) {
-      QCOMPARE(refused.at(0).at(0).toModelIndex(), index);
-      QCOMPARE(refused.at(0).at(1).toString(), reason);
-      QVERIFY(!drive.file->isChanged());
-    }
+    if (reason.isEmpty()) return;
+    QCOMPARE(refused.at(0), QVariantList({index, reason}));
+    QVERIFY(!drive.file->isChanged());
   }
 
   void anEditMarksAndTells() {
@@ -262,7 +260,6 @@ class tst_CParameterFileModel : public QObject {
     QCOMPARE(index.data(Qt::ToolTipRole).toString(), "wrong");
     QCOMPARE(index.data(Model::ChangedRole), QVariant(false));
     QVERIFY(!drive.file->isChanged());
-    QCOMPARE(drive.model.roleNames().value(Model::ErrorMessageRole), QByteArray("errorMessage"));
   }
 
   void addsOrRefusesNodes() {
@@ -289,10 +286,8 @@ class tst_CParameterFileModel : public QObject {
     QVERIFY(!model.addParameter(root, "Speed").isValid());
     QCOMPARE(model.errorMsg(), small.file->errorMsg());
     QVERIFY(!model.removeRows(0, 1));
-    QVERIFY(!model.removeRows(0, 4, root));
-    QVERIFY(!model.removeRows(-1, 1, root));
-    QVERIFY(!model.removeRows(1, INT_MAX, root));
-    QVERIFY(!model.removeRows(0, 0, root));
+    const std::pair<int, int> none[] = {{0, 4}, {-1, 1}, {1, INT_MAX}, {0, 0}};
+    for (const auto& [row, count] : none) QVERIFY(!model.removeRows(row, count, root));
     QCOMPARE(model.errorMsg(), "There are no such groups or parameters.");
     QVERIFY(!small.file->isChanged());
   }

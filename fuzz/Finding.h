@@ -20,9 +20,4 @@ inline void require(bool isKept, const QString& promise) {
   }
 }
 
-/// An empty text says that nothing is wrong.
-inline void require(const QString& finding) {
-  require(finding.isEmpty(), finding);
-}
-
 }  // namespace NFuzz

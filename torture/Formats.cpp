@@ -38,21 +38,7 @@ QString name(QRandomGenerator& random, const QString& prefix, int number) {
 }
 
 qint64 number(QRandomGenerator& random) {
-  const qint64 bits =
-      (static_cast<qint64>(random.bounded(1 << 30)) << 34) ^ random.bounded(1 << 30);
-  return bits >> random.bounded(64);
-}
-
-QString value(QRandomGenerator& random, NParamDef::EParamType type) {
-  switch (random.bounded(3)) {
-    case 0:
-      return text(random);
-    case 1:
-      return CParamVal(number(random));
-    default:
-      return type == NParamDef::PARAM_TYPE_F64 ? CParamVal(static_cast<double>(number(random)) / 7)
-                                               : CParamVal(static_cast<quint64>(number(random)));
-  }
+  return static_cast<qint64>(random.generate64()) >> random.bounded(64);
 }
 
 void addChoices(QRandomGenerator& random, CParamDefItem& item) {
@@ -72,14 +58,15 @@ void addChoices(QRandomGenerator& random, CParamDefItem& item) {
 }
 
 CParamDefItem definition(QRandomGenerator& random, int index) {
+  const quint32 id = 100U + unsigned(index);
+  const quint32 ids[] = {id, id, id, id, 0, NParamDef::NO_ID};
   const auto type = static_cast<NParamDef::EParamType>(random.bounded(11));
-  const quint32 id = oneIn(random, 5)   ? 0
-                     : oneIn(random, 9) ? NParamDef::NO_ID
-                                        : 100U + unsigned(index);
-  CParamDefItem item(name(random, "P", index), type, id);
+  CParamDefItem item(name(random, "P", index), type, ids[random.bounded(6)]);
   item.setHint(text(random));
   item.setUnitId(static_cast<quint32>(random.bounded(3)));
-  item.setDefVal(value(random, type));
+  const CParamVal defaults[] = {text(random), number(random), static_cast<quint64>(number(random)),
+                                static_cast<double>(number(random)) / 7};
+  item.setDefVal(defaults[random.bounded(4)]);
   if (oneIn(random, 2)) item.setMinVal(CParamVal(-5));
   if (oneIn(random, 2)) item.setMaxVal(CParamVal("0xffff"));
   for (int i = random.bounded(3); i > 0; --i) item.addMinId(static_cast<quint32>(number(random)));
@@ -150,23 +137,27 @@ class CParameterFormat : public CFormat {
   const std::unique_ptr<ICParameterFile> mFile;
 };
 
-class CSettingsFormat : public CFormat {
+/// The files that give a result, which is kOk where all went well.
+template <class File, int kOk>
+class CResultFormat : public CFormat {
  public:
-  bool load(const QString& fileName) override {
-    mResult = mFile->load(fileName, kVersionText);
-    return mResult == ICSettingsFile::NoError;
+  bool load(const QString& name) override { return isOk(mFile->load(name, kVersionText)); }
+  bool loadBuffer(const QByteArray& b) override {
+    return isOk(mFile->loadFromBuffer(b, kVersionText));
   }
-  bool loadBuffer(const QByteArray& bytes) override {
-    mResult = mFile->loadFromBuffer(bytes, kVersionText);
-    return mResult == ICSettingsFile::NoError;
-  }
-  bool save(const QString& fileName) override {
-    mResult = mFile->save(fileName, kVersionText);
-    return mResult == ICSettingsFile::NoError;
-  }
-  QString told() const override {
-    return QStringLiteral("%1: %2").arg(QString::number(mResult), mFile->errorMsg());
-  }
+  bool save(const QString& name) override { return isOk(mFile->save(name, kVersionText)); }
+  QString told() const override { return QString("%1: %2").arg(mResult).arg(mFile->errorMsg()); }
+
+ protected:
+  const std::unique_ptr<File> mFile{File::create(nullptr)};
+  int mResult = kOk;
+
+ private:
+  bool isOk(int result) { return (mResult = result) == kOk; }
+};
+
+class CSettingsFormat : public CResultFormat<ICSettingsFile, ICSettingsFile::NoError> {
+ public:
   QString content() override {
     QString all;
     append(mFile->root(), 0, all);
@@ -174,22 +165,23 @@ class CSettingsFormat : public CFormat {
   }
   void edit(quint32 choice) override {
     QRandomGenerator random(choice);
-    ICSettingsTreeNode* root = mFile->root();
-    for (int i = root != nullptr ? root->childCnt() : 0; i > 0; --i)
-      edit(*root->childPtr(i - 1), random);
+    edit(mFile->root(), random);
   }
   bool keepsContent() const override {
     return mResult == ICSettingsFile::OpenError || mResult == ICSettingsFile::VersionError;
   }
 
  private:
-  static void edit(ICSettingsTreeNode& node, QRandomGenerator& random) {
-    if (oneIn(random, 2)) node.setComment("c" + text(random));
-    if (node.isParam() && oneIn(random, 2)) node.setUnit("u" + text(random));
-    if (node.isParam())
-      node.setValue(node.type() == ICSettingsTreeNode::TypeString ? CParamVal(text(random))
-                                                                  : CParamVal(number(random)));
-    for (int i = 0; i < node.childCnt(); ++i) edit(*node.childPtr(i), random);
+  static void edit(ICSettingsTreeNode* parent, QRandomGenerator& random) {
+    for (int i = 0; parent != nullptr && i < parent->childCnt(); ++i) {
+      ICSettingsTreeNode* node = parent->childPtr(i);
+      const bool isText = node->type() == ICSettingsTreeNode::TypeString;
+      if (oneIn(random, 2)) node->setComment("c" + text(random));
+      if (node->isParam() && oneIn(random, 2)) node->setUnit("u" + text(random));
+      if (node->isParam())
+        node->setValue(isText ? CParamVal(text(random)) : CParamVal(number(random)));
+      edit(node, random);
+    }
   }
   static void append(const ICSettingsTreeNode* node, int depth, QString& text) {
     if (node == nullptr) return;
@@ -200,28 +192,10 @@ class CSettingsFormat : public CFormat {
             '\n';
     for (int i = 0; i < node->childCnt(); ++i) append(node->childPtr(i), depth + 1, text);
   }
-
-  const std::unique_ptr<ICSettingsFile> mFile{ICSettingsFile::create(nullptr)};
-  ICSettingsFile::ESettingsError mResult = ICSettingsFile::NoError;
 };
 
-class CCompensationFormat : public CFormat {
+class CCompensationFormat : public CResultFormat<ICCompensationFile, ICCompensationFile::Ok> {
  public:
-  bool load(const QString& fileName) override {
-    mResult = mFile->load(fileName, kVersionText);
-    return mResult == ICCompensationFile::Ok;
-  }
-  bool loadBuffer(const QByteArray& bytes) override {
-    mResult = mFile->loadFromBuffer(bytes, kVersionText);
-    return mResult == ICCompensationFile::Ok;
-  }
-  bool save(const QString& fileName) override {
-    mResult = mFile->save(fileName, kVersionText);
-    return mResult == ICCompensationFile::Ok;
-  }
-  QString told() const override {
-    return QStringLiteral("%1: %2").arg(QString::number(mResult), mFile->errorMsg());
-  }
   QString state() override {
     return QStringLiteral("format %1\n").arg(mFile->detectedDataPointFormat()) + content();
   }
@@ -251,10 +225,6 @@ class CCompensationFormat : public CFormat {
     mFile->checkAllPoints(nullptr);
   }
   bool keepsContent() const override { return false; }
-
- private:
-  const std::unique_ptr<ICCompensationFile> mFile{ICCompensationFile::create(nullptr)};
-  int mResult = ICCompensationFile::Ok;
 };
 
 /// A content without what no file keeps (which definitions refer to which, and what a definition
@@ -278,14 +248,9 @@ QString firstDifference(const QString& before, const QString& after) {
 }  // namespace
 
 std::unique_ptr<CFormat> make(EFormat format) {
-  switch (format) {
-    case Settings:
-      return std::make_unique<CSettingsFormat>();
-    case Compensation:
-      return std::make_unique<CCompensationFormat>();
-    default:
-      return std::make_unique<CParameterFormat>(format == Values);
-  }
+  if (format == Settings) return std::make_unique<CSettingsFormat>();
+  if (format == Compensation) return std::make_unique<CCompensationFormat>();
+  return std::make_unique<CParameterFormat>(format == Values);
 }
 
 QString roundTrip(EFormat format, const QString& fileName, const QString& scratch,

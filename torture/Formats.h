@@ -28,6 +28,10 @@ class CFormat {
 };
 
 enum EFormat { Definitions, Values, Settings, Compensation };
+/// A test file of each format that holds much of it.
+constexpr const char* kHeld[] = {"definitions/valid/Everything.xpdef",
+                                 "values/valid/TwoHardwareIds.xparam", "settings/valid/types.xml",
+                                 "compensation/valid/current.xml"};
 std::unique_ptr<CFormat> make(EFormat format);
 
 /// Loads a file and saves it, which must go well and keep everything: what went wrong, or nothing.

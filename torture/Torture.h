@@ -26,7 +26,6 @@ class CTally {
  public:
   explicit CTally(const char* name) : mName(name) {}
   bool check(bool ok, const QString& what);
-  bool hasFailures() const { return mFailures > 0; }
   /// Prints the figures; the exit status of the program.
   int finish(const QString& figures) const;
 

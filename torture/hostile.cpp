@@ -6,6 +6,7 @@
 #include "Torture.h"
 
 #include <QRegularExpression>
+#include <QtEndian>
 
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -38,10 +39,9 @@ QByteArray encode(const QString& text, EEncoding encoding) {
     const bool isPair = pair.size() == 2 && pair[0].isHighSurrogate() && pair[1].isLowSurrogate();
     if (unit >= kBytes && unit < kBytes + 0x100) {
       bytes += static_cast<char>(unit - kBytes);
-    } else if (encoding == Utf16Le) {
-      bytes.append(static_cast<char>(unit)).append(static_cast<char>(unit >> 8));
-    } else if (encoding == Utf16Be) {
-      bytes.append(static_cast<char>(unit >> 8)).append(static_cast<char>(unit));
+    } else if (encoding != Utf8) {
+      const ushort stored = encoding == Utf16Be ? qToBigEndian(unit) : qToLittleEndian(unit);
+      bytes.append(reinterpret_cast<const char*>(&stored), sizeof stored);
     } else if (isPair || !text.at(i).isSurrogate()) {
       bytes += pair.left(isPair ? 2 : 1).toUtf8();
       i += isPair ? 1 : 0;
@@ -154,6 +154,7 @@ void load(const Source& source, SOutcome& outcome, char* message) {
 /// False when the process did not come to its end.
 bool runApart(const QStringList& cells, EEncoding encoding, const QString& fileName,
               SOutcome& outcome) {
+  outcome = SOutcome();
   const pid_t child = ::fork();
   if (child == 0) {
     {
@@ -171,6 +172,13 @@ bool runApart(const QStringList& cells, EEncoding encoding, const QString& fileN
   return waited && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
 }
 
+/// Of two million tags; kQuiet is the time that they take on the machine of the limits.
+double secondsOfTags(const QString& fileName, SOutcome& outcome) {
+  runApart({"<r>", "2000000*<a/>", "</r>"}, Utf8, fileName, outcome);
+  return outcome.seconds;
+}
+constexpr double kQuiet = 0.3;
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -179,6 +187,7 @@ int main(int argc, char** argv) {
   const double maxSeconds = options.pick(10, 1);
   constexpr double kMaxMegabytes = 600;
   const CFolder folder;
+  const QString file = folder.filePath("file");
   auto* outcome = static_cast<SOutcome*>(
       ::mmap(nullptr, sizeof(SOutcome), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   CTally tally("hostile files");
@@ -189,13 +198,15 @@ int main(int argc, char** argv) {
       const QString name = QString("%1 in %2").arg(line, kEncodings[encoding]);
       const QString& expected = messages[encoding];
       bool ended = true;
-      // Others may use the machine, so what took too long is measured again.
-      for (int tries = 0; ended && tries < 3; ++tries) {
-        *outcome = SOutcome();
-        ended = runApart(cells, encoding, folder.filePath("file"), *outcome);
-        if (outcome->seconds < maxSeconds) break;
+      // A machine that others use needs more processor time for the same load, so what took too
+      // long is measured again, and held against tags that are read at the same time.
+      bool isInTime = false;
+      for (int tries = 0; ended && !isInTime && tries < 5; ++tries) {
+        const double slowness = tries == 0 ? 1 : qMax(1.0, secondsOfTags(file, *outcome) / kQuiet);
+        ended = runApart(cells, encoding, file, *outcome);
+        isInTime = outcome->seconds < maxSeconds * slowness;
       }
-      const bool inLimits = outcome->seconds < maxSeconds && outcome->megabytes < kMaxMegabytes;
+      const bool inLimits = isInTime && outcome->megabytes < kMaxMegabytes;
       tally.check(ended, name + ": crashed");
       tally.check(outcome->fromBuffer == expected,
                   name + ": " + outcome->fromBuffer + " | expected " + expected);

@@ -38,16 +38,13 @@ bool isSame(const QDomElement& qt, const CDomElement& own) {
 
 /// Edits of all numbers in every format, and a digest of all that was written.
 QByteArray digestOf(int models, CTally& tally) {
-  static const QList<QPair<NFormats::EFormat, QString>> kFiles{
-      {NFormats::Definitions, "definitions/valid/Everything.xpdef"},
-      {NFormats::Values, "values/valid/TwoHardwareIds.xparam"},
-      {NFormats::Settings, "settings/valid/types.xml"},
-      {NFormats::Compensation, "compensation/valid/current.xml"}};
   const CFolder folder;
   const QString file = folder.filePath("file");
   QCryptographicHash hash(QCryptographicHash::Sha256);
   for (quint32 i = 0; i < static_cast<quint32>(models); ++i) {
-    for (const auto& [format, name] : kFiles) {
+    for (const auto format :
+         {NFormats::Definitions, NFormats::Values, NFormats::Settings, NFormats::Compensation}) {
+      const QString name = NFormats::kHeld[format];
       const QString what = QString("%1, edit %2: ").arg(name).arg(i);
       QString error = NFormats::roundTrip(format, data(name), file, &i);
       tally.check(error.isEmpty(), what + error);

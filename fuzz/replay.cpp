@@ -26,8 +26,7 @@ void cut(const QByteArray& whole, int times) {
 }
 
 void flipABit(QByteArray bytes, QRandomGenerator& random) {
-  const int position = random.bounded(bytes.size());
-  bytes[position] = static_cast<char>(bytes.at(position) ^ (1 << random.bounded(8)));
+  bytes.data()[random.bounded(bytes.size())] ^= static_cast<char>(1 << random.bounded(8));
   run(bytes);
 }
 
@@ -58,10 +57,7 @@ int main(int argc, char** argv) {
   int count = 0;
   int damages = 0;
   for (int i = 1; i < argc; ++i) {
-    if (qstrcmp(argv[i], "--damage") == 0 && i + 1 < argc) {
-      damages = std::atoi(argv[++i]);
-      continue;
-    }
+    if (qstrcmp(argv[i], "--damage") == 0 && i + 1 < argc) damages = std::atoi(argv[++i]);
     count += runFile(argv[i], damages);
     QDirIterator files(argv[i], QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) count += runFile(files.next(), damages);

@@ -21,8 +21,8 @@ bool CDisk::look() {
       struct stat status {};
       if (info.isSymLink() || ::lstat(qPrintable(info.filePath()), &status) != 0) continue;
       // The system uses the numbers of removed files again.
-      const int number = mNumbers.emplace(status.st_ino, mLast + 1).first->second;
-      mLast = std::max(mLast, number);
+      const int next = static_cast<int>(mFiles.size()) + 1;
+      const int number = mNumbers.emplace(status.st_ino, next).first->second;
       numbers[status.st_ino] = found[info.filePath()] = number;
       mNames[info.filePath()];
       isChanged |= change(mFiles[number], NTestFiles::read(info.filePath()).toStdString());
@@ -40,13 +40,12 @@ bool CDisk::look() {
 }
 
 bool CDisk::change(SFile& file, const std::string& content) {
-  const size_t both = std::min(file.content.size(), content.size());
-  const auto end = file.content.begin() + static_cast<std::ptrdiff_t>(both);
-  const auto same = std::mismatch(file.content.begin(), end, content.begin()).first;
-  const auto offset = static_cast<size_t>(same - file.content.begin());
-  if (content.size() < file.content.size()) file.unsynced.push_back({offset, {}});
+  const std::string& old = file.content;
+  const auto same = std::mismatch(old.begin(), old.end(), content.begin(), content.end()).first;
+  const auto offset = static_cast<size_t>(same - old.begin());
+  if (content.size() < old.size()) file.unsynced.push_back({offset, {}});
   if (offset < content.size()) file.unsynced.push_back({offset, content.substr(offset)});
-  const bool isChanged = content != file.content;
+  const bool isChanged = content != old;
   file.content = content;
   return isChanged;
 }

@@ -57,5 +57,4 @@ class CDisk {
   std::map<quint64, int> mNumbers;  ///< of the files that have a name, by those of the system
   std::map<int, SFile> mFiles;
   std::map<QString, SName> mNames;
-  int mLast = 0;
 };

@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <utility>
+#include <type_traits>
 
 namespace {
 
@@ -17,7 +17,6 @@ struct SPlan {
   int nth = 0;
   int error = 0;
   EMode mode = Once;
-  bool hasStruck = false;
   std::map<std::string, int> calls;
 };
 SPlan sPlan;
@@ -31,15 +30,7 @@ bool strikes(const std::string& call) {
   if (!sIsArmed) return false;
   const int number = ++sPlan.calls[call];
   if (call != sPlan.call || number < sPlan.nth || sPlan.nth == 0) return false;
-  const bool isFirst = !std::exchange(sPlan.hasStruck, true);
-  return sPlan.mode == FromThenOn || isFirst == (sPlan.mode == Once);
-}
-
-int fileOf(int file) {
-  return file;
-}
-int fileOf(const char* /*path*/) {
-  return -1;
+  return sPlan.mode == FromThenOn || (number == sPlan.nth) == (sPlan.mode == Once);
 }
 
 /// The call, or its failure.
@@ -55,7 +46,7 @@ Result pass(const char* name, First first, Rest... rest) {
   if (fails) result = -1;
   if (sWatcher) {
     sIsUsed = false;
-    sWatcher(name, fileOf(first), result >= 0);
+    if constexpr (std::is_same_v<First, int>) sWatcher(name, first, result >= 0);
     sIsUsed = true;
   }
   errno = error;
@@ -75,16 +66,13 @@ void refuse(const std::set<std::string>& calls) {
 }
 void arm(const std::string& call, int nth, int error, EMode mode) {
   sIsUsed = sIsArmed = true;
-  sPlan = {call, nth, error, mode, false, {}};
+  sPlan = {call, nth, error, mode, {}};
 }
 void disarm() {
   sIsArmed = false;
 }
 std::map<std::string, int> calls() {
   return sPlan.calls;
-}
-bool hasStruck() {
-  return sPlan.hasStruck;
 }
 void watch(const CWatcher& watcher) {
   sIsUsed = true;

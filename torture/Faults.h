@@ -24,9 +24,7 @@ void arm(const std::string& call, int nth, int error, EMode mode);
 /// Ends the faults; how often each call was made since arm() is kept.
 void disarm();
 std::map<std::string, int> calls();
-/// Whether the fault came to pass.
-bool hasStruck();
-/// The watcher is told of every call after it, with its file if it has one. Its own calls are not
+/// The watcher is told of every call of a file, after it. Its own calls are not
 /// counted and do not fail. An empty one ends the watch.
 void watch(const CWatcher& watcher);
 

@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <array>
 #include <ctime>
-#include <functional>
 
 using namespace NTorture;
 
@@ -26,9 +25,11 @@ enum EEncoding { Utf16Le, Utf16Be, Utf8, EncodingCount };
 const std::array<const char*, EncodingCount> kEncodings{"UTF-16LE", "UTF-16BE", "UTF-8"};
 constexpr char16_t kBytes = 0xF800;  // private units from here on are bytes
 
-using CMessages = std::array<QString, EncodingCount>;
-using CRunFile =
-    std::function<void(const QString& name, const QStringList& cells, const CMessages& messages)>;
+struct SFile {
+  QString line;  ///< the beginning of that of the list
+  QStringList cells;
+  std::array<QString, EncodingCount> messages;
+};
 
 /// Encodes unit by unit, so that a text may hold what no text should.
 QByteArray encode(const QString& text, EEncoding encoding) {
@@ -103,24 +104,25 @@ QList<QStringList> filesOf(const QString& kind, const QStringList& cells) {
   return files;
 }
 
-/// Runs all files of the list; how many there are.
-int forEachFile(const CRunFile& run) {
+/// All files of the list.
+QList<SFile> allFiles() {
   const QString list = QString::fromUtf8(NTestFiles::read(KTO_HOSTILE_FILES));
-  CMessages messages;
-  int count = 0;
+  QList<SFile> files;
+  SFile file;
   for (const QString& line : list.split('\n', Qt::SkipEmptyParts)) {
     const QString kind = line.section(' ', 0, 0);
     const QString rest = line.section(' ', 1);
     const QString message = rest == "read" ? QString() : rest;
-    if (kind == "message" || kind == "utf16" || kind == "le") messages[Utf16Le] = message;
-    if (kind == "message" || kind == "utf16" || kind == "be") messages[Utf16Be] = message;
-    if (kind == "message" || kind == "utf8") messages[Utf8] = message;
+    file.line = line.left(80);
+    if (kind == "message" || kind == "utf16" || kind == "le") file.messages[Utf16Le] = message;
+    if (kind == "message" || kind == "utf16" || kind == "be") file.messages[Utf16Be] = message;
+    if (kind == "message" || kind == "utf8") file.messages[Utf8] = message;
     for (const QStringList& cells : filesOf(kind, unescape(rest).split("  "))) {
-      run(line.left(80), cells, messages);
-      ++count;
+      file.cells = cells;
+      files += file;
     }
   }
-  return count;
+  return files;
 }
 
 class CAnyFile : public CXmlAbstractLumoFile {
@@ -193,17 +195,18 @@ int main(int argc, char** argv) {
   CTally tally("hostile files");
   double longest = 0;
   double largest = 0;
-  const auto run = [&](const QString& line, const QStringList& cells, const CMessages& messages) {
+  const QList<SFile> files = allFiles();
+  for (const SFile& hostile : files) {
     for (const EEncoding encoding : {Utf16Le, Utf16Be, Utf8}) {
-      const QString name = QString("%1 in %2").arg(line, kEncodings[encoding]);
-      const QString& expected = messages[encoding];
+      const QString name = QString("%1 in %2").arg(hostile.line, kEncodings[encoding]);
+      const QString& expected = hostile.messages[encoding];
       bool ended = true;
       // A machine that others use needs more processor time for the same load, so what took too
       // long is measured again, and held against tags that are read at the same time.
       bool isInTime = false;
       for (int tries = 0; ended && !isInTime && tries < 5; ++tries) {
         const double slowness = tries == 0 ? 1 : qMax(1.0, secondsOfTags(file, *outcome) / kQuiet);
-        ended = runApart(cells, encoding, file, *outcome);
+        ended = runApart(hostile.cells, encoding, file, *outcome);
         isInTime = outcome->seconds < maxSeconds * slowness;
       }
       const bool inLimits = isInTime && outcome->megabytes < kMaxMegabytes;
@@ -216,10 +219,10 @@ int main(int argc, char** argv) {
       longest = std::max(longest, outcome->seconds);
       largest = std::max(largest, outcome->megabytes);
     }
-  };
-  const int count = forEachFile(run);
+  }
   return tally.finish(QString("%1 files in three encodings, from path and buffer; the longest load "
                               "took %2 s, the largest process %3 MB")
-                          .arg(QString::number(count), QString::number(longest, 'f', 2),
-                               QString::number(largest, 'f', 0)));
+                          .arg(files.size())
+                          .arg(longest, 0, 'f', 2)
+                          .arg(largest, 0, 'f', 0));
 }

@@ -92,10 +92,7 @@ bool saveOnce(const QByteArray& folder, QRandomGenerator& random, CTally& tally)
   const bool losesGroup = isChance(random);
   const bool losesList = isChance(random);
   const QByteArray before = rightsOf(name);
-  std::set<std::string> refused;
-  if (losesGroup) refused.insert("fchown");
-  if (losesList) refused.insert("fsetxattr");
-  NFaults::refuse(refused);
+  NFaults::refuse({losesGroup ? "fchown" : "", losesList ? "fsetxattr" : ""});
   QString error;
   QString lost;
   const bool isSaved = CAtomicFile::write(name, "new", {}, error, &lost);

@@ -1,10 +1,9 @@
-// Saves whose system calls fail, whose process is killed, whose power is cut: the target is always
-// the old file or the new one, whole, and a save that says it succeeded has written the new one.
+// Saves whose system calls fail, and whose power is cut after any of them: the target is always the
+// old file or the new one, whole, and a save that says it succeeded has written the new one.
 
 #include "CAtomicFile.h"
 #include "CDisk.h"
 #include "Faults.h"
-#include "ICParameterFile.h"
 #include "ICSimpleParamReader.h"
 #include "TestFiles.h"
 #include "Torture.h"
@@ -12,12 +11,11 @@
 #include <QDir>
 #include <QRandomGenerator>
 
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <functional>
 #include <memory>
 
@@ -25,8 +23,6 @@ using namespace NTestFiles;
 using namespace NTorture;
 
 namespace {
-
-constexpr quint32 kVersion = 0x10000;
 
 /// What a save finds, and how it goes about it.
 enum EHow {
@@ -86,21 +82,10 @@ CPrepare contentOf(int size) {
   };
 }
 
-CSave parameterFile(const QString& name, const SScene& /*scene*/) {
-  const auto file = std::shared_ptr<ICParameterFile>(
-      ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
-  file->loadParamFile(example("TwoAxisDrive.xparam"), QString(), kVersion);
-  return [=](QString& error) {
-    const bool isSaved = file->saveParamFile(name, QString(), kVersion);
-    error = isSaved ? QString() : file->errorMsg();
-    return isSaved;
-  };
-}
-
 /// The old file is none that can be loaded, so that the reader makes a backup.
 CSave reader(const QString& name, const SScene& /*scene*/) {
   const auto reader = std::shared_ptr<ICSimpleParamReader>(ICSimpleParamReader::createSingle(
-      NktoGlobal::FILE_TYPE_PARAMETERS, "id", NParamDef::FullAccess, nullptr, kVersion, kVersion));
+      NktoGlobal::FILE_TYPE_PARAMETERS, "id", NParamDef::FullAccess, nullptr, 0x10000, 0x10000));
   QString error;
   int number = 0;
   const QString definitions = name + ".xpdef";
@@ -127,10 +112,10 @@ void giveRights(const char* fileName) {
 
 class CSaves {
  public:
-  CSaves(const SOptions& options, CTally& tally) : mOptions(options), mTally(tally) {}
+  explicit CSaves(CTally& tally) : mTally(tally) {}
 
   /// After every call of a save the power is cut; and if asked for, every call fails once, and from
-  /// then on, with every error.
+  /// then on.
   void cutEveryCall(const SScene& scene, const CPrepare& prepare, const QString& what, bool fails) {
     mScene = scene;
     mPrepare = prepare;
@@ -146,27 +131,11 @@ class CSaves {
       for (int n = 1; n <= count; ++n) failCall(call, n);
   }
 
-  /// A process that saves without an end is killed at any moment.
-  void killAtRandom() {
-    QRandomGenerator random(3);
-    mScene = kScenes[4];
-    mWhat = "killed: ";
-    mNew = bytesOf(100000);
-    for (int i = mOptions.pick(20, 200); i > 0; --i, ++mKills) {
-      prepareFolders();
-      mIsSaved = false;
-      const CSave save = contentOf(mNew.size())(target(), mScene);
-      const pid_t child = ::fork();
-      while (child == 0) save(mError);
-      ::usleep(static_cast<useconds_t>(random.bounded(3000)));
-      ::kill(child, SIGKILL);
-      ::waitpid(child, nullptr, 0);
-      checkFiles(true);
-    }
-  }
-
   /// What cannot be read, or kept as a backup, is told.
   void failReads() {
+    mScene = kScenes[0];
+    mWhat = "reads: ";
+    NFaults::refuse({});
     prepareFolders();
     QByteArray content;
     QString error;
@@ -185,9 +154,10 @@ class CSaves {
   }
 
   QString figures() const {
-    return QString("%1 failing calls, %2 killed processes, %3 power cuts, %4 states of a disk")
-        .arg(QString::number(mFaults), QString::number(mKills), QString::number(mCuts),
-             QString::number(mStates));
+    return QString("%1 failing calls, %2 power cuts, %3 states of a disk")
+        .arg(mFaults)
+        .arg(mCuts)
+        .arg(mStates);
   }
 
  private:
@@ -237,21 +207,18 @@ class CSaves {
 
   void failCall(const std::string& call, int nth) {
     const QString what = mWhat;
-    for (const int error :
-         mOptions.isLong ? QList<int>{EIO, ENOSPC, EINTR, EDQUOT} : QList<int>{EIO, EINTR}) {
-      for (const NFaults::EMode mode : {NFaults::Once, NFaults::FromThenOn, NFaults::Short}) {
-        // An interrupted call is made again, so it must not be interrupted for ever.
-        const bool isEndless = error == EINTR && mode != NFaults::Once;
-        const bool isNoWrite = mode == NFaults::Short && call != "write";
-        if (isEndless || isNoWrite) continue;
-        mWhat = what + QString("%1 %2, error %3, mode %4: ")
-                           .arg(call.c_str(), QString::number(nth), QString::number(error),
-                                QString::number(mode));
-        saveWith(call, nth, error, mode);
-        check(NFaults::hasStruck() || mode == NFaults::Short, "the fault did not come to pass");
-        checkFiles(call == "unlinkat");
-        ++mFaults;
-      }
+    // An interrupted call is made again, so it is not interrupted for ever.
+    for (const auto& [error, mode] : {std::pair{EIO, NFaults::Once},
+                                      {EIO, NFaults::FromThenOn},
+                                      {EIO, NFaults::Short},
+                                      {EINTR, NFaults::Once}}) {
+      if (mode == NFaults::Short && call != "write") continue;
+      mWhat = what +
+              QString("%1 %2, error %3, mode %4: ").arg(call.c_str()).arg(nth).arg(error).arg(mode);
+      saveWith(call, nth, error, mode);
+      check(NFaults::calls()[call] >= nth, "the fault did not come to pass");
+      checkFiles(call == "unlinkat");
+      ++mFaults;
     }
     mWhat = what;
   }
@@ -304,12 +271,10 @@ class CSaves {
   }
 
   bool hasBackup(const CDisk& disk) {
-    bool ok = true;
-    for (const int file : disk.files(named() + ".bak.1")) {
-      ok &= file != 0 &&
-            disk.always(file, [&](const std::string& content) { return isSame(content, mOld); });
-    }
-    return ok;
+    const std::vector<int> files = disk.files(named() + ".bak.1");
+    const auto isOld = [&](const std::string& content) { return isSame(content, mOld); };
+    return std::all_of(files.begin(), files.end(),
+                       [&](int file) { return file != 0 && disk.always(file, isOld); });
   }
 
   bool isSame(const std::string& content, const QByteArray& expected) {
@@ -318,7 +283,6 @@ class CSaves {
   }
   bool saysKept() const { return mError.contains("the old one is kept"); }
 
-  const SOptions& mOptions;
   CTally& mTally;
   const CFolder mFolder;
   const QByteArray mOld = bytesOf(2000);
@@ -329,7 +293,6 @@ class CSaves {
   QString mError;
   bool mIsSaved = false;
   qint64 mFaults = 0;
-  qint64 mKills = 0;
   qint64 mCuts = 0;
   qint64 mStates = 0;
 };
@@ -339,23 +302,19 @@ class CSaves {
 int main(int argc, char** argv) {
   const SOptions options(argc, argv);
   CTally tally("saves");
-  CSaves saves(options, tally);
+  CSaves saves(tally);
   const QList<int> sizes = options.isLong
                                ? QList<int>{1, 511, 512, 513, 16384, 16385, 100000, 1000000}
                                : QList<int>{2500};
   // Most faults show without a failing call.
   for (const bool fails : {false, true}) {
     for (const SScene& scene : kScenes) {
-      const bool isLong = options.isLong || !fails;
       for (const int size : sizes)
         saves.cutEveryCall(scene, contentOf(size), QString("%1 bytes").arg(size), fails);
-      if (scene.is(KeepsBackup) && (isLong || !scene.is(IsPlain)))
+      if (scene.is(KeepsBackup) && (options.isLong || !fails || !scene.is(IsPlain)))
         saves.cutEveryCall(scene, reader, "a reader", fails);
-      if (scene.how == Exists || (isLong && !scene.is(KeepsBackup) && !scene.is(MovesAfter)))
-        saves.cutEveryCall(scene, parameterFile, "a parameter file", fails);
     }
   }
-  saves.killAtRandom();
   saves.failReads();
   return tally.finish(saves.figures());
 }

@@ -16,7 +16,7 @@ struct SHeld {
   SHeld() {
     NFuzz::require(object->load(NTestFiles::data(NFormats::kHeld[NFormats::KTO_FORMAT])),
                    "no file to hold");
-    object->edit(1);
+    object->edit(QRandomGenerator(1));
     state = object->state();
   }
 };

@@ -6,7 +6,6 @@
 #include "ParamFileText.h"
 #include "TestFiles.h"
 
-#include <QRandomGenerator>
 #include <QRegularExpression>
 
 namespace NFormats {
@@ -111,8 +110,7 @@ class CParameterFormat : public CFormat {
                    : all;
   }
   QString state() override { return NParamFileText::all(*mFile); }
-  void edit(quint32 choice) override {
-    QRandomGenerator random(choice);
+  void edit(QRandomGenerator random) override {
     if (!mValues) {
       mFile->setDefMetaData("a" + text(random), text(random));
       for (int i = random.bounded(8); i > 0; --i) mFile->addDef(definition(random, i));
@@ -163,16 +161,13 @@ class CSettingsFormat : public CResultFormat<ICSettingsFile, ICSettingsFile::NoE
     append(mFile->root(), 0, all);
     return all;
   }
-  void edit(quint32 choice) override {
-    QRandomGenerator random(choice);
-    edit(mFile->root(), random);
-  }
+  void edit(QRandomGenerator random) override { editBelow(mFile->root(), random); }
   bool keepsContent() const override {
     return mResult == ICSettingsFile::OpenError || mResult == ICSettingsFile::VersionError;
   }
 
  private:
-  static void edit(ICSettingsTreeNode* parent, QRandomGenerator& random) {
+  static void editBelow(ICSettingsTreeNode* parent, QRandomGenerator& random) {
     for (int i = 0; parent != nullptr && i < parent->childCnt(); ++i) {
       ICSettingsTreeNode* node = parent->childPtr(i);
       const bool isText = node->type() == ICSettingsTreeNode::TypeString;
@@ -180,7 +175,7 @@ class CSettingsFormat : public CResultFormat<ICSettingsFile, ICSettingsFile::NoE
       if (node->isParam() && oneIn(random, 2)) node->setUnit("u" + text(random));
       if (node->isParam())
         node->setValue(isText ? CParamVal(text(random)) : CParamVal(number(random)));
-      edit(node, random);
+      editBelow(node, random);
     }
   }
   static void append(const ICSettingsTreeNode* node, int depth, QString& text) {
@@ -207,8 +202,7 @@ class CCompensationFormat : public CResultFormat<ICCompensationFile, ICCompensat
       texts += point.position().asStr() + '=' + point.adjustment().asStr();
     return texts.join('\n');
   }
-  void edit(quint32 choice) override {
-    QRandomGenerator random(choice);
+  void edit(QRandomGenerator random) override {
     CXMLMetaData head;
     head.setDate(QDate(2000 + random.bounded(100), 2, 28));
     head.setAuthor("a" + text(random));
@@ -258,7 +252,7 @@ QString roundTrip(EFormat format, const QString& fileName, const QString& scratc
   const auto first = make(format);
   const auto second = make(format);
   if (!first->load(fileName)) return "it is not loaded a second time";
-  if (choice != nullptr) first->edit(*choice);
+  if (choice != nullptr) first->edit(QRandomGenerator(*choice));
   if (!first->save(scratch)) return "what was loaded cannot be saved";
   if (!second->load(scratch)) return "what was saved cannot be loaded";
   const QString difference = firstDifference(kept(first->content()), kept(second->content()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRandomGenerator>
 #include <QString>
 
 #include <memory>
@@ -20,9 +21,9 @@ class CFormat {
   virtual QString content() = 0;
   /// The content and all that an application knows beside it.
   virtual QString state() { return content(); }
-  /// Adds and changes by chance whatever the format may hold, the same for the same number: names
-  /// and texts of what files mishandle among it.
-  virtual void edit(quint32 choice) = 0;
+  /// Adds and changes by chance whatever the format may hold: names and texts of what files
+  /// mishandle among it.
+  virtual void edit(QRandomGenerator random) = 0;
   /// Whether the content must be the old one after the last load, which failed.
   virtual bool keepsContent() const = 0;
 };

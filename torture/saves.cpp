@@ -209,7 +209,7 @@ class CSaves {
     const QString what = mWhat;
     // An interrupted call is made again, so it is not interrupted for ever.
     for (const auto& [error, mode] : {std::pair{EIO, NFaults::Once},
-                                      {EIO, NFaults::FromThenOn},
+                                      {ENOSPC, NFaults::FromThenOn},
                                       {EIO, NFaults::Short},
                                       {EINTR, NFaults::Once}}) {
       if (mode == NFaults::Short && call != "write") continue;

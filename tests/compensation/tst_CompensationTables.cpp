@@ -54,9 +54,8 @@ QStringList tickFaults(const QString& svg, const char* expression) {
   QStringList faults;
   for (int i = 1; i < ticks.size(); ++i) {
     const double step = ticks.at(i).toDouble() - ticks.at(i - 1).toDouble();
-    const double mantissa = step / std::pow(10, std::floor(std::log10(step * 1.000001)));
-    const double nearest = mantissa < 1.5 ? 1 : mantissa < 3.5 ? 2 : 5;
-    if (std::abs(mantissa - nearest) >= 1e-3) faults << QString::number(step);
+    const QString digits = QString::number(step, 'e', 2).left(4);
+    if (!QStringList{"1.00", "2.00", "5.00"}.contains(digits)) faults << QString::number(step);
   }
   return faults;
 }
@@ -102,7 +101,6 @@ class tst_CompensationTables : public QObject {
     QCOMPARE(faultsOf(svg), QStringList());
     QCOMPARE(tickFaults(svg, "middle\"[^>]*>([^<]*)<"), QStringList());
     QCOMPARE(tickFaults(svg, "end\"[^>]*>([^<]*)<"), QStringList());
-    QCOMPARE(CCompensationPlot(*compensationTable(table)).toSvg(), plot.toSvg());
   }
 
   void drawsTexts() {

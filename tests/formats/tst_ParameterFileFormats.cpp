@@ -25,7 +25,6 @@ Q_DECLARE_METATYPE(CEdit)
 namespace {
 
 const QString kTwoIds = data("values/valid/TwoHardwareIds.xparam");
-const QString kControl = QChar(0x1F);
 
 /// Gives Mode a range, as it stands after an earlier one.
 void range(F& file, const CParamVal& min, const CParamVal& max) {
@@ -79,7 +78,6 @@ class tst_ParameterFileFormats : public QObject {
   /// What could not be read again is not saved; what was there stays.
   void unsavable_data() {
     addColumns<CEdit, QString>("edit", "message");
-    const QString held = " holds the character \\u001F, which XML cannot hold.";
     UNSAVABLE(f.paramDefPtr("Mode")->setId(3),
               "The definitions \"Mode\" and \"Name\" have the same id 3.");
     UNSAVABLE(f.paramDefPtr("Mode")->setName("Name"), "Two definitions have the name \"Name\".");
@@ -87,10 +85,9 @@ class tst_ParameterFileFormats : public QObject {
     UNSAVABLE(range(f, "", -3), "");
     UNSAVABLE(f.paramDefPtr("Mode")->setName("[standard constructed]"),
               "Parameter (Id=2) -> The name \"[standard constructed]\" is reserved.");
-    UNSAVABLE(f.setParamValue("Mode", kControl, 1),
-              "File \"@FILE@\": <Param> \"Mode\": the text of <Value>" + held);
-    UNSAVABLE(f.renameHardwareId("A", kControl),
-              "File \"@FILE@\": <Data>: attribute \"hardwareId\"" + held);
+    UNSAVABLE(f.setParamValue("Mode", "\x1F", 1),
+              "File \"@FILE@\": <Param> \"Mode\": the text of <Value> holds the character "
+              "\\u001F, which XML cannot hold.");
     UNSAVABLE(f.cloneHardwareId("A", "A "),
               "The hardware ids \"A\" and \"A \" differ only in blanks around them.");
     UNSAVABLE(f.renameHardwareId("A", "") && f.cloneHardwareId("", " "),

@@ -116,11 +116,10 @@ class tst_ParameterFileImport : public QObject {
 
   void handlersMayChangeTheFile_data() {
     addColumns<CMeddling, QString, QString>("meddling", "source", "message");
-    const QString gone = "Destination hardware id \"A\" does not exist. Import failed.";
     addRow("nothing", CMeddling([](F&) {}), "X",
            "Other instance does not contain source hardware id \"X\". Import failed.");
-    addRow("clear", CMeddling([](F& f) { f.clear(); }), "A", gone);
-    addRow("remove", CMeddling([](F& f) { f.removeHardwareId("A"); }), "A", gone);
+    addRow("clear", CMeddling([](F& f) { f.clear(); }), "A",
+           "Destination hardware id \"A\" does not exist. Import failed.");
   }
   void handlersMayChangeTheFile() {
     QFETCH(CMeddling, meddling);
@@ -185,16 +184,14 @@ class tst_ParameterFileImport : public QObject {
     QTemporaryDir folder;
     auto first = makeMember(nullptr);
     const auto second = makeMember(first.get());
-    for (const quint32 id : {1U, 2U}) {
-      const auto file = makeFile();
-      file->addDef("P" + QString::number(id), NParamDef::PARAM_TYPE_U32, id)->setVisible("5#1");
-      QVERIFY(file->saveParamDefFile(folder.filePath("d"), 0x10000));
-      QVERIFY((id == 1 ? second : first)->loadParamDefFile(folder.filePath("d"), 0x10000));
-    }
-    QCOMPARE(second->referencedBy(5U), QList<quint32>({2, 1}));
-    QVERIFY(first->isReferenced(5U));
-    first.reset();
-    QCOMPARE(second->referencedBy(5U), QList<quint32>({1}));
+    const auto file = makeFile();
+    file->addDef("P", NParamDef::PARAM_TYPE_U32, 1)->setVisible("5#1");
+    QVERIFY(file->saveParamDefFile(folder.filePath("d"), 0x10000));
+    for (ICParameterFile* member : {first.get(), second.get()})
+      QVERIFY(member->loadParamDefFile(folder.filePath("d"), 0x10000));
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({1, 1}));
+    first->clear();
+    QVERIFY(first->isReferenced(5U) && second->referencedBy(5U) == QList<quint32>{1});
   }
 };
 

@@ -106,7 +106,6 @@ class tst_CParameterFileHelper : public QObject {
     row("UTF-8 with mark", "\xEF\xBB\xBF<LumoTypePlateData/>", 10, "LumoTypePlateData||0||");
     row("fourth line", "<?xml version=\"1.0\"?>\n\n\n<LumoParameters>", -1, "LumoParameters||0||");
     row("unknown tag decides", "<LumoOther>\n<LumoParameters>", -1, "LumoOther||0||");
-    row("in small letters", "<lumoparameters version=\"1.2\">", -1, "lumoparameters|1.2|10002||");
     row("indented", " <LumoParameters>", -1, "LumoParameters||0||");
     row("behind the declaration", "<?xml version=\"1.0\"?><LumoOther version=\"01.0\"><P></Q>", -1,
         "LumoOther|01.0|10000||");

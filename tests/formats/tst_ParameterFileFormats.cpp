@@ -1,4 +1,5 @@
-// What is particular to files of definitions and of values.
+// What is particular to files of definitions and of values; import of values, and objects that look
+// things up in each other.
 
 #include "CParamDefFile.h"
 #include "CParamValueFile.h"
@@ -32,6 +33,44 @@ void range(F& file, const CParamVal& min, const CParamVal& max) {
   mode->setMinVal(-2);
   mode->setMaxVal(max);
   mode->setMinVal(min);
+}
+
+/// How many values were taken, equal, made defaults, kept, added and unknown.
+QString counts(const F& file) {
+  const SImportResult r = file.importResult();
+  return NParamFileText::numbers<int>({r.taken, r.equal, r.defaulted, r.kept, r.added, r.unknown});
+}
+
+/// Sub-device 1: Speed 0x14 in G/Inner, Name in New/Group, Secret (not defined elsewhere).
+CParameterFilePtr makeSource() {
+  auto source = makeSmall();
+  source->deleteNode(source->rootGroup(1)->childPtr("Mode"));
+  source->setParamValue("Speed", CParamVal(20U), 1);
+  source->addParameter(source->subGroup("New/Group", 1), "Name", CParamVal("n"));
+  source->addDef("Secret", PARAM_TYPE_U8, 9);
+  source->addParameter(source->rootGroup(1), "Secret");
+  source->addParameter(source->rootGroup(4), "Loose");
+  return source;
+}
+
+/// Accepts everything, and does something to the file that it serves on the way.
+struct SMeddler : CParameterFileErrorHandler {
+  explicit SMeddler(CEdit toDo) : CParameterFileErrorHandler(nullptr), meddling(std::move(toDo)) {}
+  using CParameterFileErrorHandler::handleHardwareIdError;
+  bool handleHardwareIdError(QString&, const QStringList&, QString&) override {
+    return handleFileVersionError("id", {});
+  }
+  bool handleFileVersionError(const QString& version, const QString& expected) override {
+    asked += version + '/' + expected;
+    meddling(*parameterfile());
+    return true;
+  }
+  CEdit meddling;
+  QString asked;
+};
+
+CParameterFilePtr makeMember(F* parent) {
+  return CParameterFilePtr(F::createGroup(parent, NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
 }
 
 }  // namespace
@@ -174,6 +213,131 @@ class tst_ParameterFileFormats : public QObject {
     QVERIFY(again->loadParamDefFile(example("TwoAxisDrive.xpdef"), 0x10000));
     QVERIFY(again->loadParamFile(name, QString(), 0x10000));
     QCOMPARE(NParamFileText::content(*again), NParamFileText::content(*file));
+  }
+
+  void takesDefaultsAddsAndSkips() {
+    const auto source = makeSource();
+    source->setParamValue("Speed", "0", 1);
+    SLoggedSmall small;
+    ICParameterFile& file = small.file;
+    file.setParamValue("Mode", CParamVal(5), 1);
+    file.setParamValue("Speed", "abc", 1);  // which counts as 0 elsewhere
+    file.clearChanged();
+    QVERIFY2(file.importParamFile(source.get(), "", ""), qPrintable(file.errorMsg()));
+    QCOMPARE(counts(file), "1|0|1|0|2|1");
+    QCOMPARE(file.paramValue("Speed", 1).asStr() + file.paramValue("Mode", 1).asStr(), "0-1");
+    QCOMPARE(file.findParameter(file.existingSubGroup("New/Group", 1), "Name")->id(), 3U);
+    QCOMPARE(file.rootGroup(4)->childPtr("Loose")->id(), 0U);
+    QVERIFY(file.paramValue("Secret", 1).isNull());
+    QCOMPARE(file.changedList(), QStringList("A"));
+    QCOMPARE(small.log.lines,
+             QStringList({"Mode of sub device 1: Default value is used.",
+                          "Secret of sub device 1: The parameter is not defined and is skipped."}));
+    file.clearChanged();
+    QVERIFY(file.importParamFile(source.get(), "A", "A"));
+    QCOMPARE(counts(file), "0|3|1|0|0|1");
+    QVERIFY(!file.isChanged() && file.setParamValue("Mode", CParamVal(5), 1));
+    QVERIFY(file.importParamFile(source.get(), "", "", ImportKeep));
+    QCOMPARE(counts(file), "0|3|0|1|0|1");
+    QCOMPARE(file.paramValue("Mode", 1), CParamVal(5));
+  }
+
+  void importsIntoOtherIds() {
+    const QString name = mFolder.filePath("s");
+    const auto source = makeSource();
+    source->renameHardwareId("A", "S");
+    QVERIFY(source->saveParamFile(name, QString(), 0x20000));
+    const auto file = makeSmall();
+    file->cloneHardwareId("A", "B");
+    file->clearChanged();
+    QVERIFY2(file->importParamFile(name, "", "A"), qPrintable(file->errorMsg()));
+    QCOMPARE(file->hardwareId() + file->paramValue("Speed", 1).asStr(), QString("B0xa"));
+    QCOMPARE(file->changedList(), QStringList("A"));
+    QVERIFY(file->selectHardwareId("A"));
+    QCOMPARE(file->paramValue("Speed", 1), CParamVal(20U));
+    QVERIFY(!file->importParamFile(name, "X", "A"));
+    QCOMPARE(file->errorMsg(),
+             "File \"" + name + "\" load error: There is no matching hardware id for 'X'.");
+    file->clearChanged();
+    file->addHardwareId("N");
+    QVERIFY(!file->importParamFile(source.get(), "X", ""));
+    QCOMPARE(file->hardwareIds(), QStringList({"A", "B"}));
+    QVERIFY2(file->importParamFile(source.get(), "", "N"), qPrintable(file->errorMsg()));
+    QCOMPARE(counts(*file), "0|0|0|0|3|1");
+    QCOMPARE(file->changedList(), QStringList("N"));
+  }
+
+  void handlersMayChangeTheFile_data() {
+    addColumns<CEdit, QString, QString>("meddling", "source", "message");
+    addRow("nothing", CEdit([](F&) {}), "X",
+           "Other instance does not contain source hardware id \"X\". Import failed.");
+    addRow("clear", CEdit([](F& f) { f.clear(); }), "A",
+           "Destination hardware id \"A\" does not exist. Import failed.");
+  }
+  void handlersMayChangeTheFile() {
+    QFETCH(CEdit, meddling);
+    QFETCH(QString, source);
+    const QString name = mFolder.filePath("s");
+    QVERIFY(makeSource()->saveParamFile(name, QString(), 0x20000));
+    const auto file = makeSmall();
+    file->cloneHardwareId("A", "B");
+    SMeddler first(meddling);
+    file->setErrorHandler(&first);
+    QVERIFY(!file->importParamFile(name, source, "A"));
+    QTEST(file->errorMsg(), "message");
+    QVERIFY(file->loadParamFile(name, "X", 0x20000));
+    QCOMPARE(file->hardwareId(), QString("X"));
+
+    SMeddler second(meddling);
+    first.meddling = [&](F& f) { f.setErrorHandler(&second); };
+    QVERIFY(file->loadParamFile(name, "X", 0x10000));
+    QCOMPARE(first.asked.right(7) + ' ' + second.asked, "2.0/1.0 id/");
+    QCOMPARE(file->paramFileVersion(), 0x10000U);
+    file->setErrorHandler(nullptr);
+    QVERIFY(!file->loadParamFile(name, "X", 0x10000) && file->loadParamFile(name, "A", 0x20001));
+  }
+
+  void failsAtTheFirstDefaultWithoutDefinition() {
+    CKeptLines log;
+    CParameterFileBaseImpl file(NktoGlobal::FILE_TYPE_PARAMETERS, &log);
+    file.cloneHardwareIdFromInstance("A", makeSmall().get());
+    file.clearChanged();
+    const QString before = NParamFileText::all(file);
+    QVERIFY(!file.importParamFile(makeSource().get(), "A", "A"));
+    const QString message = "Definition of parameter \"Mode\" not found. Import failed.";
+    QCOMPARE(file.errorMsg(), message);
+    QCOMPARE(log.lines, QStringList({"Mode of sub device 1: Definition is missing.", message}));
+    QCOMPARE(NParamFileText::all(file), before);
+  }
+
+  void membersOfAGroupAnswerForEachOther() {
+    auto first = makeMember(nullptr);
+    const auto second = makeMember(first.get());
+    const auto stranger = makeMember(makeFile().get());
+    first->addHardwareId("A");
+    second->addHardwareId("B");
+    second->addDef("Speed", PARAM_TYPE_U32, 7)->setDefVal(CParamVal(3U));
+    QVERIFY(first->paramDef("Speed").id() == 7U && first->idByName("Speed") == 7U);
+    QCOMPARE(first->paramDef(7U).name(), QString("Speed"));
+    QVERIFY(!stranger->paramDef("Speed").valid() && stranger->nameById(7).isEmpty());
+    QVERIFY(!first->paramDefPtr("Speed") && first->isDefEmpty());
+
+    ICParamTreeNode* speed = first->addParameter(first->rootGroup(1), "Speed");
+    QVERIFY(speed && second->addParameter(second->rootGroup(1), "Speed", CParamVal(4U)));
+    QCOMPARE(second->paramValue("Speed", 1), CParamVal(3U));
+    QVERIFY(first->setParamValue("Speed", CParamVal(), 1));
+    QVERIFY(!second->paramValue("Speed", 1).isNull() && first->deleteNode(speed));
+    QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
+
+    const QString name = mFolder.filePath("references");
+    const auto file = makeFile();
+    file->addDef("P", PARAM_TYPE_U32, 1)->setVisible("5#1");
+    QVERIFY(file->saveParamDefFile(name, 0x10000) && first->loadParamDefFile(name, 0x10000));
+    QVERIFY(second->isReferenced(5U) && second->loadParamDefFile(name, 0x10000));
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({1, 1}));
+    first.reset();
+    QCOMPARE(second->referencedBy(5U), QList<quint32>({1}));
+    QCOMPARE(second->paramValue("Speed", 1), CParamVal(4U));
   }
 
  private:

@@ -49,7 +49,6 @@ const QMap<QString, COperation> kOperations = {
     FAILS(f.subGroup("G/New/[standard constructed]", 1)),
     FAILS(f.subGroup(QString("g/").repeated(1020), 9)),
     FAILS(f.addParameter(nullptr, "Name")),
-    FAILS(f.addParameter(f.rootGroup(1)->childPtr("Mode"), "Name", CParamVal())),
     FAILS(f.addParameter(f.rootGroup(1), "x")),
     FAILS(f.addParameter(f.rootGroup(1), "Speed")),
     FAILS(f.deleteNode(nullptr)),

@@ -31,11 +31,11 @@ QByteArray state(const QString& folder) {
   return result;
 }
 
-std::unique_ptr<ICSimpleParamReader> makeReader(EAccessRight access,
-                                                const QString& hardwareId = kHardwareId,
-                                                ICLogfile* logfile = nullptr) {
-  return std::unique_ptr<ICSimpleParamReader>(ICSimpleParamReader::createSingle(
-      NktoGlobal::FILE_TYPE_PARAMETERS, hardwareId, access, logfile, 0x10000, 0x10000));
+std::unique_ptr<ICSimpleParamReader> makeReader(
+    EAccessRight access, const QString& hardwareId = kHardwareId, ICLogfile* logfile = nullptr,
+    decltype(&ICSimpleParamReader::create) factory = ICSimpleParamReader::createSingle) {
+  return std::unique_ptr<ICSimpleParamReader>(
+      factory(NktoGlobal::FILE_TYPE_PARAMETERS, hardwareId, access, logfile, 0x10000, 0x10000));
 }
 
 QString describe(const CParamDefItem& d) {
@@ -135,14 +135,11 @@ class tst_CSimpleParamReader : public QObject {
   }
 
   void selectsHardwareIdsAndJoinsTheGroup() {
-    const auto make = [](auto factory) {
-      return std::unique_ptr<ICSimpleParamReader>(factory(
-          NktoGlobal::FILE_TYPE_PARAMETERS, kHardwareId, ReadWrite, nullptr, 0x10000, 0x10000));
-    };
-    const auto reader = make(ICSimpleParamReader::create);
-    QVERIFY(reader->load(mPair, mErr));
-    QVERIFY(make(ICSimpleParamReader::create)->containsVal("MotorName", kAxis));
-    QVERIFY(!make(ICSimpleParamReader::createSingle)->containsVal("MotorName", kAxis));
+    const auto create = ICSimpleParamReader::create;
+    const auto reader = makeReader(ReadWrite, kHardwareId, nullptr, create);
+    const auto member = makeReader(ReadWrite, kHardwareId, nullptr, create);
+    QVERIFY(reader->load(mPair, mErr) && member->containsVal("MotorName", kAxis));
+    QVERIFY(!makeReader(ReadWrite)->containsVal("MotorName", kAxis));
     QVERIFY(reader->selectHardwareId("KTO-2A-32"));
     QVERIFY(!reader->selectHardwareId("new") && reader->hardwareId() == "KTO-2A-32");
     reader->setAccessRights(FullAccess);

@@ -52,9 +52,9 @@ QStringList fields(const SValueView& view) {
 }
 
 void printLine(const QStringList& texts, const SLineFormat& format, COutput& out) {
-  QStringList fields;
-  for (const QString& text : texts) fields.append(format.field(text));
-  out.line(fields.join(format.separator));
+  QStringList shown;
+  for (const QString& text : texts) shown.append(format.field(text));
+  out.line(shown.join(format.separator));
 }
 
 /// All chosen values, by hardware id, sub-device and tree order.

@@ -32,7 +32,7 @@ void addBits(const QList<NParamDef::SBitValue>& bits, CSubjectLines& lines) {
   }
 }
 
-void addDefinition(const CParamDefItem& definition, CSubjectLines& all) {
+void addDefinition(const CParamDefItem& definition, const CSubjectLines& all) {
   CSubjectLines lines = all.of(all.labels().of(definition.name()));
   if (definition.valid()) lines.add("id", QString::number(definition.id()));
   lines.add("type", definition.typeStr());

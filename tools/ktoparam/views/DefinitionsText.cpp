@@ -57,7 +57,7 @@ void addDefinition(const CParamDefItem& definition, const CSubjectLines& all) {
 
 }  // namespace
 
-void NViews::addDefinitions(const CLoadedFile& loaded, CSubjectLines& lines) {
+void NViews::addDefinitions(const CLoadedFile& loaded, const CSubjectLines& lines) {
   for (const QString& name : loaded.file().defNames())
     addDefinition(loaded.file().paramDef(name), lines);
 }

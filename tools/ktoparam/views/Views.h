@@ -22,7 +22,7 @@ EExitStatus showSettings(const CLoadedFile& loaded, bool isJson, COutput& out);
 EExitStatus showValues(const CInvocation& invocation, COutput& out);
 
 // What `text` prints after the Head.
-void addDefinitions(const CLoadedFile& loaded, CSubjectLines& lines);
+void addDefinitions(const CLoadedFile& loaded, const CSubjectLines& lines);
 void addCompensation(const CLoadedFile& loaded, CSubjectLines& lines);
 void addSettings(const CLoadedFile& loaded, CSubjectLines& lines);
 void addValues(const CLoadedFile& loaded, CSubjectLines& lines);

@@ -34,7 +34,7 @@ inline CParameterFilePtr fromTokens(const QStringList& tokens) {
       group = tree->root();
     } else if (token.contains(':')) {
       file->addDef(parts.at(0), CParamDefItem::typeFromString(parts.at(1)), 0);
-    } else {
+    } else if (tree != nullptr) {
       NTreeText::add(*tree, group, token);
     }
   }

@@ -52,7 +52,8 @@ bool CDomElement::hasAttribute(QLatin1String name) const {
 }
 
 QString CDomElement::attribute(QLatin1String name) const {
-  return hasAttribute(name) ? toQString(attributeUtf8(name)) : QString();
+  const quint32 index = isNull() ? kNone : mData->findAttribute(mNode, name);
+  return index == kNone ? QString() : toQString(mData->text(mData->attribute(index).value));
 }
 
 std::string_view CDomElement::attributeUtf8(QLatin1String name) const {

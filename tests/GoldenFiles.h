@@ -1,10 +1,11 @@
 #pragma once
 
 #include "TestFiles.h"
+#include "TestRows.h"
 
+#include <QMap>
 #include <QRegularExpression>
 #include <QStringList>
-#include <QtTest>
 
 /// Test files that hold cases by lines.
 namespace NGoldenFiles {
@@ -25,6 +26,31 @@ inline void addTable(const char* name, std::initializer_list<const char*> column
     QTestData& row = QTest::newRow(qPrintable(line.simplified()));
     for (int i = 0; i < int(columns.size()); ++i) row << cells.value(i, "");
   }
+}
+
+/// A case by keys, each with its values in their order.
+using CCase = QMap<QString, QStringList>;
+
+/// Data rows of one column, "parts", from a file of cases: blank lines part them, the first line of
+/// each is its name, and each further line is a key and, after blanks, a value.
+inline void addCases(const QString& fileName) {
+  QTest::addColumn<CCase>("parts");
+  const QString text = QString::fromUtf8(NTestFiles::read(NTestFiles::data(fileName)));
+  QVERIFY(!text.isEmpty());
+  for (const QString& block : text.split("\n\n", Qt::SkipEmptyParts)) {
+    QStringList lines = block.split('\n', Qt::SkipEmptyParts);
+    const QString name = lines.takeFirst();
+    CCase parts;
+    for (const QString& line : qAsConst(lines))
+      parts[line.section(' ', 0, 0)] += line.section(QRegExp(" +"), 1);
+    QTest::newRow(qPrintable(name)) << parts;
+  }
+}
+
+/// The only value of a key.
+inline QString one(const CCase& parts, const QString& key) {
+  const QStringList values = parts.value(key);
+  return values.size() == 1 ? values.first() : QStringLiteral("not one value of ") + key;
 }
 
 }  // namespace NGoldenFiles

@@ -2,6 +2,9 @@
 
 #include <QtTest>
 
+#include <array>
+#include <tuple>
+
 /// Declares all columns of a test's data.
 template <class... Types, class... Names>
 void addColumns(const Names*... names) {
@@ -19,4 +22,16 @@ void addRow(const char* name, const Cells&... cells) {
 template <class... Cells>
 void addTextRow(const char* text, const Cells&... cells) {
   addRow(text, text, cells...);
+}
+
+/// Cells of the current row by the names of their columns.
+template <class... Types, class... Names>
+std::tuple<Types...> cells(const Names*... names) {
+  return {*static_cast<Types*>(QTest::qData(names, qMetaTypeId<Types>()))...};
+}
+
+/// The same, of texts alone.
+template <class... Names>
+std::array<QString, sizeof...(Names)> textCells(const Names*... names) {
+  return {*static_cast<QString*>(QTest::qData(names, QMetaType::QString))...};
 }

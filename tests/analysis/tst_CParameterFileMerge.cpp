@@ -1,6 +1,6 @@
 #include "AnalysisFiles.h"
 #include "CParameterFileMerge.h"
-#include "CaseFile.h"
+#include "GoldenFiles.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -124,10 +124,10 @@ class tst_CParameterFileMerge : public QObject {
   Q_OBJECT
 
  private slots:
-  void merges_data() { NCaseFile::addRows("analysis/merges.cases"); }
+  void merges_data() { NGoldenFiles::addCases("analysis/merges.cases"); }
   void merges() {
-    QFETCH(NCaseFile::CCase, parts);
-    const auto file = [&parts](const char* key) { return fromText(NCaseFile::one(parts, key)); };
+    QFETCH(NGoldenFiles::CCase, parts);
+    const auto file = [&parts](const char* key) { return fromText(NGoldenFiles::one(parts, key)); };
     SMerge files{file("base"), file("ours"), file("theirs")};
     QVERIFY(files.merge.run());
     QCOMPARE(toText(*files.ours), toText(*file("result")));

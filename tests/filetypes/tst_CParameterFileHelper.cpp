@@ -4,7 +4,6 @@
 #include "GoldenFiles.h"
 #include "KeptMessages.h"
 #include "TestFiles.h"
-#include "TestRows.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
@@ -92,8 +91,7 @@ class tst_CParameterFileHelper : public QObject {
     NGoldenFiles::addTable("filetypes/beginnings.txt", {"codec", "text", "type", "beginning"});
   }
   void readsBeginnings() {
-    QFETCH(QString, codec);
-    QFETCH(QString, text);
+    auto [codec, text] = textCells("codec", "text");
     text.replace("\\n", "\n").replace("\\r", "\r").replace("\\t", "\t").remove("NOTHING");
     text.replace("MARK", QChar(QChar::ByteOrderMark)).replace("FAR", QString(17 << 20, 'x'));
     text.replace("ZEROS", QString(3000000, QChar(0)));
@@ -132,8 +130,7 @@ class tst_CParameterFileHelper : public QObject {
     addRow("other root", QByteArray(two).replace("LumoMotorParameters", "LumoParameters"), "");
   }
   void readsAFile() {
-    QFETCH(QByteArray, content);
-    QFETCH(QString, names);
+    const auto [content, names] = cells<QByteArray, QString>("content", "names");
     const QString path = mFolder->filePath("m.xparam");
     if (!content.isNull()) QVERIFY(NTestFiles::write(path, content));
     const SKeptMessages kept;

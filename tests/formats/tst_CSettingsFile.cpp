@@ -1,7 +1,6 @@
 #include "CSettingsFileImpl.h"
 #include "GoldenFiles.h"
 #include "KeptMessages.h"
-#include "TestRows.h"
 
 #include <QDomDocument>
 #include <QTemporaryDir>
@@ -88,10 +87,8 @@ class tst_CSettingsFile : public QObject {
   /// What a load would refuse is not written, however deep it lies: a save that fails leaves the
   /// old file and the old buffer. What is written can be loaded.
   void savesWhatCanBeLoaded() {
-    QFETCH(QString, name);
-    QFETCH(int, type);
-    QFETCH(QString, value);
-    QFETCH(QString, message);
+    const auto [name, type, value, message] =
+        cells<QString, int, QString, QString>("name", "type", "value", "message");
     CSettingsFileImpl file(nullptr);
     ICSettingsFile& settings = file;
     QCOMPARE(file.loadFromBuffer(document("<G><H><!-- --></H></G>"), kVersion), EError::NoError);

@@ -9,7 +9,6 @@
 #include "ICSettingsFile.h"
 #include "KeptMessages.h"
 #include "NClock.h"
-#include "TestRows.h"
 
 #include <QTemporaryDir>
 
@@ -81,8 +80,7 @@ class tst_FileFormats : public QObject {
   /// The text of the same name holds what is posted, and the state.
   void valid_data() { addFiles("valid"); }
   void valid() {
-    QFETCH(int, kind);
-    QFETCH(QString, file);
+    const auto [kind, file] = cells<int, QString>("kind", "file");
     const auto format = NFormats::make(kKinds[kind].format);
     QVERIFY2(format->load(file), qPrintable(format->told()));
     const QString state = format->state();
@@ -103,8 +101,7 @@ class tst_FileFormats : public QObject {
     }
   }
   void invalid() {
-    QFETCH(int, kind);
-    QFETCH(QString, file);
+    const auto [kind, file] = cells<int, QString>("kind", "file");
     const QByteArray bytes = read(file);
     const auto format = NFormats::make(kKinds[kind].format);
     QVERIFY(format->load(kKinds[kind].example));
@@ -135,8 +132,7 @@ class tst_FileFormats : public QObject {
       addRow(qPrintable(kKinds[kind].example), kind, kKinds[kind].example);
   }
   void saves() {
-    QFETCH(int, kind);
-    QFETCH(QString, file);
+    const auto [kind, file] = cells<int, QString>("kind", "file");
     const QString saved = mFolder.filePath("saved");
     const QString error = NFormats::roundTrip(kKinds[kind].format,
                                               QString(file).replace("/saved/", "/valid/"), saved);
@@ -148,10 +144,7 @@ class tst_FileFormats : public QObject {
     NGoldenFiles::addTable("versions.txt", {"version", "wanted", "opened", "accepted"});
   }
   void versions() {
-    QFETCH(QString, version);
-    QFETCH(QString, wanted);
-    QFETCH(QString, opened);
-    QFETCH(QString, accepted);
+    auto [version, wanted, opened, accepted] = textCells("version", "wanted", "opened", "accepted");
     for (QString* text : {&version, &wanted}) text->remove('"');
     const bool isGood = opened == "yes";
     const QByteArray settings = "<C_SETTINGS_FORMAT Version='" + version.toUtf8() + "'/>";

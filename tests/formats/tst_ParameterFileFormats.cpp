@@ -133,8 +133,7 @@ class tst_ParameterFileFormats : public QObject {
               "The hardware ids \"\" and \" \" differ only in blanks around them.");
   }
   void unsavable() {
-    QFETCH(CEdit, edit);
-    QFETCH(QString, message);
+    auto [edit, message] = cells<CEdit, QString>("edit", "message");
     const QString name = mFolder.filePath("a");
     QVERIFY(write(name, "old"));
     const auto file = makeSmall();

@@ -78,20 +78,16 @@ class tst_Definitions : public QObject {
   void signalsEffectiveEditsOnly() {
     using Edit = void (*)(CParamDefItem&);
     static const QList<SBitValue> bits{{63, "a", true}, {-1, "b", false}, {64, "b", false}, {}};
+    static const QList<quint32> ids{1, 2};
+    static const SCheckValues states{1, 0, false, 0};
     const Edit edits[] = {[](CParamDefItem& i) { i.setId(7); },
                           [](CParamDefItem& i) { i.setName("n"); },
                           [](CParamDefItem& i) { i.setType("f64"); },
                           [](CParamDefItem& i) { i.setUnitId(3); },
                           [](CParamDefItem& i) { i.setHint("h"); },
-                          [](CParamDefItem& i) {
-                            i.setMinIds({1, 2});
-                          },
-                          [](CParamDefItem& i) {
-                            i.setMaxIds({1, 2});
-                          },
-                          [](CParamDefItem& i) {
-                            i.setCheckVals({1, 0, false, 0});
-                          },
+                          [](CParamDefItem& i) { i.setMinIds(ids); },
+                          [](CParamDefItem& i) { i.setMaxIds(ids); },
+                          [](CParamDefItem& i) { i.setCheckVals(states); },
                           [](CParamDefItem& i) { i.addMinId(5); },
                           [](CParamDefItem& i) { i.addEnum(1, "a"); },
                           [](CParamDefItem& i) { i.addRadio(2, "a"); },
@@ -173,10 +169,8 @@ class tst_Definitions : public QObject {
     NGoldenFiles::addTable("model/judged.txt", {"name", "definition", "typed", "stored", "said"});
   }
   void judges() {
-    QFETCH(QString, definition);
-    QFETCH(QString, typed);
-    QFETCH(QString, stored);
-    QFETCH(QString, said);
+    const auto [definition, typed, stored, said] =
+        textCells("definition", "typed", "stored", "said");
     const SDefinition given(definition);
     CParamVal value("untouched");
     QString problem;
@@ -196,11 +190,7 @@ class tst_Definitions : public QObject {
     NGoldenFiles::addTable("model/equal.txt", {"type", "a", "b", "equal", "said"});
   }
   void comparesValues() {
-    QFETCH(QString, a);
-    QFETCH(QString, b);
-    QFETCH(QString, equal);
-    QFETCH(QString, said);
-    QFETCH(QString, type);
+    const auto [a, b, equal, said, type] = textCells("a", "b", "equal", "said", "type");
     const CParamDefItem definition = SDefinition(type).item;
     const auto text = [](bool isTrue) { return isTrue ? "yes" : "no"; };
     QCOMPARE(text(CParamValueRules::areEqual(a, b, definition)), equal);

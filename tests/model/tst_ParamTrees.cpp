@@ -2,7 +2,7 @@
 #include "CParamTreeNodeImpl.h"
 #include "CSubDeviceTree.h"
 #include "CTreeNode.h"
-#include "CaseFile.h"
+#include "GoldenFiles.h"
 #include "TreeText.h"
 
 #include <QMap>
@@ -170,14 +170,14 @@ class tst_ParamTrees : public QObject {
     QVERIFY(moved.root() == root && toText(moved) == "A( p#1=changed B( q#2=y ) )");
   }
 
-  void merges_data() { NCaseFile::addRows("trees/merges.cases"); }
+  void merges_data() { NGoldenFiles::addCases("trees/merges.cases"); }
   void merges() {
-    QFETCH(NCaseFile::CCase, parts);
-    CSubDeviceTree tree = fromText(NCaseFile::one(parts, "target"));
+    QFETCH(NGoldenFiles::CCase, parts);
+    CSubDeviceTree tree = fromText(NGoldenFiles::one(parts, "target"));
     tree.root()->setProperty(NParamDef::PROPERTY_ERROR, 5);
     for (int i = 0; i < 2; ++i) {  // loading the same once more changes nothing
-      tree.merge(fromText(NCaseFile::one(parts, "source"), 2));
-      QCOMPARE(toText(tree), NCaseFile::one(parts, "result"));
+      tree.merge(fromText(NGoldenFiles::one(parts, "source"), 2));
+      QCOMPARE(toText(tree), NGoldenFiles::one(parts, "result"));
     }
     for (const CParamTreeNodeImpl* node : walk(tree.root())) QVERIFY(node->subDevId() == 1);
     QCOMPARE(tree.root()->property(NParamDef::PROPERTY_ERROR), QVariant(5));

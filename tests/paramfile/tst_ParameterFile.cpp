@@ -82,8 +82,7 @@ class tst_ParameterFile : public QObject {
     NGoldenFiles::addTable("paramfile/failures.txt", {"operation", "logged"});
   }
   void failuresChangeNothing() {
-    QFETCH(QString, operation);
-    QFETCH(QString, logged);
+    const auto [operation, logged] = textCells("operation", "logged");
     const auto run = kOperations.value(operation);
     SLoggedSmall small;
     const QString before = NParamFileText::all(small.file);

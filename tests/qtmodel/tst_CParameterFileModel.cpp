@@ -3,7 +3,6 @@
 #include "CParamVal.h"
 #include "GoldenFiles.h"
 #include "ICParamTreeNode.h"
-#include "TestRows.h"
 #include "paramfile/ExampleDrive.h"
 
 #include <QAbstractItemModelTester>
@@ -87,8 +86,7 @@ class tst_CParameterFileModel : public QObject {
     SWatched none(nullptr);
     Model& model = none.model;
     QCOMPARE(model.rowCount(), 0);
-    QVERIFY(!model.indexOf("Speed", 1).isValid());
-    QVERIFY(!model.selectHardwareId("A"));
+    QVERIFY(!model.indexOf("Speed", 1).isValid() && !model.selectHardwareId("A"));
     model.valueChanged("Speed", 1);
     const CParameterFilePtr file = makeSmall();
     model.setFile(file.get());
@@ -102,9 +100,7 @@ class tst_CParameterFileModel : public QObject {
     NGoldenFiles::addTable("qtmodel/shown.txt", {"name", "column", "role", "expected"});
   }
   void texts() {
-    QFETCH(QString, name);
-    QFETCH(QString, column);
-    QFETCH(QString, role);
+    const auto [name, column, role] = textCells("name", "column", "role");
     const SWatched drive;
     QStringList columns;
     for (int i = 0; i < drive.model.columnCount(); ++i)
@@ -121,11 +117,8 @@ class tst_CParameterFileModel : public QObject {
                            {"kind", "name", "role", "input", "stored", "reason"});
   }
   void edits() {
-    QFETCH(QString, name);
-    QFETCH(QString, role);
-    QFETCH(QString, input);
-    QFETCH(QString, stored);
-    QFETCH(QString, reason);
+    const auto [name, role, input, stored, reason] =
+        textCells("name", "role", "input", "stored", "reason");
     SWatched drive;
     QSignalSpy refused(&drive.model, &Model::editRefused);
     const QModelIndex index = drive.value(name);
@@ -210,8 +203,7 @@ class tst_CParameterFileModel : public QObject {
       file.loadParamFile(NTestFiles::example("TwoAxisDrive.xparam"), "KTO-2A-32", 0x10000);
     });
     const QModelIndex index = drive.value("UnitTemperature");
-    QVERIFY(!index.data(Model::IsDefinedRole).toBool());
-    QVERIFY(!(index.flags() & Qt::ItemIsEditable));
+    QVERIFY(!index.data(Model::IsDefinedRole).toBool() && !(index.flags() & Qt::ItemIsEditable));
     QVERIFY(!drive.model.setData(index, "0x1"));
     QCOMPARE(drive.model.errorMsg(), "The parameter is not defined.");
     QCOMPARE(index.data().toString(), "0x0");
@@ -298,8 +290,7 @@ class tst_CParameterFileModel : public QObject {
     QVERIFY(drive.model.removeRows(1, 3, group));
     QCOMPARE(kept.row(), 1);
     QCOMPARE(kept.data().toString(), "UnitJerk");
-    QVERIFY(!gone.isValid());
-    QVERIFY(drive.file->paramValue("UnitVelocity", 0).isNull());
+    QVERIFY(!gone.isValid() && drive.file->paramValue("UnitVelocity", 0).isNull());
     QCOMPARE(drive.file->changedList(), QStringList("KTO-2A-16"));
     QCOMPARE(outline(drive.model), outline(*drive.file));
     QVERIFY(drive.model.removeRows(0, 2, drive.model.index(0, 0)));

@@ -3,7 +3,6 @@
 #include "ICParameterFile.h"
 #include "ICSimpleParamReader.h"
 #include "KeptMessages.h"
-#include "TestRows.h"
 
 #include <QTemporaryDir>
 
@@ -291,8 +290,7 @@ class tst_CSimpleParamReader : public QObject {
     NGoldenFiles::addTable("reader/deletions.txt", {"name", "group", "left", "message"});
   }
   void deletes() {
-    QFETCH(QString, name);
-    QFETCH(QString, group);
+    auto [name, group] = textCells("name", "group");
     for (QString* cell : {&name, &group}) cell->remove('-');
     QString text;
     mReader->getParam(1, "p", "A/B", text, "text", mErr);
@@ -325,8 +323,7 @@ class tst_CSimpleParamReader : public QObject {
     told.replace("$TYPE", type).replace("$DEF", text).replace("$NUMBER", QString::number(def));
     told.replace("$MIN", kIsInteger ? min : "").replace("$MAX", kIsInteger ? text : "");
 
-    QFETCH(QString, access);
-    QFETCH(QString, before);
+    const auto [access, before] = textCells("access", "before");
     init();
     if (before != "nothing") mReader->addDef("p", PARAM_TYPE_STR, 7)->setMinVal("1");
     if (told.startsWith("1") || told.contains("%2"))

@@ -57,9 +57,7 @@ class tst_CAtomicFile : public QObject {
     addRow("no text above", u8"\u00fe real link \u00fe/deep/../file", "link", "real/file");
   }
   void goesWhereTheSystemGoes() {
-    QFETCH(QString, links);
-    QFETCH(QString, name);
-    QFETCH(QString, place);
+    const auto [links, name, place] = textCells("links", "name", "place");
     const QByteArrayList words = links.toLatin1().split(' ');
     for (int i = 0; i + 1 < words.size(); i += 2)
       QCOMPARE(::symlink(words.at(i + 1).constData(), words.at(i).constData()), 0);
@@ -158,10 +156,8 @@ class tst_CAtomicFile : public QObject {
   }
   void keepsRights() {
     if (::geteuid() != 0) QSKIP("Only the superuser can be somebody else.");
-    QFETCH(uid_t, user);
-    QFETCH(gid_t, group);
-    QFETCH(mode_t, mode);
-    QFETCH(QString, lost);
+    auto [user, group, mode, lost] =
+        cells<uid_t, gid_t, mode_t, QString>("user", "group", "mode", "lost");
     QVERIFY(write("file", "old"));
     QCOMPARE(::chown("file", 100, 200) + ::chmod("file", mode) + ::chmod(".", 0777), 0);
     const bool hasNote = ::setxattr("file", "user.note", "kept", 4, 0) == 0;

@@ -1,7 +1,11 @@
+// What a check and a comparison of files find.
+
 #include "AnalysisFiles.h"
 #include "CParamLineIndex.h"
 #include "CParameterFileChecker.h"
+#include "CParameterFileComparison.h"
 #include "GoldenFiles.h"
+#include "NShortText.h"
 #include "ParamFileText.h"
 
 using namespace NAnalysisFiles;
@@ -44,9 +48,20 @@ void compareWithGolden(CParamFindings findings, const QString& name, const QStri
   QCOMPARE(texts(findings), expected);
 }
 
+QStringList texts(const CParamDifferences& differences) {
+  QStringList result;
+  for (const SParamDifference& d : differences) {
+    result +=
+        QStringLiteral("%1 %2:%3 %4 [%5>%6] %7>%8")
+            .arg(SParamDifference::kindText(d.kind), d.hardwareId, QString::number(d.subDevId),
+                 d.name, d.oldGroupPath, d.newGroupPath, d.oldValue, d.newValue);
+  }
+  return result;
+}
+
 }  // namespace
 
-class tst_CParameterFileChecker : public QObject {
+class tst_Findings : public QObject {
   Q_OBJECT
 
  private slots:
@@ -100,7 +115,41 @@ class tst_CParameterFileChecker : public QObject {
     QVERIFY(!index.read(testFile("none")));
     QVERIFY(!index.errorMsg().isEmpty());
   }
+
+  void keepsLongPathsOnceAndShort() {
+    const QString name(1001, 'g');
+    const CParameterFilePtr before = fromText("[A:1] X=1 Y=1");
+    const CParameterFilePtr after = fromText("[A:1] " + name + "( X=1 Y=1 )");
+    const CParamDifferences moved = CParameterFileComparison::compare(*before, *after);
+    QCOMPARE(moved.size(), 2);
+    QCOMPARE(moved.at(0).newGroupPath, NShortText::of(name));
+    QVERIFY(moved.at(0).newGroupPath.constData() == moved.at(1).newGroupPath.constData());
+  }
+
+  void listsDifferences_data() { NGoldenFiles::addCases("analysis/differences.cases"); }
+  void listsDifferences() {
+    QFETCH(NGoldenFiles::CCase, parts);
+    const auto oldFile = fromText(NGoldenFiles::one(parts, "old"));
+    const auto newFile = fromText(NGoldenFiles::one(parts, "new"));
+    const QStringList expected = parts["difference"];
+    QCOMPARE(texts(CParameterFileComparison::compare(*oldFile, *newFile, newFile.get())), expected);
+    const auto back = texts(CParameterFileComparison::compare(*newFile, *oldFile, newFile.get()));
+    QCOMPARE(back.size(), expected.size());
+    QCOMPARE(back.filter("removed").size(), expected.filter("added").size());
+  }
+
+  void comparesTwoVariantsAndRestores() {
+    const auto file = fromText("[A:1] X=1 Y=1 [B:1] X=1 Y=2");
+    file->addHardwareId("empty");
+    const QString before = NParamFileText::all(*file);
+    QCOMPARE(texts(CParameterFileComparison::compareHardwareIds(*file, "A", *file, "B")),
+             QStringList("value-changed B:1 Y [>] 1>2"));
+    QCOMPARE(texts(CParameterFileComparison::compareHardwareIds(*file, "A", *file, "none")),
+             QStringList("sub-device-removed none:1  [>] >"));
+    QVERIFY(CParameterFileComparison::compare(*file, *file).isEmpty());
+    QCOMPARE(NParamFileText::all(*file), before);
+  }
 };
 
-QTEST_GUILESS_MAIN(tst_CParameterFileChecker)
-#include "tst_CParameterFileChecker.moc"
+QTEST_GUILESS_MAIN(tst_Findings)
+#include "tst_Findings.moc"

@@ -126,7 +126,7 @@ auto saving(Save save) {
 
 bool saveHere(const CHardwareIdTrees& trees) {
   CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
-  return file.save(kSaved, "1.0", trees, {}, {});
+  return file.save(kSaved, "1.0", trees, {});
 }
 
 void addFiles(const std::vector<int>& sizes) {

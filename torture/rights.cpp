@@ -7,6 +7,7 @@
 #include "Torture.h"
 
 #include <QDataStream>
+#include <QFile>
 #include <QRandomGenerator>
 
 #include <fcntl.h>
@@ -103,6 +104,13 @@ bool saveOnce(const QByteArray& folder, QRandomGenerator& random, CTally& tally)
   const QString message = before.toHex() + " became " + after.toHex() + ", " + lost + error;
   tally.check(isSaved && !isMore, message);
   tally.check(losesGroup || losesList || after == before, message);
+  NFaults::refuse({"linkat"});
+  QString backup;
+  tally.check(CAtomicFile::keepAsBackup(name, backup, error) &&
+                  rightsOf(backup.toLocal8Bit().constData()) == after,
+              "the rights of a copied backup");
+  NFaults::refuse({});
+  QFile::remove(backup);
   tally.check(lost.contains("group") == losesGroup, message);
   tally.check(lost.contains("access control list") == (losesList && hasList), message);
   tally.check(lost.contains("attributes") == (losesList && hasNote), message);

@@ -31,7 +31,6 @@ int CXmlAbstractLumoFile::open(const QByteArray& buffer, const QString& rootTag,
 CXmlAbstractLumoFile::EOpenResult CXmlAbstractLumoFile::openBytes(const QByteArray& bytes,
                                                                   const QString& rootTag,
                                                                   const QString& version) {
-  mOpenError.clear();
   if (!mDocument.setContent(bytes, mOpenError)) return ParseFailed;
   const CDomElement root = mDocument.documentElement();
   const QString line = QString::number(root.lineNumber());

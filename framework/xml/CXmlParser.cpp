@@ -126,8 +126,6 @@ bool CXmlParser::runWithoutDoctype(const char* encoding) {
   mDoctypeEnd = -1;
   mDoctypeTakenOut = true;
   mStopped = false;
-  mCountedTo = 0;
-  mCountedLine = 1;
   return run(bytes, encoding);
 }
 

@@ -43,11 +43,12 @@ CParamDefItem CParameterFileImpl::paramDef(const QString& name) const {
 }
 
 CParamVal CParameterFileImpl::paramValue(const QString& name, quint8 subDevId) const {
-  CParamVal value;
   const CGroup group = *mGroup;
-  for (int i = 0; i < group.size() && value.isNull(); ++i)
-    value = group.at(i)->ownParamValue(name, subDevId);
-  return value;
+  for (const CParameterFileImpl* member : group) {
+    const CParamVal value = member->ownParamValue(name, subDevId);
+    if (!value.isNull()) return value;
+  }
+  return CParamVal();
 }
 
 bool CParameterFileImpl::isReferenced(quint32 id) const {

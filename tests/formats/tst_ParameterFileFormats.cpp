@@ -183,6 +183,10 @@ class tst_ParameterFileFormats : public QObject {
     QVERIFY(log.lines.last().endsWith("TwoAxisDrive.xpdef\" loaded successfully."));
     QVERIFY(!file->loadParamFileAsSubDevId(data("values/invalid/Error_NoSubDevice.xparam"), 3,
                                            QString(), 0x10000));
+    const QString oneLine = mFolder.filePath("one line");
+    QVERIFY(write(oneLine, read(kTwoIds).replace('\n', ' ')));
+    QVERIFY(file->loadParamFileAsSubDevId(oneLine, 3, QString(), 0x10000));
+    QVERIFY(log.lines.join(' ').contains("\"Drive\" of line 1:"));
   }
 
   void savesWhatThereIs() {

@@ -134,6 +134,8 @@ class tst_Definitions : public QObject {
         QCOMPARE(item.enumValueOfName(QString::number(i / 2), isKnown), qint64(i / 2 * 2));
         QVERIFY(isKnown);
       }
+      item.setType("f64");
+      QCOMPARE(CParamValueText::choiceName(item, CParamVal("2.0")), QString("1"));
     }
   }
 

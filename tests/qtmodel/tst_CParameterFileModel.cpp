@@ -123,6 +123,8 @@ class tst_CParameterFileModel : public QObject {
     QSignalSpy refused(&drive.model, &Model::editRefused);
     const QModelIndex index = drive.value(name);
     QVERIFY(index.flags() & Qt::ItemIsEditable);
+    QCOMPARE(bool(index.flags() & Qt::ItemIsUserTristate),
+             drive.file->paramDef(name).checkVals().hasUndefined);
     QCOMPARE(drive.model.setData(index, fromJson(input), roleOf(role)), reason.isEmpty());
     QCOMPARE(drive.file->paramValue(name, 0).asStr(), fromJson(stored).toString());
     QCOMPARE(drive.model.errorMsg(), reason);
@@ -227,9 +229,14 @@ class tst_CParameterFileModel : public QObject {
                 signal.at(1).toModelIndex().row() >= ofAxis.row();
     }
     QVERIFY(isTold);
+    changed.clear();
+    drive.file->setParamValue("UnitTemperature", "0x0", 0);
+    drive.model.valueChanged("UnitTemperature", 0);
+    QVERIFY(changed.count() > 1 && unit.data() == "°C");
+    changed.clear();
     const QModelIndex parameter = drive.value("UnitTemperature");
     QVERIFY(drive.model.removeRows(parameter.row(), 1, parameter.parent()));
-    QCOMPARE(unit.data().toString(), "°C");  // the default
+    QVERIFY(!changed.isEmpty() && unit.data() == "°C");  // the default
   }
 
   void properties() {

@@ -38,6 +38,8 @@ class tst_CDomDoc : public QObject {
     }
     QVERIFY(document.setContent("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE4</a>", error));
     QCOMPARE(document.documentElement().text(), QString("ä"));
+    const QByteArray half = utf16("<a>x</a>", "UTF-16BE").replace(QByteArray("\0x", 2), "\xD8\x01");
+    QVERIFY(!document.setContent(half.mid(2), error) && error == "Line 1: unpaired surrogate.");
   }
 
   void elementsAndAttributesAreFound() {

@@ -24,6 +24,13 @@ size_t slotOf(std::string_view name) {
   return (name.size() * 19 + inner * 12U + last) % kRecentNames;
 }
 
+/// As ==, without a call, which takes longer than the few characters of a tag.
+bool isSame(std::string_view a, std::string_view b) {
+  size_t i = 0;
+  while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
+  return i == a.size() && i == b.size();
+}
+
 bool isText(const SDomNode& node) {
   return node.kind == SDomNode::Text || node.kind == SDomNode::CData;
 }
@@ -92,16 +99,19 @@ QString CDomData::textOf(quint32 nodeIndex) const {
   return toQString(all);
 }
 
-void CDomData::reserveFor(std::string_view document) {
-  // Every node but a text begins with this character, and there are hardly more texts than tags.
-  const auto nodes = static_cast<size_t>(std::count(document.begin(), document.end(), '<'));
-  mNodes.reserve(std::min(nodes, NXmlLimits::kMaxNodes + 1));
-  mText.reserve(document.size());
+void CDomData::reserveFor(size_t size) {
+  constexpr size_t kBytesPerNode = 16;  // 20 and more in files of parameters
+  mNodes.reserve(std::min(size / kBytesPerNode, NXmlLimits::kMaxNodes) + 1);
+}
+
+void CDomData::setDocument(const QByteArray& utf8) {
+  mDocument = utf8;
+  reserveFor(document().size());
 }
 
 quint32 CDomData::findName(std::string_view name) const {
   const quint32 recent = mRecentNames[slotOf(name)];
-  if (recent < mNames.size() && mNames[recent] == name) return recent;
+  if (recent < mNames.size() && isSame(mNames[recent], name)) return recent;
   const auto known = mNameIndex.find(name);
   return known == mNameIndex.end() ? kNone : known->second;
 }
@@ -201,7 +211,7 @@ void CDomData::appendText(quint32 element, SDomNode::EKind kind, const QString& 
 SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
                             quint32 attributeName) {
   const quint32 begin = textEnd();
-  if (mText.size() + 3 * static_cast<size_t>(text.size()) > NXmlLimits::kMaxText) {
+  if (textSize() + 3 * static_cast<size_t>(text.size()) > NXmlLimits::kMaxText) {
     mIsTextFull = true;
     return {begin, 0};
   }

@@ -2,6 +2,7 @@
 
 #include "NXmlLimits.h"
 
+#include <QByteArray>
 #include <QLatin1String>
 #include <QString>
 #include <QStringView>
@@ -78,7 +79,9 @@ class CDomData {
   const SDomAttribute& attribute(quint32 index) const { return mAttributes[index]; }
   std::string_view name(quint32 index) const { return mNames[index]; }
   std::string_view text(const SDomText& text) const {
-    return std::string_view(mText).substr(text.begin, text.length);
+    return text.begin < document().size()
+               ? document().substr(text.begin, text.length)
+               : std::string_view(mText).substr(text.begin - document().size(), text.length);
   }
   quint32 nodeCount() const { return static_cast<quint32>(mNodes.size()); }
   /// Beyond the limits of a document.
@@ -87,9 +90,16 @@ class CDomData {
            mNodes.size() + mAttributes.size() > NXmlLimits::kMaxNodes ||
            mNames.size() > NXmlLimits::kMaxNames || mIsTextFull;
   }
-  /// Makes room for what a document of that text may hold, so that nothing is moved as it grows.
-  void reserveFor(std::string_view document);
-  size_t textSize() const { return mText.size(); }
+  /// Makes room for the nodes of a document of that many bytes, so that nothing is moved as it
+  /// grows.
+  void reserveFor(size_t size);
+  /// Keeps the document itself, in UTF-8, as the first texts of the arena, and makes room for it.
+  void setDocument(const QByteArray& utf8);
+  std::string_view document() const {
+    return {mDocument.constData(), static_cast<size_t>(mDocument.size())};
+  }
+  void reserveText(size_t size) { mText.reserve(size); }
+  size_t textSize() const { return document().size() + mText.size(); }
   const SDomInvalidText& invalidText() const { return mInvalid; }
 
   bool hasName(quint32 nodeIndex, QLatin1String tag) const;
@@ -114,8 +124,8 @@ class CDomData {
   /// Adds bytes that are known to be UTF-8 to the text arena.
   SDomText addText(std::string_view utf8);
   /// Takes back the text that was added last.
-  void dropLastText(const SDomText& text) { mText.resize(text.begin); }
-  quint32 textEnd() const { return static_cast<quint32>(mText.size()); }
+  void dropLastText(const SDomText& text) { mText.resize(text.begin - document().size()); }
+  quint32 textEnd() const { return static_cast<quint32>(textSize()); }
 
   // Building by an application: texts are kept whole and checked, and the first that XML cannot
   // hold is remembered.
@@ -140,7 +150,8 @@ class CDomData {
   size_t mElementCount = 0;
   std::vector<SDomAttribute> mAttributes;
   quint32 mLastAttributeOwner = kNone;  ///< element whose attribute was added last
-  std::string mText;
+  QByteArray mDocument;
+  std::string mText;  ///< what follows the document
   bool mIsTextFull = false;
   std::vector<std::string_view> mNames;  // into the store, whose elements stay where they are
   std::deque<std::string> mNameStore;

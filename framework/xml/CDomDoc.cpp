@@ -3,6 +3,7 @@
 #include "CDomData.h"
 #include "CStr.h"
 #include "CXmlParser.h"
+#include "CXmlPlainReader.h"
 #include "CXmlWriter.h"
 #include "NLumoXmlTags.h"
 #include "NXmlText.h"
@@ -81,7 +82,10 @@ void copyFromDom(const QDomElement& source, CDomData& data) {
 /// Null, with a reason, for what cannot be read.
 std::unique_ptr<CDomData> parsed(const QByteArray& bytes, CXmlParser::EExtent extent,
                                  QString& error) {
+  error.clear();
   try {
+    if (extent == CXmlParser::Whole)
+      if (auto data = CXmlPlainReader::read(bytes)) return data;
     auto data = std::make_unique<CDomData>();
     if (CXmlParser(*data, extent).parse(bytes, error)) return data;
   } catch (const std::bad_alloc&) {

@@ -101,7 +101,8 @@ bool CXmlParser::decodeAndRun(const QByteArray& bytes) {
 
 bool CXmlParser::run(const QByteArray& bytes, const char* encoding) {
   mInput = bytes;
-  mData.reserveFor({mInput.constData(), static_cast<size_t>(mInput.size())});
+  mData.reserveFor(static_cast<size_t>(mInput.size()));
+  mData.reserveText(static_cast<size_t>(mInput.size()));
   start(encoding);
   // One call with all bytes: a long token is then scanned once, however long it is.
   if (XML_Parse(mParser.get(), mInput.constData(), mInput.size(), 1) == XML_STATUS_OK) return true;

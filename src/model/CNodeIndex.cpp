@@ -12,20 +12,28 @@ constexpr size_t kFewest = 16;
 }  // namespace
 
 CParamTreeNodeImpl* CNodeIndex::find(const QString& name) const {
-  if (mSlots.empty()) return nullptr;
-  const size_t hash = SKeyedHash()(name);
+  return mSlots.empty() ? nullptr : mSlots[slotOf(name, SKeyedHash()(name))].node;
+}
+
+/// Where a name is, or would be.
+size_t CNodeIndex::slotOf(const QString& name, size_t hash) const {
   size_t slot = home(hash);
   while (mSlots[slot].node &&
          (mSlots[slot].hash != hash || mSlots[slot].node->dataRef().name() != name)) {
     slot = next(slot);
   }
-  return mSlots[slot].node;
+  return slot;
 }
 
-void CNodeIndex::insert(CParamTreeNodeImpl* node) {
+bool CNodeIndex::insert(CParamTreeNodeImpl* node) {
   reserve(count() + 1);
-  place({node, SKeyedHash()(node->dataRef().name())});
+  const QString name = node->dataRef().name();
+  const size_t hash = SKeyedHash()(name);
+  SSlot& slot = mSlots[slotOf(name, hash)];
+  if (slot.node) return false;
+  slot = {node, hash};
   ++mCount;
+  return true;
 }
 
 void CNodeIndex::remove(const CParamTreeNodeImpl* node) {

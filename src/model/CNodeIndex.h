@@ -12,7 +12,7 @@ class CNodeIndex {
   int count() const { return static_cast<int>(mCount); }
   void reserve(int count);
   CParamTreeNodeImpl* find(const QString& name) const;  ///< null for an unknown name
-  void insert(CParamTreeNodeImpl* node);                ///< whose name is unknown so far
+  bool insert(CParamTreeNodeImpl* node);                ///< false for a name that is known
   void remove(const CParamTreeNodeImpl* node);          ///< which is known
 
  private:
@@ -25,6 +25,7 @@ class CNodeIndex {
   // it.
   size_t home(size_t hash) const { return hash & (mSlots.size() - 1); }
   size_t next(size_t slot) const { return home(slot + 1); }
+  size_t slotOf(const QString& name, size_t hash) const;
   void place(const SSlot& entry);
   void resize(size_t size);
 

@@ -114,11 +114,13 @@ CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const Q
 
 CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, const QString& name,
                                                  quint32 id, const CParamVal& value) {
-  const CParamNodeData data(mSubDevId, name, id);
-  if (!data.isParam() || contains(name)) return nullptr;
-  CParamTreeNodeImpl* const param = append(parent, data);
+  Q_ASSERT(owns(parent) && parent->isGroup());
+  auto* const param = new CParamTreeNodeImpl(mSubDevId, name, id);
   param->setValue(value);
-  return param;
+  parent->addChild(param);
+  if (param->isParam() && mParams.insert(param)) return param;
+  parent->removeChild(param);
+  return nullptr;
 }
 
 bool CSubDeviceTree::deleteNode(CParamTreeNodeImpl* node) {

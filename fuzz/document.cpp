@@ -80,16 +80,16 @@ QByteArray inputOf(const QByteArray& choices) {
     const auto choice = static_cast<uchar>(choices.at(i));
     const QByteArray tag(1, static_cast<char>('a' + choice % 3));
     if (choice < 64) {
-      text += '<' + tag + '>';
+      text.append('<').append(tag).append('>');
       open += tag;
     } else if (choice < 128) {
-      text += "</" + open.takeLast() + '>';
+      text.append("</").append(open.takeLast()).append('>');
     } else {
       const bool isWrong = first >= 128 && i % 8 == first % 8;
       text += (isWrong ? wrong : right).at(choice % 16);
     }
   }
-  while (!open.isEmpty()) text += "</" + open.takeLast() + '>';
+  while (!open.isEmpty()) text.append("</").append(open.takeLast()).append('>');
   return text;
 }
 #else

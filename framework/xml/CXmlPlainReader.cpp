@@ -64,6 +64,21 @@ int lengthOfCharacter(const char* at) {
   return isTooLong || isTooLarge || !follows(3) ? 0 : 4;
 }
 
+/// False for a large document that is beyond the limits: it would be read twice to be refused.
+bool mayFit(std::string_view document) {
+  constexpr size_t kSmallest = 4 * NXmlLimits::kMaxMarkUp;  // of "<a/>"
+  if (document.size() < kSmallest) return true;
+  size_t markUp = 0;
+  size_t texts = 0;
+  for (size_t i = 1; i + 1 < document.size(); ++i) {
+    const bool isTag = document[i] == '<';
+    const bool isValue = document[i] == '=' && (document[i + 1] == '"' || document[i + 1] == '\'');
+    if (isValue || (isTag && document[i + 1] != '/')) ++markUp;
+    if (isTag && document[i - 1] != '>' && !isSpace(document[i - 1])) ++texts;
+  }
+  return markUp <= NXmlLimits::kMaxMarkUp && markUp + texts <= NXmlLimits::kMaxNodes;
+}
+
 }  // namespace
 
 std::unique_ptr<CDomData> CXmlPlainReader::read(const QByteArray& bytes) {
@@ -75,6 +90,7 @@ std::unique_ptr<CDomData> CXmlPlainReader::read(const QByteArray& bytes) {
   if (utf8.capacity() == 0) utf8 = QByteArray(bytes.constData(), bytes.size());  // ends in a zero
   auto data = std::make_unique<CDomData>();
   data->setDocument(utf8);
+  if (!mayFit(data->document())) return nullptr;
   return CXmlPlainReader(*data, order != NUtf16::None).readDocument() ? std::move(data) : nullptr;
 }
 

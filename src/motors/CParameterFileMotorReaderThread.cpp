@@ -67,8 +67,8 @@ void CParameterFileMotorReaderThread::run() {
 }
 
 void CParameterFileMotorReaderThread::readFiles() {
-  clearMotorNames();
   const QList<CParamFileElement> files = filesToRead();
+  clearMotorNames();  // its lock orders what was read before
   if (files.isEmpty()) return;
   const auto paramFile = NMotorFile::create(mLogfile);
   for (const CParamFileElement& file : files) guarded([&] { readFile(*paramFile, file); });

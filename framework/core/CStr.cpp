@@ -27,13 +27,21 @@ QStringView trimmed(QStringView text) {
   return text;
 }
 
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
+  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
 // A number text without blanks, in bytes. Whatever is not ASCII becomes "?", no number has that.
 struct SNumberText {
+  explicit SNumberText(std::string_view utf8) : rest(trimmed(utf8)) {}
   explicit SNumberText(const QString& text) {
     for (const QChar c : trimmed(text))
       bytes.append(c.unicode() < 0x80 ? static_cast<char>(c.unicode()) : '?');
     rest = {bytes.constData(), static_cast<std::size_t>(bytes.size())};
   }
+  Q_DISABLE_COPY(SNumberText)
 
   // Takes one leading sign off; true for "-".
   bool takeMinus() {
@@ -70,9 +78,8 @@ bool fits(unsigned long long magnitude, bool minus) {
 }
 
 template <typename T>
-bool strToInteger(const QString& text, T& value, int base) {
+bool strToInteger(SNumberText number, T& value, int base) {
   if (base < 0 || base == 1 || base > 36) return false;
-  SNumberText number(text);
   const bool minus = number.takeMinus();
   if (minus && !std::numeric_limits<T>::is_signed) return false;
   const bool hex = (base == 0 || base == kHexBase) && number.takeHexPrefix();
@@ -115,6 +122,14 @@ std::optional<double> magnitudeF64(std::string_view text) {
   return number;
 }
 
+bool strToReal(SNumberText number, double& value) {
+  const bool minus = number.takeMinus();
+  const auto magnitude = magnitudeF64(number.rest);
+  if (!magnitude) return false;
+  value = minus ? -*magnitude : *magnitude;
+  return true;
+}
+
 bool fitsFileName(QChar c) {
   return c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_') ||
          c == QLatin1Char('.');
@@ -123,45 +138,58 @@ bool fitsFileName(QChar c) {
 }  // namespace
 
 bool CStr::strToU8(const QString& text, unsigned char& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToU16(const QString& text, unsigned short& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToU32(const QString& text, unsigned int& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToU64(const QString& text, unsigned long long& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToI8(const QString& text, signed char& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToI16(const QString& text, short& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToI32(const QString& text, int& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToI64(const QString& text, long long& value, int base) {
-  return strToInteger(text, value, base);
+  return strToInteger(SNumberText(text), value, base);
 }
 
 bool CStr::strToF64(const QString& text, double& value) {
-  SNumberText number(text);
-  const bool minus = number.takeMinus();
-  const auto magnitude = magnitudeF64(number.rest);
-  if (!magnitude) return false;
-  value = minus ? -*magnitude : *magnitude;
-  return true;
+  return strToReal(SNumberText(text), value);
 }
+
+template <class T>
+bool CStr::toNumber(std::string_view utf8, T& value) {
+  if constexpr (std::is_floating_point_v<T>)
+    return strToReal(SNumberText(utf8), value);
+  else
+    return strToInteger(SNumberText(utf8), value, 0);
+}
+
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, unsigned char&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, unsigned short&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, unsigned int&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, unsigned long long&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, signed char&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, short&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, int&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, long long&);
+template KTOFRAMEWORK_EXPORT bool CStr::toNumber(std::string_view, double&);
 
 bool CStr::stringToRevision(const QString& text, unsigned int& revision) {
   const SNumberText number(text);

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <optional>
+#include <string_view>
 
 /// Numbers and revisions from text and back. Nothing here depends on the process locale.
 ///
@@ -32,6 +33,10 @@ class KTOFRAMEWORK_EXPORT CStr {
   /// which is not 0 and would become 0. Only up to 1.79769313486232e308, which the largest number
   /// is when it is written with 15 digits, it is read as the largest number.
   static bool strToF64(const QString& text, double& value);
+
+  /// The same from UTF-8 in base 0, for all types above.
+  template <class T>
+  static bool toNumber(std::string_view utf8, T& value);
 
   /// "major.minor" or "major", each a decimal number from 0 to 65535 without a sign. The result
   /// holds major in its upper and minor in its lower 16 bits; "08.15" is 8.15.

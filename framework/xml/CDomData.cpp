@@ -3,7 +3,10 @@
 #include "NXmlText.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstring>
 #include <functional>
+#include <limits>
 
 using NXmlText::toQString;
 
@@ -26,9 +29,16 @@ size_t slotOf(std::string_view name) {
 
 /// As ==, without a call, which takes longer than the few characters of a tag.
 bool isSame(std::string_view a, std::string_view b) {
-  size_t i = 0;
-  while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
-  return i == a.size() && i == b.size();
+  if (a.size() != b.size()) return false;
+  if (a.size() < 4 || a.size() > 8) return a == b;
+  // The first four and the last four are all.
+  const auto four = [](std::string_view text, size_t begin) {
+    quint32 word = 0;
+    std::memcpy(&word, text.data() + begin, sizeof(word));
+    return word;
+  };
+  const size_t last = a.size() - 4;
+  return four(a, 0) == four(b, 0) && four(a, last) == four(b, last);
 }
 
 bool isText(const SDomNode& node) {
@@ -38,7 +48,7 @@ bool isText(const SDomNode& node) {
 }  // namespace
 
 bool CDomData::hasName(quint32 nodeIndex, QLatin1String tag) const {
-  return name(mNodes[nodeIndex].element.name) == view(tag);
+  return isSame(name(mNodes[nodeIndex].element.name), view(tag));
 }
 
 quint32 CDomData::findAttribute(quint32 nodeIndex, QLatin1String attributeName) const {
@@ -71,7 +81,8 @@ quint32 CDomData::onlyText(quint32 nodeIndex) const {
 
 QString CDomData::sharedTextOf(quint32 nodeIndex) {
   const quint32 only = onlyText(nodeIndex);
-  if (only == kNone || mNodes[only].text.length > kSharedLength) return textOf(nodeIndex);
+  if (only == kNone || mNodes[only].text.length > kSharedLength)
+    return toQString(textOf(nodeIndex).view());
   const SDomText piece = mNodes[only].text;
   SRecentText& recent = mRecentTexts[std::hash<std::string_view>()(text(piece)) % kRecentTexts];
   if (recent.text.isNull() || text(recent.piece) != text(piece))
@@ -79,12 +90,12 @@ QString CDomData::sharedTextOf(quint32 nodeIndex) {
   return recent.text;
 }
 
-QString CDomData::textOf(quint32 nodeIndex) const {
+CElementText CDomData::textOf(quint32 nodeIndex) const {
   const quint32 first = mNodes[nodeIndex].firstChild;
-  if (first == kNone) return QLatin1String("");
-  if (onlyText(nodeIndex) != kNone) return toQString(text(mNodes[first].text));
+  if (first == kNone) return {};
+  if (onlyText(nodeIndex) != kNone) return CElementText(text(mNodes[first].text));
   // Depth first without recursion: the nodes still to visit are a stack of next siblings.
-  std::string all;
+  std::string together;
   std::vector<quint32> todo{first};
   while (!todo.empty()) {
     const quint32 index = todo.back();
@@ -92,11 +103,11 @@ QString CDomData::textOf(quint32 nodeIndex) const {
     todo.pop_back();
     if (current.next != kNone) todo.push_back(current.next);
     if (isText(current))
-      all += text(current.text);
+      together += text(current.text);
     else if (current.firstChild != kNone)
       todo.push_back(current.firstChild);
   }
-  return toQString(all);
+  return CElementText(std::move(together));
 }
 
 void CDomData::reserveFor(size_t size) {
@@ -182,20 +193,36 @@ quint32 CDomData::createElement(quint32 parent, QLatin1String tag) {
   return appendElement(parent, internName(view(tag)), 0);
 }
 
-void CDomData::setAttribute(quint32 element, QLatin1String attributeName, const QString& value) {
-  const quint32 nameIndex = internName(view(attributeName));
-  const SDomText added = addUtf16(value, element, SDomInvalidText::Attribute, nameIndex);
-  const quint32 known = findAttribute(element, attributeName);
+void CDomData::setAttribute(quint32 element, QLatin1String name, const QString& value) {
+  const quint32 nameIndex = internName(view(name));
+  putAttribute(element, name, addUtf16(value, element, SDomInvalidText::Attribute, nameIndex));
+}
+
+void CDomData::setAttribute(quint32 element, QLatin1String name, qint64 number) {
+  std::array<char, std::numeric_limits<qint64>::digits10 + 2> digits;  // the first, and a sign
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  const auto size = static_cast<size_t>(end - digits.data());
+  putAttribute(element, name, addUtf8({digits.data(), size}, element));
+}
+
+void CDomData::putAttribute(quint32 element, QLatin1String name, const SDomText& value) {
+  const quint32 known = findAttribute(element, name);
   if (known == kNone)
-    appendAttribute(element, nameIndex, added);
+    appendAttribute(element, internName(view(name)), value);
   else
-    mAttributes[known].value = added;
+    mAttributes[known].value = value;
 }
 
 void CDomData::setText(quint32 element, const QString& text) {
   mNodes[element].firstChild = kNone;
   mNodes[element].lastChild = kNone;
   if (!text.isEmpty()) appendText(element, SDomNode::Text, text);
+}
+
+void CDomData::setTextUtf8(quint32 element, std::string_view text) {
+  mNodes[element].firstChild = kNone;
+  mNodes[element].lastChild = kNone;
+  if (!text.empty()) appendText(element, SDomNode::Text, addUtf8(text, element));
 }
 
 void CDomData::appendAttribute(quint32 element, const QString& name, const QString& value) {
@@ -219,6 +246,16 @@ SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidTex
   if (bad >= 0)
     setInvalid({element, kind, attributeName, {}}, NXmlText::readable(text.mid(bad, 1)));
   return {begin, textEnd() - begin};
+}
+
+SDomText CDomData::addUtf8(std::string_view utf8, quint32 element) {
+  if (textSize() + utf8.size() > NXmlLimits::kMaxText) {
+    mIsTextFull = true;
+    return {textEnd(), 0};
+  }
+  if (const QString bad = NXmlText::firstInvalid(utf8); !bad.isNull())
+    setInvalid({element, SDomInvalidText::Text, kNone, {}}, NXmlText::readable(bad));
+  return addText(utf8);
 }
 
 void CDomData::setInvalid(SDomInvalidText place, const QString& what) {

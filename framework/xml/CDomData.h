@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CElementText.h"
 #include "NXmlLimits.h"
 
 #include <QByteArray>
@@ -36,10 +37,11 @@ struct SDomAttribute {
 
 /// A node. Text nodes use the text, elements the rest.
 struct SDomNode {
-  enum EKind : quint8 { Element, Text, CData, Other };
+  enum EKind : quint32 { Element, Text, CData, Other };
+  static constexpr quint32 kLastLine = 0x3FFFFFFF;  // more than a document has bytes
 
-  EKind kind;
-  quint32 line;  ///< on which an element begins, 0 when it was not read
+  EKind kind : 2;
+  quint32 line : 30;  ///< on which an element begins, 0 when it was not read
   union {
     struct {
       quint32 name;
@@ -51,7 +53,7 @@ struct SDomNode {
   quint32 lastChild = kNone;
   quint32 next = kNone;
 
-  SDomNode(EKind nodeKind, quint32 nodeLine) : kind(nodeKind), line(nodeLine), text() {}
+  SDomNode(EKind nodeKind, quint32 nodeLine) : kind(nodeKind), line(nodeLine & kLastLine), text() {}
 };
 
 /// A piece of the text arena, and the QString that was made of it.
@@ -83,6 +85,7 @@ class CDomData {
                ? document().substr(text.begin, text.length)
                : std::string_view(mText).substr(text.begin - document().size(), text.length);
   }
+  quint32 nameCount() const { return static_cast<quint32>(mNames.size()); }
   quint32 nodeCount() const { return static_cast<quint32>(mNodes.size()); }
   /// Beyond the limits of a document.
   bool isFull() const {
@@ -110,7 +113,7 @@ class CDomData {
   /// As elementFrom, for elements of that tag.
   quint32 elementFrom(quint32 nodeIndex, QLatin1String tag) const;
   /// Text of all descendants that are text.
-  QString textOf(quint32 nodeIndex) const;
+  CElementText textOf(quint32 nodeIndex) const;
   /// The same; short texts that come again and again, such as "0x0", share their memory.
   QString sharedTextOf(quint32 nodeIndex);
 
@@ -133,7 +136,9 @@ class CDomData {
   /// The same for a tag that is known to be one.
   quint32 createElement(quint32 parent, QLatin1String tag);
   void setAttribute(quint32 element, QLatin1String name, const QString& value);
+  void setAttribute(quint32 element, QLatin1String name, qint64 number);
   void setText(quint32 element, const QString& text);
+  void setTextUtf8(quint32 element, std::string_view text);
   /// The element must not have the attribute yet.
   void appendAttribute(quint32 element, const QString& name, const QString& value);
   void appendText(quint32 element, SDomNode::EKind kind, const QString& text);
@@ -144,6 +149,8 @@ class CDomData {
   quint32 findName(std::string_view name) const;  ///< kNone for a name not met
   SDomText addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
                     quint32 attributeName);
+  SDomText addUtf8(std::string_view utf8, quint32 element);
+  void putAttribute(quint32 element, QLatin1String name, const SDomText& value);
   void setInvalid(SDomInvalidText place, const QString& what);
 
   std::vector<SDomNode> mNodes;

@@ -42,7 +42,8 @@ QString namedPlace(const CDomData& data, quint32 element) {
     const quint32 name = data.elementFrom(data.node(*i).firstChild, NLumoXmlTags::TAG_NAME);
     if (name != kNone) {
       return QLatin1Char('<') + toQString(data.name(data.node(*i).element.name)) +
-             QLatin1String("> \"") + NXmlText::readable(data.textOf(name)) + QLatin1Char('"');
+             QLatin1String("> \"") +
+             NXmlText::readable(NXmlText::toQString(data.textOf(name).view())) + QLatin1Char('"');
     }
   }
   return QString();

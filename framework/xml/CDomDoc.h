@@ -77,6 +77,8 @@ class KTOFRAMEWORK_EXPORT CDomDoc {
   static CDomElement existingSubElement(QLatin1String tag, const CDomElement& parent);
   static EResult existingSubElementAsString(QLatin1String tag, const CDomElement& parent,
                                             QString& value, QString& error);
+  static EResult existingSubElementAsUtf8(QLatin1String tag, const CDomElement& parent,
+                                          CElementText& value, QString& error);
   /// The text of the first child of that name, or the default when there is none.
   static QString existingSubElementAsString(QLatin1String tag, const CDomElement& parent,
                                             const QString& defaultValue);

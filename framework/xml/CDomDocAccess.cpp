@@ -51,6 +51,11 @@ EResult invalidAttribute(QLatin1String name, const CDomElement& element, const Q
   return CDomDoc::Invalid;
 }
 
+EResult missingSubElement(QLatin1String tag, const CDomElement& parent, QString& error) {
+  error = withLine(parent, CDomDoc::tr("<%1> in <%2> is missing.").arg(tag, parent.tagName()));
+  return CDomDoc::Missing;
+}
+
 /// Reads plain decimal digits, as almost every number is written, without making a QString of them.
 template <class T>
 bool readDigits(std::string_view text, T& value) {
@@ -129,11 +134,16 @@ CDomElement CDomDoc::existingSubElement(QLatin1String tag, const CDomElement& pa
 EResult CDomDoc::existingSubElementAsString(QLatin1String tag, const CDomElement& parent,
                                             QString& value, QString& error) {
   const CDomElement element = existingSubElement(tag, parent);
-  if (element.isNull()) {
-    error = withLine(parent, tr("<%1> in <%2> is missing.").arg(tag, parent.tagName()));
-    return Missing;
-  }
+  if (element.isNull()) return missingSubElement(tag, parent, error);
   value = element.text();
+  return Ok;
+}
+
+EResult CDomDoc::existingSubElementAsUtf8(QLatin1String tag, const CDomElement& parent,
+                                          CElementText& value, QString& error) {
+  const CDomElement element = existingSubElement(tag, parent);
+  if (element.isNull()) return missingSubElement(tag, parent, error);
+  value = element.textUtf8();
   return Ok;
 }
 

@@ -65,6 +65,10 @@ QString CDomElement::text() const {
   return isNull() ? QString() : mData->sharedTextOf(mNode);
 }
 
+CElementText CDomElement::textUtf8() const {
+  return isNull() ? CElementText() : mData->textOf(mNode);
+}
+
 bool CDomElement::hasOnlyText() const {
   quint32 index = isNull() ? kNone : mData->node(mNode).firstChild;
   while (index != kNone && (mData->node(index).kind == SDomNode::Text ||
@@ -131,8 +135,16 @@ void CDomElement::setAttribute(QLatin1String name, const QString& value) {
   if (!isNull()) mData->setAttribute(mNode, name, value);
 }
 
+void CDomElement::setAttribute(QLatin1String name, qint64 number) {
+  if (!isNull()) mData->setAttribute(mNode, name, number);
+}
+
 void CDomElement::setText(const QString& text) {
   if (!isNull()) mData->setText(mNode, text);
+}
+
+void CDomElement::setTextUtf8(std::string_view text) {
+  if (!isNull()) mData->setTextUtf8(mNode, text);
 }
 
 void CDomElement::toDom(QDomElement& parent) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CElementText.h"
 #include "ktoFramework_export.h"
 
 #include <QLatin1String>
@@ -31,6 +32,7 @@ class KTOFRAMEWORK_EXPORT CDomElement {
 
   /// Text of all descendants; empty, never null, for an element without text.
   QString text() const;
+  CElementText textUtf8() const;  ///< the same in UTF-8, without a copy
   /// True when every child is a text node, an element without children included.
   bool hasOnlyText() const;
   /// Text of the last child that is a text node; empty when there is none.
@@ -50,8 +52,10 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   void appendComment();
   /// Sets an attribute; a new one comes after those that are there.
   void setAttribute(QLatin1String name, const QString& value);
+  void setAttribute(QLatin1String name, qint64 number);
   /// Replaces all children by one text.
   void setText(const QString& text);
+  void setTextUtf8(std::string_view text);
 
   /// Appends a copy of this element and all beneath it to an element of a Qt document.
   void toDom(QDomElement& parent) const;

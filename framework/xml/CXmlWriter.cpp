@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -33,25 +34,32 @@ constexpr CReferences kInAttribute = attributeReferences();
 
 }  // namespace
 
+CXmlWriter::CXmlWriter(const CDomData& data) : mData(data) {
+  mTags.reserve(mData.nameCount());
+  for (quint32 i = 0; i < mData.nameCount(); ++i) {
+    const std::string name(mData.name(i));
+    mTags.push_back({'<' + name, "</" + name + ">\n"});
+  }
+}
+
 QByteArray CXmlWriter::write(bool utf16) {
-  constexpr auto kMaxBytes = static_cast<size_t>(NXmlLimits::kMaxBytes);
+  constexpr auto kMaxBytes = static_cast<int>(NXmlLimits::kMaxBytes);
   mError = NoError;
   // A character of two bytes in UTF-16 takes up to three in UTF-8.
   mLongestText = utf16 ? kMaxBytes / 2 * 3 : kMaxBytes;
   // Tags and indentation take about as much again as the texts; the text grows when it is more.
-  mText.clear();
-  mText.reserve(std::min(mData.textSize() + 24 * size_t(mData.nodeCount()), mLongestText));
+  const size_t expected = mData.textSize() + 24 * size_t(mData.nodeCount());
+  mText.resize(static_cast<int>(std::min(expected, static_cast<size_t>(mLongestText))));
+  mEnd = mText.data();
   put("<?xml version=\"1.0\" encoding=\"");
   put(utf16 ? "UTF-16" : "UTF-8");
   put("\"?>\n");
   writeTree();
-  QByteArray bytes;
+  mText.truncate(static_cast<int>(mEnd - mText.constData()));
   if (mError == NoError && utf16)
-    bytes = NUtf16::fromUtf8(mText);
-  else if (mError == NoError)
-    bytes = QByteArray(mText.data(), static_cast<int>(mText.size()));
-  if (bytes.size() > NXmlLimits::kMaxBytes) mError = TooLarge;
-  return mError == NoError ? bytes : QByteArray();
+    mText = NUtf16::fromUtf8({mText.constData(), static_cast<size_t>(mText.size())});
+  if (mText.size() > kMaxBytes) mError = TooLarge;
+  return mError == NoError ? std::exchange(mText, QByteArray()) : QByteArray();
 }
 
 void CXmlWriter::writeTree() {
@@ -83,9 +91,8 @@ void CXmlWriter::putLeaf(const SDomNode& node) {
 }
 
 void CXmlWriter::openElement(const SDomNode& element, int depth) {
-  mText.append(static_cast<size_t>(depth), ' ');
-  put("<");
-  put(mData.name(element.element.name));
+  indent(depth);
+  put(mTags[element.element.name].begin);
   for (quint32 i = element.element.firstAttribute; i != kNone; i = mData.attribute(i).next) {
     put(" ");
     put(mData.name(mData.attribute(i).name));
@@ -101,32 +108,47 @@ void CXmlWriter::openElement(const SDomNode& element, int depth) {
 
 void CXmlWriter::closeElement(const SDomNode& element, int depth) {
   if (element.firstChild == kNone) return;
-  if (!holdsText(element)) mText.append(static_cast<size_t>(depth), ' ');
-  put("</");
-  put(mData.name(element.element.name));
-  put(">\n");
+  if (!holdsText(element)) indent(depth);
+  put(mTags[element.element.name].end);
 }
 
 void CXmlWriter::putEscaped(std::string_view text, bool inAttribute) {
   const CReferences& references = inAttribute ? kInAttribute : kInText;
-  size_t plain = 0;
-  for (size_t i = 0; i < text.size() && mError == NoError; ++i) {
-    const std::string_view reference = references[static_cast<uchar>(text[i])];
-    if (!reference.empty()) {
-      put(text.substr(plain, i - plain));
-      put(reference);
-      plain = i + 1;
-    }
+  const auto isPlain = [&references](char c) { return references[static_cast<uchar>(c)].empty(); };
+  const auto* plain = text.begin();
+  while (plain != text.end()) {
+    const auto* const special = std::find_if_not(plain, text.end(), isPlain);
+    put(text.substr(static_cast<size_t>(plain - text.begin()),
+                    static_cast<size_t>(special - plain)));
+    if (special == text.end()) return;
+    put(references[static_cast<uchar>(*special)]);
+    plain = special + 1;
   }
-  put(text.substr(plain));
+}
+
+void CXmlWriter::indent(int depth) {
+  constexpr std::string_view kBlanks = "                                ";
+  auto left = static_cast<size_t>(depth);
+  for (; left > kBlanks.size(); left -= kBlanks.size()) put(kBlanks);
+  put(kBlanks.substr(0, left));
+}
+
+void CXmlWriter::put(std::string_view text) {
+  const char* const limit = mText.constData() + mText.size();
+  if (static_cast<size_t>(limit - mEnd) < text.size() && !growFor(text.size())) return;
+  mEnd = std::copy(text.begin(), text.end(), mEnd);
 }
 
 /// What is much too large is found before it takes memory.
-void CXmlWriter::put(std::string_view text) {
-  if (mText.size() + text.size() > mLongestText)
+bool CXmlWriter::growFor(size_t size) {
+  const auto used = static_cast<size_t>(mEnd - mText.constData());
+  if (used + size > static_cast<size_t>(mLongestText)) {
     mError = TooLarge;
-  else
-    mText += text;
+    return false;
+  }
+  mText.resize(static_cast<int>(std::min(2 * (used + size), static_cast<size_t>(mLongestText))));
+  mEnd = mText.data() + used;
+  return true;
 }
 
 /// Elements hold texts or elements; white space may be added only where there is no text.

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <memory>
 
 namespace NXmlText {
@@ -117,6 +118,21 @@ QString toQString(std::string_view utf8) {
     begin = surrogate + kSurrogateSize;
   }
   return text + plainToQString(utf8.substr(begin));
+}
+
+QString firstInvalid(std::string_view utf8) {
+  // Those beyond ASCII begin with the bytes of lone surrogates and of U+FFFE and U+FFFF.
+  const auto mayBegin = [](char c) {
+    const auto byte = static_cast<uchar>(c);
+    return byte == 0xED || byte == 0xEF || (byte < 0x20 && !isSpace(byte));
+  };
+  for (auto at = std::find_if(utf8.begin(), utf8.end(), mayBegin); at != utf8.end();
+       at = std::find_if(at + 1, utf8.end(), mayBegin)) {
+    const size_t size = static_cast<uchar>(*at) < 0x80 ? 1 : kSurrogateSize;
+    const QString unit = toQString(utf8.substr(static_cast<size_t>(at - utf8.begin()), size));
+    if (unit.at(0).isSurrogate() || !isCharacter(unit.at(0).unicode())) return unit;
+  }
+  return QString();
 }
 
 QString readable(QStringView text) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ktoFramework_export.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -24,10 +26,13 @@ bool isName(const QString& name);
 
 /// Appends the text as UTF-8. Returns the index of the first unit that XML cannot hold (a control
 /// character, a lone surrogate, U+FFFE, U+FFFF), or -1; such units are appended like all others.
-int appendUtf8(QStringView text, std::string& utf8);
+KTOFRAMEWORK_EXPORT int appendUtf8(QStringView text, std::string& utf8);
+
+/// The first of such units in what appendUtf8() made; null when there is none.
+QString firstInvalid(std::string_view utf8);
 
 /// What appendUtf8() made, or other UTF-8, as a QString, which is never null.
-QString toQString(std::string_view utf8);
+KTOFRAMEWORK_EXPORT QString toQString(std::string_view utf8);
 
 /// A text for messages, with everything but printable characters written as \uXXXX.
 QString readable(QStringView text);

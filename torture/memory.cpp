@@ -122,7 +122,11 @@ int failFile(NFormats::EFormat format, const char* name, CTally& tally) {
     tally.check(object->load(data(NFormats::kHeld[format])), name);
     const QString state = object->state();
     sIsArmed = true;
-    const bool done = object->load(example(name));
+    bool done = false;
+    try {
+      done = object->load(example(name));
+    } catch (const std::bad_alloc&) {  // of the model, which is the application's affair
+    }
     sIsArmed = false;
     tally.check(done != hasStruck(), name + QString(": a load that failed, or did not"));
     tally.check(done || !object->keepsContent() || object->state() == state,

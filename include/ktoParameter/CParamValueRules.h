@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <functional>
+#include <string_view>
 
 class CParamValueRulesData;
 class ICParameterFile;
@@ -74,6 +75,9 @@ class KTOPARAMETER_EXPORT CParamValueRules {
   ///   state of the check box, where the definition has these,
   /// - set named bits only, where the definition names bits; that is a warning.
   QVector<SViolation> violations(const CParamVal& value, const CValueByName& valueByName) const;
+  /// The same of a value in UTF-8, which spares a copy of each where many are judged.
+  QVector<SViolation> violationsOfUtf8(std::string_view value,
+                                       const CValueByName& valueByName) const;
   /// With the file's values of this sub-device.
   QVector<SViolation> violations(const CParamVal& value, const ICParameterFile& file,
                                  quint8 subDevId) const;

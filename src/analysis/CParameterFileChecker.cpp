@@ -31,13 +31,13 @@ class CValueChecker {
     };
     mRuled.beginSubDevice();
     SStoredParam::visit(mFile, subDevId, mKeys, [&](const SStoredParam& entry) {
-      const CRuleCache::SRuled* ruled = mRuled.find(entry.name);
+      const CRuleCache::SRuled* ruled = mRuled.find(entry.name.view());
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
         return;
       }
       compareIds(subDevId, entry, ruled->id);
-      for (const auto& violation : ruled->rules.violations(entry.value, valueOf)) {
+      for (const auto& violation : ruled->rules.violationsOfUtf8(entry.value.view(), valueOf)) {
         add(static_cast<SParamFinding::ECode>(SParamFinding::ValueNotOfType + violation.kind),
             subDevId, entry, violation.text);
       }
@@ -70,7 +70,7 @@ class CValueChecker {
     for (const QString& name : mIndex.names()) {
       if (present.count(name) == 0) {
         SStoredParam entry;
-        entry.name = name;
+        entry.name = CNodeText(name);
         add(SParamFinding::ParameterMissing, SParamFinding::kNoSubDevice, entry,
             tr("The parameter is defined, but no sub-device has it."));
       }
@@ -80,7 +80,8 @@ class CValueChecker {
   void add(SParamFinding::ECode code, int subDevId, const SStoredParam& entry,
            const QString& text) {
     mFindings.append({SParamFinding::severityOf(code), code, mFile.hardwareId(), subDevId,
-                      mKeys.pathOfGroup(entry.group), entry.name, entry.value.asStr(), text});
+                      mKeys.pathOfGroup(entry.group), entry.name.toQString(),
+                      entry.value.toQString(), text});
   }
 
   ICParameterFile& mFile;

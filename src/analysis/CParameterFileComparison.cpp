@@ -5,21 +5,21 @@
 #include "NNameMatch.h"
 #include "SStoredParam.h"
 
-#include <QMap>
-
+#include <map>
 #include <set>
+#include <vector>
 
 namespace {
 
-using CEntries = QVector<SStoredParam>;
-using CSubDeviceEntries = QMap<quint8, CEntries>;
+using CEntries = std::vector<SStoredParam>;
+using CSubDeviceEntries = std::map<quint8, CEntries>;
 
-/// A copy of what one hardware id holds, so that both files may be the same object.
+/// What one hardware id holds. Both files may be the same object.
 CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId, CNodeNumbers& keys) {
   CSubDeviceEntries entries;
   if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId))
     for (const quint8 subDevId : file.subDeviceIds())
-      entries.insert(subDevId, SStoredParam::read(file, subDevId, keys));
+      entries[subDevId] = SStoredParam::read(file, subDevId, keys);
   return entries;
 }
 
@@ -52,12 +52,14 @@ class CComparison {
     for (int id = 0; id <= 0xFF; ++id) {
       const auto subDevId = static_cast<quint8>(id);
       mSubDevId = id;
-      if (oldOnes.contains(subDevId) && newOnes.contains(subDevId)) {
+      const auto oldOne = oldOnes.find(subDevId);
+      const auto newOne = newOnes.find(subDevId);
+      if (oldOne != oldOnes.end() && newOne != newOnes.end()) {
         compareTypeAndName(subDevId);
-        compareEntries(oldOnes.value(subDevId), newOnes.value(subDevId));
-      } else if (oldOnes.contains(subDevId)) {
+        compareEntries(oldOne->second, newOne->second);
+      } else if (oldOne != oldOnes.end()) {
         add(SParamDifference::SubDeviceRemoved);
-      } else if (newOnes.contains(subDevId)) {
+      } else if (newOne != newOnes.end()) {
         add(SParamDifference::SubDeviceAdded);
       }
     }
@@ -65,10 +67,11 @@ class CComparison {
 
   void compareSubDevices(const QString& oldId, quint8 oldSubDevId, const QString& newId,
                          quint8 newSubDevId) {
-    const CEntries oldOnes = read(mOldFile, oldId, mKeys).value(oldSubDevId);
+    CSubDeviceEntries oldOnes = read(mOldFile, oldId, mKeys);
+    CSubDeviceEntries newOnes = read(mNewFile, newId, mKeys);
     mHardwareId = newId;
     mSubDevId = newSubDevId;
-    compareEntries(oldOnes, read(mNewFile, newId, mKeys).value(newSubDevId));
+    compareEntries(oldOnes[oldSubDevId], newOnes[newSubDevId]);
   }
 
   CParamDifferences differences() const { return mShared + mDifferences; }
@@ -104,25 +107,25 @@ class CComparison {
   }
 
   void compareEntries(const CEntries& oldOnes, const CEntries& newOnes) {
-    const auto nameOf = [](const SStoredParam& entry) { return entry.name; };
-    const QVector<int> oldPositions = NNameMatch::positionsOf(newOnes, oldOnes, nameOf);
-    QVector<bool> isKept(oldOnes.size());
+    const auto nameOf = [](const SStoredParam& entry) { return entry.name.view(); };
+    const std::vector<int> oldPositions = NNameMatch::positionsOf(newOnes, oldOnes, nameOf);
+    std::vector<bool> isKept(oldOnes.size());
     for (const int position : oldPositions)
-      if (position >= 0) isKept[position] = true;
+      if (position >= 0) isKept[static_cast<size_t>(position)] = true;
     addRemovedFrom(0, oldOnes, isKept);
-    for (int i = 0; i < newOnes.size(); ++i) {
-      const int position = oldPositions.at(i);
+    for (size_t i = 0; i < newOnes.size(); ++i) {
+      const int position = oldPositions[i];
       if (position < 0) {
         addParameter(SParamDifference::ParameterAdded, nullptr, &newOnes.at(i));
         continue;
       }
-      compareParameters(oldOnes.at(position), newOnes.at(i));
-      addRemovedFrom(position + 1, oldOnes, isKept);
+      compareParameters(oldOnes.at(static_cast<size_t>(position)), newOnes.at(i));
+      addRemovedFrom(static_cast<size_t>(position) + 1, oldOnes, isKept);
     }
   }
 
   /// What was removed directly after a place in the old file.
-  void addRemovedFrom(int position, const CEntries& oldOnes, const QVector<bool>& isKept) {
+  void addRemovedFrom(size_t position, const CEntries& oldOnes, const std::vector<bool>& isKept) {
     for (; position < oldOnes.size() && !isKept.at(position); ++position)
       addParameter(SParamDifference::ParameterRemoved, &oldOnes.at(position), nullptr);
   }
@@ -140,24 +143,24 @@ class CComparison {
   }
 
   bool haveEqualValues(const SStoredParam& oldOne, const SStoredParam& newOne) const {
-    if (oldOne.value == newOne.value) return true;
+    if (oldOne.value.view() == newOne.value.view()) return true;
     return mDefinitions != nullptr &&
-           CParamValueRules::areEqual(oldOne.value, newOne.value,
-                                      mDefinitions->paramDef(newOne.name));
+           CParamValueRules::areEqual(oldOne.value.toQString(), newOne.value.toQString(),
+                                      mDefinitions->paramDef(newOne.name.toQString()));
   }
 
   SParamDifference& addParameter(SParamDifference::EKind kind, const SStoredParam* oldOne,
                                  const SStoredParam* newOne) {
     SParamDifference& difference = add(kind);
     if (oldOne != nullptr) {
-      difference.name = oldOne->name;
+      difference.name = oldOne->name.toQString();
       difference.oldGroupPath = mKeys.pathOfGroup(oldOne->group);
-      difference.oldValue = oldOne->value.asStr();
+      difference.oldValue = oldOne->value.toQString();
     }
     if (newOne != nullptr) {
-      difference.name = newOne->name;
+      difference.name = newOne->name.toQString();
       difference.newGroupPath = mKeys.pathOfGroup(newOne->group);
-      difference.newValue = newOne->value.asStr();
+      difference.newValue = newOne->value.toQString();
     }
     return difference;
   }

@@ -4,6 +4,7 @@
 #include "CParamValueRules.h"
 
 #include <deque>
+#include <string>
 
 class CDefinitionLookup;
 
@@ -13,7 +14,7 @@ class CDefinitionLookup;
 class CRuleCache {
  public:
   struct SRuled {
-    QString name;
+    std::string name;  // in UTF-8
     quint32 id;
     CParamValueRules rules;
   };
@@ -22,15 +23,15 @@ class CRuleCache {
 
   /// Begins with the next sub-device, which has each name once.
   void beginSubDevice();
-  const SRuled* find(const QString& name);  ///< null for an unknown name
+  const SRuled* find(std::string_view name);  ///< null for an unknown name
 
  private:
-  size_t position(const QString& name);
-  size_t add(const QString& name);
+  size_t position(std::string_view name);
+  size_t add(std::string_view name);
 
   CDefinitionLookup& mDefinitions;
   std::deque<SRuled> mRuled;  // in the order in which they were asked for
-  CKeyedMap<QString, size_t>
+  CKeyedMap<std::string_view, size_t>
       mPositions;  // of the first mIndexed, the others follow when one is looked up
   size_t mIndexed = 0;
   size_t mEarlier = 0;  // those of earlier sub-devices

@@ -1,20 +1,38 @@
 #include "SStoredParam.h"
 
+#include "CParamTreeNodeImpl.h"
 #include "ICParameterFile.h"
 
 namespace {
 
-using CVisitor = std::function<void(const SStoredParam&)>;
+using CVisitor = std::function<void(SStoredParam&&)>;
 
-void visitGroup(const ICParamTreeNode& group, int key, CNodeNumbers& keys,
-                const CVisitor& visitor) {
+const CParamTreeNodeImpl* child(const CParamTreeNodeImpl& group, int index) {
+  return group.childNode(index);
+}
+
+const ICParamTreeNode* child(const ICParamTreeNode& group, int index) {
+  return group.childPtr(index);
+}
+
+SStoredParam stored(const CParamTreeNodeImpl& param, int group) {
+  return {CNodeText::pieceOf(param.nameUtf8()), param.id(), group,
+          CNodeText::pieceOf(param.valueUtf8())};
+}
+
+SStoredParam stored(const ICParamTreeNode& param, int group) {
+  return {CNodeText(param.name()), param.id(), group, CNodeText(param.value().asStr())};
+}
+
+template <class CNode>
+void visitGroup(const CNode& group, int key, CNodeNumbers& keys, const CVisitor& visitor) {
   constexpr int kAnyPlace = 0;
   for (int i = 0; i < group.childCnt(); ++i) {
-    const ICParamTreeNode& child = *group.childPtr(i);
-    if (child.isParam())
-      visitor({child.name(), child.id(), key, child.value()});
+    const CNode& node = *child(group, i);
+    if (node.isParam())
+      visitor(stored(node, key));
     else
-      visitGroup(child, keys.group(key, child.name(), kAnyPlace), keys, visitor);
+      visitGroup(node, keys.group(key, node.name(), kAnyPlace), keys, visitor);
   }
 }
 
@@ -22,13 +40,19 @@ void visitGroup(const ICParamTreeNode& group, int key, CNodeNumbers& keys,
 
 void SStoredParam::visit(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys,
                          const CVisitor& visitor) {
-  const ICParamTreeNode* root = file.existingSubGroup(QString(), subDevId);
-  if (root != nullptr) visitGroup(*root, CNodeNumbers::kRoot, keys, visitor);
+  const ICParamTreeNode* const root = file.existingSubGroup(QString(), subDevId);
+  if (root == nullptr) return;
+  // An application may have a tree of its own, whose texts have to be copied.
+  if (const auto* const known = dynamic_cast<const CParamTreeNodeImpl*>(root); known != nullptr)
+    visitGroup(*known, CNodeNumbers::kRoot, keys, visitor);
+  else
+    visitGroup(*root, CNodeNumbers::kRoot, keys, visitor);
 }
 
-QVector<SStoredParam> SStoredParam::read(ICParameterFile& file, quint8 subDevId,
-                                         CNodeNumbers& keys) {
-  QVector<SStoredParam> entries;
-  visit(file, subDevId, keys, [&entries](const SStoredParam& entry) { entries.append(entry); });
+std::vector<SStoredParam> SStoredParam::read(ICParameterFile& file, quint8 subDevId,
+                                             CNodeNumbers& keys) {
+  std::vector<SStoredParam> entries;
+  visit(file, subDevId, keys,
+        [&entries](SStoredParam&& entry) { entries.push_back(std::move(entry)); });
   return entries;
 }

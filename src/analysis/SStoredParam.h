@@ -1,25 +1,26 @@
 #pragma once
 
 #include "CNodeNumbers.h"
-#include "CParamVal.h"
+#include "CNodeText.h"
 
-#include <QVector>
+#include <vector>
 
 #include <functional>
 
 class ICParameterFile;
 
-/// A parameter as a value file holds it.
+/// A parameter as a value file holds it. Its texts are those of the file until that is changed; a
+/// copy has its own.
 struct SStoredParam {
-  QString name;
+  CNodeText name;
   quint32 id = 0;
   int group = CNodeNumbers::kRoot;  ///< one number for all groups of one path
-  CParamVal value;
+  CNodeText value;
 
   /// Visits all of a sub-device of the active hardware id, in tree order. The keys number the
   /// groups.
   static void visit(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys,
-                    const std::function<void(const SStoredParam&)>& visitor);
+                    const std::function<void(SStoredParam&&)>& visitor);
   /// The same, as copies.
-  static QVector<SStoredParam> read(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys);
+  static std::vector<SStoredParam> read(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys);
 };

@@ -67,7 +67,6 @@ class CParamDefFile : public CParamBaseFile {
   bool readCheck(const CDomElement& param, CParamDefItem& definition);
   bool readBits(const CDomElement& param, CParamDefItem& definition);
   bool readVisibleValues(const CDomElement& param, CParamDefItem& definition);
-  bool checkUnique(const CParamDefItem& definition);
   bool prefixSection(quint32 id, QLatin1String section);
 
   bool canBeReadAgain(const QVector<const CParamDefItem*>& sorted);

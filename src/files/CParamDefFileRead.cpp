@@ -67,8 +67,9 @@ bool CParamDefFile::readParamDefinitionFromDom(const CDomElement& param) {
     return false;
   }
   if (!limitsFit(definition)) return fail(limitsMessage(definition));
-  return readVisibleValues(param, definition) && checkUnique(definition) &&
-         enterDefinition(definition);
+  if (!readVisibleValues(param, definition)) return false;
+  if (mNameById.count(id) == 0 && enterDefinition(definition)) return true;
+  return fail(tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(id)));
 }
 
 bool CParamDefFile::readParamDefinitionFromDom(const QDomElement& param) {
@@ -219,18 +220,9 @@ bool CParamDefFile::readVisibleValues(const CDomElement& param, CParamDefItem& d
   return true;
 }
 
-bool CParamDefFile::checkUnique(const CParamDefItem& definition) {
-  if (mNameById.count(definition.id()) > 0 || mDefinitions.count(definition.name()) > 0) {
-    return fail(
-        tr("Threre is alredy a Parameter with name \"%1\".").arg(QString::number(definition.id())));
-  }
-  return true;
-}
-
 bool CParamDefFile::enterDefinition(const CParamDefItem& definition) {
-  if (mDefinitions.count(definition.name()) > 0)
+  if (!mDefinitions.emplace(definition.name(), definition).second)
     return fail(tr("Threre is alredy a Parameter with name = \"%1\".").arg(definition.name()));
-  mDefinitions.emplace(definition.name(), definition);
   if (NParamDef::isRealId(definition.id())) mNameById.emplace(definition.id(), definition.name());
   return true;
 }

@@ -82,7 +82,7 @@ bool CParamDefFile::canBeReadAgain(const QVector<const CParamDefItem*>& sorted) 
 
 void CParamDefFile::appendParamDefinitionToDom(CDomElement data, const CParamDefItem& definition) {
   CDomElement param = data.appendElement(TAG_PARAM);
-  param.setAttribute(ATTR_ID, QString::number(definition.id()));
+  param.setAttribute(ATTR_ID, definition.id());
   const auto append = [&param](QLatin1String tag, const QString& text) {
     param.appendElement(tag).setText(text);
   };
@@ -128,7 +128,7 @@ void CParamDefFile::appendChoicesToDom(CDomElement param, const CParamDefItem& d
     appendBitsetToDom(param.appendElement(TAG_BIT_SET), definition.bitset());
   if (definition.hasVisibleValues()) {
     CDomElement section = param.appendElement(TAG_VISIBLE_VALUES);
-    section.setAttribute(ATTR_REF_ID, QString::number(definition.visibleId()));
+    section.setAttribute(ATTR_REF_ID, definition.visibleId());
     section.setText(valueListToStr(definition.visibleVals()));
   }
 }
@@ -137,7 +137,7 @@ void CParamDefFile::appendNamedI64ValuesToDom(CDomElement section,
                                               const QList<NParamDef::SNamedI64Value>& values) {
   for (const NParamDef::SNamedI64Value& value : values) {
     CDomElement item = section.appendElement(TAG_ITEM);
-    item.setAttribute(ATTR_VALUE, QString::number(value.value));
+    item.setAttribute(ATTR_VALUE, value.value);
     item.setText(value.name);
   }
 }
@@ -146,7 +146,7 @@ void CParamDefFile::appendBitsetToDom(CDomElement section,
                                       const QList<NParamDef::SBitValue>& bits) {
   for (const NParamDef::SBitValue& bit : bits) {
     CDomElement element = section.appendElement(TAG_BIT);
-    element.setAttribute(ATTR_POS, QString::number(bit.pos));
+    element.setAttribute(ATTR_POS, bit.pos);
     element.setAttribute(ATTR_INVERT, bit.invert ? VAL_TRUE : VAL_FALSE);
     element.setText(bit.name);
   }

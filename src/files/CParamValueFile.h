@@ -117,7 +117,7 @@ class CParamValueFile : public CParamBaseFile {
   EResult readParameterFromDom(const CDomElement& element, CSubDeviceTree& tree,
                                CParamTreeNodeImpl* parent);
   EResult readParameterId(const CDomElement& element, quint32& id);
-  bool readName(const CDomElement& element, QString& name);
+  bool readName(const CDomElement& element, CElementText& name);
   EResult failed(EResult result, const CDomElement& element);
   EResult failed(EResult result, const CDomElement& element, const QString& message);
 

@@ -4,6 +4,7 @@
 #include "CParameterFileErrorHandler.h"
 #include "ICParameterFile.h"
 #include "NLumoXmlTags.h"
+#include "NXmlText.h"
 
 #include <set>
 
@@ -247,31 +248,32 @@ EResult CParamValueFile::readGroupsAndParamsFromDom(const CDomElement& element,
 EResult CParamValueFile::readGroupFromDom(const CDomElement& element, CSubDeviceTree& tree,
                                           CParamTreeNodeImpl* parent) {
   if (!parent->isGroup()) return failed(ParentIsNoGroup, element);
-  QString name;
+  CElementText name;
   if (!readName(element, name)) return failed(NoGroupName, element);
-  return readGroupsAndParamsFromDom(element, tree, tree.addGroup(parent, name));
+  return readGroupsAndParamsFromDom(element, tree,
+                                    tree.addGroup(parent, NXmlText::toQString(name.view())));
 }
 
 EResult CParamValueFile::readParameterFromDom(const CDomElement& element, CSubDeviceTree& tree,
                                               CParamTreeNodeImpl* parent) {
   quint32 id = 0;
-  QString name;
-  QString value;
+  CElementText name;
+  CElementText value;
   EResult result = readParameterId(element, id);
   if (result != Ok) return failed(result, element);
   if (!readName(element, name)) {
     result = NoParamName;
   } else if (CDomDoc::fail(
-                 CDomDoc::existingSubElementAsString(TAG_VALUE, element, value, mErrorMsg))) {
+                 CDomDoc::existingSubElementAsUtf8(TAG_VALUE, element, value, mErrorMsg))) {
     result = NoParamValue;
   } else if (!parent->isGroup()) {
     result = ParentIsNoGroup;
-  } else if (tree.addParameter(parent, name, id, CParamVal(value)) == nullptr) {
+  } else if (tree.addParameterUtf8(parent, name.view(), id, value.view()) == nullptr) {
     mErrorMsg = tr("A parameter with this name alrady exists !");
     result = DoubledParam;
   }
   if (result != Ok) {
-    prependToError(tr("Parameter (name=%1) -> ").arg(name));
+    prependToError(tr("Parameter (name=%1) -> ").arg(NXmlText::toQString(name.view())));
     failed(result, element);
   }
   return result;
@@ -289,12 +291,12 @@ EResult CParamValueFile::readParameterId(const CDomElement& element, quint32& id
 }
 
 /// A name that marks nodes without any would make neither a group nor a parameter.
-bool CParamValueFile::readName(const CDomElement& element, QString& name) {
-  if (CDomDoc::fail(CDomDoc::existingSubElementAsString(TAG_NAME, element, name, mErrorMsg)))
+bool CParamValueFile::readName(const CDomElement& element, CElementText& name) {
+  if (CDomDoc::fail(CDomDoc::existingSubElementAsUtf8(TAG_NAME, element, name, mErrorMsg)))
     return false;
-  if (name == CParamNodeData::mStandardConstructedStr) {
+  if (name.view() == CParamNodeData::kStandardConstructed) {
     return fail(tr("Line %1: the name \"%2\" is reserved.")
-                    .arg(QString::number(element.lineNumber()), name));
+                    .arg(QString::number(element.lineNumber()), NXmlText::toQString(name.view())));
   }
   return true;
 }

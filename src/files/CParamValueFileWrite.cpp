@@ -49,7 +49,7 @@ void CParamValueFile::appendSubDeviceToDom(CDomElement data, const CSubDeviceTre
                                            const SSubDeviceLabels& labels) {
   const quint8 id = tree.subDevId();
   CDomElement element = data.appendElement(TAG_SUB_DEVICE);
-  element.setAttribute(ATTR_ID, QString::number(id));
+  element.setAttribute(ATTR_ID, id);
   const NParamDef::ESubDeviceTypes type = labels.types.value(id, NParamDef::SUB_DEV_TYPE_UNDEFINED);
   if (type != NParamDef::SUB_DEV_TYPE_UNDEFINED)
     element.appendElement(TAG_TYPE).setText(ICParameterFile::subDeviceTypeToStr(type));
@@ -70,14 +70,14 @@ void CParamValueFile::appendGroupsAndParamsToDom(CDomElement element,
 
 void CParamValueFile::appendGroupToDom(CDomElement element, const CParamTreeNodeImpl& group) {
   CDomElement groupElement = element.appendElement(TAG_GROUP);
-  groupElement.appendElement(TAG_NAME).setText(group.name());
+  groupElement.appendElement(TAG_NAME).setTextUtf8(group.nameUtf8());
   appendGroupsAndParamsToDom(groupElement, group);
 }
 
 void CParamValueFile::appendParameterToDom(CDomElement element,
                                            const CParamTreeNodeImpl& parameter) {
   CDomElement param = element.appendElement(TAG_PARAM);
-  if (parameter.id() != 0) param.setAttribute(ATTR_ID, QString::number(parameter.id()));
-  param.appendElement(TAG_NAME).setText(parameter.name());
-  param.appendElement(TAG_VALUE).setText(parameter.value().asStr());
+  if (parameter.id() != 0) param.setAttribute(ATTR_ID, parameter.id());
+  param.appendElement(TAG_NAME).setTextUtf8(parameter.nameUtf8());
+  param.appendElement(TAG_VALUE).setTextUtf8(parameter.valueUtf8());
 }

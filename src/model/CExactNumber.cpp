@@ -1,5 +1,7 @@
 #include "CExactNumber.h"
 
+#include "CUtf8Text.h"
+
 #include <cmath>
 #include <iterator>
 #include <limits>
@@ -9,16 +11,16 @@ namespace {
 constexpr double kTwoTo64 = 18446744073709551616.0;
 
 template <typename T>
-std::optional<CExactNumber> read(const CParamVal& value) {
+std::optional<CExactNumber> read(std::string_view text) {
   using CWide = std::conditional_t<std::is_floating_point_v<T>, double,
                                    std::conditional_t<std::is_signed_v<T>, qint64, quint64>>;
   T number = 0;
-  if (!value.value(number)) return {};
+  if (!CStr::toNumber(text, number)) return {};
   return CExactNumber(static_cast<CWide>(number));
 }
 
 /// In the order of the types of numbers.
-constexpr std::optional<CExactNumber> (*kReaders[])(const CParamVal&) = {
+constexpr std::optional<CExactNumber> (*kReaders[])(std::string_view) = {
     &read<unsigned char>, &read<unsigned short>, &read<unsigned int>, &read<unsigned long long>,
     &read<signed char>,   &read<short>,          &read<int>,          &read<long long>,
     &read<double>};
@@ -42,7 +44,11 @@ CExactNumber::CExactNumber(double number) {
 }
 
 std::optional<CExactNumber> CExactNumber::of(const CParamVal& value, NParamDef::EParamType type) {
-  return isNumberType(type) ? kReaders[type - NParamDef::PARAM_TYPE_U8](value) : std::nullopt;
+  return of(CUtf8Text(value.asStr()).view(), type);
+}
+
+std::optional<CExactNumber> CExactNumber::of(std::string_view utf8, NParamDef::EParamType type) {
+  return isNumberType(type) ? kReaders[type - NParamDef::PARAM_TYPE_U8](utf8) : std::nullopt;
 }
 
 bool CExactNumber::isNumberType(NParamDef::EParamType type) {

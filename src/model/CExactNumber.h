@@ -4,6 +4,7 @@
 #include "NParamDef.h"
 
 #include <optional>
+#include <string_view>
 
 /// A number of any parameter type, so that values and limits of different types are compared
 /// exactly: no integer passes through a double, which would round it.
@@ -15,6 +16,7 @@ class CExactNumber {
 
   /// Nothing when the text is not a number of the type, or the type has none.
   static std::optional<CExactNumber> of(const CParamVal& value, NParamDef::EParamType type);
+  static std::optional<CExactNumber> of(std::string_view utf8, NParamDef::EParamType type);
   static bool isNumberType(NParamDef::EParamType type);
   static bool isUnsigned(NParamDef::EParamType type);
   /// Bits of an integer type, 0 for every other one.

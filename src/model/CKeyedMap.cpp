@@ -60,10 +60,15 @@ SSip keyed() {
 }  // namespace
 
 size_t SKeyedHash::operator()(const QString& name) const {
+  return (*this)(std::string_view(reinterpret_cast<const char*>(name.constData()),
+                                  static_cast<size_t>(name.size()) * sizeof(QChar)));
+}
+
+size_t SKeyedHash::operator()(std::string_view utf8) const {
   constexpr size_t kWord = sizeof(quint64);
   SSip sip = keyed();
-  const auto* const bytes = reinterpret_cast<const char*>(name.constData());
-  const size_t size = static_cast<size_t>(name.size()) * sizeof(QChar);
+  const char* const bytes = utf8.data();
+  const size_t size = utf8.size();
   quint64 word = 0;
   for (size_t begin = 0; begin + kWord <= size; begin += kWord) {
     std::memcpy(&word, bytes + begin, kWord);

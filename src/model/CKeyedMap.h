@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -12,6 +13,7 @@
 /// Deliberately not noexcept: libstdc++ then keeps the hashes in the nodes.
 struct SKeyedHash {
   size_t operator()(const QString& name) const;
+  size_t operator()(std::string_view utf8) const;
   size_t operator()(quint64 number) const;
 };
 

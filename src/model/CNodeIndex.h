@@ -11,24 +11,19 @@ class CNodeIndex {
  public:
   int count() const { return static_cast<int>(mCount); }
   void reserve(int count);
-  CParamTreeNodeImpl* find(const QString& name) const;  ///< null for an unknown name
-  bool insert(CParamTreeNodeImpl* node);                ///< false for a name that is known
-  void remove(const CParamTreeNodeImpl* node);          ///< which is known
+  CParamTreeNodeImpl* find(std::string_view name) const;  ///< null for an unknown name
+  bool insert(CParamTreeNodeImpl* node);                  ///< false for a name that is known
+  void remove(const CParamTreeNodeImpl* node);            ///< which is known
 
  private:
-  struct SSlot {
-    CParamTreeNodeImpl* node = nullptr;
-    size_t hash = 0;
-  };
-
-  // A node is in its home slot or, where that was taken, in the next free one after
-  // it.
-  size_t home(size_t hash) const { return hash & (mSlots.size() - 1); }
+  // A node is in its home slot or, where that was taken, in the next free one after it.
+  size_t home(size_t hash) const { return hash & (mHashes.size() - 1); }
   size_t next(size_t slot) const { return home(slot + 1); }
-  size_t slotOf(const QString& name, size_t hash) const;
-  void place(const SSlot& entry);
+  size_t slotOf(std::string_view name, quint32 hash) const;
   void resize(size_t size);
 
-  std::vector<SSlot> mSlots;  // a power of two, a quarter of them free at least
+  // Slots, a power of two, a quarter of them free at least. Most are judged by the hash alone.
+  std::vector<quint32> mHashes;  // 0 for a free one
+  std::vector<CParamTreeNodeImpl*> mNodes;
   size_t mCount = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CNodeText.h"
 #include "NParamDef.h"
 
 #include <QHash>
@@ -12,17 +13,21 @@ class CParamNodeData {
  public:
   static constexpr quint8 kNoSubDevId = 0xFF;
   /// The name that marks a payload nobody has filled; it is neither group nor parameter.
-  static const QString mStandardConstructedStr;
+  static constexpr std::string_view kStandardConstructed = "[standard constructed]";
+  static const QString mStandardConstructedStr;  ///< the same
 
   CParamNodeData() = default;
   CParamNodeData(unsigned char subDevId, const QString& name, unsigned int id)
-      : mName(name), mId(id), mSubDevId(subDevId) {}
+      : CParamNodeData(subDevId, CNodeText(name), id) {}
+  CParamNodeData(unsigned char subDevId, CNodeText name, unsigned int id)
+      : mName(std::move(name)), mId(id), mSubDevId(subDevId) {}
 
-  bool isValid() const { return mName != mStandardConstructedStr; }
+  bool isValid() const { return mName.view() != kStandardConstructed; }
   bool isGroup() const { return isValid() && mId == NParamDef::NO_ID; }
   bool isParam() const { return isValid() && mId != NParamDef::NO_ID; }
 
-  QString name() const { return mName; }
+  QString name() const { return mName.toQString(); }
+  std::string_view nameUtf8() const { return mName.view(); }  ///< without a copy
   unsigned int id() const { return mId; }
   void setId(unsigned int id) { mId = id; }
   unsigned char subDevId() const { return mSubDevId; }
@@ -32,9 +37,10 @@ class CParamNodeData {
   QVariant property(const QString& key) const { return mProperties.value(key); }
   bool removeProperty(const QString& key) { return mProperties.remove(key) > 0; }
   void removeAllProperties() { mProperties.clear(); }
+  void setPropertiesOf(const CParamNodeData& other) { mProperties = other.mProperties; }
 
  private:
-  QString mName = mStandardConstructedStr;
+  CNodeText mName = CNodeText::pieceOf(kStandardConstructed);
   quint32 mId = NParamDef::NO_ID;
   quint8 mSubDevId = kNoSubDevId;
   QHash<QString, QVariant> mProperties;

@@ -7,6 +7,17 @@ CParamTreeNodeImpl::CParamTreeNodeImpl(const CParamNodeData& data) {
   setData(data);
 }
 
+CParamTreeNodeImpl* CParamTreeNodeImpl::make(quint8 subDevId, std::string_view name, quint32 id,
+                                             std::string_view value) {
+  void* const memory = ::operator new(sizeof(CParamTreeNodeImpl) + name.size() + value.size());
+  char* const texts = static_cast<char*>(memory) + sizeof(CParamTreeNodeImpl);
+  name.copy(texts, name.size());
+  value.copy(texts + name.size(), value.size());
+  return ::new (memory)
+      CParamTreeNodeImpl(CParamNodeData(subDevId, CNodeText::pieceOf({texts, name.size()}), id),
+                         CNodeText::pieceOf({texts + name.size(), value.size()}));
+}
+
 ICParamTreeNode* CParamTreeNodeImpl::rootPtr() {
   CTreeNode<CParamNodeData>* node = this;
   while (node->parent()) node = node->parent();
@@ -20,7 +31,7 @@ ICParamTreeNode* CParamTreeNodeImpl::parentPtr() const {
 ICParamTreeNode* CParamTreeNodeImpl::childPtr(const QString& name) const {
   for (int i = 0; i < childCount(); ++i) {
     CParamTreeNodeImpl* const node = childNode(i);
-    if (node->isValid() && node->dataRef().name() == name) return node;
+    if (node->isValid() && node->name() == name) return node;
   }
   return nullptr;
 }
@@ -35,8 +46,11 @@ void CParamTreeNodeImpl::setSubDevId(unsigned char subDevId) {
 }
 
 CParamTreeNodeImpl* CParamTreeNodeImpl::cloneMe() const {
-  auto copy = std::make_unique<CParamTreeNodeImpl>(dataRef());
-  copy->mValue = mValue;
+  const bool hasValue = valueUtf8().data() != nullptr;
+  std::unique_ptr<CParamTreeNodeImpl> copy(hasValue
+                                               ? make(subDevId(), nameUtf8(), id(), valueUtf8())
+                                               : new CParamTreeNodeImpl(dataRef()));
+  copy->dataPtr()->setPropertiesOf(dataRef());
   for (int i = 0; i < childCount(); ++i) copy->addChild(childNode(i)->cloneMe());
   return copy.release();
 }

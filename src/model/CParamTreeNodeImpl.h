@@ -10,6 +10,13 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
  public:
   CParamTreeNodeImpl(unsigned char subDevId, const QString& name, unsigned int id);
   explicit CParamTreeNodeImpl(const CParamNodeData& data);
+  /// A parameter whose name and value, in UTF-8, lie in one piece of memory with it. A load makes
+  /// hundreds of thousands.
+  static CParamTreeNodeImpl* make(quint8 subDevId, std::string_view name, quint32 id,
+                                  std::string_view value);
+  // Whoever deletes a node need not know how large it is.
+  static void* operator new(size_t size) { return ::operator new(size); }
+  static void operator delete(void* memory) { ::operator delete(memory); }
 
   ICParamTreeNode* rootPtr() override;
   ICParamTreeNode* parentPtr() const override;
@@ -26,11 +33,20 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
   QVariant property(QString key) const override { return dataRef().property(key); }
   bool removeProperty(const QString& key) override { return dataPtr()->removeProperty(key); }
   void removeAllProperties() override { dataPtr()->removeAllProperties(); }
-  CParamVal value() const override { return mValue; }
+  CParamVal value() const override {
+    if (mText.isNull()) mText = mValue.toQString();
+    return mText;
+  }
 
+  std::string_view nameUtf8() const { return dataRef().nameUtf8(); }
+  std::string_view valueUtf8() const {
+    if (mValue.isNull() && !mText.isNull()) mValue = CNodeText(mText);
+    return mValue.view();
+  }
   /// Null would say that there is no such parameter, so it is kept as an empty text.
   void setValue(const CParamVal& value) {
-    mValue = value.isNull() ? CParamVal(QLatin1String("")) : value;
+    mText = value.isNull() ? QStringLiteral("") : value.asStr();
+    mValue = CNodeText();
   }
 
   /// The same child as childPtr(), as what it is.
@@ -45,5 +61,11 @@ class CParamTreeNodeImpl : public CTreeNode<CParamNodeData>, public ICParamTreeN
   CParamTreeNodeImpl* cloneMe() const;
 
  private:
-  CParamVal mValue;
+  CParamTreeNodeImpl(CParamNodeData&& data, CNodeText&& value) : mValue(std::move(value)) {
+    moveData(std::move(data));
+  }
+
+  // The value in both forms. That which was not asked for yet may be null.
+  mutable CNodeText mValue;
+  mutable QString mText;
 };

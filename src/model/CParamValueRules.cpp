@@ -3,6 +3,7 @@
 #include "CExactNumber.h"
 #include "CKeyedMap.h"
 #include "CParamValueText.h"
+#include "CUtf8Text.h"
 #include "ICParameterFile.h"
 
 #include <optional>
@@ -128,7 +129,7 @@ class CParamValueRulesData : public QSharedData {
 
   /// The first of the lists in which a number has to be; 0 when there is none.
   CLists firstBinding() const { return first(mBinding); }
-  CViolations violations(const CParamVal& value, const Rules::CValueByName& valueByName) const;
+  CViolations violations(std::string_view value, const Rules::CValueByName& valueByName) const;
 
   const CParamDefItem definition;
   const EParamType type;
@@ -138,9 +139,9 @@ class CParamValueRulesData : public QSharedData {
                  const Rules::CDefinitionById& definitionById, QVector<SLimit>& limits) const;
   void addChoices(CLists list, const QList<SNamedI64Value>& choices, bool isBinding);
   CLists listsOf(const CExactNumber& number) const;
-  void compareWithLimits(const CParamVal& value, const CExactNumber& number,
+  void compareWithLimits(std::string_view value, const CExactNumber& number,
                          const Rules::CValueByName& valueByName, CViolations& found) const;
-  void compareWithChoices(const CParamVal& value, const CExactNumber& number, CLists lists,
+  void compareWithChoices(std::string_view value, const CExactNumber& number, CLists lists,
                           CViolations& found) const;
   void compareWithBits(const CExactNumber& number, CViolations& found) const;
 
@@ -187,11 +188,11 @@ CLists CParamValueRulesData::listsOf(const CExactNumber& number) const {
   return lists != mLists.end() ? lists->second : 0;
 }
 
-CViolations CParamValueRulesData::violations(const CParamVal& value,
+CViolations CParamValueRulesData::violations(std::string_view value,
                                              const Rules::CValueByName& valueByName) const {
   if (!CExactNumber::isNumberType(type)) return {};
   const std::optional<CExactNumber> number = CExactNumber::of(value, type);
-  if (!number) return {{Rules::NotOfType, noNumberProblem(value.asStr(), type)}};
+  if (!number) return {{Rules::NotOfType, noNumberProblem(NXmlText::toQString(value), type)}};
   CViolations found;
   const CLists lists = listsOf(*number);
   if (lists == 0) compareWithLimits(value, *number, valueByName, found);
@@ -200,30 +201,32 @@ CViolations CParamValueRulesData::violations(const CParamVal& value,
   return found;
 }
 
-void CParamValueRulesData::compareWithLimits(const CParamVal& value, const CExactNumber& number,
+void CParamValueRulesData::compareWithLimits(std::string_view value, const CExactNumber& number,
                                              const Rules::CValueByName& valueByName,
                                              CViolations& found) const {
   if (number.isNan() && !(mMinima.isEmpty() && mMaxima.isEmpty())) {
     found.append(
-        {Rules::NotComparable,
-         CParamValueRules::tr("%1 cannot be compared with the limits.").arg(value.asStr())});
+        {Rules::NotComparable, CParamValueRules::tr("%1 cannot be compared with the limits.")
+                                   .arg(NXmlText::toQString(value))});
   }
   for (const SLimit& limit : mMinima) {
     const SBound bound = limit.bound(valueByName);
     if (bound.number && number < *bound.number)
-      found.append(below(shownNumber(value, number), limit, bound));
+      found.append(below(shownNumber(NXmlText::toQString(value), number), limit, bound));
   }
   for (const SLimit& limit : mMaxima) {
     const SBound bound = limit.bound(valueByName);
     if (bound.number && *bound.number < number)
-      found.append(above(shownNumber(value, number), limit, bound));
+      found.append(above(shownNumber(NXmlText::toQString(value), number), limit, bound));
   }
 }
 
-void CParamValueRulesData::compareWithChoices(const CParamVal& value, const CExactNumber& number,
+void CParamValueRulesData::compareWithChoices(std::string_view value, const CExactNumber& number,
                                               CLists lists, CViolations& found) const {
   for (CLists missing = mBinding & ~lists; missing != 0; missing &= missing - 1)
-    found.append({Rules::NotAChoice, notInListProblem(first(missing), shownNumber(value, number))});
+    found.append(
+        {Rules::NotAChoice,
+         notInListProblem(first(missing), shownNumber(NXmlText::toQString(value), number))});
 }
 
 void CParamValueRulesData::compareWithBits(const CExactNumber& number, CViolations& found) const {
@@ -267,12 +270,17 @@ bool CParamValueRules::read(const QString& text, CParamVal& value, QString& prob
 
 CViolations CParamValueRules::violations(const CParamVal& value,
                                          const CValueByName& valueByName) const {
+  return violationsOfUtf8(CUtf8Text(value.asStr()).view(), valueByName);
+}
+
+CViolations CParamValueRules::violationsOfUtf8(std::string_view value,
+                                               const CValueByName& valueByName) const {
   return d->violations(value, valueByName);
 }
 
 CViolations CParamValueRules::violations(const CParamVal& value, const ICParameterFile& file,
                                          quint8 subDevId) const {
-  return d->violations(
+  return violations(
       value, [&file, subDevId](const QString& name) { return file.paramValue(name, subDevId); });
 }
 

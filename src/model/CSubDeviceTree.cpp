@@ -1,5 +1,7 @@
 #include "CSubDeviceTree.h"
 
+#include "CUtf8Text.h"
+
 #include <QMultiMap>
 
 #include <utility>
@@ -55,6 +57,10 @@ CSubDeviceTree CSubDeviceTree::cloneAs(quint8 subDevId) const {
   copy.reserve(count());
   forEachNode(copy.root(), [&copy](CParamTreeNodeImpl* node) { copy.index(node); });
   return copy;
+}
+
+CParamTreeNodeImpl* CSubDeviceTree::node(const QString& name) const {
+  return nodeUtf8(CUtf8Text(name).view());
 }
 
 CParamVal CSubDeviceTree::value(const QString& name) const {
@@ -114,9 +120,14 @@ CParamTreeNodeImpl* CSubDeviceTree::addGroup(CParamTreeNodeImpl* parent, const Q
 
 CParamTreeNodeImpl* CSubDeviceTree::addParameter(CParamTreeNodeImpl* parent, const QString& name,
                                                  quint32 id, const CParamVal& value) {
+  return addParameterUtf8(parent, CUtf8Text(name).view(), id, CUtf8Text(value.asStr()).view());
+}
+
+CParamTreeNodeImpl* CSubDeviceTree::addParameterUtf8(CParamTreeNodeImpl* parent,
+                                                     std::string_view name, quint32 id,
+                                                     std::string_view value) {
   Q_ASSERT(owns(parent) && parent->isGroup());
-  auto* const param = new CParamTreeNodeImpl(mSubDevId, name, id);
-  param->setValue(value);
+  auto* const param = CParamTreeNodeImpl::make(mSubDevId, name, id, value);
   parent->addChild(param);
   if (param->isParam() && mParams.insert(param)) return param;
   parent->removeChild(param);
@@ -159,10 +170,11 @@ void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNode
 }
 
 void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
-  CParamTreeNodeImpl* param = node(source.name());
-  if (!param)
-    param = append(target, source.dataRef());
-  else if (source.id() != 0)
-    param->dataPtr()->setId(source.id());
+  CParamTreeNodeImpl* const param = nodeUtf8(source.nameUtf8());
+  if (!param) {
+    addParameterUtf8(target, source.nameUtf8(), source.id(), source.valueUtf8());
+    return;
+  }
+  if (source.id() != 0) param->dataPtr()->setId(source.id());
   param->setValue(source.value());
 }

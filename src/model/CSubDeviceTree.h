@@ -33,7 +33,8 @@ class CSubDeviceTree {
 
   bool contains(const QString& name) const { return node(name) != nullptr; }
   /// Null for an unknown parameter.
-  CParamTreeNodeImpl* node(const QString& name) const { return mParams.find(name); }
+  CParamTreeNodeImpl* node(const QString& name) const;
+  CParamTreeNodeImpl* nodeUtf8(std::string_view name) const { return mParams.find(name); }
   CParamVal value(const QString& name) const;
   bool setValue(const QString& name, const CParamVal& value);  ///< false for an unknown parameter
   /// The parameters, in tree order.
@@ -49,6 +50,9 @@ class CSubDeviceTree {
   /// Null when the sub-device has a parameter of that name, or when id or name make no parameter.
   CParamTreeNodeImpl* addParameter(CParamTreeNodeImpl* parent, const QString& name, quint32 id,
                                    const CParamVal& value);
+  /// The same, as a document has it.
+  CParamTreeNodeImpl* addParameterUtf8(CParamTreeNodeImpl* parent, std::string_view name,
+                                       quint32 id, std::string_view value);
   /// Deletes the node and all beneath it; false for null, the root, or a node of another tree.
   bool deleteNode(CParamTreeNodeImpl* node);
   bool owns(const CParamTreeNodeImpl* node) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QVector>
 
 #include <memory>
 #include <optional>
@@ -31,7 +32,7 @@ class CTreeNode {
   virtual T* dataPtr() const { return mData ? &*mData : nullptr; }  ///< null without a payload
   virtual const T& dataRef() const { return mData ? *mData : empty(); }
   virtual CTreeNode<T>* parent() const { return mParent; }
-  virtual QList<CTreeNode<T>*> children() const { return mChildren; }
+  virtual QList<CTreeNode<T>*> children() const { return mChildren.toList(); }
   virtual CTreeNode<T>* child(int index) const { return mChildren.value(index, nullptr); }
   virtual int childCount() const { return mChildren.size(); }
 
@@ -79,7 +80,7 @@ class CTreeNode {
   virtual bool removeChildren(int first, int count) {
     if (first < 0 || static_cast<qint64>(first) + count > childCount()) return false;
     if (count < 1) return true;
-    const QList<CTreeNode<T>*> removed = mChildren.mid(first, count);
+    const QVector<CTreeNode<T>*> removed = mChildren.mid(first, count);
     mChildren.erase(mChildren.begin() + first, mChildren.begin() + first + count);
     qDeleteAll(removed);
     return true;
@@ -90,6 +91,9 @@ class CTreeNode {
     mChildren.clear();
     return true;
   }
+
+ protected:
+  void moveData(T&& data) { mData = std::move(data); }
 
  private:
   // From both ends, since children are mostly removed in their order or in reverse.
@@ -108,5 +112,5 @@ class CTreeNode {
 
   mutable std::optional<T> mData;  // a constant node hands it out for writing, too
   CTreeNode<T>* mParent = nullptr;
-  QList<CTreeNode<T>*> mChildren;
+  QVector<CTreeNode<T>*> mChildren;  // no QList, which grows when its first are removed
 };

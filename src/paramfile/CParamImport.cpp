@@ -31,8 +31,8 @@ CParams paramsOf(const CSubDeviceTrees& trees, quint8 subDevId) {
   return tree == trees.end() ? CParams() : tree->second.params();
 }
 
-QString nameOf(const CParamTreeNodeImpl* param) {
-  return param->name();
+std::string_view nameOf(const CParamTreeNodeImpl* param) {
+  return param->nameUtf8();
 }
 
 }  // namespace
@@ -49,11 +49,12 @@ bool CParamImport::plan(const CSubDeviceTrees& source, CSubDeviceTrees& destinat
 
 bool CParamImport::planTree(CParams source, const CParams& destination,
                             NParamDef::EImportMissing missing, QString& error) {
-  const QVector<int> positions = NNameMatch::positionsOf(destination, source, &nameOf);
+  const std::vector<int> positions = NNameMatch::positionsOf(destination, source, &nameOf);
   for (int i = 0; i < destination.size(); ++i) {
-    if (positions.at(i) >= 0) {
-      CParamTreeNodeImpl*& from = source[positions.at(i)];
-      planValue(destination.at(i), from->value()) ? ++mResult.taken : ++mResult.equal;
+    const int position = positions[static_cast<size_t>(i)];
+    if (position >= 0) {
+      CParamTreeNodeImpl*& from = source[position];
+      planValueOf(*from, destination.at(i)) ? ++mResult.taken : ++mResult.equal;
       from = nullptr;
     } else if (missing == NParamDef::ImportKeep) {
       ++mResult.kept;
@@ -64,6 +65,10 @@ bool CParamImport::planTree(CParams source, const CParams& destination,
   source.removeAll(nullptr);
   planAdditions(source);
   return true;
+}
+
+bool CParamImport::planValueOf(const CParamTreeNodeImpl& source, CParamTreeNodeImpl* param) {
+  return source.valueUtf8() != param->valueUtf8() && planValue(param, source.value());
 }
 
 bool CParamImport::planDefault(CParamTreeNodeImpl* param, QString& error) {
@@ -117,8 +122,8 @@ void CParamImport::add(const CParamTreeNodeImpl& param) {
     mGroup = groupFor(param, tree);
   }
   const CParamDefItem* definition = mDefinitions.find(param.name());
-  tree.addParameter(mGroup, param.name(), definition->valid() ? definition->id() : 0,
-                    param.value());
+  tree.addParameterUtf8(mGroup, param.nameUtf8(), definition->valid() ? definition->id() : 0,
+                        param.valueUtf8());
 }
 
 void CParamImport::log(quint32 level, const CParamTreeNodeImpl& param, const QString& text) const {

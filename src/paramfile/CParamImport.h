@@ -37,6 +37,7 @@ class CParamImport {
                 QString& error);
   bool planDefault(CParamTreeNodeImpl* param, QString& error);
   void planAdditions(const CParams& source);
+  bool planValueOf(const CParamTreeNodeImpl& source, CParamTreeNodeImpl* param);
   /// Plans a value that differs; false when it does not.
   bool planValue(CParamTreeNodeImpl* param, const CParamVal& value);
   void add(const CParamTreeNodeImpl& param);

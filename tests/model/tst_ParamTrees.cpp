@@ -95,10 +95,11 @@ class tst_ParamTrees : public QObject {
   /// hash that is linear in the bits of a name, collisions could be computed.
   void namesHaveHashesOfTheirOwn() {
     const SKeyedHash hash;
-    QVERIFY((hash("aaaa") ^ hash("baaa") ^ hash("aaba")) != hash("baba"));
-    std::set<size_t> hashes{hash("Aa"), hash("BB")};
+    QVERIFY((hash(QString("aaaa")) ^ hash(QString("baaa")) ^ hash(QString("aaba"))) !=
+            hash(QString("baba")));
+    std::set<size_t> hashes{hash(QString("Aa")), hash(QString("BB"))};
     qSetGlobalQHashSeed(0);
-    QVERIFY(hashes.size() == 2 && hashes.count(hash("Aa")) == 1);
+    QVERIFY(hashes.size() == 2 && hashes.count(hash(QString("Aa"))) == 1);
     qSetGlobalQHashSeed(-1);
     hashes.clear();
     QString text;

@@ -527,10 +527,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
         <translation>Findet Parameter nach Wörtern in Namen, Hinweisen und Auswahlwerten.</translation>
     </message>
     <message>
-        <source>Lists the definitions that have all words, or parts of words; capitals make no difference. The exit status is 1 when there are none.</source>
-        <translation>Zeigt die Definitionen, die alle Wörter oder Wortteile enthalten; Groß- und Kleinschreibung ist gleich. Der Exit-Status ist 1, wenn es keine gibt.</translation>
-    </message>
-    <message>
         <source>A definition file.</source>
         <translation>Eine Definitionsdatei.</translation>
     </message>
@@ -609,16 +605,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
     <message>
         <source>The sub-device to overwrite.</source>
         <translation>Das Subdevice, das überschrieben wird.</translation>
-    </message>
-    <message>
-        <source>Print a file as lines that can be compared.</source>
-        <translation>Gibt eine Datei in Zeilen aus, die sich vergleichen lassen.</translation>
-    </message>
-    <message>
-        <source>Each value has a line of its own with all that tells where it belongs, so that any tool that compares lines shows what changed. The date, which each save renews, is left out.
-git uses it with: git config diff.ktoparam.textconv &quot;ktoparam text&quot;, and in .gitattributes: *.xparam diff=ktoparam</source>
-        <translation>Jeder Wert hat eine eigene Zeile mit allem, was sagt, wohin er gehört, so dass jedes Programm, das Zeilen vergleicht, zeigt, was sich geändert hat. Das Datum, das jedes Speichern erneuert, fehlt.
-git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; und in .gitattributes: *.xparam diff=ktoparam</translation>
     </message>
     <message>
         <source>Print one JSON object; values are texts in it, never numbers.</source>
@@ -1077,6 +1063,24 @@ Ein Text steht wie in JSON in Anführungszeichen, wenn er leer ist, mit einem Le
     <message>
         <source>this is not a regular file.</source>
         <translation>dies ist keine reguläre Datei.</translation>
+    </message>
+    <message>
+        <source>Lists the definitions that have all words, or parts of words; capitals make no difference. The first words that are names of files are searched as well. The exit status is 1 when nothing is found.</source>
+        <translation>Zeigt die Definitionen, die alle Wörter oder Wortteile enthalten; Groß- und Kleinschreibung ist gleich. Die ersten Wörter, die Namen von Dateien sind, werden ebenfalls durchsucht. Der Exit-Status ist 1, wenn nichts gefunden wird.</translation>
+    </message>
+    <message>
+        <source>Print files as lines that can be compared.</source>
+        <translation>Gibt Dateien in Zeilen aus, die sich vergleichen lassen.</translation>
+    </message>
+    <message>
+        <source>Each value has a line of its own with all that tells where it belongs, so that any tool that compares lines shows what changed. The date, which each save renews, is left out. Of several files, each line begins with the file&apos;s name.
+git uses it with: git config diff.ktoparam.textconv &quot;ktoparam text&quot;, and in .gitattributes: *.xparam diff=ktoparam</source>
+        <translation>Jeder Wert hat eine eigene Zeile mit allem, was sagt, wohin er gehört, so dass jedes Programm, das Zeilen vergleicht, zeigt, was sich geändert hat. Das Datum, das jedes Speichern erneuert, fehlt. Bei mehreren Dateien beginnt jede Zeile mit dem Namen der Datei.
+git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; und in .gitattributes: *.xparam diff=ktoparam</translation>
+    </message>
+    <message>
+        <source>Files of any kind.</source>
+        <translation>Dateien beliebiger Art.</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,9 @@
 #include "Command.h"
 
 #include <array>
+#include <mutex>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -84,75 +87,97 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
   return errors + warnings > 0 ? ExitFindings : ExitDone;
 }
 
-/// Checks one file after another, each as its kind asks for, and gathers what is found.
+/// How the check of one file ended.
+struct SOutcome {
+  EExitStatus status = ExitDone;
+  bool hasValues = false;
+  std::optional<SChecked> checked = {};
+};
+
+/// Checks files, each as its kind asks for; those of values against the same definitions.
 class CChecking {
  public:
   CChecking(const CInvocation& invocation, COutput& out) : mInvocation(invocation), mOut(out) {}
 
-  EExitStatus check(const QString& fileName) {
+  EExitStatus run() {
+    const QStringList names = mInvocation.argumentsFrom(0);
+    EExitStatus status = ExitDone;
+    const auto checkOne = [&](int i) { return checkFile(names.at(i)); };
+    inOrder(names.size(), mOut, checkOne, [&](int, const SOutcome& outcome) {
+      if (outcome.status == ExitUsage) {
+        mChecked.clear();
+        status = ExitUsage;
+        return false;
+      }
+      status = qMax(status, outcome.status);
+      add(outcome);
+      return true;
+    });
+    return mChecked.isEmpty() ? status : qMax(status, report(mChecked, mInvocation, mOut));
+  }
+
+ private:
+  SOutcome checkFile(const QString& fileName) {
     const std::optional<SFileInfo> info = SFileInfo::read(fileName, mOut);
-    if (!info) return ExitFile;
+    if (!info) return {ExitFile};
     if (info->kind == SFileInfo::Definitions) return checkDefinitions(fileName);
     if (info->kind == SFileInfo::Values) return checkValues(fileName);
     mOut.message(fileName, info->refusal(Tool::tr("A value or definition file is needed here.")));
-    return ExitFile;
+    return {ExitFile};
   }
 
-  const QVector<SChecked>& checked() const { return mChecked; }
-
- private:
-  EExitStatus checkDefinitions(const QString& fileName) {
+  SOutcome checkDefinitions(const QString& fileName) const {
     if (mInvocation.isSet(NOptions::kDef) || mInvocation.isSet(NOptions::kHardwareId) ||
         mInvocation.isSet(kMissing)) {
-      return mInvocation.wrongUsage(
+      return {mInvocation.wrongUsage(
           Tool::tr("%1 is a definition file; --json is the only option for it.").arg(fileName),
-          mOut);
+          mOut)};
     }
     CLoadedFile loaded(mOut);
-    if (!loaded.load(fileName, SFileInfo::Definitions)) return ExitFile;
-    addDefinitions(fileName, loaded);
-    return ExitDone;
+    if (!loaded.load(fileName, SFileInfo::Definitions)) return {ExitFile};
+    return {ExitDone, false, checkedDefinitions(fileName, loaded)};
   }
 
-  EExitStatus checkValues(const QString& fileName) {
+  SOutcome checkValues(const QString& fileName) {
     if (!mInvocation.isSet(NOptions::kDef)) {
-      return mInvocation.wrongUsage(
+      return {mInvocation.wrongUsage(
           Tool::tr("Values are checked against definitions; name their file with --def DEF."),
-          mOut);
+          mOut)};
     }
     CLoadedFile loaded(mOut);
-    if (!loaded.loadValues(fileName, mInvocation)) return ExitFile;
-    if (loaded.hardwareIds(mInvocation).isEmpty()) return ExitFindings;
-    mOut.progress().doing(Tool::tr("Checking %1 …").arg(fileName));
-    // All value files are checked against the same ones.
-    if (mChecked.isEmpty()) addDefinitions(mInvocation.value(NOptions::kDef), loaded);
+    if (!loaded.loadValues(fileName, mInvocation)) return {ExitFile};
+    if (loaded.hardwareIds(mInvocation).isEmpty()) return {ExitFindings};
+    mOut.doing(Tool::tr("Checking %1 …").arg(fileName));
+    std::call_once(mAreDefinitionsChecked, [&] {
+      mDefinitions = checkedDefinitions(mInvocation.value(NOptions::kDef), loaded);
+    });
     const auto missing = mInvocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
                                                      : CParameterFileChecker::SkipMissing;
-    mChecked.append(
+    return {
+        ExitDone, true,
         SChecked(fileName, CParameterFileChecker::checkValues(
-                               loaded.file(), mInvocation.value(NOptions::kHardwareId), missing)));
-    return ExitDone;
+                               loaded.file(), mInvocation.value(NOptions::kHardwareId), missing))};
   }
 
-  void addDefinitions(const QString& fileName, const CLoadedFile& loaded) {
-    mChecked.append(SChecked(fileName, CParameterFileChecker::checkDefinitions(loaded.file())));
+  static SChecked checkedDefinitions(const QString& fileName, const CLoadedFile& loaded) {
+    return {fileName, CParameterFileChecker::checkDefinitions(loaded.file())};
+  }
+
+  /// The definitions come before the first file of values.
+  void add(const SOutcome& outcome) {
+    if (outcome.hasValues && mDefinitions) mChecked.append(*std::exchange(mDefinitions, {}));
+    if (outcome.checked) mChecked.append(*outcome.checked);
   }
 
   const CInvocation& mInvocation;
   COutput& mOut;
+  std::once_flag mAreDefinitionsChecked;
+  std::optional<SChecked> mDefinitions;  // those of "--def"
   QVector<SChecked> mChecked;
 };
 
 EExitStatus check(const CInvocation& invocation, COutput& out) {
-  CChecking checking(invocation, out);
-  EExitStatus status = ExitDone;
-  for (const QString& fileName : invocation.argumentsFrom(0)) {
-    const EExitStatus ofFile = checking.check(fileName);
-    if (ofFile == ExitUsage) return ofFile;
-    status = qMax(status, ofFile);
-  }
-  if (checking.checked().isEmpty()) return status;
-  return qMax(status, report(checking.checked(), invocation, out));
+  return CChecking(invocation, out).run();
 }
 
 }  // namespace

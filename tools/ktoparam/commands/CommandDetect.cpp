@@ -6,18 +6,20 @@ EExitStatus detect(const CInvocation& invocation, COutput& out) {
   EExitStatus status = ExitDone;
   QJsonArray files;
   CTable table({Tool::tr("FILE"), Tool::tr("TYPE"), Tool::tr("VERSION"), Tool::tr("COMMENT")});
-  for (const QString& fileName : invocation.argumentsFrom(0)) {
-    const std::optional<SFileInfo> info = SFileInfo::read(fileName, out);
+  const QStringList names = invocation.argumentsFrom(0);
+  const auto read = [&](int i) { return SFileInfo::read(names.at(i), out); };
+  inOrder(names.size(), out, read, [&](int i, const std::optional<SFileInfo>& info) {
     const bool isKnown = info && info->kind != SFileInfo::Unknown;
     status = qMax(status, !info ? ExitFile : isKnown ? ExitDone : ExitFindings);
-    if (!info) continue;
-    files.append(QJsonObject{{"file", fileName},
+    if (!info) return true;
+    files.append(QJsonObject{{"file", names.at(i)},
                              {"fileType", textOrNull(info->typeName)},
                              {"version", textOrNull(info->versionText())},
                              {"comment", info->comment}});
-    table.addRow({NDisplayText::shown(fileName), isKnown ? info->typeName : Tool::tr("unknown"),
+    table.addRow({NDisplayText::shown(names.at(i)), isKnown ? info->typeName : Tool::tr("unknown"),
                   info->versionText(), NDisplayText::shownOrNothing(info->comment)});
-  }
+    return true;
+  });
   invocation.print(table, {{"files", files}}, out);
   return status;
 }

@@ -95,7 +95,7 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
   if (!sides.load()) return ExitFile;
   if (!sides.select()) return ExitFindings;
 
-  out.progress().doing(Tool::tr("Comparing …"));
+  out.doing(Tool::tr("Comparing …"));
   const CParamDifferences differences = sides.compare();
   if (invocation.wantsJson()) {
     out.json({{"old", sides.oldName()},

@@ -56,7 +56,7 @@ EExitStatus merge(const CInvocation& invocation, COutput& out) {
   if (!SFileInfo::mayReplace(output, SFileInfo::Values, out)) return ExitFile;
 
   CParameterFileMerge merging(base.file(), ours.file(), theirs.file());
-  out.progress().doing(Tool::tr("Merging …"));
+  out.doing(Tool::tr("Merging …"));
   if (!merging.run()) {
     ours.message(merging.errorMsg());
     return ExitFile;

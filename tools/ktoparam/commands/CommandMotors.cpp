@@ -8,32 +8,48 @@ struct SMotor {
   QString comment;
 };
 
-/// The motors of one file. A name that another file has, too, is reported: the last file counts.
-bool addMotors(const QString& fileName, COutput& out, QMap<QString, SMotor>& motors) {
+/// The motors of one file.
+struct SMotorFile {
+  QStringList names;
+  QString comment;
+};
+
+/// Nothing, with a message, when the file does not hold motors.
+std::optional<SMotorFile> readMotors(const QString& fileName, COutput& out) {
   CLoadedFile loaded(out);
-  if (!loaded.load(fileName, SFileInfo::Values)) return false;
+  if (!loaded.load(fileName, SFileInfo::Values)) return {};
   if (loaded.info().type != NktoGlobal::FILE_TYPE_MOTOR_PARAMETERS) {
     out.message(fileName, loaded.info().refusal(
                               Tool::tr("A file of motors is needed (LumoMotorParameters).")));
-    return false;
+    return {};
   }
-  const QStringList names = loaded.file().hardwareIds();
-  for (const QString& name : names) {
+  return SMotorFile{loaded.file().hardwareIds(), loaded.file().comment()};
+}
+
+/// A name that another file has, too, is reported: the last file counts.
+void addMotors(const QString& fileName, const SMotorFile& file, COutput& out,
+               QMap<QString, SMotor>& motors) {
+  for (const QString& name : file.names) {
     if (motors.contains(name)) {
       out.message(fileName, Tool::tr("motor \"%1\" is also in %2; this file counts.")
                                 .arg(name, motors.value(name).file));
     }
-    motors.insert(name, {fileName, loaded.file().comment()});
+    motors.insert(name, {fileName, file.comment});
   }
-  return true;
 }
 
 EExitStatus showMotors(const CInvocation& invocation, COutput& out) {
   EExitStatus status = ExitDone;
   QMap<QString, SMotor> motors;
   const QStringList files = invocation.argumentsFrom(0);
-  for (const QString& fileName : files)
-    if (!addMotors(fileName, out, motors)) status = ExitFile;
+  const auto read = [&](int i) { return readMotors(files.at(i), out); };
+  inOrder(files.size(), out, read, [&](int i, const std::optional<SMotorFile>& file) {
+    if (file)
+      addMotors(files.at(i), *file, out, motors);
+    else
+      status = ExitFile;
+    return true;
+  });
   QJsonArray list;
   CTable table({Tool::tr("MOTOR"), Tool::tr("FILE"), Tool::tr("COMMENT")});
   for (auto it = motors.cbegin(); it != motors.cend(); ++it) {

@@ -30,7 +30,7 @@ class CSignalShield {
 }  // namespace
 
 bool NSafeWrite::run(const QString& fileName, COutput& out, const std::function<QString()>& save) {
-  out.progress().doing(Tool::tr("Writing %1 …").arg(fileName));
+  out.doing(Tool::tr("Writing %1 …").arg(fileName));
   const CSignalShield shield;
   const QString error = save();
   if (error.isEmpty()) return true;

@@ -51,7 +51,7 @@ std::optional<SFileInfo> SFileInfo::read(const QString& fileName, COutput& out) 
   beginning.error = NFileHints::unreadable(fileName);
   const qint64 size = QFileInfo(fileName).size();
   if (beginning.error.isEmpty()) {
-    out.progress().reading(fileName, size);
+    out.reading(fileName, size);
     beginning = CParameterFileHelper::readBeginning(fileName);
   }
   if (beginning.isRead) return infoOf(beginning, size == 0);

@@ -5,6 +5,7 @@
 
 QString CLabels::of(const QString& text) const {
   if (text.size() <= NShortText::kLongest) return NShortText::of(text);
+  const std::lock_guard lock(mMutex);
   const auto [known, isNew] = mLong.try_emplace(text.constData());
   if (isNew) known->second = {text, NShortText::of(text)};
   return known->second.shortened;

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -25,6 +26,45 @@ COutput::COutput(FILE* results, FILE* messages)
       mProgress(messages, mMessages) {
   mFailed = !mResults.open(results, QIODevice::WriteOnly);
   mMessages.open(messages, QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+COutput::CTurn::CTurn(COutput& out) : mOut(out) {
+  const std::lock_guard lock(mOut.mMutex);
+  mOut.mKept[std::this_thread::get_id()];
+}
+
+COutput::CTurn::~CTurn() {
+  const std::lock_guard lock(mOut.mMutex);
+  mOut.mKept.erase(std::this_thread::get_id());
+}
+
+CPrinted COutput::CTurn::take() {
+  const std::lock_guard lock(mOut.mMutex);
+  return std::exchange(mOut.mKept[std::this_thread::get_id()], CPrinted());
+}
+
+void COutput::print(const CPrinted& printed) {
+  for (const auto& printing : printed) printing();
+}
+
+void COutput::inTurn(std::function<void()> printing) {
+  {
+    const std::lock_guard lock(mMutex);
+    const auto kept = mKept.find(std::this_thread::get_id());
+    if (kept != mKept.end()) {
+      kept->second.push_back(std::move(printing));
+      return;
+    }
+  }
+  printing();
+}
+
+void COutput::reading(const QString& fileName, qint64 bytes) {
+  inTurn([=] { mProgress.reading(fileName, bytes); });
+}
+
+void COutput::doing(const QString& text) {
+  inTurn([=] { mProgress.doing(text); });
 }
 
 void COutput::write(const QByteArray& bytes) {
@@ -47,10 +87,14 @@ QString COutput::styled(const QString& text, EStyle style) const {
 }
 
 void COutput::line(const QString& text) {
-  write(text.toUtf8() + '\n');
+  inTurn([this, bytes = QByteArray(text.toUtf8() + '\n')] { write(bytes); });
 }
 
 void COutput::json(const QJsonObject& object) {
+  inTurn([=] { writeJson(object); });
+}
+
+void COutput::writeJson(const QJsonObject& object) {
   const QJsonDocument document(object);
   const QByteArray text = document.toJson(QJsonDocument::Indented);
   // What is deeply nested would be blanks for the most part.
@@ -58,6 +102,10 @@ void COutput::json(const QJsonObject& object) {
 }
 
 void COutput::message(const QString& text) {
+  inTurn([=] { writeMessage(text); });
+}
+
+void COutput::writeMessage(const QString& text) {
   mProgress.erase();
   const QString told = text.size() > kLongestMessage ? NShortText::of(text) : text;
   mMessages.write("ktoparam: " + NDisplayText::escaped(told).toUtf8() + '\n');

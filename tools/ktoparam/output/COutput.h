@@ -7,12 +7,22 @@
 #include <QString>
 
 #include <cstdio>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <thread>
+#include <vector>
 
 class QJsonObject;
+
+/// What was printed, to be printed later.
+using CPrinted = std::vector<std::function<void()>>;
 
 /// The two streams of the tool: results on one, messages on the other, both in UTF-8. Results are
 /// no longer than 20 times the files that were read, and a few lines: what is longer is the work of
 /// somebody who wants to fill a disk, and is cut off with a message and a failure.
+///
+/// Thread-safe where a CTurn is used, but for finish(): all else is printed by one thread.
 class COutput {
  public:
   COutput(FILE* results, FILE* messages);
@@ -21,8 +31,9 @@ class COutput {
   /// Part of a result, unchanged unless results go to a terminal whose user wants colour.
   QString styled(const QString& text, EStyle style) const;
 
-  /// What is being done meanwhile, as a line that the next text takes the place of.
-  CProgress& progress() { return mProgress; }
+  /// What is being done meanwhile, as CProgress shows it.
+  void reading(const QString& fileName, qint64 bytes);
+  void doing(const QString& text);
 
   /// How names and the like are written.
   const CLabels& labels() const { return mLabels; }
@@ -36,12 +47,30 @@ class COutput {
   /// "ktoparam: file: text", with a line number when there is one.
   void message(const QString& file, const QString& text, int line = 0);
 
+  /// Keeps what its thread prints, until that is printed in its turn by print().
+  class CTurn {
+   public:
+    explicit CTurn(COutput& out);
+    ~CTurn();
+    Q_DISABLE_COPY(CTurn)
+    /// What was printed until now.
+    CPrinted take();
+
+   private:
+    COutput& mOut;
+  };
+  static void print(const CPrinted& printed);
+
   /// To be called once, at the end: false, with a message, when results could not be written, or
   /// not all of them.
   bool finish();
 
  private:
+  /// Prints, unless the thread has to wait for its turn.
+  void inTurn(std::function<void()> printing);
   void write(const QByteArray& bytes);
+  void writeJson(const QJsonObject& object);
+  void writeMessage(const QString& text);
   /// How many bytes may still be written.
   qint64 space() const;
 
@@ -53,4 +82,6 @@ class COutput {
   qint64 mWritten = 0;
   bool mIsCut = false;
   bool mFailed = false;
+  std::mutex mMutex;  // of the following
+  std::map<std::thread::id, CPrinted> mKept;
 };

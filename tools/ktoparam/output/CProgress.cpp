@@ -8,8 +8,6 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <numeric>
-
 namespace {
 
 // What takes less than the blink of an eye is not worth a word.
@@ -30,17 +28,14 @@ CProgress::CProgress(FILE* stream, QIODevice& device)
     : mDevice(device), mColumns(columnsOf(stream)) {}
 
 void CProgress::reading(const QString& fileName, qint64 bytes) {
-  mSizes[fileName] = bytes;
+  qint64& size = mSizes[fileName];
+  mBytesOfFiles += bytes - size;
+  size = bytes;
   mBytes += bytes;
   ++mFiles;
   doing(mFiles < kManyFiles
             ? Tool::tr("Reading %1 …").arg(fileName)
             : Tool::tr("Reading %1 (file %2) …").arg(fileName, QString::number(mFiles)));
-}
-
-qint64 CProgress::bytesOfFiles() const {
-  return std::accumulate(mSizes.begin(), mSizes.end(), qint64(0),
-                         [](qint64 sum, const auto& file) { return sum + file.second; });
 }
 
 void CProgress::erase() {

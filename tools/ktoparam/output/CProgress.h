@@ -17,7 +17,7 @@ class CProgress {
   /// A file that is read, which makes the work more.
   void reading(const QString& fileName, qint64 bytes);
   /// The bytes of all files that were read, each file once.
-  qint64 bytesOfFiles() const;
+  qint64 bytesOfFiles() const { return mBytesOfFiles; }
   /// What is done with what was read.
   void doing(const QString& text);
   /// Leaves the line empty for whatever is written next.
@@ -27,6 +27,7 @@ class CProgress {
   QIODevice& mDevice;
   const int mColumns;                // 0 when there is no terminal
   std::map<QString, qint64> mSizes;  // by the file's name
+  qint64 mBytesOfFiles = 0;
   qint64 mBytes = 0;
   int mFiles = 0;
   bool mIsShown = false;

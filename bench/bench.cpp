@@ -141,6 +141,23 @@ void addFiles(const std::vector<int>& sizes) {
       if (file.load(name, "1.0", trees, labels, hardwareId) != 0) qFatal("load");
     }
   });
+  add("load and ask for all/here", sizes, [](benchmark::State& state, int size) {
+    const QString name = valueFile(size).name;
+    for (auto _ : state) {
+      begin(state);
+      CHardwareIdTrees trees;
+      SSubDeviceLabels labels;
+      QString hardwareId;
+      CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
+      if (file.load(name, "1.0", trees, labels, hardwareId) != 0) qFatal("load");
+      for (const auto& hardware : trees)
+        for (const auto& subDevice : hardware.second)
+          for (const auto* param : subDevice.second.params()) {
+            benchmark::DoNotOptimize(param->name());
+            benchmark::DoNotOptimize(param->value());
+          }
+    }
+  });
   add("save/here", sizes, saving(&saveHere));
   add("load and save/here", sizes, [](benchmark::State& state, int size) {
     const QString name = valueFile(size).name;

@@ -1,4 +1,5 @@
-// Peak growth of memory while a value file is loaded, in bytes per byte of the file:
+// Growth of memory while a value file is loaded, and after a million parameters were deleted and
+// added again, in bytes per byte of the file:
 // bench_memory PARAMETERS
 
 #include "Generate.h"
@@ -11,6 +12,8 @@
 #include <malloc.h>
 
 #include <memory>
+#include <random>
+#include <vector>
 
 namespace {
 
@@ -29,6 +32,25 @@ void resetPeak() {
   if (file.open(QIODevice::WriteOnly)) file.write("5");
 }
 
+/// Takes any parameters out of their groups, and puts them at the end of these.
+void replaceParameters(ICParameterFile& file, int count) {
+  std::vector<ICParamTreeNode*> groups;
+  for (const quint8 subDevId : file.subDeviceIds()) {
+    ICParamTreeNode* const root = file.existingSubGroup(QString(), subDevId);
+    for (int i = 0; i < root->childCnt(); ++i) groups.push_back(root->childPtr(i));
+  }
+  std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same each time
+  for (int i = 0; i < count; ++i) {
+    ICParamTreeNode* const group = groups[random() % groups.size()];
+    ICParamTreeNode* const old =
+        group->childPtr(static_cast<int>(random() % static_cast<unsigned>(group->childCnt())));
+    const QString name = old->name();
+    const CParamVal value = old->value();
+    if (!file.deleteNode(old) || file.addParameter(group, name, value) == nullptr)
+      qFatal("replace");
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -36,6 +58,9 @@ int main(int argc, char** argv) {
   const QString name = NGenerate::asFile(NGenerate::valueFile(parameters), "xparam");
   const std::unique_ptr<ICParameterFile> file(
       ICParameterFile::createSingle(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr));
+  const QString definitions =
+      NGenerate::asFile(NGenerate::shortDefinitionFile(parameters / 4), "xpdef");
+  if (!file->loadParamDefFile(definitions, 0x10000)) return 1;
   malloc_trim(0);
   resetPeak();
   const qint64 before = status("VmRSS");
@@ -44,8 +69,12 @@ int main(int argc, char** argv) {
   const auto peak = static_cast<double>(status("VmHWM") - before);
   malloc_trim(0);
   const auto rest = static_cast<double>(status("VmRSS") - before);
+  replaceParameters(*file, 1000000);
+  malloc_trim(0);
+  const auto replaced = static_cast<double>(status("VmRSS") - before);
   QTextStream(stdout) << QString::asprintf(
-      "%d parameters, %.1f MB: peak %.2f, afterwards %.2f bytes per byte\n", parameters, size / 1e6,
-      peak / size, rest / size);
+      "%d parameters, %.1f MB: peak %.2f, afterwards %.2f bytes per byte, %.2f after a million "
+      "deletions and additions\n",
+      parameters, size / 1e6, peak / size, rest / size, replaced / size);
   return 0;
 }

@@ -1,11 +1,15 @@
-// A document: read as it is, to the end of its Head, in the other encodings, by the parser alone
-// and by way of Qt's DOM. With KTO_GRAMMAR it is made from a grammar, else it is the input itself.
+// A document: read as it is, to the end of its Head, in the other encodings, by the parser alone,
+// by way of Qt's DOM, and by libxml2. With KTO_GRAMMAR it is made from a grammar, else it is the
+// input itself.
 
 #include "CDomDoc.h"
 #include "Finding.h"
 
 #include <QDomDocument>
 #include <QTextCodec>
+
+#include <libxml/parser.h>
+#include <libxml/tree.h>
 
 namespace {
 
@@ -40,6 +44,43 @@ void requireSameFromParser(const QByteArray& bytes, const CDomDoc& document) {
   NFuzz::require(written(parsed) == written(document), "another document of the parser");
   NFuzz::require(hasSameLines(parsed.documentElement(), document.documentElement()),
                  "other lines of the parser");
+}
+
+/// Without white space, which is layout between elements.
+QByteArray dense(QByteArray text) {
+  for (const char space : {' ', '\t', '\n', '\r'}) text.replace(space, "");
+  return text;
+}
+
+bool areSame(const xmlNode* theirs, const CDomElement& ours) {
+  const auto text = [](const xmlChar* utf8) { return reinterpret_cast<const char*>(utf8); };
+  const std::unique_ptr<xmlChar, decltype(xmlFree)> content(xmlNodeGetContent(theirs), xmlFree);
+  bool isSame = dense(text(content.get())) == dense(ours.text().toUtf8());
+  for (const xmlAttr* each = theirs->properties; each != nullptr && isSame; each = each->next) {
+    const std::unique_ptr<xmlChar, decltype(xmlFree)> value(
+        xmlNodeListGetString(theirs->doc, each->children, 1), xmlFree);
+    const QByteArray own = ours.attribute(QLatin1String(text(each->name))).toUtf8();
+    isSame = each->ns != nullptr || own == text(value.get());
+  }
+  CDomElement child = ours.firstChildElement();
+  for (const xmlNode* each = theirs->children; each != nullptr && isSame; each = each->next) {
+    if (each->type != XML_ELEMENT_NODE) continue;
+    const bool hasPrefix = each->ns != nullptr || strchr(text(each->name), ':') != nullptr;
+    isSame = (hasPrefix || child.hasTag(QLatin1String(text(each->name)))) && areSame(each, child);
+    child = child.nextSiblingElement();
+  }
+  return isSame && child.isNull();
+}
+
+/// What is accepted here is accepted by libxml2, and is the same there.
+void requireSameFromLibxml2(const QByteArray& bytes, const CDomDoc& document) {
+  const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> theirs(
+      xmlReadMemory(bytes.constData(), bytes.size(), nullptr, nullptr,
+                    XML_PARSE_HUGE | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_NONET),
+      &xmlFreeDoc);
+  NFuzz::require(theirs != nullptr, "refused by libxml2");
+  NFuzz::require(areSame(xmlDocGetRootElement(theirs.get()), document.documentElement()),
+                 "another document of libxml2");
 }
 
 void requireSameInUtf16(const QByteArray& bytes, const QByteArray& expected, bool isAccepted) {
@@ -115,6 +156,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
   requireSameFromParser(bytes, document);
   if (!done) return 0;
 
+  requireSameFromLibxml2(bytes, document);
   QDomDocument qt;
   QDomElement parent = qt.createElement(QStringLiteral("parent"));
   document.documentElement().toDom(parent);

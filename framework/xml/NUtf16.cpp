@@ -40,8 +40,10 @@ bool toUtf8(const QByteArray& bytes, EOrder order, QByteArray& utf8) {
   QString text =
       QString::fromRawData(reinterpret_cast<const QChar*>(bytes.constData()), size);  // no copy
   if (order != kHostOrder) qbswap<sizeof(QChar)>(bytes.constData(), size, text.data());
+  // Asked for once: Qt looks for codecs under a lock that all threads would share.
+  static const QTextCodec* const kCodec = QTextCodec::codecForName("UTF-8");
   QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-  utf8 = QTextCodec::codecForName("UTF-8")->fromUnicode(text.constData(), size, &state);
+  utf8 = kCodec->fromUnicode(text.constData(), size, &state);
   utf8.squeeze();
   if (state.invalidChars == 0 && state.remainingChars == 0) return true;
   utf8 = text.leftRef(loneSurrogate(text)).toUtf8();

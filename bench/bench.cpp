@@ -129,33 +129,39 @@ bool saveHere(const CHardwareIdTrees& trees) {
   return file.save(kSaved, "1.0", trees, {});
 }
 
+CHardwareIdTrees loadHere(const QString& name) {
+  CHardwareIdTrees trees;
+  SSubDeviceLabels labels;
+  QString hardwareId;
+  CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
+  if (file.load(name, "1.0", trees, labels, hardwareId) != 0) qFatal("load");
+  return trees;
+}
+
+void askForAll(const CHardwareIdTrees& trees) {
+  for (const auto& hardware : trees) {
+    for (const auto& subDevice : hardware.second) {
+      for (const auto* param : subDevice.second.params()) {
+        benchmark::DoNotOptimize(param->name());
+        benchmark::DoNotOptimize(param->value());
+      }
+    }
+  }
+}
+
 void addFiles(const std::vector<int>& sizes) {
   add("load/here", sizes, [](benchmark::State& state, int size) {
     const QString name = valueFile(size).name;
     for (auto _ : state) {
       begin(state);
-      CHardwareIdTrees trees;
-      SSubDeviceLabels labels;
-      QString hardwareId;
-      CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
-      if (file.load(name, "1.0", trees, labels, hardwareId) != 0) qFatal("load");
+      benchmark::DoNotOptimize(loadHere(name));
     }
   });
   add("load and ask for all/here", sizes, [](benchmark::State& state, int size) {
     const QString name = valueFile(size).name;
     for (auto _ : state) {
       begin(state);
-      CHardwareIdTrees trees;
-      SSubDeviceLabels labels;
-      QString hardwareId;
-      CParamValueFile file(NktoGlobal::FILE_TYPE_PARAMETERS, nullptr, nullptr);
-      if (file.load(name, "1.0", trees, labels, hardwareId) != 0) qFatal("load");
-      for (const auto& hardware : trees)
-        for (const auto& subDevice : hardware.second)
-          for (const auto* param : subDevice.second.params()) {
-            benchmark::DoNotOptimize(param->name());
-            benchmark::DoNotOptimize(param->value());
-          }
+      askForAll(loadHere(name));
     }
   });
   add("save/here", sizes, saving(&saveHere));
@@ -200,10 +206,13 @@ void addDefinitions(const std::string& kind, const std::vector<int>& sizes,
 }
 
 void addDefinitionPeer(const std::vector<int>& sizes) {
-  add("load definitions/QDomDocument", sizes, [](benchmark::State& state, int size) {
-    const QString name = definitionFile(size).name;
-    for (auto _ : state) benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(content(name)));
-  });
+  add(
+      "load definitions/QDomDocument", sizes,
+      [](benchmark::State& state, int size) {
+        const QString name = definitionFile(size).name;
+        for (auto _ : state)
+          benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(content(name)));
+      });
 }
 
 void addOperations(const std::vector<int>& sizes) {

@@ -55,7 +55,7 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   void setAttribute(QLatin1String name, qint64 number);
   /// Replaces all children by one text.
   void setText(const QString& text);
-  void setTextUtf8(std::string_view text);
+  void setTextUtf8(std::string_view text);  ///< a text as textUtf8() gives it
 
   /// Appends a copy of this element and all beneath it to an element of a Qt document.
   void toDom(QDomElement& parent) const;

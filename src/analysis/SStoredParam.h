@@ -3,9 +3,8 @@
 #include "CNodeNumbers.h"
 #include "CNodeText.h"
 
-#include <vector>
-
 #include <functional>
+#include <vector>
 
 class ICParameterFile;
 
@@ -21,6 +20,6 @@ struct SStoredParam {
   /// groups.
   static void visit(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys,
                     const std::function<void(SStoredParam&&)>& visitor);
-  /// The same, as copies.
+  /// The same, as a list.
   static std::vector<SStoredParam> read(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys);
 };

@@ -1,3 +1,4 @@
 #include "CParamNodeData.h"
 
-const QString CParamNodeData::mStandardConstructedStr = QStringLiteral("[standard constructed]");
+const QString CParamNodeData::mStandardConstructedStr =
+    NXmlText::toQString(CParamNodeData::kStandardConstructed);

@@ -172,7 +172,9 @@ void CSubDeviceTree::mergeGroup(CParamTreeNodeImpl* target, const CParamTreeNode
 void CSubDeviceTree::mergeParameter(CParamTreeNodeImpl* target, const CParamTreeNodeImpl& source) {
   CParamTreeNodeImpl* const param = nodeUtf8(source.nameUtf8());
   if (!param) {
-    addParameterUtf8(target, source.nameUtf8(), source.id(), source.valueUtf8());
+    const CParamTreeNodeImpl* const added =
+        addParameterUtf8(target, source.nameUtf8(), source.id(), source.valueUtf8());
+    if (added) added->dataPtr()->setPropertiesOf(source.dataRef());
     return;
   }
   if (source.id() != 0) param->dataPtr()->setId(source.id());

@@ -10,8 +10,8 @@
 namespace NNameMatch {
 
 /// For each element of a list, the position of the element of the same name in another, or -1. The
-/// names within a list must differ, and outlive the call as views. Two files of one device begin
-/// and end alike, so only what is between is hashed.
+/// names within a list must differ; nameOf() gives views of what the lists hold. Two files of one
+/// device begin and end alike, so only what is between is hashed.
 template <typename CList, typename F>
 std::vector<int> positionsOf(const CList& of, const CList& in, const F& nameOf) {
   const auto name = [&nameOf](const CList& list, int i) {

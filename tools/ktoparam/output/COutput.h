@@ -22,7 +22,7 @@ using CPrinted = std::vector<std::function<void()>>;
 /// no longer than 20 times the files that were read, and a few lines: what is longer is the work of
 /// somebody who wants to fill a disk, and is cut off with a message and a failure.
 ///
-/// Thread-safe where a CTurn is used, but for finish(): all else is printed by one thread.
+/// Other threads than that which prints may use it as well, each with a CTurn.
 class COutput {
  public:
   COutput(FILE* results, FILE* messages);

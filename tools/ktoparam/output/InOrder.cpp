@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <condition_variable>
 #include <exception>
-#include <map>
 #include <mutex>
 #include <system_error>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -15,7 +16,8 @@ constexpr int kAhead = 4;
 
 class CWorkers {
  public:
-  CWorkers(int count, const std::function<void(int)>& work) : mCount(count), mWork(work) {
+  CWorkers(int count, const std::function<void(int)>& work)
+      : mCount(count), mWork(work), mDone(static_cast<size_t>(count)) {
     const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
     mAhead = kAhead * cores;
     mThreads.reserve(static_cast<size_t>(cores));
@@ -39,8 +41,9 @@ class CWorkers {
   void wait(int i) {
     if (mThreads.empty()) return mWork(i);
     std::unique_lock lock(mMutex);
-    mIsDone.wait(lock, [&] { return mDone.count(i) > 0; });
-    const std::exception_ptr error = mDone.extract(i).mapped();
+    SDone& done = mDone[static_cast<size_t>(i)];
+    mIsDone.wait(lock, [&done] { return done.isDone; });
+    const std::exception_ptr error = std::exchange(done.error, nullptr);
     mTaken = i + 1;
     lock.unlock();
     mHasRoom.notify_all();
@@ -48,6 +51,11 @@ class CWorkers {
   }
 
  private:
+  struct SDone {
+    bool isDone = false;
+    std::exception_ptr error;  // what the work has thrown
+  };
+
   void run() {
     std::unique_lock lock(mMutex);
     for (;;) {
@@ -57,7 +65,7 @@ class CWorkers {
       lock.unlock();
       const std::exception_ptr error = thrownBy(i);
       lock.lock();
-      mDone.emplace(i, error);
+      mDone[static_cast<size_t>(i)] = {true, error};
       mIsDone.notify_one();
     }
   }
@@ -79,7 +87,7 @@ class CWorkers {
   std::condition_variable mIsDone;
   int mNext = 0;
   int mTaken = 0;
-  std::map<int, std::exception_ptr> mDone;
+  std::vector<SDone> mDone;
   std::vector<std::thread> mThreads;
 };
 

@@ -1,3 +1,4 @@
+#include "CNamePattern.h"
 #include "CParamValueRules.h"
 #include "CValueEdit.h"
 #include "Command.h"
@@ -6,47 +7,17 @@
 
 namespace {
 
-/// A name, or a pattern with "*" and "?".
 struct SNamePattern {
-  QString text;
-  QVector<uint> characters = text.toUcs4();
+  CNamePattern pattern;
   bool isUsed = false;  ///< a name matched
 };
 
-// Names are not paths: a "*" matches "/", too. When a piece of the pattern does not fit, only
-// the last "*" takes one more character; another way for those before it would not help. So the
-// time grows with the name, whatever the pattern.
-bool matches(const QVector<uint>& pattern, const QVector<uint>& name) {
-  int inPattern = 0;
-  int behindStar = -1;  // in the pattern
-  int taken = 0;        // up to where that "*" takes the name
-  for (int inName = 0; inName < name.size();) {
-    const uint wanted = pattern.value(inPattern);
-    const bool isWithin = inPattern < pattern.size();
-    if (isWithin && wanted == '*') {
-      behindStar = ++inPattern;
-      taken = inName;
-    } else if (isWithin && (wanted == '?' || wanted == name.at(inName))) {
-      ++inPattern;
-      ++inName;
-    } else if (behindStar >= 0) {
-      inPattern = behindStar;
-      inName = ++taken;
-    } else {
-      return false;
-    }
-  }
-  while (inPattern < pattern.size() && pattern.at(inPattern) == '*') ++inPattern;
-  return inPattern == pattern.size();
-}
-
 /// Without a pattern, every name matches.
 bool matchesAny(QVector<SNamePattern>& patterns, const QString& name) {
-  const QVector<uint> characters = name.toUcs4();
   bool found = patterns.isEmpty();
-  for (SNamePattern& pattern : patterns) {
-    if (!matches(pattern.characters, characters)) continue;
-    pattern.isUsed = true;
+  for (SNamePattern& each : patterns) {
+    if (!each.pattern.matches(name)) continue;
+    each.isUsed = true;
     found = true;
   }
   return found;
@@ -60,16 +31,15 @@ SEditCounts setDefaults(const CLoadedFile& loaded, QVector<SNamePattern>& patter
     for (const QString& name : file.paramNames(id)) {
       if (!matchesAny(patterns, name)) continue;
       const CParamDefItem definition = file.paramDef(name);
-      if (definition.name().isEmpty()) {
+      if (definition.name().isEmpty())
         ++counts.unknown;
-      } else if (definition.defVal().isNull()) {
+      else if (definition.defVal().isNull())
         ++counts.kept;
-      } else if (CParamValueRules::mayStay(file.paramValue(name, id), definition.defVal(),
-                                           definition)) {
+      else if (CParamValueRules::mayStay(file.paramValue(name, id), definition.defVal(),
+                                         definition))
         ++counts.equal;
-      } else {
+      else
         file.setParamValue(name, definition.defVal(), id) ? ++counts.defaulted : ++counts.failed;
-      }
     }
   }
   return counts;
@@ -80,7 +50,8 @@ EExitStatus defaults(const CInvocation& invocation, COutput& out) {
   const EExitStatus opened = loaded.openToEdit(invocation);
   if (opened != ExitDone) return opened;
   QVector<SNamePattern> patterns;
-  for (const QString& text : invocation.argumentsFrom(1)) patterns.append(SNamePattern{text});
+  for (const QString& text : invocation.argumentsFrom(1))
+    patterns.append(SNamePattern{CNamePattern(text)});
   CValueEdit edit(loaded, invocation, out);
   const SEditCounts counts = setDefaults(loaded, patterns);
   bool isGood = true;
@@ -89,8 +60,9 @@ EExitStatus defaults(const CInvocation& invocation, COutput& out) {
     isGood = false;
     loaded.message(
         Tool::tr("no parameter matches \"%1\".%2")
-            .arg(pattern.text, NParameterLookup::didYouMean(
-                                   pattern.text, NParameterLookup::allNames(loaded.file()))));
+            .arg(pattern.pattern.text(),
+                 NParameterLookup::didYouMean(pattern.pattern.text(),
+                                              NParameterLookup::allNames(loaded.file()))));
   }
   if (!isGood) return ExitFindings;
   return counts.failed > 0 ? edit.refuse(counts) : edit.finish(counts);

@@ -103,12 +103,14 @@ QString NDisplayText::shown(const QString& text) {
   const QString safe = escaped(text);
   const bool plain = safe == text && !text.isEmpty() && !text.startsWith(QLatin1Char('"')) &&
                      !text.at(0).isSpace() && !text.at(text.size() - 1).isSpace();
-  if (plain) return text;
+  return plain ? text : quoted(text);
+}
 
-  QString quoted = text;
-  quoted.replace(QLatin1String("\\"), QLatin1String("\\\\"));
-  quoted.replace(QLatin1String("\""), QLatin1String("\\\""));
-  return QStringLiteral("\"%1\"").arg(escaped(quoted));
+QString NDisplayText::quoted(const QString& text) {
+  QString safe = text;
+  safe.replace(QLatin1String("\\"), QLatin1String("\\\\"));
+  safe.replace(QLatin1String("\""), QLatin1String("\\\""));
+  return QStringLiteral("\"%1\"").arg(escaped(safe));
 }
 
 QString NDisplayText::shownOrNothing(const QString& text) {

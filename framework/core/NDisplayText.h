@@ -16,6 +16,8 @@ KTOFRAMEWORK_EXPORT QString escaped(const QString& text);
 KTOFRAMEWORK_EXPORT QString shown(const QString& text);
 /// The same, but nothing for an empty text.
 KTOFRAMEWORK_EXPORT QString shownOrNothing(const QString& text);
+/// Always escaped between quotes.
+KTOFRAMEWORK_EXPORT QString quoted(const QString& text);
 
 /// A text at its depth in a tree. Where the blanks would be more than a screen can show, a number
 /// tells the depth.

@@ -8,7 +8,8 @@
 bool CInvocation::check(COutput& out) const {
   QStringList problems(optionProblem());
   if (!wantsHelp())
-    problems += {subDeviceProblem(), argumentProblem(), missingOption(), emptyFileName()};
+    problems +=
+        {subDeviceProblem(), argumentProblem(), missingOption(), contradiction(), emptyFileName()};
   for (const QString& text : qAsConst(problems)) {
     if (text.isEmpty()) continue;
     wrongUsage(text, out);
@@ -20,8 +21,7 @@ bool CInvocation::check(COutput& out) const {
 QString CInvocation::argumentProblem() const {
   const int given = arguments().size();
   const QVector<SArgument>& expected = command().arguments;
-  const bool mayBeFewer = !expected.isEmpty() && expected.last().mayBeMissing();
-  if (given < expected.size() - (mayBeFewer ? 1 : 0))
+  if (given < expected.size() && !expected.at(given).mayBeMissing())
     return Tool::tr("%1 is missing.").arg(expected.at(given).name);
   if (given > 0 && !command().argumentAt(given - 1))
     return Tool::tr("\"%1\" is one word too many.").arg(argument(expected.size()));
@@ -33,6 +33,16 @@ QString CInvocation::missingOption() const {
     if (option.isRequired && !isSet(option.name))
       return Tool::tr("--%1 %2 is missing.").arg(option.name, option.valueName);
   return {};
+}
+
+QString CInvocation::contradiction() const {
+  const bool isBoth = isSet(NOptions::kDef) && isSet(NOptions::kNoDef);
+  return isBoth ? Tool::tr("--def and --no-def cannot be used together.") : QString();
+}
+
+bool CInvocation::findsDefinitions() const {
+  return command().option(QLatin1String("--") + NOptions::kNoDef) && !isSet(NOptions::kDef) &&
+         !isSet(NOptions::kNoDef);
 }
 
 QString CInvocation::emptyFileName() const {

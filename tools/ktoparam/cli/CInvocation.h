@@ -19,6 +19,8 @@ class CInvocation : public CParsedWords {
 
   bool wantsHelp() const { return isSet(QLatin1String("help")); }
   bool wantsJson() const { return isSet(NOptions::kJson); }
+  /// Whether to look for a definition file that nobody named.
+  bool findsDefinitions() const;
   bool isDryRun() const { return isSet(NOptions::kDryRun); }
 
   /// By place; empty beyond the last one.
@@ -45,5 +47,6 @@ class CInvocation : public CParsedWords {
   QString argumentProblem() const;
   QString subDeviceProblem() const;
   QString missingOption() const;
+  QString contradiction() const;
   QString emptyFileName() const;
 };

@@ -23,7 +23,7 @@ CParsedWords::CParsedWords(const SCommand& command, const QStringList& words) : 
   bool mayBeOption = true;
   for (const QString& word : words) {
     if (mOpen) {  // a value, whatever it begins with
-      mOptions.insert(mOpen->name, word);
+      setOption(mOpen->name, word);
       mOpen = nullptr;
     } else if (mayBeOption && word == QLatin1String("--")) {
       mayBeOption = false;
@@ -53,8 +53,15 @@ void CParsedWords::readOption(const QString& word) {
   if (hasValue && !takesValue) return complain(Tool::tr("--%1 takes no value.").arg(key));
   if (takesValue && !hasValue)
     mOpen = option;
+  else if (takesValue)
+    setOption(key, given);
   else
-    mOptions.insert(key, given);
+    mOptions.insert(key, {});
+}
+
+void CParsedWords::setOption(const QString& name, const QString& value) {
+  if (isSet(name)) complain(Tool::tr("--%1 is given twice.").arg(name));
+  mOptions.insert(name, value);
 }
 
 void CParsedWords::complain(const QString& problem) {

@@ -11,7 +11,6 @@ class CParsedWords {
   CParsedWords(const SCommand& command, const QStringList& words);
 
   bool isSet(const QString& option) const { return mOptions.contains(option); }
-  /// The last one that was given.
   QString value(const QString& option, const QString& unlessGiven = {}) const {
     return mOptions.value(option, unlessGiven);
   }
@@ -29,6 +28,7 @@ class CParsedWords {
 
  private:
   void readOption(const QString& word);
+  void setOption(const QString& name, const QString& value);
   void complain(const QString& problem);
 
   const SCommand& mCommand;

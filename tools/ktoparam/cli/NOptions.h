@@ -10,6 +10,7 @@ namespace NOptions {
 
 inline const QLatin1String kJson("json");
 inline const QLatin1String kDef("def");
+inline const QLatin1String kNoDef("no-def");
 inline const QLatin1String kHardwareId("hardware-id");
 inline const QLatin1String kSubDevice("sub-device");
 inline const QLatin1String kDryRun("dry-run");
@@ -19,20 +20,24 @@ inline SOption json() {
   return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};
 }
 inline SOption def(const QString& help) {
-  return {kDef, "DEF", help, EWord::File};
+  return {kDef, "DEF", help, EWord::File, "d"};
+}
+/// A command that has this looks for a definition file where none is named.
+inline SOption noDef() {
+  return {kNoDef, {}, Tool::tr("Do without definitions, also where a definition file is found.")};
 }
 inline SOption required(SOption option) {
   option.isRequired = true;
   return option;
 }
 inline SOption hardwareId(const QString& help = Tool::tr("Only this hardware id.")) {
-  return {kHardwareId, "ID", help, EWord::HardwareId};
+  return {kHardwareId, "ID", help, EWord::HardwareId, "H"};
 }
 inline SOption oneHardwareId() {
   return hardwareId(Tool::tr("The hardware id; needed when the file has several."));
 }
 inline SOption subDevice(const QString& help = Tool::tr("Only this sub-device, 0 to 255.")) {
-  return {kSubDevice, "N", help, EWord::SubDevice};
+  return {kSubDevice, "N", help, EWord::SubDevice, "s"};
 }
 inline SOption choice(QLatin1String name, const QStringList& choices, const QString& help) {
   SOption option{name, "FORMAT", help};
@@ -44,6 +49,13 @@ inline SOption dryRun() {
 }
 inline SOption output(const QString& help) {
   return {kOutput, "OUT", help, EWord::File, "o"};
+}
+inline SArgument parameters(SArgument::ECount count = SArgument::AnyNumber) {
+  return {"NAME",
+          Tool::tr("Names of parameters, patterns with \"*\" and \"?\", groups (Motion/Limits), or "
+                   "addresses as text prints them (KTO-2A-16[2]/Motion/Limits/VelocityLimit). Put "
+                   "patterns in quotes, or the shell looks for files."),
+          EWord::Parameter, count};
 }
 inline SArgument valueFile() {
   return {"FILE", Tool::tr("A value file."), EWord::File};

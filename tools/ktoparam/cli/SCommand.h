@@ -17,7 +17,8 @@ enum EExitStatus {
 /// What a word on the command line means; tells how to complete it.
 enum class EWord { Text, File, HardwareId, SubDevice, Parameter, Assignment };
 
-/// A word that a command expects, by its place. Only the last one may be missing or repeated.
+/// A word that a command expects, by its place. Only the last ones may be missing, and the
+/// last one may be repeated.
 struct SArgument {
   enum ECount { One, OneOrMore, AnyNumber, NoneOrOne };
 

@@ -3,6 +3,7 @@
 #include "Command.h"
 
 #include <array>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -87,14 +88,21 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
   return errors + warnings > 0 ? ExitFindings : ExitDone;
 }
 
+/// What is wrong with definitions, until it is reported.
+struct SDefinitions {
+  std::once_flag isChecked;
+  std::optional<SChecked> checked;
+};
+
 /// How the check of one file ended.
 struct SOutcome {
   EExitStatus status = ExitDone;
-  bool hasValues = false;
+  QString definitionFile = {};  ///< that the values were checked against
   std::optional<SChecked> checked = {};
 };
 
-/// Checks files, each as its kind asks for; those of values against the same definitions.
+/// Checks files, each as its kind asks for. Definitions are checked once for all files of values
+/// that they serve.
 class CChecking {
  public:
   CChecking(const CInvocation& invocation, COutput& out) : mInvocation(invocation), mOut(out) {}
@@ -127,52 +135,65 @@ class CChecking {
   }
 
   SOutcome checkDefinitions(const QString& fileName) const {
-    if (mInvocation.isSet(NOptions::kDef) || mInvocation.isSet(NOptions::kHardwareId) ||
-        mInvocation.isSet(kMissing)) {
+    if (mInvocation.isSet(NOptions::kDef) || mInvocation.isSet(NOptions::kNoDef) ||
+        mInvocation.isSet(NOptions::kHardwareId) || mInvocation.isSet(kMissing)) {
       return {mInvocation.wrongUsage(
           Tool::tr("%1 is a definition file; --json is the only option for it.").arg(fileName),
           mOut)};
     }
     CLoadedFile loaded(mOut);
     if (!loaded.load(fileName, SFileInfo::Definitions)) return {ExitFile};
-    return {ExitDone, false, checkedDefinitions(fileName, loaded)};
+    return {ExitDone, {}, checkedDefinitions(fileName, loaded)};
   }
 
   SOutcome checkValues(const QString& fileName) {
-    if (!mInvocation.isSet(NOptions::kDef)) {
-      return {mInvocation.wrongUsage(
-          Tool::tr("Values are checked against definitions; name their file with --def DEF."),
-          mOut)};
-    }
     CLoadedFile loaded(mOut);
     if (!loaded.loadValues(fileName, mInvocation)) return {ExitFile};
+    if (!loaded.hasDefinitions())
+      return {loaded.areDefinitionsFound() ? ExitFile : withoutDefinitions()};
     if (loaded.hardwareIds(mInvocation).isEmpty()) return {ExitFindings};
     mOut.doing(Tool::tr("Checking %1 …").arg(fileName));
-    std::call_once(mAreDefinitionsChecked, [&] {
-      mDefinitions = checkedDefinitions(mInvocation.value(NOptions::kDef), loaded);
-    });
+    checkDefinitionsOnce(loaded);
     const auto missing = mInvocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
                                                      : CParameterFileChecker::SkipMissing;
     return {
-        ExitDone, true,
+        ExitDone, loaded.definitionFile(),
         SChecked(fileName, CParameterFileChecker::checkValues(
                                loaded.file(), mInvocation.value(NOptions::kHardwareId), missing))};
+  }
+
+  EExitStatus withoutDefinitions() const {
+    return mInvocation.wrongUsage(
+        Tool::tr("Values are checked against definitions; name their file with --def DEF."), mOut);
+  }
+
+  void checkDefinitionsOnce(const CLoadedFile& loaded) {
+    const QString& fileName = loaded.definitionFile();
+    std::unique_lock lock(mMutex);
+    SDefinitions& definitions = mDefinitions[fileName];
+    lock.unlock();
+    std::call_once(definitions.isChecked,
+                   [&] { definitions.checked = checkedDefinitions(fileName, loaded); });
   }
 
   static SChecked checkedDefinitions(const QString& fileName, const CLoadedFile& loaded) {
     return {fileName, CParameterFileChecker::checkDefinitions(loaded.file())};
   }
 
-  /// The definitions come before the first file of values.
+  /// The definitions come before the first file of values that they serve.
   void add(const SOutcome& outcome) {
-    if (outcome.hasValues && mDefinitions) mChecked.append(*std::exchange(mDefinitions, {}));
+    if (!outcome.definitionFile.isEmpty()) {
+      const std::lock_guard lock(mMutex);
+      std::optional<SChecked>& definitions = mDefinitions[outcome.definitionFile].checked;
+      if (definitions) mChecked.append(*std::exchange(definitions, {}));
+    }
     if (outcome.checked) mChecked.append(*outcome.checked);
   }
 
   const CInvocation& mInvocation;
   COutput& mOut;
-  std::once_flag mAreDefinitionsChecked;
-  std::optional<SChecked> mDefinitions;  // those of "--def"
+  std::mutex mMutex;                             // of the map, whose elements stay where they are
+  std::map<QString, SDefinitions> mDefinitions;  // by file
   QVector<SChecked> mChecked;
 };
 
@@ -193,7 +214,9 @@ QVector<SCommand> checkCommands() {
                 "files are checked against the same definitions.\nThe exit status is 1 when there "
                 "are errors or warnings."),
        {{"FILE", Tool::tr("Value files, or definition files."), EWord::File, SArgument::OneOrMore}},
-       {NOptions::def(Tool::tr("The definition file; needed for value files.")),
+       {NOptions::def(
+            Tool::tr("The definition file of all value files; without it, one is looked for.")),
+        NOptions::noDef(),
         NOptions::hardwareId(),
         {kMissing,
          {},

@@ -1,22 +1,42 @@
 #include "CParameterFileComparison.h"
+#include "CParameterWords.h"
 #include "Command.h"
 #include "NDifferences.h"
 
+#include <QFileInfo>
+
 #include <set>
+#include <tuple>
 
 namespace {
 
 const QLatin1String kNewHardwareId("new-hardware-id");
 const QLatin1String kNewSubDevice("new-sub-device");
 
+/// The arguments: OLD, NEW, and names. NEW may be missing where options tell what to compare with;
+/// the second word is a name then, unless there is a file of that name.
+struct SFiles {
+  explicit SFiles(const CInvocation& invocation) : oldName(invocation.argument(0)) {
+    const QString second = invocation.argument(1);
+    const bool mayBeMissing = invocation.isSet(kNewHardwareId) || invocation.isSet(kNewSubDevice);
+    hasNew = !second.isEmpty() && (!mayBeMissing || QFileInfo::exists(second));
+    newName = hasNew ? second : oldName;
+    names = invocation.argumentsFrom(hasNew ? 2 : 1);
+  }
+
+  QString oldName;
+  QString newName;
+  bool hasNew;
+  QStringList names;
+};
+
 QString usageProblem(const CInvocation& invocation) {
   for (const auto& [option, needed] : {std::make_pair(kNewHardwareId, NOptions::kHardwareId),
-                                       std::make_pair(kNewSubDevice, NOptions::kSubDevice)}) {
+                                       std::make_pair(kNewSubDevice, NOptions::kSubDevice)})
     if (invocation.isSet(option) && !invocation.isSet(needed))
       return Tool::tr("--%1 needs --%2.").arg(option, needed);
-  }
-  const bool isOneFile = invocation.argument(1).isEmpty();
-  if (isOneFile && !invocation.isSet(kNewHardwareId) && !invocation.isSet(kNewSubDevice)) {
+  if (!SFiles(invocation).hasNew && !invocation.isSet(kNewHardwareId) &&
+      !invocation.isSet(kNewSubDevice)) {
     return Tool::tr("NEW is missing. Without it, --%1 or --%2 tells what to compare with.")
         .arg(kNewHardwareId, kNewSubDevice);
   }
@@ -28,19 +48,20 @@ class CSides {
  public:
   CSides(const CInvocation& invocation, COutput& out)
       : mInvocation(invocation),
+        mOut(out),
+        mFiles(invocation),
         mOld(out),
         mNew(out),
+        mWords(mFiles.names),
         mOldSubDevice(invocation.subDevice()),
         mNewSubDevice(invocation.isSet(kNewSubDevice) ? invocation.subDevice(kNewSubDevice)
                                                       : mOldSubDevice) {}
 
   bool load() {
-    const QString second = mInvocation.argument(1);
-    const bool hasOld = mOld.load(mInvocation.argument(0), SFileInfo::Values);
+    const bool hasOld = mOld.load(mFiles.oldName, SFileInfo::Values);
     // Both names may be wrong, and both are told.
-    if (!hasOld && second.isEmpty()) return false;
-    return mNew.loadValues(second.isEmpty() ? mInvocation.argument(0) : second, mInvocation) &&
-           hasOld;
+    if (!hasOld && !mFiles.hasNew) return false;
+    return mNew.loadValues(mFiles.newName, mInvocation, mFiles.oldName) && hasOld;
   }
 
   /// False, with a message, when a file does not have what is to be compared.
@@ -64,7 +85,7 @@ class CSides {
     ICParameterFile& oldFile = mOld.file();
     ICParameterFile& newFile = mNew.file();
     if (!mOldSubDevice && !mInvocation.isSet(NOptions::kHardwareId))
-      return CComparison::compare(oldFile, newFile, &newFile);
+      return meant(CComparison::compare(oldFile, newFile, &newFile));
     CParamDifferences all;
     for (const auto& [oldId, newId] : qAsConst(mHardwareIds)) {
       all += mOldSubDevice
@@ -72,17 +93,69 @@ class CSides {
                                                   *mNewSubDevice, &newFile)
                  : CComparison::compareHardwareIds(oldFile, oldId, newFile, newId, &newFile);
     }
-    return all;
+    return meant(all);
+  }
+
+  /// Finds the parameters that are named. Not done when one of them is nowhere.
+  EExitStatus look() {
+    if (mWords.isEmpty()) return ExitDone;
+    QStringList oldIds;
+    QStringList newIds;
+    for (const auto& [oldId, newId] : qAsConst(mHardwareIds)) {
+      if (mOld.file().containsHardwareId(oldId)) oldIds.append(oldId);
+      if (mNew.file().containsHardwareId(newId)) newIds.append(newId);
+    }
+    mWords.readNames(mOld, oldIds);
+    mWords.readNames(mNew, newIds);
+    const QString only =
+        mInvocation.isSet(kNewHardwareId) ? QString() : mInvocation.value(NOptions::kHardwareId);
+    const EExitStatus status = mWords.checkAddresses(only, mInvocation, mOut);
+    if (status != ExitDone) return status;
+    for (const auto& [oldId, newId] : qAsConst(mHardwareIds)) {
+      if (mOld.file().selectHardwareId(oldId)) note(mOld.file(), mOldSubDevice, newId);
+      if (mNew.file().selectHardwareId(newId)) note(mNew.file(), mNewSubDevice, newId);
+    }
+    return mWords.reportMissing(mNew, newIds) ? ExitDone : ExitFindings;
   }
 
   const ICParameterFile& definitions() const { return mNew.file(); }
+  const QString& definitionFile() const { return mNew.definitionFile(); }
   const QString& oldName() const { return mOld.fileName(); }
   const QString& newName() const { return mNew.fileName(); }
 
  private:
+  /// By hardware id, sub-device and name as differences tell them: those of NEW.
+  using CPlace = std::tuple<QString, int, QString>;
+
+  /// What is meant, and the sub-devices and hardware ids that it lies in.
+  void note(ICParameterFile& file, std::optional<quint8> subDevice, const QString& hardwareId) {
+    for (const ICParamTreeNode* node : mWords.look(file, subDevice)) {
+      const int id = mNewSubDevice.value_or(node->subDevId());
+      mMeant.insert({hardwareId, id, node->name()});
+      mMeant.insert({hardwareId, id, QString()});
+      mMeant.insert({hardwareId, SParamDifference::kNoSubDevice, QString()});
+    }
+  }
+
+  CParamDifferences meant(const CParamDifferences& all) const {
+    if (mWords.isEmpty()) return all;
+    CParamDifferences some;
+    for (const SParamDifference& each : all) {
+      const bool isOfSubDevice = each.kind == SParamDifference::SubDeviceTypeChanged ||
+                                 each.kind == SParamDifference::SubDeviceNameChanged;
+      if (!isOfSubDevice && mMeant.count({each.hardwareId, each.subDevId, each.name}) > 0)
+        some.append(each);
+    }
+    return some;
+  }
+
   const CInvocation& mInvocation;
+  COutput& mOut;
+  const SFiles mFiles;
   CLoadedFile mOld;
   CLoadedFile mNew;
+  CParameterWords mWords;
+  std::set<CPlace> mMeant;
   const std::optional<quint8> mOldSubDevice;
   const std::optional<quint8> mNewSubDevice;
   QVector<QPair<QString, QString>> mHardwareIds;
@@ -94,12 +167,15 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
   CSides sides(invocation, out);
   if (!sides.load()) return ExitFile;
   if (!sides.select()) return ExitFindings;
+  const EExitStatus looked = sides.look();
+  if (looked != ExitDone) return looked;
 
   out.doing(Tool::tr("Comparing …"));
   const CParamDifferences differences = sides.compare();
   if (invocation.wantsJson()) {
     out.json({{"old", sides.oldName()},
               {"new", sides.newName()},
+              {"definitionFile", textOrNull(sides.definitionFile())},
               {"differences", NDifferences::toJson(differences, out.labels())}});
   } else {
     NDifferences::print(differences, sides.definitions(), out);
@@ -120,8 +196,11 @@ QVector<SCommand> diffCommands() {
                 "those of NEW then. Files of other kinds can be compared as \"ktoparam text\" "
                 "prints them.\nThe exit status is 1 when there are differences."),
        {{"OLD", Tool::tr("A value file."), EWord::File},
-        {"NEW", Tool::tr("A value file; OLD unless given."), EWord::File, SArgument::NoneOrOne}},
+        {"NEW", Tool::tr("A value file; OLD unless given, where an option names its other part."),
+         EWord::File, SArgument::NoneOrOne},
+        NOptions::parameters()},
        {NOptions::def(Tool::tr("The definition file.")),
+        NOptions::noDef(),
         NOptions::hardwareId(),
         {kNewHardwareId, "ID", Tool::tr("Compare it with this one of NEW."), EWord::HardwareId},
         NOptions::subDevice(),

@@ -1,3 +1,4 @@
+#include "CParameterWords.h"
 #include "Command.h"
 #include "SValueView.h"
 
@@ -58,30 +59,34 @@ void printLine(const QStringList& texts, const SLineFormat& format, COutput& out
 }
 
 /// All chosen values, by hardware id, sub-device and tree order.
-void visitAll(CLoadedFile& loaded, const CLabels& labels,
+void visitAll(CLoadedFile& loaded, CParameterWords& words, const CLabels& labels,
               const std::function<void(const SValueView&)>& visitor) {
   CValueViews views(loaded.file(), labels);
   for (const QString& hardwareId : loaded.chosenIds()) {
     loaded.selectHardwareId(hardwareId);
+    words.look(loaded.file(), loaded.chosenSubDevice());
     for (const quint8 id : loaded.chosenSubDevices())
-      views.visit(*loaded.file().rootGroup(id), visitor);
+      views.visit(*loaded.file().rootGroup(id), words, visitor);
   }
 }
 
-void exportLines(CLoadedFile& loaded, const SLineFormat& format, COutput& out) {
+void exportLines(CLoadedFile& loaded, CParameterWords& words, const SLineFormat& format,
+                 COutput& out) {
   const QStringList headings = {"hardwareId", "subDevice", "group",   "name",   "id",
                                 "value",      "unit",      "meaning", "default"};
   const int columns = loaded.hasDefinitions() ? headings.size() : kWithoutDefinitions;
   printLine(headings.mid(0, columns), format, out);
-  visitAll(loaded, out.labels(),
+  visitAll(loaded, words, out.labels(),
            [&](const SValueView& view) { printLine(fields(view).mid(0, columns), format, out); });
 }
 
-void exportJson(CLoadedFile& loaded, COutput& out) {
+void exportJson(CLoadedFile& loaded, CParameterWords& words, COutput& out) {
   QJsonArray values;
-  visitAll(loaded, out.labels(),
+  visitAll(loaded, words, out.labels(),
            [&](const SValueView& view) { values.append(view.toPlacedJson()); });
-  out.json({{"file", loaded.fileName()}, {"values", values}});
+  out.json({{"file", loaded.fileName()},
+            {"definitionFile", textOrNull(loaded.definitionFile())},
+            {"values", values}});
 }
 
 EExitStatus exportValues(const CInvocation& invocation, COutput& out) {
@@ -94,29 +99,30 @@ EExitStatus exportValues(const CInvocation& invocation, COutput& out) {
         Tool::tr("\"%1\" is not a format; use csv, tsv or json.").arg(format), out);
   }
   CLoadedFile loaded(out);
-  const EExitStatus opened = loaded.openToRead(invocation);
+  CParameterWords words(invocation.argumentsFrom(1));
+  const EExitStatus opened = words.openToRead(loaded, invocation, out);
   if (opened != ExitDone) return opened;
   if (isJson)
-    exportJson(loaded, out);
+    exportJson(loaded, words, out);
   else
-    exportLines(loaded, kLineFormats.value(format), out);
-  return ExitDone;
+    exportLines(loaded, words, kLineFormats.value(format), out);
+  return words.reportMissing(loaded, loaded.chosenIds()) ? ExitDone : ExitFindings;
 }
 
 }  // namespace
 
 QVector<SCommand> exportCommands() {
   return {{"export",
-           Tool::tr("Print all values for a spreadsheet or a program."),
+           Tool::tr("Print values for a spreadsheet or a program."),
            Tool::tr("One line for each value, after a line of headings, in UTF-8; or one JSON "
                     "object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks "
                     "become \\t, \\n and \\r, and \\ becomes \\\\."),
-           {NOptions::valueFile()},
+           {NOptions::valueFile(), NOptions::parameters()},
            {NOptions::required(NOptions::choice(kFormat, {"csv", "tsv", "json"},
                                                 Tool::tr("One of csv, tsv and json."))),
             NOptions::def(Tool::tr(
                 "A definition file: adds units, the names of choices and bits, and defaults.")),
-            NOptions::hardwareId(), NOptions::subDevice()},
+            NOptions::noDef(), NOptions::hardwareId(), NOptions::subDevice()},
            {"export TwoAxisDrive.xparam --format csv --def TwoAxisDrive.xpdef"},
            exportValues}};
 }

@@ -37,13 +37,11 @@ EExitStatus import(const CInvocation& invocation, COutput& out) {
   CLoadedFile destination(out);
   CLoadedFile source(out);
   if (!destination.loadValues(invocation.argument(0), invocation) || !destination.canSave() ||
-      !source.load(invocation.argument(1), SFileInfo::Values)) {
+      !source.load(invocation.argument(1), SFileInfo::Values))
     return ExitFile;
-  }
   if (!checkTypes(destination, source) || !destination.selectOneHardwareId(invocation) ||
-      !source.selectOneHardwareId(invocation, kSourceHardwareId)) {
+      !source.selectOneHardwareId(invocation, kSourceHardwareId))
     return ExitFindings;
-  }
   ICParameterFile& file = destination.file();
   const bool keep = invocation.isSet(kKeepMissing);
   CValueEdit edit(destination, invocation, out);

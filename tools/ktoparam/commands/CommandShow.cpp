@@ -4,8 +4,9 @@
 namespace {
 
 bool asksForValues(const CInvocation& invocation) {
-  return invocation.isSet(NOptions::kDef) || invocation.isSet(NOptions::kHardwareId) ||
-         invocation.isSet(NOptions::kSubDevice) || invocation.isSet(QLatin1String("changed"));
+  return invocation.isSet(NOptions::kDef) || invocation.isSet(NOptions::kNoDef) ||
+         invocation.isSet(NOptions::kHardwareId) || invocation.isSet(NOptions::kSubDevice) ||
+         invocation.isSet(QLatin1String("changed"));
 }
 
 EExitStatus show(const CInvocation& invocation, COutput& out) {
@@ -43,9 +44,10 @@ QVector<SCommand> showCommands() {
                 "blank, or holds line breaks or control characters."),
        {{"FILE", Tool::tr("A file of any kind."), EWord::File}},
        {NOptions::def(Tool::tr("The definition file of a value file.")),
+        NOptions::noDef(),
         NOptions::hardwareId(),
         NOptions::subDevice(),
-        {"changed", {}, Tool::tr("Only values that are not the default; needs --def.")},
+        {"changed", {}, Tool::tr("Only values that are not the default; needs definitions.")},
         NOptions::json()},
        {"show TwoAxisDrive.xpdef",
         "show TwoAxisDrive.xparam --def TwoAxisDrive.xpdef --sub-device 2 --changed"},

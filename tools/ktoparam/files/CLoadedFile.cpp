@@ -3,6 +3,7 @@
 #include "CAtomicFile.h"
 #include "CInvocation.h"
 #include "COutput.h"
+#include "NDefinitionFile.h"
 #include "NFileMessage.h"
 #include "NSafeWrite.h"
 #include "NSuggestion.h"
@@ -32,7 +33,8 @@ bool CLoadedFile::loadAs(const QString& fileName, const SFileInfo& info) {
   }
   bool isLoaded = false;
   if (info.kind == SFileInfo::Definitions) {
-    isLoaded = mHasDefinitions = mFile->loadParamDefFile(fileName, info.version);
+    isLoaded = mFile->loadParamDefFile(fileName, info.version);
+    if (isLoaded) mDefinitionFile = fileName;
   } else if (info.kind == SFileInfo::Values) {
     mFile->setFileType(info.type);
     isLoaded = mFile->loadParamFile(fileName, {}, info.version);
@@ -48,10 +50,19 @@ bool CLoadedFile::loadAs(const QString& fileName, const SFileInfo& info) {
   return isLoaded;
 }
 
-bool CLoadedFile::loadValues(const QString& fileName, const CInvocation& invocation) {
-  return load(fileName, SFileInfo::Values) &&
-         (!invocation.isSet(NOptions::kDef) ||
-          load(invocation.value(NOptions::kDef), SFileInfo::Definitions));
+bool CLoadedFile::loadValues(const QString& fileName, const CInvocation& invocation,
+                             const QString& other) {
+  if (!load(fileName, SFileInfo::Values)) return false;
+  if (invocation.findsDefinitions()) findDefinitions({fileName, other});
+  return !invocation.isSet(NOptions::kDef) ||
+         load(invocation.value(NOptions::kDef), SFileInfo::Definitions);
+}
+
+void CLoadedFile::findDefinitions(const QStringList& valueFiles) {
+  const QString found = NDefinitionFile::find(valueFiles);
+  mAreDefinitionsFound = !found.isEmpty();
+  if (mAreDefinitionsFound && load(found, SFileInfo::Definitions))
+    message(Tool::tr("the definitions are those of %1.").arg(found));
 }
 
 EExitStatus CLoadedFile::openToRead(const CInvocation& invocation) {
@@ -62,11 +73,13 @@ EExitStatus CLoadedFile::openToRead(const CInvocation& invocation) {
   return isThere ? ExitDone : ExitFindings;
 }
 
-EExitStatus CLoadedFile::openToEdit(const CInvocation& invocation) {
+EExitStatus CLoadedFile::openToEdit(const CInvocation& invocation, const QString& meant) {
   if (!loadValues(invocation.argument(0), invocation) || !canSave()) return ExitFile;
   mChosenSubDevice = invocation.subDevice();
-  const bool isThere =
-      selectOneHardwareId(invocation) && checkSubDevice(mChosenSubDevice, {mFile->hardwareId()});
+  const bool isMeant = !invocation.isSet(NOptions::kHardwareId) && !meant.isEmpty() &&
+                       mFile->selectHardwareId(meant);
+  const bool isThere = (isMeant || selectOneHardwareId(invocation)) &&
+                       checkSubDevice(mChosenSubDevice, {mFile->hardwareId()});
   return isThere ? ExitDone : ExitFindings;
 }
 
@@ -131,10 +144,12 @@ bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
 }
 
 bool CLoadedFile::saveCompensation(const QString& fileName) {
-  return NSafeWrite::run(fileName, mOut, [&]() -> QString {
-    const int result = mCompensation->save(fileName, mInfo.writtenVersion);
-    return result == ICCompensationFile::Ok ? QString() : mCompensation->errorMsg();
-  });
+  return NSafeWrite::run(
+      fileName, mOut,
+      [&]() -> QString {
+        const int result = mCompensation->save(fileName, mInfo.writtenVersion);
+        return result == ICCompensationFile::Ok ? QString() : mCompensation->errorMsg();
+      });
 }
 
 void CLoadedFile::tellWhatSavesLose() const {

@@ -31,14 +31,18 @@ class CLoadedFile {
   /// Refuses a file of another kind. Unless one is wanted, every kind that is known will do, and
   /// info() says which it is.
   bool load(const QString& fileName, SFileInfo::EKind wanted = SFileInfo::Unknown);
-  /// The value file, and the definitions when the command line names a file of them.
-  bool loadValues(const QString& fileName, const CInvocation& invocation);
+  /// The value file, and the definitions of the file that the command line names, or that is found
+  /// beside the value file or `other`, which is told. One that is found and cannot be loaded is
+  /// reported, and done without.
+  bool loadValues(const QString& fileName, const CInvocation& invocation,
+                  const QString& other = {});
 
   /// Loads the first argument and "--def", to show values: there are chosenIds() then, and one of
   /// them has the sub-device that is wanted.
   EExitStatus openToRead(const CInvocation& invocation);
   /// Loads the same to edit it: it can be saved, and the one hardware id that is meant is active.
-  EExitStatus openToEdit(const CInvocation& invocation);
+  /// Where the command line has no "--hardware-id", `meant` says which if the file has it.
+  EExitStatus openToEdit(const CInvocation& invocation, const QString& meant = {});
 
   /// A value file that does not exist yet. Its save fails when there is one by then.
   void begin(const QString& fileName, NktoGlobal::EParamFileType type, quint32 version);
@@ -66,7 +70,12 @@ class CLoadedFile {
   const SFileInfo& info() const { return mInfo; }
   const QString& fileName() const { return mFileName; }
   SHead head() const;
-  bool hasDefinitions() const { return mHasDefinitions; }
+  bool hasDefinitions() const { return !mDefinitionFile.isEmpty(); }
+  /// Whether there is a definition file that nobody named, be it loaded or not: it informs, and
+  /// decides nothing that is written.
+  bool areDefinitionsFound() const { return mAreDefinitionsFound; }
+  /// Where the definitions come from; empty when there are none.
+  const QString& definitionFile() const { return mDefinitionFile; }
 
   /// Makes the hardware id active.
   bool selectHardwareId(const QString& hardwareId);
@@ -81,6 +90,8 @@ class CLoadedFile {
   bool checkSubDevice(std::optional<quint8> wanted, const QStringList& hardwareIds);
   /// After openToRead(), the hardware id of "--hardware-id", or all.
   const QStringList& chosenIds() const { return mChosenIds; }
+  /// That of "--sub-device"; nothing when it is not given.
+  std::optional<quint8> chosenSubDevice() const { return mChosenSubDevice; }
   /// That of "--sub-device" if the active hardware id has it, or all.
   QList<quint8> chosenSubDevices() const;
 
@@ -89,6 +100,7 @@ class CLoadedFile {
 
  private:
   bool loadAs(const QString& fileName, const SFileInfo& info);
+  void findDefinitions(const QStringList& valueFiles);
   QString errorMsg() const;
   QString saveNew();
 
@@ -100,6 +112,7 @@ class CLoadedFile {
   QString mFileName;
   QStringList mChosenIds;
   std::optional<quint8> mChosenSubDevice;
-  bool mHasDefinitions = false;
+  QString mDefinitionFile;
+  bool mAreDefinitionsFound = false;
   bool mIsNew = false;
 };

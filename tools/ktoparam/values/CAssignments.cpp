@@ -42,8 +42,9 @@ bool CAssignments::check(std::optional<quint8> subDevice) {
 }
 
 bool CAssignments::hasChanges() const {
-  return std::any_of(mAssignments.cbegin(), mAssignments.cend(),
-                     [](const SAssignment& each) { return each.isChange; });
+  return std::any_of(
+      mAssignments.cbegin(), mAssignments.cend(),
+      [](const SAssignment& each) { return each.isChange; });
 }
 
 void CAssignments::make() {

@@ -23,9 +23,8 @@ QString toText(const SEditCounts& counts) {
   QString text = Tool::tr(
       "taken %1, equal %2, defaulted %3, kept %4, added %5, removed %6, unknown %7, failed %8");
   for (const int count : {counts.taken, counts.equal, counts.defaulted, counts.kept, counts.added,
-                          counts.removed, counts.unknown, counts.failed}) {
+                          counts.removed, counts.unknown, counts.failed})
     text = text.arg(count);
-  }
   return text;
 }
 

@@ -1,6 +1,6 @@
 #include "NParameterLookup.h"
 
-#include "ICParameterFile.h"
+#include "CLoadedFile.h"
 #include "NSuggestion.h"
 #include "UniqueNames.h"
 
@@ -14,6 +14,13 @@ QList<quint8> NParameterLookup::subDevicesWith(const ICParameterFile& file, cons
 QStringList NParameterLookup::allNames(const ICParameterFile& file) {
   QStringList names;
   for (const quint8 id : file.subDeviceIds()) names += file.paramNames(id);
+  return uniqueNames(names);
+}
+
+QStringList NParameterLookup::allNames(const CLoadedFile& loaded, const QStringList& hardwareIds) {
+  QStringList names;
+  for (const QString& hardwareId : hardwareIds)
+    if (loaded.file().selectHardwareId(hardwareId)) names += allNames(loaded.file());
   return uniqueNames(names);
 }
 

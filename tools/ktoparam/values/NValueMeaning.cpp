@@ -22,9 +22,8 @@ QString NValueMeaning::meaning(const CParamDefItem& definition, const CParamVal&
   const std::optional<QStringList> bits = CParamValueText::activeBits(definition, value);
   QStringList parts;
   for (const QString& name :
-       (choice.isEmpty() ? QStringList() : QStringList(choice)) + bits.value_or(QStringList())) {
+       (choice.isEmpty() ? QStringList() : QStringList(choice)) + bits.value_or(QStringList()))
     parts.append(labels.shown(name));
-  }
   if (parts.isEmpty() && !bits) return decimal(definition, value);
   const QString joined = parts.join(QLatin1String(" | "));
   return joined.size() > NShortText::kLongest ? NShortText::of(joined) : joined;

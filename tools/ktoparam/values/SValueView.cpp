@@ -3,6 +3,7 @@
 #include "CLabels.h"
 #include "CParamValueRules.h"
 #include "CParamValueText.h"
+#include "CParameterWords.h"
 #include "ICParamTreeNode.h"
 #include "ICParameterFile.h"
 #include "JsonValues.h"
@@ -61,14 +62,14 @@ void CValueViews::noteHardwareId() {
   mHardwareIdLabel = mLabels.of(current);
 }
 
-void CValueViews::visit(const ICParamTreeNode& group,
+void CValueViews::visit(const ICParamTreeNode& group, const CParameterWords& words,
                         const std::function<void(const SValueView&)>& visitor,
                         const QString& path) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICParamTreeNode& child = *group.childPtr(i);
     if (child.isGroup())
-      visit(child, visitor, NShortText::below(path, child.name()));
-    else
+      visit(child, words, visitor, NShortText::below(path, child.name()));
+    else if (words.mean(child))
       visitor(of(child, path));
   }
 }

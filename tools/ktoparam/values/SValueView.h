@@ -12,6 +12,7 @@
 
 class CLabels;
 class CParamDefItem;
+class CParameterWords;
 class ICParamTreeNode;
 class ICParameterFile;
 class QJsonObject;
@@ -49,9 +50,9 @@ class CValueViews {
   SValueView of(const ICParamTreeNode& node, const QString& groupPath);
   /// The same for a node that is met alone.
   SValueView of(const ICParamTreeNode& node);
-  /// All parameters in a group and the groups in it, in the order of the tree.
-  void visit(const ICParamTreeNode& group, const std::function<void(const SValueView&)>& visitor,
-             const QString& path = {});
+  /// All parameters in a group and the groups in it that the words mean, in the order of the tree.
+  void visit(const ICParamTreeNode& group, const CParameterWords& words,
+             const std::function<void(const SValueView&)>& visitor, const QString& path = {});
   /// The name of a definition's unit.
   QString unit(const CParamDefItem& definition, quint8 subDevId);
 

@@ -1,5 +1,6 @@
 #include "CInvocation.h"
 #include "CLoadedFile.h"
+#include "CParameterWords.h"
 #include "CSubjectLines.h"
 #include "NShortText.h"
 #include "Output.h"
@@ -10,14 +11,22 @@ namespace {
 
 const QLatin1String kChanged("changed");
 
+/// What of the values is shown.
+struct SFilter {
+  bool onlyChanged;
+  CParameterWords words;
+
+  bool leavesOut() const { return onlyChanged || !words.isEmpty(); }
+};
+
 /// The tree of one sub-device as rows of a table. A group's row waits until a parameter below it
 /// has one.
 class CTreeRows {
  public:
-  CTreeRows(const ICParameterFile& file, bool onlyChanged, const CLabels& labels)
+  CTreeRows(const ICParameterFile& file, const SFilter& filter, const CLabels& labels)
       : mViews(file, labels),
         mLabels(labels),
-        mOnlyChanged(onlyChanged),
+        mFilter(filter),
         mTable({QString(), Tool::tr("NAME"), Tool::tr("VALUE"), Tool::tr("UNIT"),
                 Tool::tr("MEANING")}) {}
 
@@ -36,15 +45,16 @@ class CTreeRows {
 
   void addGroup(const ICParamTreeNode& group) {
     mGroups.append(&group);
-    if (!mOnlyChanged) addWaitingGroups();
+    if (!mFilter.leavesOut()) addWaitingGroups();
     addChildren(group);
     mGroups.removeLast();
     mWritten = qMin(mWritten, mGroups.size());
   }
 
   void addParameter(const ICParamTreeNode& node) {
+    if (!mFilter.words.mean(node)) return;
     const SValueView view = mViews.of(node, {});
-    if (mOnlyChanged && !view.isChanged()) return;
+    if (mFilter.onlyChanged && !view.isChanged()) return;
     addWaitingGroups();
     mTable.addRow({view.isChanged() ? "*" : QString(), indented(node, mGroups.size()),
                    NDisplayText::shown(view.value.asStr()), NDisplayText::shownOrNothing(view.unit),
@@ -59,7 +69,7 @@ class CTreeRows {
 
   CValueViews mViews;
   const CLabels& mLabels;
-  const bool mOnlyChanged;
+  const SFilter& mFilter;
   CTable mTable;
   QVector<const ICParamTreeNode*> mGroups;  // from the root's child down to the current one
   int mWritten = 0;                         // how many of them have their row
@@ -73,21 +83,22 @@ QString heading(const ICParameterFile& file, quint8 subDevId, const CLabels& lab
   return name.isEmpty() ? text : text + QLatin1String(": ") + labels.shown(name);
 }
 
-void printSubDevice(ICParameterFile& file, quint8 subDevId, bool onlyChanged, COutput& out) {
-  CTreeRows rows(file, onlyChanged, out.labels());
+void printSubDevice(ICParameterFile& file, quint8 subDevId, const SFilter& filter, COutput& out) {
+  CTreeRows rows(file, filter, out.labels());
   const CTable& table = rows.addChildren(*file.rootGroup(subDevId));
-  if (table.isEmpty() && onlyChanged) return;
+  if (table.isEmpty() && filter.leavesOut()) return;
   out.line({});
   out.line(heading(file, subDevId, out.labels()));
   table.print(out, "  ");
 }
 
-QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, bool onlyChanged,
+QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, const SFilter& filter,
                           const CLabels& labels) {
   QJsonArray parameters;
-  CValueViews(file, labels).visit(*file.rootGroup(subDevId), [&](const SValueView& view) {
-    if (!onlyChanged || view.isChanged()) parameters.append(view.toJson());
-  });
+  CValueViews(file, labels)
+      .visit(*file.rootGroup(subDevId), filter.words, [&](const SValueView& view) {
+        if (!filter.onlyChanged || view.isChanged()) parameters.append(view.toJson());
+      });
   return {{"id", subDevId},
           {"type", ICParameterFile::subDeviceTypeToStr(file.subDevType(subDevId))},
           {"name", labels.of(file.subDevName(subDevId))},
@@ -135,30 +146,35 @@ void addSubDevice(ICParameterFile& file, quint8 id, CSubjectLines& lines) {
 }  // namespace
 
 EExitStatus NViews::showValues(const CInvocation& invocation, COutput& out) {
-  const bool onlyChanged = invocation.isSet(kChanged);
-  if (onlyChanged && !invocation.isSet(NOptions::kDef))
-    return invocation.wrongUsage(Tool::tr("--changed needs --def, which tells the defaults."), out);
+  SFilter filter{invocation.isSet(kChanged), CParameterWords(invocation.argumentsFrom(1))};
   CLoadedFile loaded(out);
-  const EExitStatus opened = loaded.openToRead(invocation);
+  const EExitStatus opened = filter.words.openToRead(loaded, invocation, out);
   if (opened != ExitDone) return opened;
+  if (filter.onlyChanged && !loaded.hasDefinitions()) {
+    return invocation.wrongUsage(
+        Tool::tr("--changed needs a definition file, which tells the defaults."), out);
+  }
   ICParameterFile& file = loaded.file();
   if (!invocation.wantsJson()) out.line(headLine(loaded));
   QJsonArray array;
   for (const QString& hardwareId : loaded.chosenIds()) {
     file.selectHardwareId(hardwareId);
+    filter.words.look(file, loaded.chosenSubDevice());
     QJsonArray subDevices;
     for (const quint8 id : loaded.chosenSubDevices())
       if (invocation.wantsJson())
-        subDevices.append(subDeviceJson(file, id, onlyChanged, out.labels()));
+        subDevices.append(subDeviceJson(file, id, filter, out.labels()));
       else
-        printSubDevice(file, id, onlyChanged, out);
+        printSubDevice(file, id, filter, out);
     array.append(QJsonObject{{"id", out.labels().of(hardwareId)}, {"subDevices", subDevices}});
   }
-  if (!invocation.wantsJson()) return ExitDone;
-  QJsonObject object = headJson(loaded);
-  object.insert("hardwareIds", array);
-  out.json(object);
-  return ExitDone;
+  if (invocation.wantsJson()) {
+    QJsonObject object = headJson(loaded);
+    object.insert("definitionFile", textOrNull(loaded.definitionFile()));
+    object.insert("hardwareIds", array);
+    out.json(object);
+  }
+  return filter.words.reportMissing(loaded, loaded.chosenIds()) ? ExitDone : ExitFindings;
 }
 
 void NViews::addValues(const CLoadedFile& loaded, CSubjectLines& lines) {

@@ -177,7 +177,8 @@ class tst_ktoparam : public QObject {
     const SRun run = CWorkplace().run(
         "for name in Delivered Base Ours Theirs; do cp TwoAxisDrive.xparam $name.xparam; done\n" +
         commands);
-    QCOMPARE(run.err, "");
+    const QString found = "ktoparam: [^:]*: the definitions are those of [^:]*\\.xpdef\\.\n";
+    QCOMPARE(QString(run.err).remove(QRegularExpression(found)), "");
     QVERIFY(run.status <= 1);  // a comparison may find differences
   }
 };

@@ -16,8 +16,10 @@ const QLatin1String kMissing("missing");
 struct SChecked {
   QString fileName;
   CParamFindings findings;
+  QString definitionFile = {};  ///< that values were checked against
 
-  SChecked(const QString& file, const CParamFindings& found) : fileName(file), findings(found) {
+  SChecked(const QString& file, const CParamFindings& found, const QString& definitions = {})
+      : fileName(file), findings(found), definitionFile(definitions) {
     CParamLineIndex lines;
     if (!findings.isEmpty() && lines.read(fileName)) lines.addLines(findings);
   }
@@ -69,7 +71,10 @@ QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const 
 EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation, COutput& out) {
   std::array<int, 3> counts{};  // by SParamFinding::ESeverity
   QJsonArray array;
+  QJsonArray checked;
   for (const SChecked& file : files) {
+    checked.append(
+        QJsonObject{{"file", file.fileName}, {"definitionFile", textOrNull(file.definitionFile)}});
     for (const SParamFinding& finding : file.findings) {
       ++counts.at(static_cast<std::size_t>(finding.severity));
       if (invocation.wantsJson())
@@ -80,7 +85,11 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
   }
   const auto [infos, warnings, errors] = counts;
   if (invocation.wantsJson()) {
-    out.json({{"errors", errors}, {"warnings", warnings}, {"infos", infos}, {"findings", array}});
+    out.json({{"errors", errors},
+              {"warnings", warnings},
+              {"infos", infos},
+              {"files", checked},
+              {"findings", array}});
   } else {
     out.line(Tool::tr("errors %1, warnings %2, infos %3")
                  .arg(QString::number(errors), QString::number(warnings), QString::number(infos)));
@@ -97,7 +106,6 @@ struct SDefinitions {
 /// How the check of one file ended.
 struct SOutcome {
   EExitStatus status = ExitDone;
-  QString definitionFile = {};  ///< that the values were checked against
   std::optional<SChecked> checked = {};
 };
 
@@ -143,7 +151,7 @@ class CChecking {
     }
     CLoadedFile loaded(mOut);
     if (!loaded.load(fileName, SFileInfo::Definitions)) return {ExitFile};
-    return {ExitDone, {}, checkedDefinitions(fileName, loaded)};
+    return {ExitDone, checkedDefinitions(fileName, loaded)};
   }
 
   SOutcome checkValues(const QString& fileName) {
@@ -156,10 +164,11 @@ class CChecking {
     checkDefinitionsOnce(loaded);
     const auto missing = mInvocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
                                                      : CParameterFileChecker::SkipMissing;
-    return {
-        ExitDone, loaded.definitionFile(),
-        SChecked(fileName, CParameterFileChecker::checkValues(
-                               loaded.file(), mInvocation.value(NOptions::kHardwareId), missing))};
+    return {ExitDone,
+            SChecked(fileName,
+                     CParameterFileChecker::checkValues(
+                         loaded.file(), mInvocation.value(NOptions::kHardwareId), missing),
+                     loaded.definitionFile())};
   }
 
   EExitStatus withoutDefinitions() const {
@@ -182,12 +191,14 @@ class CChecking {
 
   /// The definitions come before the first file of values that they serve.
   void add(const SOutcome& outcome) {
-    if (!outcome.definitionFile.isEmpty()) {
+    if (!outcome.checked) return;
+    const QString& definitionFile = outcome.checked->definitionFile;
+    if (!definitionFile.isEmpty()) {
       const std::lock_guard lock(mMutex);
-      std::optional<SChecked>& definitions = mDefinitions[outcome.definitionFile].checked;
+      std::optional<SChecked>& definitions = mDefinitions[definitionFile].checked;
       if (definitions) mChecked.append(*std::exchange(definitions, {}));
     }
-    if (outcome.checked) mChecked.append(*outcome.checked);
+    mChecked.append(*outcome.checked);
   }
 
   const CInvocation& mInvocation;

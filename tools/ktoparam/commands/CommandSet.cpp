@@ -7,15 +7,16 @@
 namespace {
 
 /// The words NAME=VALUE; an empty text, or what is wrong with them.
-QString readAssignments(const QStringList& words, QVector<SAssignment>& assignments) {
+QString readAssignments(const CInvocation& invocation, QVector<SAssignment>& assignments) {
   std::set<QString> names;
-  for (const QString& word : words) {
+  for (const QString& word : invocation.argumentsFrom(1)) {
     const int sign = word.indexOf(QLatin1Char('='));
     if (sign < 1) return Tool::tr("\"%1\" is not of the form NAME=VALUE.").arg(word);
     SAssignment assignment;
     assignment.name = word.left(sign);
     assignment.text = word.mid(sign + 1);
     if (assignment.text.isNull()) assignment.text = QLatin1String("");
+    assignment.wantedSubDevice = invocation.subDevice();
     if (!names.insert(assignment.name).second)
       return Tool::tr("\"%1\" is set twice.").arg(assignment.name);
     assignments.append(assignment);
@@ -54,14 +55,14 @@ void print(const CInvocation& invocation, const CLoadedFile& loaded,
 
 EExitStatus set(const CInvocation& invocation, COutput& out) {
   QVector<SAssignment> wanted;
-  const QString problem = readAssignments(invocation.argumentsFrom(1), wanted);
+  const QString problem = readAssignments(invocation, wanted);
   if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
 
   CLoadedFile loaded(out);
   const EExitStatus opened = loaded.openToEdit(invocation);
   if (opened != ExitDone) return opened;
-  CAssignments assignments(loaded, wanted);
-  if (!assignments.check(invocation.subDevice())) return ExitFindings;
+  CAssignments assignments(loaded, wanted, out);
+  if (!assignments.check()) return ExitFindings;
 
   const bool save = assignments.hasChanges() && !invocation.isDryRun();
   if (save) {

@@ -1,6 +1,7 @@
 #include "CAssignments.h"
 
 #include "CLoadedFile.h"
+#include "COutput.h"
 #include "CParamValueText.h"
 #include "NDisplayText.h"
 #include "NParameterLookup.h"
@@ -9,35 +10,25 @@
 
 #include <algorithm>
 
-namespace {
-
-/// What could have been typed instead.
-QString choiceHelp(const CParamDefItem& definition, const CParamValueRules& rules,
-                   const QString& text) {
-  QStringList names;
-  QStringList choices;
-  for (const auto& each : CParamValueText::choices(definition, CParamValueText::English)) {
-    names.append(each.name);
-    choices.append(QStringLiteral("%1 (%2)").arg(QString::number(each.value), each.name));
-  }
-  if (names.contains(text)) return {};
-  const QString suggestion = NSuggestion::didYouMean(text, names);
-  if (rules.allowsOtherValues()) return suggestion;
-  return suggestion + Tool::tr(" They are: %1.").arg(NSuggestion::listed(choices));
+CAssignments::CAssignments(CLoadedFile& loaded, const QVector<SAssignment>& assignments,
+                           COutput& out)
+    : mLoaded(loaded), mFile(loaded.file()), mOut(out), mAssignments(assignments) {
+  for (SAssignment& each : mAssignments)
+    if (each.hardwareId.isEmpty()) each.hardwareId = mFile.hardwareId();
 }
 
-}  // namespace
-
-CAssignments::CAssignments(CLoadedFile& loaded, const QVector<SAssignment>& assignments)
-    : mLoaded(loaded), mFile(loaded.file()), mAssignments(assignments) {}
-
-bool CAssignments::check(std::optional<quint8> subDevice) {
+bool CAssignments::check() {
+  const QString active = mFile.hardwareId();
   bool isGood = true;
-  for (SAssignment& each : mAssignments)
-    if (!locate(each, subDevice) || !convert(each)) isGood = false;
+  for (int i = 0; i < mAssignments.size(); ++i) {
+    SAssignment& each = mAssignments[i];
+    const bool isThere = select(each) ? locate(each) : refuseHardwareId(each);
+    if (!isThere || !convert(each) || !note(i)) isGood = false;
+  }
   // Limits may be set by the same command, so they are looked at when all values are known.
   for (const SAssignment& each : qAsConst(mAssignments))
-    if (each.rules && !judge(each)) isGood = false;
+    if (!judge(each)) isGood = false;
+  mFile.selectHardwareId(active);
   return isGood;
 }
 
@@ -48,71 +39,157 @@ bool CAssignments::hasChanges() const {
 }
 
 void CAssignments::make() {
+  const QString active = mFile.hardwareId();
   for (const SAssignment& each : qAsConst(mAssignments))
-    if (each.isChange) mFile.setParamValue(each.name, each.newValue, each.subDevId);
+    if (each.isChange && select(each)) mFile.setParamValue(each.name, each.newValue, each.subDevId);
+  mFile.selectHardwareId(active);
 }
 
+// --- What is refused
+
 bool CAssignments::refuse(const SAssignment& assignment, const QString& problem) const {
-  mLoaded.message(QStringLiteral("%1: %2").arg(NDisplayText::shown(assignment.name), problem));
+  const QString text = QStringLiteral("%1: %2").arg(NDisplayText::shown(assignment.name), problem);
+  if (assignment.isRow())
+    mOut.message(assignment.file, text, assignment.line);
+  else
+    mLoaded.message(text);
   return false;
 }
 
+/// Looking for what was meant takes time: not for each of many thousand rows.
+bool CAssignments::mayHelp() {
+  return mHelped++ < NSuggestion::kMaxHelped;
+}
+
 bool CAssignments::refuseUnknown(const SAssignment& assignment) {
-  if (mKnownNames.isEmpty()) mKnownNames = NParameterLookup::allNames(mFile);
-  const bool isHelped = mUnknown++ < NSuggestion::kMaxHelped;
-  const QString suggestion =
-      isHelped ? NParameterLookup::didYouMean(assignment.name, mKnownNames) : QString();
+  QString suggestion;
+  if (mayHelp()) {
+    QStringList& known = mKnownNames[assignment.hardwareId];
+    if (known.isEmpty()) known = NParameterLookup::allNames(mFile);
+    suggestion = NParameterLookup::didYouMean(assignment.name, known);
+  }
   return refuse(assignment, Tool::tr("there is no such parameter.%1").arg(suggestion));
 }
 
-bool CAssignments::locate(SAssignment& assignment, std::optional<quint8> subDevice) {
+bool CAssignments::refuseHardwareId(const SAssignment& assignment) {
+  const QString problem = Tool::tr("there is no hardware id \"%1\".").arg(assignment.hardwareId);
+  if (!mayHelp()) return refuse(assignment, problem);
+  const QStringList known = mFile.hardwareIds();
+  return refuse(assignment,
+                problem + Tool::tr(" The file has: %1.").arg(NSuggestion::listed(known)));
+}
+
+/// What could have been typed instead.
+QString CAssignments::choiceHelp(const SAssignment& assignment) {
+  if (!mayHelp()) return {};
+  const CParamDefItem definition = mFile.paramDef(assignment.name);
+  QStringList names;
+  QStringList choices;
+  for (const auto& each : CParamValueText::choices(definition, CParamValueText::English)) {
+    names.append(each.name);
+    choices.append(QStringLiteral("%1 (%2)").arg(QString::number(each.value), each.name));
+  }
+  if (names.contains(assignment.text)) return {};
+  const QString suggestion = NSuggestion::didYouMean(assignment.text, names);
+  if (rulesOf(definition).allowsOtherValues()) return suggestion;
+  return suggestion + Tool::tr(" They are: %1.").arg(NSuggestion::listed(choices));
+}
+
+// --- One assignment
+
+bool CAssignments::select(const SAssignment& assignment) {
+  return assignment.hardwareId == mFile.hardwareId() ||
+         mFile.selectHardwareId(assignment.hardwareId);
+}
+
+bool CAssignments::locate(SAssignment& assignment) {
+  const std::optional<quint8> wanted = assignment.wantedSubDevice;
+  if (wanted) {
+    assignment.subDevId = *wanted;
+    assignment.oldValue = mFile.paramValue(assignment.name, *wanted);
+    if (!assignment.oldValue.isNull()) return true;
+  }
   const QList<quint8> found = NParameterLookup::subDevicesWith(mFile, assignment.name);
+  const QString listed = NParameterLookup::listed(found);
   if (found.isEmpty()) return refuseUnknown(assignment);
-  if (subDevice && !found.contains(*subDevice)) {
-    return refuse(assignment,
-                  Tool::tr("not in sub-device %1, but in %2.")
-                      .arg(QString::number(*subDevice), NParameterLookup::listed(found)));
+  if (wanted) {
+    return refuse(
+        assignment,
+        Tool::tr("not in sub-device %1, but in %2.").arg(QString::number(*wanted), listed));
   }
-  if (!subDevice && found.size() > 1) {
-    return refuse(assignment, Tool::tr("in the sub-devices %1; choose one with --sub-device.")
-                                  .arg(NParameterLookup::listed(found)));
+  if (found.size() > 1) {
+    const QString text =
+        assignment.isRow()
+            ? Tool::tr("in the sub-devices %1; the column subDevice has to tell which.")
+            : Tool::tr("in the sub-devices %1; choose one with --sub-device.");
+    return refuse(assignment, text.arg(listed));
   }
-  assignment.subDevId = subDevice.value_or(found.first());
+  assignment.subDevId = found.first();
   assignment.oldValue = mFile.paramValue(assignment.name, assignment.subDevId);
   return true;
 }
 
 bool CAssignments::convert(SAssignment& assignment) {
+  CParamVal value = assignment.text;
+  if (assignment.isRow() && value == assignment.oldValue) {
+    assignment.newValue = value;
+    return true;
+  }
   const CParamDefItem definition = mFile.paramDef(assignment.name);
-  assignment.newValue = assignment.text;
   if (mLoaded.hasDefinitions()) {
     if (definition.name().isEmpty()) {
       return refuse(assignment, Tool::tr("not defined in the definition file; without --def its "
                                          "value is set unchecked."));
     }
-    const CParamValueRules rules(definition, mFile);
     QString problem;
-    if (!rules.read(assignment.text, assignment.newValue, problem))
-      return refuse(assignment, problem + choiceHelp(definition, rules, assignment.text));
-    assignment.rules = rules;
+    if (!rulesOf(definition).read(assignment.text, value, problem))
+      return refuse(assignment, problem + choiceHelp(assignment));
   }
-  assignment.isChange =
-      !CParamValueRules::mayStay(assignment.oldValue, assignment.newValue, definition);
-  mNewValues.insert({assignment.subDevId, assignment.name}, assignment.newValue);
+  assignment.newValue = value;
+  assignment.isChange = !CParamValueRules::mayStay(assignment.oldValue, value, definition);
   return true;
 }
 
-bool CAssignments::judge(const SAssignment& assignment) const {
+/// Notes whose value is known now, to be found by its parameter.
+bool CAssignments::note(int place) {
+  SAssignment& assignment = mAssignments[place];
+  CPlaces& places = mPlaces[assignment.hardwareId];
+  const QPair<quint8, QString> key(assignment.subDevId, assignment.name);
+  const auto known = places.constFind(key);
+  if (known == places.cend()) {
+    places.insert(key, place);
+    return true;
+  }
+  assignment.isChange = false;
+  const SAssignment& first = mAssignments.at(*known);
+  if (first.newValue == assignment.newValue) return true;
+  const QString value = NDisplayText::shown(first.text);
+  return refuse(assignment, first.isRow() ? Tool::tr("line %1 has another value for it: %2.")
+                                                .arg(QString::number(first.line), value)
+                                          : Tool::tr("it is set twice, also to %1.").arg(value));
+}
+
+const CParamValueRules& CAssignments::rulesOf(const CParamDefItem& definition) {
+  const auto known = mRules.find(definition.name());
+  if (known != mRules.end()) return known->second;
+  return mRules.emplace(definition.name(), CParamValueRules(definition, mFile)).first->second;
+}
+
+bool CAssignments::judge(const SAssignment& assignment) {
+  const auto rules = mRules.find(assignment.name);
+  const bool isSame = assignment.isRow() && !assignment.isChange;
+  if (rules == mRules.end() || isSame || assignment.newValue.isNull()) return true;
+  select(assignment);
+  const CPlaces& places = mPlaces[assignment.hardwareId];
   const auto valueOf = [&](const QString& name) {
-    const auto newValue = mNewValues.constFind({assignment.subDevId, name});
-    return newValue != mNewValues.cend() ? *newValue : mFile.paramValue(name, assignment.subDevId);
+    const auto place = places.constFind({assignment.subDevId, name});
+    return place != places.cend() ? mAssignments.at(*place).newValue
+                                  : mFile.paramValue(name, assignment.subDevId);
   };
   bool isGood = true;
-  for (const auto& violation : assignment.rules->violations(assignment.newValue, valueOf)) {
+  for (const auto& violation : rules->second.violations(assignment.newValue, valueOf)) {
     const bool isChoice = violation.kind == CParamValueRules::NotAChoice;
-    const QString help =
-        isChoice ? choiceHelp(mFile.paramDef(assignment.name), *assignment.rules, assignment.text)
-                 : QString();
+    const QString help = isChoice ? choiceHelp(assignment) : QString();
     if (violation.isWarning())
       refuse(assignment, Tool::tr("warning: %1").arg(violation.text));
     else

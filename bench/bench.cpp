@@ -206,13 +206,10 @@ void addDefinitions(const std::string& kind, const std::vector<int>& sizes,
 }
 
 void addDefinitionPeer(const std::vector<int>& sizes) {
-  add(
-      "load definitions/QDomDocument", sizes,
-      [](benchmark::State& state, int size) {
-        const QString name = definitionFile(size).name;
-        for (auto _ : state)
-          benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(content(name)));
-      });
+  add("load definitions/QDomDocument", sizes, [](benchmark::State& state, int size) {
+    const QString name = definitionFile(size).name;
+    for (auto _ : state) benchmark::DoNotOptimize(NPeers::loadDefinitionsWithQtDom(content(name)));
+  });
 }
 
 void addOperations(const std::vector<int>& sizes) {

@@ -18,8 +18,8 @@ QString withHome(const QString& fileName) {
 }
 
 bool isOneLine(const QString& text) {
-  return std::none_of(
-      text.cbegin(), text.cend(), [](QChar c) { return c.category() == QChar::Other_Control; });
+  return std::none_of(text.cbegin(), text.cend(),
+                      [](QChar c) { return c.category() == QChar::Other_Control; });
 }
 
 }  // namespace

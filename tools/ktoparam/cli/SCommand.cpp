@@ -18,19 +18,15 @@ const SArgument* SCommand::argumentAt(int place) const {
 }
 
 const SOption* SCommand::option(const QString& dashedName) const {
-  return firstOf(
-      options,
-      [&dashedName](const SOption& each) {
-        return dashedName == QLatin1String("--") + each.name ||
-               dashedName == QLatin1Char('-') + each.letter;
-      });
+  return firstOf(options, [&dashedName](const SOption& each) {
+    return dashedName == QLatin1String("--") + each.name ||
+           dashedName == QLatin1Char('-') + each.letter;
+  });
 }
 
 const SCommand* SCommand::find(const QVector<SCommand>& commands, const QStringList& words) {
-  return firstOf(
-      commands,
-      [&words](const SCommand& command) {
-        const QStringList name = command.words();
-        return words.mid(0, name.size()) == name;
-      });
+  return firstOf(commands, [&words](const SCommand& command) {
+    const QStringList name = command.words();
+    return words.mid(0, name.size()) == name;
+  });
 }

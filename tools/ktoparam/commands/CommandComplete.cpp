@@ -61,9 +61,8 @@ class CKnownNames {
       mNames += subDevice ? file.paramNames(*subDevice) : NParameterLookup::allNames(file);
     });
     if (mNames.isEmpty()) {
-      visit(
-          SFileInfo::Definitions,
-          [this](const ICParameterFile& file) { mNames += file.defNames(); });
+      visit(SFileInfo::Definitions,
+            [this](const ICParameterFile& file) { mNames += file.defNames(); });
     }
   }
 

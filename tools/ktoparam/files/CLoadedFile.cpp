@@ -144,12 +144,10 @@ bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
 }
 
 bool CLoadedFile::saveCompensation(const QString& fileName) {
-  return NSafeWrite::run(
-      fileName, mOut,
-      [&]() -> QString {
-        const int result = mCompensation->save(fileName, mInfo.writtenVersion);
-        return result == ICCompensationFile::Ok ? QString() : mCompensation->errorMsg();
-      });
+  return NSafeWrite::run(fileName, mOut, [&]() -> QString {
+    const int result = mCompensation->save(fileName, mInfo.writtenVersion);
+    return result == ICCompensationFile::Ok ? QString() : mCompensation->errorMsg();
+  });
 }
 
 void CLoadedFile::tellWhatSavesLose() const {

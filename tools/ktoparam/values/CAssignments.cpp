@@ -33,9 +33,8 @@ bool CAssignments::check() {
 }
 
 bool CAssignments::hasChanges() const {
-  return std::any_of(
-      mAssignments.cbegin(), mAssignments.cend(),
-      [](const SAssignment& each) { return each.isChange; });
+  return std::any_of(mAssignments.cbegin(), mAssignments.cend(),
+                     [](const SAssignment& each) { return each.isChange; });
 }
 
 void CAssignments::make() {

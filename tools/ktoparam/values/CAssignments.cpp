@@ -60,6 +60,13 @@ bool CAssignments::mayHelp() {
   return mHelped++ < NSuggestion::kMaxHelped;
 }
 
+/// Refuses what the definitions do not allow, or warns when nobody named them.
+bool CAssignments::object(const SAssignment& assignment, const QString& problem) const {
+  if (!mLoaded.areDefinitionsFound()) return refuse(assignment, problem);
+  refuse(assignment, Tool::tr("warning: %1").arg(problem));
+  return true;
+}
+
 bool CAssignments::refuseUnknown(const SAssignment& assignment) {
   QString suggestion;
   if (mayHelp()) {
@@ -102,11 +109,12 @@ bool CAssignments::select(const SAssignment& assignment) {
 }
 
 bool CAssignments::locate(SAssignment& assignment) {
-  const std::optional<quint8> wanted = assignment.wantedSubDevice;
+  const std::optional<quint8> wanted =
+      assignment.address ? assignment.address->subDevId : assignment.wantedSubDevice;
   if (wanted) {
     assignment.subDevId = *wanted;
     assignment.oldValue = mFile.paramValue(assignment.name, *wanted);
-    if (!assignment.oldValue.isNull()) return true;
+    if (!assignment.oldValue.isNull()) return isInGroups(assignment);
   }
   const QList<quint8> found = NParameterLookup::subDevicesWith(mFile, assignment.name);
   const QString listed = NParameterLookup::listed(found);
@@ -128,6 +136,17 @@ bool CAssignments::locate(SAssignment& assignment) {
   return true;
 }
 
+bool CAssignments::isInGroups(const SAssignment& assignment) const {
+  if (!assignment.address) return true;
+  const quint8 id = assignment.subDevId;
+  const QStringList groups =
+      SAddress::groupsOf(*mFile.findParameter(mFile.rootGroup(id), assignment.name));
+  if (groups == assignment.address->groups) return true;
+  const SAddress address{assignment.hardwareId, id, groups, assignment.name};
+  return refuse(assignment,
+                Tool::tr("not in that group; its address is %1.").arg(address.toText()));
+}
+
 bool CAssignments::convert(SAssignment& assignment) {
   CParamVal value = assignment.text;
   if (assignment.isRow() && value == assignment.oldValue) {
@@ -135,17 +154,32 @@ bool CAssignments::convert(SAssignment& assignment) {
     return true;
   }
   const CParamDefItem definition = mFile.paramDef(assignment.name);
-  if (mLoaded.hasDefinitions()) {
-    if (definition.name().isEmpty()) {
-      return refuse(assignment, Tool::tr("not defined in the definition file; without --def its "
-                                         "value is set unchecked."));
-    }
-    QString problem;
-    if (!rulesOf(definition).read(assignment.text, value, problem))
-      return refuse(assignment, problem + choiceHelp(assignment));
-  }
+  if (mLoaded.hasDefinitions() && !readAsDefined(assignment, definition, value)) return false;
   assignment.newValue = value;
   assignment.isChange = !CParamValueRules::mayStay(assignment.oldValue, value, definition);
+  return true;
+}
+
+bool CAssignments::readAsDefined(SAssignment& assignment, const CParamDefItem& definition,
+                                 CParamVal& value) {
+  if (definition.name().isEmpty()) {
+    return object(assignment,
+                  Tool::tr("not defined in the definition file; without --def its value "
+                           "is set unchecked."));
+  }
+  CParamVal read;
+  QString problem;
+  if (!rulesOf(definition).read(assignment.text, read, problem)) {
+    assignment.isJudged = true;
+    return object(assignment, problem + choiceHelp(assignment));
+  }
+  if (!mLoaded.areDefinitionsFound()) {
+    value = read;
+  } else if (!CParamValueRules::areEqual(value, read, definition)) {
+    assignment.isJudged = true;
+    object(assignment, Tool::tr("stored as it is typed; with --def it would be %1.")
+                           .arg(NDisplayText::shown(read.asStr())));
+  }
   return true;
 }
 
@@ -177,7 +211,8 @@ const CParamValueRules& CAssignments::rulesOf(const CParamDefItem& definition) {
 bool CAssignments::judge(const SAssignment& assignment) {
   const auto rules = mRules.find(assignment.name);
   const bool isSame = assignment.isRow() && !assignment.isChange;
-  if (rules == mRules.end() || isSame || assignment.newValue.isNull()) return true;
+  if (rules == mRules.end() || isSame || assignment.isJudged || assignment.newValue.isNull())
+    return true;
   select(assignment);
   const CPlaces& places = mPlaces[assignment.hardwareId];
   const auto valueOf = [&](const QString& name) {
@@ -191,8 +226,8 @@ bool CAssignments::judge(const SAssignment& assignment) {
     const QString help = isChoice ? choiceHelp(assignment) : QString();
     if (violation.isWarning())
       refuse(assignment, Tool::tr("warning: %1").arg(violation.text));
-    else
-      isGood = refuse(assignment, violation.text + help);
+    else if (!object(assignment, violation.text + help))
+      isGood = false;
   }
   return isGood;
 }

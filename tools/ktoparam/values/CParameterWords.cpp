@@ -21,14 +21,6 @@ QString inGroup(const QString& text) {
   return text + QLatin1String(text.endsWith(kSlash) ? "*" : "/*");
 }
 
-QStringList groupsOf(const ICParamTreeNode& node) {
-  QStringList groups;
-  for (const ICParamTreeNode* each = node.parentPtr(); each && each->parentPtr();
-       each = each->parentPtr())
-    groups.prepend(each->name());
-  return groups;
-}
-
 }  // namespace
 
 CParameterWords::SWord::SWord(const QString& word)
@@ -112,7 +104,7 @@ const ICParamTreeNode* CParameterWords::findAddress(const SWord& word, ICParamet
   const std::optional<SAddress>& address = word.address;
   if (!address || address->hardwareId != file.hardwareId()) return nullptr;
   const ICParamTreeNode* node = find(address->name, address->subDevId, file);
-  return node && groupsOf(*node) == address->groups ? node : nullptr;
+  return node && SAddress::groupsOf(*node) == address->groups ? node : nullptr;
 }
 
 CParameterWords::EMeaning CParameterWords::meaningIn(ICParameterFile& file, const SWord& word) {
@@ -134,20 +126,21 @@ void CParameterWords::readNames(const CLoadedFile& loaded, const QStringList& ha
 
 EExitStatus CParameterWords::checkAddresses(const QString& hardwareId,
                                             const CInvocation& invocation, COutput& out) const {
-  const QString problem = disagreement(hardwareId, invocation.subDevice());
-  return problem.isEmpty() ? ExitDone : invocation.wrongUsage(problem, out);
-}
-
-QString CParameterWords::disagreement(const QString& hardwareId,
-                                      std::optional<quint8> subDevice) const {
   for (const SWord& word : mWords) {
     if (!word.address || word.meaning == EMeaning::Name) continue;
-    if (!hardwareId.isNull() && word.address->hardwareId != hardwareId)
-      return Tool::tr("\"%1\" is not in the hardware id %2.").arg(word.text, hardwareId);
-    if (subDevice && *subDevice != word.address->subDevId)
-      return Tool::tr("\"%1\" is not in sub-device %2.")
-          .arg(word.text, QString::number(*subDevice));
+    const QString problem = disagreement(*word.address, hardwareId, invocation.subDevice());
+    if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
   }
+  return ExitDone;
+}
+
+QString CParameterWords::disagreement(const SAddress& address, const QString& hardwareId,
+                                      std::optional<quint8> subDevice) {
+  if (!hardwareId.isNull() && address.hardwareId != hardwareId)
+    return Tool::tr("%1 is not in the hardware id %2.").arg(address.toText(), hardwareId);
+  if (subDevice && *subDevice != address.subDevId)
+    return Tool::tr("%1 is not in sub-device %2.")
+        .arg(address.toText(), QString::number(*subDevice));
   return {};
 }
 

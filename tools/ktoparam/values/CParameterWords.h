@@ -27,6 +27,10 @@ class CParameterWords {
 
   /// Without words all parameters are meant.
   bool isEmpty() const { return mWords.empty(); }
+  /// What is wrong with an address that is not in the hardware id, unless that is null, or not in
+  /// the sub-device; empty when nothing is.
+  static QString disagreement(const SAddress& address, const QString& hardwareId,
+                              std::optional<quint8> subDevice);
   /// Opens the file as CLoadedFile does, with readNames().
   EExitStatus openToRead(CLoadedFile& loaded, const CInvocation& invocation, COutput& out);
   EExitStatus openToEdit(CLoadedFile& loaded, const CInvocation& invocation, COutput& out);
@@ -65,7 +69,6 @@ class CParameterWords {
   static const ICParamTreeNode* findAddress(const SWord& word, ICParameterFile& file);
   static EMeaning meaningIn(ICParameterFile& file, const SWord& word);
   static QVector<const ICParamTreeNode*> meantBy(const SWord& word, ICParameterFile& file);
-  QString disagreement(const QString& hardwareId, std::optional<quint8> subDevice) const;
   void report(const SWord& word, const QStringList& known, const CLoadedFile& loaded) const;
 
   std::vector<SWord> mWords;

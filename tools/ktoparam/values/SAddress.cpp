@@ -1,5 +1,6 @@
 #include "SAddress.h"
 
+#include "ICParamTreeNode.h"
 #include "NDisplayText.h"
 #include "NShortText.h"
 
@@ -84,6 +85,14 @@ QString SAddress::quoted(const QString& part) {
 QString SAddress::place(const QString& hardwareId, quint8 subDevId) {
   return QStringLiteral("%1[%2]").arg(NShortText::of(quoted(hardwareId)),
                                       QString::number(subDevId));
+}
+
+QStringList SAddress::groupsOf(const ICParamTreeNode& node) {
+  QStringList groups;
+  for (const ICParamTreeNode* each = node.parentPtr(); each && each->parentPtr();
+       each = each->parentPtr())
+    groups.prepend(each->name());
+  return groups;
 }
 
 QString SAddress::toText() const {

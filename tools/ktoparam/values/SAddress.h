@@ -4,6 +4,8 @@
 
 #include <optional>
 
+class ICParamTreeNode;
+
 /// Where a parameter is, as `text` prints it: KTO-2A-16[2]/Motion/Limits/VelocityLimit.
 struct SAddress {
   QString hardwareId;
@@ -21,6 +23,9 @@ struct SAddress {
   /// or ends with a blank, begins with "-" or holds one of / " \ = [ ] or what NDisplayText
   /// escapes.
   static QString quoted(const QString& part);
+
+  /// The groups that a node lies in, from the outermost inwards.
+  static QStringList groupsOf(const ICParamTreeNode& node);
 
   /// The opposite of toText(); nothing for another text. Every part may be in quotes.
   static std::optional<SAddress> read(const QString& text);

@@ -20,11 +20,6 @@ namespace {
 constexpr mode_t kOwnersOnly = S_IRUSR | S_IWUSR;
 constexpr mode_t kAsUsual = 0666;  // less what the process or the folder takes away
 
-/// With the search path that the name may begin with, as Qt reads it.
-QByteArray bytesOf(const QString& fileName) {
-  return QFile::encodeName(QFileInfo(fileName).filePath());
-}
-
 mode_t toMode(QFileDevice::Permissions permissions) {
   const auto bits = static_cast<mode_t>(permissions);  // a hexadecimal digit each
   return (((bits >> 12U) | (bits >> 8U)) & 07U) << 6U | ((bits >> 4U) & 07U) << 3U | (bits & 07U);
@@ -148,12 +143,12 @@ int moveToNew(const SFilePlace& file, const SFilePlace& free) {
 /// Finds what is to be replaced or backed up: 0, or the system's error; ELOOP is also that of
 /// anything but a regular file or a free name.
 int findFile(const QString& fileName, SFilePlace& place, bool& exists) {
-  const QByteArray path = bytesOf(fileName);
+  const QByteArray path = SFilePlace::bytesOf(fileName);
   const bool isOnDisk = QFileInfo(fileName).isNativePath();  // and not in Qt's resources
   struct stat info = {};
   exists = ::stat(path.constData(), &info) == 0;
   if (!isOnDisk || (exists && !S_ISREG(info.st_mode))) return ELOOP;
-  return place.find(path, SFilePlace::FollowLast);
+  return place.find(fileName, SFilePlace::FollowLast);
 }
 
 /// Puts a new file in the place of the old one, if there is one: 0, or the system's error.
@@ -276,7 +271,7 @@ bool CAtomicFile::keepAsBackup(const QString& fileName, QString& backupName, QSt
     error = tr("this is not a regular file and is not kept as a backup.");
     return false;
   }
-  if (code == 0) code = beside.find(bytesOf(fileName), SFilePlace::KeepLast);
+  if (code == 0) code = beside.find(fileName, SFilePlace::KeepLast);
   QByteArray suffix = ".bak";
   if (code == 0) code = addName(file, beside.folder, beside.name + suffix);
   for (int number = 1; code == EEXIST && number < kMaxBackups; ++number) {
@@ -298,8 +293,8 @@ bool CAtomicFile::renameToNew(const QString& fileName, const QString& newName, Q
   if (!error.isEmpty()) return false;
   SFilePlace file;
   SFilePlace free;
-  int code = file.find(bytesOf(fileName), SFilePlace::KeepLast);
-  if (code == 0) code = free.find(bytesOf(newName), SFilePlace::KeepLast);
+  int code = file.find(fileName, SFilePlace::KeepLast);
+  if (code == 0) code = free.find(newName, SFilePlace::KeepLast);
   if (code == 0) code = moveToNew(file, free);
   if (code != 0) {
     error = tr("the file cannot be written: %1.").arg(reasonOf(code, free));
@@ -314,7 +309,7 @@ bool CAtomicFile::renameToNew(const QString& fileName, const QString& newName, Q
 bool CAtomicFile::isSameFile(const QString& fileName, const QString& otherName) {
   SFilePlace file;
   SFilePlace other;
-  const int code = file.find(bytesOf(fileName), SFilePlace::FollowLast);
-  const int otherCode = other.find(bytesOf(otherName), SFilePlace::FollowLast);
+  const int code = file.find(fileName, SFilePlace::FollowLast);
+  const int otherCode = other.find(otherName, SFilePlace::FollowLast);
   return code == 0 && otherCode == 0 ? file.isSame(other) : fileName == otherName;
 }

@@ -1,5 +1,7 @@
 #include "SFilePlace.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QPair>
 
 #include <fcntl.h>
@@ -66,8 +68,12 @@ bool SFilePlace::isStrangersLink(const struct stat& link) const {
          link.st_uid != place.st_uid;
 }
 
-int SFilePlace::find(const QByteArray& path, ELastLink last) {
-  QByteArray rest = path;
+QByteArray SFilePlace::bytesOf(const QString& fileName) {
+  return QFile::encodeName(QFileInfo(fileName).filePath());
+}
+
+int SFilePlace::find(const QString& fileName, ELastLink last) {
+  QByteArray rest = bytesOf(fileName);
   int code = enter(AT_FDCWD, rest.startsWith('/') ? "/" : ".");
   for (int links = 0; code == 0 && links <= kMaxLinks;) {
     name = takePiece(rest);

@@ -3,6 +3,7 @@
 #include "CFileHandle.h"
 
 #include <QByteArray>
+#include <QString>
 
 /// Where a name leads, in bytes, as the system resolves it. The folder stays open, so that nobody
 /// can put another one in its place meanwhile.
@@ -16,7 +17,11 @@ struct SFilePlace {
   bool hasStrangersLink = false;
 
   /// Follows every link on the way, the last one only if told. 0, or the system's error.
-  int find(const QByteArray& path, ELastLink last);
+  int find(const QString& fileName, ELastLink last);
+
+  /// A name in the bytes of the system, with the search path that it may begin with, as Qt reads
+  /// it.
+  static QByteArray bytesOf(const QString& fileName);
 
   /// Whether both are one file, which need not exist.
   bool isSame(const SFilePlace& other) const;

@@ -1,4 +1,5 @@
 #include "CAtomicFile.h"
+#include "CFolderLock.h"
 #include "TestFiles.h"
 #include "TestRows.h"
 
@@ -207,6 +208,15 @@ class tst_CAtomicFile : public QObject {
       QVERIFY(rightsOf(expected).startsWith("100604 "));
     }
     QVERIFY(read("file.bak") == "file.bak" && !QFile::exists("elsewhere"));
+  }
+
+  /// Several are locked together or not at all, but for those that cannot be.
+  void locksFolders() {
+    CFolderLock lock;
+    CFolderLock other;
+    QCOMPARE(lock.lock({"no/file", "file", "real/a"}, 0), CFolderLock::NotPossible);
+    QCOMPARE(other.lock({"real/deep/a", "real/b"}, 20), CFolderLock::Busy);
+    QCOMPARE(lock.lock({"file", "real/deep/a", "./b"}, 0), CFolderLock::Locked);
   }
 
  private:

@@ -1,6 +1,7 @@
 // One short use of each public class, as the pages of the interface quote them: usage FOLDER, with
 // copies of the files in examples/data
 #include <CAtomicFile.h>
+#include <CFolderLock.h>
 #include <CMessageBoardHelper.h>
 #include <ICLogfile.h>
 #include <ktoParameter/CParamLineIndex.h>
@@ -239,6 +240,21 @@ bool writeReport(const QByteArray& report, QTextStream& out) {
 }
 //! [CAtomicFile]
 
+//! [CFolderLock]
+bool saveUnlessChanged(ICParameterFile& file, const QString& fileName, QTextStream& out) {
+  CFolderLock lock;
+  if (lock.lock({fileName}, 10000) == CFolderLock::Busy) {
+    out << fileName << ": another program is changing a file in the same folder\n";
+    return false;
+  }
+  if (file.hasChangedOnDisk(fileName)) {
+    out << fileName << ": somebody has changed the file since it was loaded\n";
+    return false;
+  }
+  return file.saveParamFile(fileName, QString(), kVersion);
+}
+//! [CFolderLock]
+
 /// What the examples above give on the example files.
 bool areFine(QTextStream& out) {
   const CParameterFilePtr base = loadDrive(out);
@@ -254,7 +270,9 @@ bool areFine(QTextStream& out) {
          takeTheirs(*base, *ours, *theirs, out) && editInModel(*ours) &&
          loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") && isMotorFile("Motors.xparam") &&
          !motorNames("Motors.xparam").isEmpty() && moveMachine(out) && shiftTable(0.001, out) &&
-         halveVelocity(problem) && openLogfile()->isActive() && writeReport("fine\n", out);
+         saveUnlessChanged(*base, "TwoAxisDrive.xparam", out) && halveVelocity(problem) &&
+         base->hasChangedOnDisk("TwoAxisDrive.xparam") && openLogfile()->isActive() &&
+         writeReport("fine\n", out);
 }
 
 }  // namespace

@@ -5,6 +5,9 @@
 #include "CStr.h"
 #include "NLumoXmlTags.h"
 
+#include <functional>
+#include <string_view>
+
 using namespace NLumoXmlTags;
 
 CXmlAbstractLumoFile::CXmlAbstractLumoFile(ICLogfile* logfile, QLatin1String versionAttribute)
@@ -17,6 +20,7 @@ bool CXmlAbstractLumoFile::open(const QString& fileName, const QString& rootTag,
   QByteArray bytes;
   mOpenResult = CAtomicFile::read(fileName, bytes, mOpenError) ? openBytes(bytes, rootTag, version)
                                                                : ParseFailed;
+  if (mOpenResult == Opened) mContentId = contentIdOf(bytes);
   error = mOpenResult == Opened ? QString() : tr("File \"%1\": %2").arg(fileName, mOpenError);
   return mOpenResult == Opened;
 }
@@ -58,6 +62,7 @@ bool CXmlAbstractLumoFile::save(const QString& fileName, const QString& encoding
   const QByteArray bytes = mDocument.toByteArray(encoding, reason);
   const bool saved =
       !bytes.isEmpty() && CAtomicFile::write(fileName, bytes, mPermissions, reason, &notKept);
+  if (saved) mContentId = contentIdOf(bytes);
   error = saved ? QString() : tr("File \"%1\": %2").arg(fileName, reason);
   if (!notKept.isEmpty())
     CMessageBoardHelper::setWarning(tr("File \"%1\": %2").arg(fileName, notKept), mLogfile);
@@ -71,6 +76,11 @@ bool CXmlAbstractLumoFile::save(QByteArray& buffer, QString& error) {
   if (bytes.isEmpty()) return false;
   buffer = bytes;
   return true;
+}
+
+CContentId CXmlAbstractLumoFile::contentIdOf(const QByteArray& bytes) {
+  const std::string_view all(bytes.constData(), static_cast<size_t>(bytes.size()));
+  return {bytes.size(), std::hash<std::string_view>()(all)};
 }
 
 CXMLMetaData CXmlAbstractLumoFile::metaData() const {

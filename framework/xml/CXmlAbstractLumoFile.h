@@ -7,8 +7,15 @@
 #include <QCoreApplication>
 #include <QFileDevice>
 #include <QLatin1String>
+#include <QPair>
+
+#include <optional>
 
 class ICLogfile;
+
+/// What a file held, for the question whether it holds the same now: its size and a hash, which
+/// means nothing to another process.
+using CContentId = QPair<int, size_t>;
 
 /// An XML file of the tool chain: a root tag, a version attribute, a "Head" with meta data, and
 /// what the derived file makes of the rest. Reads and writes files and buffers.
@@ -47,6 +54,10 @@ class KTOFRAMEWORK_EXPORT CXmlAbstractLumoFile {
   /// The same in "UTF-16" or "UTF-8".
   virtual bool save(const QString& fileName, const QString& encoding, QString& error);
   virtual bool save(QByteArray& buffer, QString& error);
+
+  /// The content of a file, and that of the last one which this object opened or saved, if any.
+  static CContentId contentIdOf(const QByteArray& bytes);
+  std::optional<CContentId> contentId() const { return mContentId; }
 
   /// The document's "Head"; empty texts and a null date when it is missing.
   virtual CXMLMetaData metaData() const;
@@ -89,6 +100,7 @@ class KTOFRAMEWORK_EXPORT CXmlAbstractLumoFile {
   CDomDoc mDocument;
   QFileDevice::Permissions mPermissions;
   QString mOpenError;
+  std::optional<CContentId> mContentId;
   EOpenResult mOpenResult = Opened;
   bool mIsQuiet = false;
 };

@@ -287,6 +287,12 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// What the last value file that was loaded holds and a save would not write again: types and
   /// names of sub-devices that its later hardware ids replaced, with their lines in it.
   virtual CParamFindings loadFindings() const = 0;
+  /// Whether the file of this name holds other bytes than when this object last loaded it, as
+  /// definitions or as values, or saved it, or cannot be read any more. False when it was only
+  /// touched or replaced by an equal one, and for a name of which this object has neither loaded
+  /// nor saved anything since clear(). Reads the whole file. Between this question and a save it
+  /// may still change, unless a CFolderLock is held.
+  virtual bool hasChangedOnDisk(const QString& fileName) const = 0;
 
  protected:
   ICParameterFile() = default;

@@ -19,6 +19,7 @@ CParameterFileBaseImpl::CParameterFileBaseImpl(const CParameterFileBaseImpl& oth
       mHardwareId(other.mHardwareId),
       mVersion(other.mVersion),
       mLoadFindings(other.mLoadFindings),
+      mContentIds(other.mContentIds),
       mLabels(other.mLabels),
       mDefinitions(other.mDefinitions) {
   installOwnErrorHandler();
@@ -51,6 +52,7 @@ void CParameterFileBaseImpl::clear() {
   mHardwareId.clear();
   mVersion = 0;
   mLoadFindings.clear();
+  mContentIds.clear();
   mLabels = {};
   mImportResult = NParamDef::SImportResult();
 }

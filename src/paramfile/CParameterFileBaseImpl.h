@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 
 #include <memory>
+#include <optional>
 
 /// A parameter file in no group. Grouped objects derive from it and look further.
 class CParameterFileBaseImpl : public ICParameterFile {
@@ -52,6 +53,7 @@ class CParameterFileBaseImpl : public ICParameterFile {
                                quint32 revision) override;
   bool saveParamDefFile(const QString& fileName, quint32 revision) override;
   bool saveParamFile(const QString& fileName, const QString& hardwareId, quint32 revision) override;
+  bool hasChangedOnDisk(const QString& fileName) const override;
 
   bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
                        const QString& destinationHardwareId,
@@ -156,11 +158,14 @@ class CParameterFileBaseImpl : public ICParameterFile {
     QString hardwareId;  ///< the expected one, and after loading the one that was settled
     CXMLMetaData metaData;
     CParamFindings findings;
+    std::optional<CContentId> contentId;
   };
 
   void installOwnErrorHandler();
   void useErrorHandler(CParameterFileErrorHandler* handler);
   bool failedLoad(const CParamBaseFile& file, const QString& context);
+  /// Remembers what a file holds that was loaded or saved; returns true.
+  bool noteContent(const QString& fileName, const std::optional<CContentId>& contentId);
   bool readValueFile(const QString& fileName, quint32 revision, const QString& context,
                      SLoadedValues& loaded, int asSubDevId);
   bool loadValues(const QString& fileName, const QString& hardwareId, quint32 revision,
@@ -208,7 +213,8 @@ class CParameterFileBaseImpl : public ICParameterFile {
   quint32 mVersion = 0;
   bool mIsQuiet = false;
   CParamFindings mLoadFindings;
-  SSubDeviceLabels mLabels;  ///< of all hardware ids
+  QMap<QString, CContentId> mContentIds;  ///< of files by name, as they were loaded or saved
+  SSubDeviceLabels mLabels;               ///< of all hardware ids
   std::unique_ptr<CParameterFileErrorHandler> mOwnErrorHandler;
   CParameterFileErrorHandler* mErrorHandler = nullptr;
   CDefinitionStore mDefinitions;

@@ -1,5 +1,6 @@
 // Loading and saving of definition and value files.
 
+#include "CAtomicFile.h"
 #include "CParamDefFile.h"
 #include "CParameterFileBaseImpl.h"
 #include "CStr.h"
@@ -12,7 +13,7 @@ bool CParameterFileBaseImpl::loadParamDefFile(const QString& fileName, quint32 r
   mDefinitions.updateReferenceIdList(definitions);
   mDefinitions.unite(definitions);
   mDefinitions.setMetaData(file.headMetaData());
-  return true;
+  return noteContent(fileName, file.contentId());
 }
 
 bool CParameterFileBaseImpl::failedLoad(const CParamBaseFile& file, const QString& context) {
@@ -25,8 +26,9 @@ bool CParameterFileBaseImpl::saveParamDefFile(const QString& fileName, quint32 r
   CParamDefFile file(mLogfile, mErrorHandler);
   if (!defAuthor().isEmpty() || !defComment().isEmpty())
     file.setMetaData(defAuthor(), defComment());
-  return file.save(fileName, mDefinitions.sorted(), CStr::revisionToString(revision)) ||
-         setErrorMsg(file.errorMsg(), tr("Saving parameter definition file failed"));
+  return file.save(fileName, mDefinitions.sorted(), CStr::revisionToString(revision))
+             ? noteContent(fileName, file.contentId())
+             : setErrorMsg(file.errorMsg(), tr("Saving parameter definition file failed"));
 }
 
 bool CParameterFileBaseImpl::loadParamFile(const QString& fileName, const QString& hardwareId,
@@ -47,8 +49,9 @@ bool CParameterFileBaseImpl::loadValues(const QString& fileName, const QString& 
                      asSubDevId)) {
     return false;
   }
+  const std::optional<CContentId> contentId = loaded.contentId;
   takeOver(std::move(loaded), revision);
-  return true;
+  return noteContent(fileName, contentId);
 }
 
 bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revision,
@@ -65,6 +68,7 @@ bool CParameterFileBaseImpl::readValueFile(const QString& fileName, quint32 revi
                                 loaded.labels, loaded.hardwareId);
   loaded.metaData = file.headMetaData();
   loaded.findings = file.findings();
+  loaded.contentId = file.contentId();
   return result == CParamValueFile::Ok || failedLoad(file, context);
 }
 
@@ -98,16 +102,30 @@ bool CParameterFileBaseImpl::saveParamFile(const QString& fileName, const QStrin
   CParamValueFile file(mFileType, mLogfile, mErrorHandler);
   if (!author().isEmpty() || !comment().isEmpty()) file.setMetaData(author(), comment());
   const QString version = CStr::revisionToString(revision);
-  if (hardwareId.isEmpty()) {
-    return file.save(fileName, version, mTrees, mLabels) ||
-           setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
-  }
   const auto trees = mTrees.find(hardwareId);
-  if (trees == mTrees.end()) {
+  if (!hardwareId.isEmpty() && trees == mTrees.end()) {
     return setErrorMsg(tr("Saving parameters for hardware ID \"%1\" failed because there are "
                           "no parameters.")
                            .arg(hardwareId));
   }
-  return file.save(fileName, trees->second, mLabels, hardwareId, version) ||
-         setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
+  const bool isSaved = hardwareId.isEmpty()
+                           ? file.save(fileName, version, mTrees, mLabels)
+                           : file.save(fileName, trees->second, mLabels, hardwareId, version);
+  return isSaved ? noteContent(fileName, file.contentId())
+                 : setErrorMsg(file.errorMsg(), tr("Saving parameter value file failed"));
+}
+
+bool CParameterFileBaseImpl::noteContent(const QString& fileName,
+                                         const std::optional<CContentId>& contentId) {
+  if (contentId) mContentIds.insert(fileName, *contentId);  // a save may write nothing
+  return true;
+}
+
+bool CParameterFileBaseImpl::hasChangedOnDisk(const QString& fileName) const {
+  const auto known = mContentIds.find(fileName);
+  if (known == mContentIds.end()) return false;
+  QByteArray bytes;
+  QString ignored;
+  return !CAtomicFile::read(fileName, bytes, ignored) ||
+         CXmlAbstractLumoFile::contentIdOf(bytes) != *known;
 }

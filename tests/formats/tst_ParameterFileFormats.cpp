@@ -114,6 +114,21 @@ class tst_ParameterFileFormats : public QObject {
     }
   }
 
+  /// Commands of the shell: whether they change a file that was loaded, and one that was saved.
+  void knowsWhetherAFileChanged_data() {
+    addColumns<QString, bool>("command", "isChanged");
+    addTextRow("touch -d 2001-01-01 D; cp V v; mv v V", false);
+    addTextRow("LC_ALL=C sed -i s/1/2/ D; rm V", true);
+  }
+  void knowsWhetherAFileChanged() {
+    QFETCH(QString, command);
+    const auto file = makeSmall();
+    QVERIFY(QDir::setCurrent(mFolder.path()) && makeSmall()->saveParamDefFile("D", 0x10000) &&
+            file->loadParamDefFile("D", 0x10000) && file->saveParamFile("V", "", 0x10000));
+    QCOMPARE(std::system(qPrintable(command)), 0);
+    for (const char* name : {"D", "V"}) QTEST(file->hasChangedOnDisk(name), "isChanged");
+  }
+
   /// What could not be read again is not saved; what was there stays.
   void unsavable_data() {
     addColumns<CEdit, QString>("edit", "message");

@@ -15,6 +15,7 @@ inline const QLatin1String kHardwareId("hardware-id");
 inline const QLatin1String kSubDevice("sub-device");
 inline const QLatin1String kDryRun("dry-run");
 inline const QLatin1String kOutput("output");
+inline const QLatin1String kNoWait("no-wait");
 
 inline SOption json() {
   return {kJson, {}, Tool::tr("Print one JSON object; values are texts in it, never numbers.")};
@@ -46,6 +47,12 @@ inline SOption choice(QLatin1String name, const QStringList& choices, const QStr
 }
 inline SOption dryRun() {
   return {kDryRun, {}, Tool::tr("Show what would be done, and leave the file as it is.")};
+}
+inline SOption noWait() {
+  return {kNoWait,
+          {},
+          Tool::tr("Give up at once, and not after ten seconds, while another program changes a "
+                   "file in the folder.")};
 }
 inline SOption output(const QString& help) {
   return {kOutput, "OUT", help, EWord::File, "o"};

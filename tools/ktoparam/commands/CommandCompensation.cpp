@@ -75,8 +75,10 @@ EExitStatus convert(const CInvocation& invocation, COutput& out) {
   const EFormat wanted =
       to == old ? ICCompensationFile::OldFormat : ICCompensationFile::CurrentFormat;
   const QString fileName = invocation.argument(0);
+  const QString target = invocation.value(NOptions::kOutput, fileName);
   CLoadedFile loaded(out);
-  if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
+  if (!loaded.lock(target, invocation) || !loaded.load(fileName, SFileInfo::Compensation))
+    return ExitFile;
   ICCompensationFile& table = *loaded.compensation();
   if (losesAdjustments(table)) {
     loaded.message(
@@ -86,7 +88,7 @@ EExitStatus convert(const CInvocation& invocation, COutput& out) {
   }
   QString written;
   if (table.count() > 0 && table.detectedDataPointFormat() != wanted) {
-    written = invocation.value(NOptions::kOutput, fileName);
+    written = target;
     if (!SFileInfo::mayReplace(written, SFileInfo::Compensation, out)) return ExitFile;
     table.setDataPointSaveFormat(wanted);
     if (!loaded.saveCompensation(written)) return ExitFile;
@@ -101,7 +103,8 @@ EExitStatus plot(const CInvocation& invocation, COutput& out) {
   const QString fileName = invocation.argument(0);
   const QString picture = invocation.value(NOptions::kOutput);
   CLoadedFile loaded(out);
-  if (!loaded.load(fileName, SFileInfo::Compensation)) return ExitFile;
+  if (!loaded.lock(picture, invocation) || !loaded.load(fileName, SFileInfo::Compensation))
+    return ExitFile;
   if (!SFileInfo::mayReplace(picture, SFileInfo::Unknown, out)) return ExitFile;
 
   const CCompensationReport table(*loaded.compensation());
@@ -148,7 +151,8 @@ QVector<SCommand> compensationCommands() {
            {fileArgument()},
            {NOptions::choice(kTo, {"current", "old"},
                              Tool::tr("\"current\", unless given, or \"old\".")),
-            NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::json()},
+            NOptions::output(Tool::tr("Write here, and leave FILE as it is.")), NOptions::noWait(),
+            NOptions::json()},
            {"compensation convert SpindleCompensationOld.xcomp",
             "compensation convert SpindleCompensation.xcomp --to old -o ForTheOldDrive.xcomp"},
            convert},
@@ -163,6 +167,7 @@ QVector<SCommand> compensationCommands() {
             {kAdjustmentUnit, "UNIT",
              Tool::tr("The unit of the adjustments in the file; that of --unit unless given.")},
             {kTitle, "TEXT", Tool::tr("The title, instead of the comment in the file.")},
+            NOptions::noWait(),
             NOptions::json()},
            {"compensation plot SpindleCompensation.xcomp -o SpindleCompensation.svg --unit mm"},
            plot}};

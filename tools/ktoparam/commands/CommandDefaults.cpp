@@ -50,7 +50,8 @@ QVector<SCommand> defaultsCommands() {
                     "error, and nothing is changed then."),
            {NOptions::valueFile(), NOptions::parameters()},
            {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
-            NOptions::oneHardwareId(), NOptions::subDevice(), NOptions::dryRun(), NOptions::json()},
+            NOptions::oneHardwareId(), NOptions::subDevice(), NOptions::dryRun(),
+            NOptions::noWait(), NOptions::json()},
            {"defaults TwoAxisDrive.xparam \"Velocity*\" --def TwoAxisDrive.xpdef "
             "--hardware-id KTO-2A-16 --dry-run"},
            defaults}};

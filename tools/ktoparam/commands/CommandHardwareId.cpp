@@ -28,7 +28,11 @@ void print(const CLoadedFile& loaded, const CInvocation& invocation, COutput& ou
 template <bool (*change)(CLoadedFile&, const CInvocation&)>
 EExitStatus edit(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
-  if (!loaded.load(invocation.argument(0), SFileInfo::Values) || !loaded.canSave()) return ExitFile;
+  const QString fileName = invocation.argument(0);
+  if (!loaded.lock(fileName, invocation) || !loaded.load(fileName, SFileInfo::Values) ||
+      !loaded.canSave()) {
+    return ExitFile;
+  }
   if (!change(loaded, invocation)) return ExitFindings;
   if (!invocation.isDryRun() && !loaded.save()) return ExitFile;
   print(loaded, invocation, out);
@@ -91,7 +95,7 @@ SArgument idArgument(const QString& help) {
 QVector<SCommand> hardwareIdCommands() {
   const QString details = Tool::tr("Prints the hardware ids that the file has then.");
   const SArgument newId = {"NEW-ID", Tool::tr("The new hardware id.")};
-  const QVector<SOption> options = {NOptions::dryRun(), NOptions::json()};
+  const QVector<SOption> options = {NOptions::dryRun(), NOptions::noWait(), NOptions::json()};
   return {{"hardware-id list",
            Tool::tr("List the hardware ids of a file."),
            {},

@@ -35,6 +35,7 @@ int reportImpossible(const CLoadedFile& destination, const ICParameterFile& sour
 
 EExitStatus import(const CInvocation& invocation, COutput& out) {
   CLoadedFile destination(out);
+  if (!destination.lock(invocation.argument(0), invocation)) return ExitFile;
   CLoadedFile source(out);
   if (!destination.loadValues(invocation.argument(0), invocation) || !destination.canSave() ||
       !source.load(invocation.argument(1), SFileInfo::Values))
@@ -77,6 +78,7 @@ QVector<SCommand> importCommands() {
              {},
              Tool::tr("Leave what SOURCE lacks as it is, instead of setting it to its default.")},
             NOptions::dryRun(),
+            NOptions::noWait(),
             NOptions::json()},
            {"import TwoAxisDrive.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef "
             "--source-hardware-id KTO-2A-16 --hardware-id KTO-2A-32 --dry-run"},

@@ -51,6 +51,7 @@ EExitStatus merge(const CInvocation& invocation, COutput& out) {
   CLoadedFile ours(out);
   CLoadedFile theirs(out);
   const QString output = invocation.value(NOptions::kOutput);
+  if (!ours.lock(output, invocation)) return ExitFile;
   if (!load(invocation, base, ours, theirs) || !ours.canSave() || !theirs.canSave())
     return ExitFile;
   if (!SFileInfo::mayReplace(output, SFileInfo::Values, out)) return ExitFile;
@@ -83,7 +84,7 @@ QVector<SCommand> mergeCommands() {
            {NOptions::required(NOptions::output(Tool::tr("Where the result goes to."))),
             NOptions::def(Tool::tr(
                 "The definition file: values that are the same number are not a conflict then.")),
-            NOptions::json()},
+            NOptions::noWait(), NOptions::json()},
            {"merge Base.xparam Ours.xparam Theirs.xparam -o Merged.xparam"},
            merge}};
 }

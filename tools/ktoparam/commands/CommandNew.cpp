@@ -56,12 +56,13 @@ EExitStatus create(const CInvocation& invocation, COutput& out) {
   const QString hardwareId = invocation.value(NOptions::kHardwareId).trimmed();
   if (hardwareId.isEmpty())
     return invocation.wrongUsage(Tool::tr("A hardware id must not be empty."), out);
+  CLoadedFile loaded(out);
+  if (!loaded.lock(invocation.argument(0), invocation)) return ExitFile;
   const QFileInfo place(invocation.argument(0));
   if (place.exists() || place.isSymLink()) {
     out.message(invocation.argument(0), Tool::tr("the file exists already and is not replaced."));
     return ExitFile;
   }
-  CLoadedFile loaded(out);
   loaded.begin(invocation.argument(0), CParameterFileHelper::fileTypeFromStr(type), kVersion);
   if (!loaded.load(invocation.value(NOptions::kDef), SFileInfo::Definitions)) return ExitFile;
   loaded.file().addHardwareId(hardwareId);
@@ -86,6 +87,7 @@ QVector<SCommand> newCommands() {
         {kGroup, "PATH", Tool::tr("The group to put the parameters into, such as Motion/Limits.")},
         {kType, "TYPE", Tool::tr("The root element; LumoParameters unless given.")},
         NOptions::dryRun(),
+        NOptions::noWait(),
         NOptions::json()},
        {"new Spare.xparam --def TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2"},
        create}};

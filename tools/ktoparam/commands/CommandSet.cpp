@@ -145,7 +145,7 @@ QVector<SCommand> setCommands() {
         NOptions::subDevice(Tool::tr(
             "The sub-device, 0 to 255; needed when several have a parameter of the name.")),
         NOptions::def(Tool::tr("The definition file to check the values against.")),
-        NOptions::noDef(), NOptions::dryRun(), NOptions::json()},
+        NOptions::noDef(), NOptions::dryRun(), NOptions::noWait(), NOptions::json()},
        {"set TwoAxisDrive.xparam OperatingMode=Homing VelocityLimit=450 --def "
         "TwoAxisDrive.xpdef --hardware-id KTO-2A-16 --sub-device 2"},
        set}};

@@ -91,7 +91,7 @@ QVector<SCommand> subDeviceCommands() {
        {NOptions::valueFile(),
         {"FROM", Tool::tr("The sub-device to copy, 0 to 255."), EWord::SubDevice},
         {"TO", Tool::tr("The sub-device to overwrite."), EWord::SubDevice}},
-       {NOptions::oneHardwareId(), NOptions::dryRun(), NOptions::json()},
+       {NOptions::oneHardwareId(), NOptions::dryRun(), NOptions::noWait(), NOptions::json()},
        {"sub-device copy TwoAxisDrive.xparam 2 3 --hardware-id KTO-2A-16 --dry-run"},
        runCopy}};
 }

@@ -17,6 +17,17 @@ CLoadedFile::CLoadedFile(COutput& out)
 
 // --- Loading
 
+bool CLoadedFile::lock(const QString& fileName, const CInvocation& invocation) {
+  constexpr int kWaitMs = 10000;
+  if (invocation.isDryRun()) return true;
+  const int wait = invocation.isSet(NOptions::kNoWait) ? 0 : kWaitMs;
+  // Where nothing can be locked it goes on: if the folder is no good, the load or the save tells.
+  if (mLock.lock({fileName}, wait) != CFolderLock::Busy) return true;
+  mOut.message(fileName, Tool::tr("another program is changing a file in the same folder; nothing "
+                                  "was done. \"lslocks\" tells which program it is."));
+  return false;
+}
+
 bool CLoadedFile::load(const QString& fileName, SFileInfo::EKind wanted) {
   const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
   if (!found) return false;
@@ -74,7 +85,10 @@ EExitStatus CLoadedFile::openToRead(const CInvocation& invocation) {
 }
 
 EExitStatus CLoadedFile::openToEdit(const CInvocation& invocation, const QString& meant) {
-  if (!loadValues(invocation.argument(0), invocation) || !canSave()) return ExitFile;
+  if (!lock(invocation.argument(0), invocation) ||
+      !loadValues(invocation.argument(0), invocation) || !canSave()) {
+    return ExitFile;
+  }
   mChosenSubDevice = invocation.subDevice();
   const bool isMeant = !invocation.isSet(NOptions::kHardwareId) && !meant.isEmpty() &&
                        mFile->selectHardwareId(meant);
@@ -119,7 +133,14 @@ bool CLoadedFile::canSave() const {
 
 bool CLoadedFile::save() {
   if (!mIsNew) return saveAs(mFileName, mInfo.version);
-  return NSafeWrite::run(mFileName, mOut, [this] { return saveNew(); });
+  return write(mFileName, [this] { return saveNew(); });
+}
+
+// A pager that shows what is printed then must not hold the lock.
+bool CLoadedFile::write(const QString& fileName, const std::function<QString()>& save) {
+  const bool isWritten = NSafeWrite::run(fileName, mOut, save);
+  unlock();
+  return isWritten;
 }
 
 // Another process may make a file of that name meanwhile: this one takes it only while it is free.
@@ -136,7 +157,7 @@ QString CLoadedFile::saveNew() {
 }
 
 bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
-  const bool isSaved = NSafeWrite::run(fileName, mOut, [&]() -> QString {
+  const bool isSaved = write(fileName, [&]() -> QString {
     return mFile->saveParamFile(fileName, {}, version) ? QString() : mFile->errorMsg();
   });
   if (isSaved) tellWhatSavesLose();
@@ -144,7 +165,7 @@ bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
 }
 
 bool CLoadedFile::saveCompensation(const QString& fileName) {
-  return NSafeWrite::run(fileName, mOut, [&]() -> QString {
+  return write(fileName, [&]() -> QString {
     const int result = mCompensation->save(fileName, mInfo.writtenVersion);
     return result == ICCompensationFile::Ok ? QString() : mCompensation->errorMsg();
   });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CFolderLock.h"
 #include "ICCompensationFile.h"
 #include "ICParameterFile.h"
 #include "ICSettingsFile.h"
@@ -9,6 +10,7 @@
 #include <QDate>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -28,6 +30,13 @@ class CLoadedFile {
  public:
   explicit CLoadedFile(COutput& out);
 
+  /// Keeps other commands out of the folder of the file that will be written, until it is. To be
+  /// called before anything is loaded. Waits up to ten seconds for them; false, with a message,
+  /// when that is not enough. A dry run writes nothing and needs no lock.
+  bool lock(const QString& fileName, const CInvocation& invocation);
+  /// When nothing will be written after all.
+  void unlock() { mLock.unlock(); }
+
   /// Refuses a file of another kind. Unless one is wanted, every kind that is known will do, and
   /// info() says which it is.
   bool load(const QString& fileName, SFileInfo::EKind wanted = SFileInfo::Unknown);
@@ -40,7 +49,8 @@ class CLoadedFile {
   /// Loads the first argument and "--def", to show values: there are chosenIds() then, and one of
   /// them has the sub-device that is wanted.
   EExitStatus openToRead(const CInvocation& invocation);
-  /// Loads the same to edit it: it can be saved, and the one hardware id that is meant is active.
+  /// Locks and loads the same to edit it: it can be saved, and the one hardware id that is meant is
+  /// active.
   /// Where the command line has no "--hardware-id", `meant` says which if the file has it.
   EExitStatus openToEdit(const CInvocation& invocation, const QString& meant = {});
 
@@ -103,8 +113,10 @@ class CLoadedFile {
   void findDefinitions(const QStringList& valueFiles);
   QString errorMsg() const;
   QString saveNew();
+  bool write(const QString& fileName, const std::function<QString()>& save);
 
   COutput& mOut;
+  CFolderLock mLock;
   std::unique_ptr<ICParameterFile> mFile;
   std::unique_ptr<ICSettingsFile> mSettings;
   std::unique_ptr<ICCompensationFile> mCompensation;

@@ -52,6 +52,7 @@ EExitStatus CValueEdit::refuse(const SEditCounts& counts) {
 }
 
 EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bool isSaved) {
+  mLoaded.unlock();
   ICParameterFile& file = mLoaded.file();
   const bool isDryRun = mInvocation.isDryRun();
   CParamDifferences changes;

@@ -3,6 +3,7 @@
 #include "COutput.h"
 #include "NDisplayText.h"
 #include "Tool.h"
+#include "Wrapped.h"
 
 namespace {
 
@@ -17,22 +18,14 @@ QString argumentSyntax(const SArgument& argument) {
   return argument.mayBeMissing() ? QStringLiteral("[%1]").arg(words) : words;
 }
 
-// Breaks at blanks; the first line begins after `left`, the others below it.
+// The first line begins after `left`, the others below it.
 void printWrapped(const QString& left, const QString& text, COutput& out) {
   const QString indent(NDisplayText::width(left), QLatin1Char(' '));
-  QString line = left;
-  bool isFresh = true;
-  for (const QString& word : text.split(QLatin1Char(' '))) {
-    if (!isFresh && NDisplayText::width(line) + 1 + NDisplayText::width(word) > kColumns) {
-      out.line(line);
-      line = indent;
-      isFresh = true;
-    }
-    if (!isFresh) line += QLatin1Char(' ');
-    line += word;
-    isFresh = false;
+  QString lead = left;
+  for (const QString& line : wrapped(text, kColumns - indent.size())) {
+    out.line(lead + line);
+    lead = indent;
   }
-  out.line(line);
 }
 
 void printEntries(const QString& heading, const CEntries& entries, COutput& out) {

@@ -1,7 +1,10 @@
 #include "CParameterFileComparison.h"
 #include "CParameterWords.h"
 #include "Command.h"
+#include "NDifferenceFilter.h"
+#include "NDifferenceSummary.h"
 #include "NDifferences.h"
+#include "NIdDifferences.h"
 
 #include <QFileInfo>
 
@@ -12,6 +15,7 @@ namespace {
 
 const QLatin1String kNewHardwareId("new-hardware-id");
 const QLatin1String kNewSubDevice("new-sub-device");
+const QLatin1String kOnly("only");
 
 /// The arguments: OLD, NEW, and names. NEW may be missing where options tell what to compare with;
 /// the second word is a name then, unless there is a file of that name.
@@ -40,6 +44,7 @@ QString usageProblem(const CInvocation& invocation) {
     return Tool::tr("NEW is missing. Without it, --%1 or --%2 tells what to compare with.")
         .arg(kNewHardwareId, kNewSubDevice);
   }
+  if (invocation.isSet(kOnly)) return NDifferenceFilter::problem(invocation.value(kOnly));
   return {};
 }
 
@@ -118,6 +123,22 @@ class CSides {
     return mWords.reportMissing(mNew, newIds) ? ExitDone : ExitFindings;
   }
 
+  /// Where both files have the parameters that were compared.
+  NIdDifferences::CPlaces places() const {
+    ICParameterFile& oldFile = mOld.file();
+    ICParameterFile& newFile = mNew.file();
+    NIdDifferences::CPlaces places;
+    for (const auto& [oldId, newId] : mHardwareIds) {
+      if (!oldFile.selectHardwareId(oldId) || !newFile.selectHardwareId(newId)) continue;
+      for (const quint8 id :
+           mNewSubDevice ? QList<quint8>{*mNewSubDevice} : newFile.subDeviceIds()) {
+        for (const QString& name : newFile.paramNames(id))
+          if (!oldFile.paramValue(name, mOldSubDevice.value_or(id)).isNull()) ++places[name];
+      }
+    }
+    return places;
+  }
+
   const ICParameterFile& definitions() const { return mNew.file(); }
   const QString& definitionFile() const { return mNew.definitionFile(); }
   const QString& oldName() const { return mOld.fileName(); }
@@ -161,6 +182,22 @@ class CSides {
   QVector<QPair<QString, QString>> mHardwareIds;
 };
 
+/// The list, in which ids come last and many of them are only counted, and the summary.
+void print(const CParamDifferences& differences, bool listsAllIds, const CSides& sides,
+           COutput& out) {
+  using NDifferenceSummary::kMostLines;
+  const auto [others, ids, parameters] =
+      NIdDifferences::separated(differences, [&sides] { return sides.places(); });
+  const bool isCounted = !listsAllIds && ids.size() > kMostLines;
+  const CParamDifferences listed = isCounted ? others : others + ids;
+  NDifferences::print(listed, sides.definitions(), out);
+  if (!listed.isEmpty()) out.line({});
+  NDifferenceSummary::printTotal(differences, out);
+  if (isCounted)
+    out.line(Tool::tr("%1 parameters have other ids; --only id lists them.").arg(parameters));
+  if (listed.size() > kMostLines) NDifferenceSummary::printParts(differences, out);
+}
+
 EExitStatus diff(const CInvocation& invocation, COutput& out) {
   const QString problem = usageProblem(invocation);
   if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
@@ -171,16 +208,27 @@ EExitStatus diff(const CInvocation& invocation, COutput& out) {
   if (looked != ExitDone) return looked;
 
   out.doing(Tool::tr("Comparing …"));
-  const CParamDifferences differences = sides.compare();
+  CParamDifferences differences = sides.compare();
+  if (invocation.isSet(kOnly))
+    differences = NDifferenceFilter::filtered(differences, invocation.value(kOnly));
   if (invocation.wantsJson()) {
     out.json({{"old", sides.oldName()},
               {"new", sides.newName()},
               {"definitionFile", textOrNull(sides.definitionFile())},
+              {"summary", NDifferenceSummary::toJson(differences)},
               {"differences", NDifferences::toJson(differences, out.labels())}});
   } else {
-    NDifferences::print(differences, sides.definitions(), out);
+    print(differences, invocation.isSet(kOnly), sides, out);
   }
   return differences.isEmpty() ? ExitDone : ExitFindings;
+}
+
+SOption only() {
+  SOption option{kOnly, "KINDS",
+                 Tool::tr("Only these, with commas between them: %1.")
+                     .arg(NDifferenceFilter::words().join(QLatin1String(", ")))};
+  option.choices = NDifferenceFilter::words();
+  return option;
 }
 
 }  // namespace
@@ -194,7 +242,11 @@ QVector<SCommand> diffCommands() {
                 "parameters, the date and the comment do not count as differences.\nTwo hardware "
                 "ids or two sub-devices can be compared, too, also of one file; the list shows "
                 "those of NEW then. Files of other kinds can be compared as \"ktoparam text\" "
-                "prints them.\nThe exit status is 1 when there are differences."),
+                "prints them.\nAn id that changed in the same way wherever its parameter is stands "
+                "in the list once, without hardware id or sub-device; more than 24 such lines are "
+                "only counted. The counts of all kinds follow and, behind a list of more than 24 "
+                "lines, where most differences are.\nThe exit status is 1 when there are "
+                "differences; with --only, when there are some of these kinds."),
        {{"OLD", Tool::tr("A value file."), EWord::File},
         {"NEW", Tool::tr("A value file; OLD unless given, where an option names its other part."),
          EWord::File, SArgument::NoneOrOne},
@@ -205,8 +257,10 @@ QVector<SCommand> diffCommands() {
         {kNewHardwareId, "ID", Tool::tr("Compare it with this one of NEW."), EWord::HardwareId},
         NOptions::subDevice(),
         {kNewSubDevice, "N", Tool::tr("Compare it with this one of NEW."), EWord::SubDevice},
+        only(),
         NOptions::json()},
        {"diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef",
+        "diff Delivered.xparam TwoAxisDrive.xparam --only changed,added,removed",
         "diff TwoAxisDrive.xparam --hardware-id KTO-2A-16 --new-hardware-id KTO-2A-32",
         "diff TwoAxisDrive.xparam --sub-device 2 --new-sub-device 3"},
        diff}};

@@ -1,3 +1,6 @@
+#include "CParamValueRules.h"
+#include "CParamValueText.h"
+#include "CStr.h"
 #include "Command.h"
 #include "NSuggestion.h"
 #include "UniqueNames.h"
@@ -5,6 +8,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <map>
 #include <set>
 
 namespace {
@@ -18,24 +22,92 @@ QStringList choiceNames(const CParamDefItem& definition) {
   return names;
 }
 
+/// A word that is looked for, and what else it may mean in a file.
+class CWord {
+ public:
+  CWord(const QString& text, const ICParameterFile& file) : mText(text) {
+    mIsId = CStr::strToU32(text, mId) && NParamDef::isRealId(mId);
+    mIsNumber = CStr::strToI64(text, mNumber);
+    for (const QString& name : file.defNames())
+      if (name.compare(text, Qt::CaseInsensitive) == 0) mNamed.emplace(file.idByName(name), name);
+  }
+
+  bool isIn(const QString& text) const { return text.contains(mText, Qt::CaseInsensitive); }
+  bool isIdOf(const CParamDefItem& definition) const { return mIsId && definition.id() == mId; }
+  bool isLimit(const CParamVal& limit, const CParamDefItem& definition) const {
+    return !limit.isEmpty() && CParamValueRules::areEqual(CParamVal(mText), limit, definition);
+  }
+
+  /// The names of choices that have it, or have it as their value.
+  QStringList choicesOf(const CParamDefItem& definition) const {
+    QStringList names = choiceNames(definition).filter(mText, Qt::CaseInsensitive);
+    if (!mIsNumber) return names;
+    for (const auto& each : CParamValueText::choices(definition, CParamValueText::English))
+      if (each.value == mNumber) names.append(each.name);
+    return names;
+  }
+  /// Which of these definitions have just this name.
+  QStringList namesAmong(const QList<unsigned int>& ids) const {
+    QStringList names;
+    for (const unsigned int id : ids) {
+      const auto named = mNamed.find(id);
+      if (named != mNamed.end() && NParamDef::isRealId(id)) names.append(named->second);
+    }
+    return names;
+  }
+
+ private:
+  QString mText;
+  quint32 mId = 0;
+  bool mIsId = false;
+  qint64 mNumber = 0;
+  bool mIsNumber = false;
+  std::map<quint32, QString> mNamed;  // names that differ from it in capitals at most
+};
+
 /// A definition that has all words, each of them anywhere.
 struct SHit {
   QString file;
   CParamDefItem definition;
-  QStringList choices;  ///< those with one of the words
+  QStringList found = {};    ///< keys of what has a word
+  QStringList choices = {};  ///< those with one of the words
+  QStringList limits = {};   ///< likewise, as they are shown
 
   static std::optional<SHit> of(const QString& file, const CParamDefItem& definition,
-                                const QStringList& words) {
-    SHit hit{file, definition, {}};
-    const QStringList names = choiceNames(definition);
-    const QStringList texts = {definition.name(), definition.hint()};
-    for (const QString& word : words) {
-      const QStringList found = names.filter(word, Qt::CaseInsensitive);
-      if (found.isEmpty() && texts.filter(word, Qt::CaseInsensitive).isEmpty()) return {};
-      hit.choices += found;
-    }
-    hit.choices = uniqueNames(hit.choices);
+                                const QVector<CWord>& words, const CLabels& labels) {
+    SHit hit{file, definition};
+    for (const CWord& word : words)
+      if (!hit.has(word, labels)) return {};
+    for (QStringList* each : {&hit.found, &hit.choices, &hit.limits}) *each = uniqueNames(*each);
     return hit;
+  }
+
+ private:
+  bool has(const CWord& word, const CLabels& labels) {
+    const int before = found.size();
+    if (word.isIdOf(definition)) found.append("id");
+    if (word.isIn(definition.name())) found.append("name");
+    if (word.isIn(definition.hint())) found.append("hint");
+    const QStringList names = word.choicesOf(definition);
+    if (!names.isEmpty()) found.append("choices");
+    choices += names;
+    const QString minimum = Tool::tr("minimum %1");
+    const QString maximum = Tool::tr("maximum %1");
+    takeLimit("minimum", word.isLimit(definition.minVal(), definition), minimum,
+              labels.shown(definition.minVal().asStr()));
+    takeLimit("maximum", word.isLimit(definition.maxVal(), definition), maximum,
+              labels.shown(definition.maxVal().asStr()));
+    for (const QString& name : word.namesAmong(definition.minIds()))
+      takeLimit("minimumParameters", true, minimum, labels.shown(name));
+    for (const QString& name : word.namesAmong(definition.maxIds()))
+      takeLimit("maximumParameters", true, maximum, labels.shown(name));
+    return found.size() > before;
+  }
+
+  void takeLimit(const char* key, bool isFound, const QString& text, const QString& limit) {
+    if (!isFound) return;
+    found.append(key);
+    limits.append(text.arg(limit));
   }
 };
 
@@ -44,7 +116,7 @@ void print(const CInvocation& invocation, const QVector<SHit>& hits, bool hasFil
   const CLabels& labels = out.labels();
   QJsonArray array;
   CTable table({Tool::tr("FILE"), Tool::tr("ID"), Tool::tr("NAME"), Tool::tr("TYPE"),
-                Tool::tr("CHOICES FOUND"), Tool::tr("HINT")});
+                Tool::tr("CHOICES FOUND"), Tool::tr("LIMITS FOUND"), Tool::tr("HINT")});
   for (const SHit& hit : hits) {
     const CParamDefItem& definition = hit.definition;
     const QJsonValue id = definition.valid() ? QJsonValue(qint64(definition.id())) : QJsonValue();
@@ -53,13 +125,15 @@ void print(const CInvocation& invocation, const QVector<SHit>& hits, bool hasFil
     table.addRow({hasFile ? NDisplayText::shown(hit.file) : QString(),
                   id.isNull() ? QString() : QString::number(definition.id()),
                   labels.shown(definition.name()), definition.typeStr(),
-                  choices.join(QLatin1String(", ")), labels.shownOrNothing(definition.hint())});
+                  choices.join(QLatin1String(", ")), hit.limits.join(QLatin1String(", ")),
+                  labels.shownOrNothing(definition.hint())});
     array.append(QJsonObject{{"file", hit.file},
                              {"id", id},
                              {"name", labels.of(definition.name())},
                              {"type", definition.typeStr()},
                              {"hint", labels.of(definition.hint())},
-                             {"choices", labels.of(hit.choices)}});
+                             {"choices", labels.of(hit.choices)},
+                             {"found", QJsonArray::fromStringList(hit.found)}});
   }
   invocation.print(table, {{"file", invocation.argument(0)}, {"definitions", array}}, out);
 }
@@ -108,8 +182,10 @@ SFound searchFile(const QString& fileName, const SQuestion& question, COutput& o
   CLoadedFile loaded(out);
   if (!loaded.load(fileName, SFileInfo::Definitions)) return {ExitFile, {}};
   SFound found;
+  QVector<CWord> words;
+  for (const QString& word : question.words) words.append(CWord(word, loaded.file()));
   for (const QString& name : loaded.file().defNames()) {
-    const auto hit = SHit::of(fileName, loaded.file().paramDef(name), question.words);
+    const auto hit = SHit::of(fileName, loaded.file().paramDef(name), words, out.labels());
     if (hit) found.hits.append(*hit);
   }
   if (found.hits.isEmpty() && question.files.size() == 1)
@@ -133,8 +209,10 @@ EExitStatus search(const CInvocation& invocation, COutput& out) {
   out.message(
       question.files.join(QLatin1String(", ")),
       question.words.size() == 1
-          ? Tool::tr("nothing has this word in its name, hint or choices.%1").arg(all.suggestion)
-          : Tool::tr("nothing has all these words in its name, hint and choices.%1")
+          ? Tool::tr("nothing has this word in its name, hint, choices or limits, or as its id.%1")
+                .arg(all.suggestion)
+          : Tool::tr("nothing has all these words in its name, hint, choices and limits, or as its "
+                     "id.%1")
                 .arg(all.suggestion));
   return qMax(all.status, ExitFindings);
 }
@@ -144,14 +222,17 @@ EExitStatus search(const CInvocation& invocation, COutput& out) {
 QVector<SCommand> searchCommands() {
   return {
       {"search",
-       Tool::tr("Find parameters by words in their names, hints and choices."),
+       Tool::tr(
+           "Find parameters by words in their names, hints and choices, by ids and by limits."),
        Tool::tr(
            "Lists the definitions that have all words, or parts of words; capitals make "
-           "no difference. The first words that are names of files are searched as well. The exit "
+           "no difference. A number also finds the id, choices and limits that are that number, "
+           "and the whole name of a parameter finds those that it limits. The first words that are "
+           "names of files are searched as well. The exit "
            "status is 1 when nothing is found."),
        {{"DEF", Tool::tr("A definition file."), EWord::File},
         {"WORD", Tool::tr("What to look for."), EWord::Parameter, SArgument::OneOrMore}},
        {NOptions::json()},
-       {"search TwoAxisDrive.xpdef velocity limit"},
+       {"search TwoAxisDrive.xpdef velocity limit", "search TwoAxisDrive.xpdef 4413"},
        search}};
 }

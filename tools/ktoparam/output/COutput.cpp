@@ -2,6 +2,7 @@
 
 #include "NDisplayText.h"
 #include "NShortText.h"
+#include "TerminalColumns.h"
 #include "Tool.h"
 
 #include <QJsonDocument>
@@ -23,7 +24,9 @@ constexpr int kLongestMessage = 10000;
 COutput::COutput(FILE* results, FILE* messages)
     : mHasColour(isatty(fileno(results)) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") &&
                  qgetenv("TERM") != "dumb"),
+      mColumns(terminalColumns(results)),
       mProgress(messages, mMessages) {
+  if (mColumns == 0) mColumns = kUsualColumns;
   mFailed = !mResults.open(results, QIODevice::WriteOnly);
   mMessages.open(messages, QIODevice::WriteOnly | QIODevice::Unbuffered);
 }

@@ -31,6 +31,9 @@ class COutput {
   /// Part of a result, unchanged unless results go to a terminal whose user wants colour.
   QString styled(const QString& text, EStyle style) const;
 
+  /// How wide results may be to be read well: as the terminal, or 80.
+  int columns() const { return mColumns; }
+
   /// What is being done meanwhile, as CProgress shows it.
   void reading(const QString& fileName, qint64 bytes);
   void doing(const QString& text);
@@ -77,6 +80,7 @@ class COutput {
   QFile mResults;
   QFile mMessages;
   bool mHasColour;
+  int mColumns;
   CProgress mProgress;
   CLabels mLabels;
   qint64 mWritten = 0;

@@ -1,31 +1,21 @@
 #include "CProgress.h"
 
 #include "NDisplayText.h"
+#include "TerminalColumns.h"
 #include "Tool.h"
 
 #include <QIODevice>
-
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace {
 
 // What takes less than the blink of an eye is not worth a word.
 constexpr qint64 kManyBytes = 8LL * 1024 * 1024;
 constexpr int kManyFiles = 10;
-constexpr int kUsualColumns = 80;
-
-int columnsOf(FILE* stream) {
-  if (isatty(fileno(stream)) == 0 || qgetenv("TERM") == "dumb") return 0;
-  winsize size{};
-  const bool isKnown = ioctl(fileno(stream), TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-  return isKnown ? size.ws_col : kUsualColumns;
-}
 
 }  // namespace
 
 CProgress::CProgress(FILE* stream, QIODevice& device)
-    : mDevice(device), mColumns(columnsOf(stream)) {}
+    : mDevice(device), mColumns(qgetenv("TERM") == "dumb" ? 0 : terminalColumns(stream)) {}
 
 void CProgress::reading(const QString& fileName, qint64 bytes) {
   qint64& size = mSizes[fileName];

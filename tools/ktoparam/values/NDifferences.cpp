@@ -8,23 +8,6 @@
 
 namespace {
 
-QString kindName(SParamDifference::EKind kind) {
-  static const QMap<SParamDifference::EKind, const char*> kNames = {
-      {SParamDifference::SubDeviceTypeChanged, QT_TRANSLATE_NOOP("ktoparam", "other type")},
-      {SParamDifference::SubDeviceNameChanged, QT_TRANSLATE_NOOP("ktoparam", "other name")},
-      {SParamDifference::HardwareIdAdded, QT_TRANSLATE_NOOP("ktoparam", "hardware id added")},
-      {SParamDifference::HardwareIdRemoved, QT_TRANSLATE_NOOP("ktoparam", "hardware id removed")},
-      {SParamDifference::SubDeviceAdded, QT_TRANSLATE_NOOP("ktoparam", "sub-device added")},
-      {SParamDifference::SubDeviceRemoved, QT_TRANSLATE_NOOP("ktoparam", "sub-device removed")},
-      {SParamDifference::ParameterAdded, QT_TRANSLATE_NOOP("ktoparam", "added")},
-      {SParamDifference::ParameterRemoved, QT_TRANSLATE_NOOP("ktoparam", "removed")},
-      {SParamDifference::ParameterMoved, QT_TRANSLATE_NOOP("ktoparam", "moved")},
-      {SParamDifference::IdChanged, QT_TRANSLATE_NOOP("ktoparam", "other id")},
-      {SParamDifference::ValueChanged, QT_TRANSLATE_NOOP("ktoparam", "changed")},
-  };
-  return Tool::tr(kNames.value(kind));
-}
-
 QString valueCell(const QString& value) {
   return value.isNull() ? QString() : NDisplayText::shown(value);
 }
@@ -38,7 +21,7 @@ QStringList toCells(const SParamDifference& each, const ICParameterFile& definit
                     const CLabels& labels) {
   const bool isMoved = each.kind == SParamDifference::ParameterMoved;
   const bool hasSubDevice = each.subDevId != SParamDifference::kNoSubDevice;
-  return {kindName(each.kind),
+  return {NDifferences::kindName(each.kind),
           labels.shownOrNothing(each.hardwareId),
           hasSubDevice ? QString::number(each.subDevId) : QString(),
           labels.shownOrNothing(each.name),
@@ -63,6 +46,23 @@ QJsonObject toJson(const SParamDifference& each, const CLabels& labels) {
 }
 
 }  // namespace
+
+QString NDifferences::kindName(SParamDifference::EKind kind) {
+  static const QMap<SParamDifference::EKind, const char*> kNames = {
+      {SParamDifference::SubDeviceTypeChanged, QT_TRANSLATE_NOOP("ktoparam", "other type")},
+      {SParamDifference::SubDeviceNameChanged, QT_TRANSLATE_NOOP("ktoparam", "other name")},
+      {SParamDifference::HardwareIdAdded, QT_TRANSLATE_NOOP("ktoparam", "hardware id added")},
+      {SParamDifference::HardwareIdRemoved, QT_TRANSLATE_NOOP("ktoparam", "hardware id removed")},
+      {SParamDifference::SubDeviceAdded, QT_TRANSLATE_NOOP("ktoparam", "sub-device added")},
+      {SParamDifference::SubDeviceRemoved, QT_TRANSLATE_NOOP("ktoparam", "sub-device removed")},
+      {SParamDifference::ParameterAdded, QT_TRANSLATE_NOOP("ktoparam", "added")},
+      {SParamDifference::ParameterRemoved, QT_TRANSLATE_NOOP("ktoparam", "removed")},
+      {SParamDifference::ParameterMoved, QT_TRANSLATE_NOOP("ktoparam", "moved")},
+      {SParamDifference::IdChanged, QT_TRANSLATE_NOOP("ktoparam", "other id")},
+      {SParamDifference::ValueChanged, QT_TRANSLATE_NOOP("ktoparam", "changed")},
+  };
+  return Tool::tr(kNames.value(kind));
+}
 
 void NDifferences::print(const CParamDifferences& differences, const ICParameterFile& definitions,
                          COutput& out) {

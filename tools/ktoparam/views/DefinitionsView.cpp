@@ -1,10 +1,8 @@
 #include "CLoadedFile.h"
 #include "CParamValueText.h"
+#include "CReferences.h"
 #include "Output.h"
-#include "SValueView.h"
 #include "Views.h"
-
-#include <map>
 
 namespace {
 
@@ -12,42 +10,9 @@ using NParamDef::SBitValue;
 using NParamDef::SCheckValues;
 using NParamDef::SNamedI64Value;
 
-constexpr quint8 kNoSubDevice = 0;  // there are no values whose units could differ
-
 QJsonValue valueOrNull(const CParamVal& value) {
   return value.isNull() ? QJsonValue() : QJsonValue(value.asStr());
 }
-
-/// How definitions are called that others refer to. Each is looked up once, since one may be the
-/// limit of thousands, and its name long.
-class CReferences {
- public:
-  CReferences(const ICParameterFile& file, const CLabels& labels)
-      : mFile(file), mLabels(labels), mViews(file, labels) {}
-
-  const CLabels& labels() const { return mLabels; }
-
-  QString name(unsigned int id) {
-    const auto [known, isNew] = mNames.try_emplace(id);
-    if (isNew) {
-      const CParamDefItem definition = mFile.paramDef(id);
-      known->second = definition.valid() ? mLabels.of(definition.name()) : QString::number(id);
-    }
-    return known->second;
-  }
-  QStringList names(const QList<unsigned int>& ids) {
-    QStringList names;
-    for (const unsigned int id : ids) names.append(name(id));
-    return names;
-  }
-  QString unit(const CParamDefItem& definition) { return mViews.unit(definition, kNoSubDevice); }
-
- private:
-  const ICParameterFile& mFile;
-  const CLabels& mLabels;
-  CValueViews mViews;
-  std::map<unsigned int, QString> mNames;
-};
 
 // --- Text
 
@@ -121,7 +86,9 @@ QJsonValue visibility(const CParamDefItem& definition, CReferences& references) 
   return QJsonObject{{"parameter", references.name(definition.visibleId())}, {"values", values}};
 }
 
-QJsonObject toJson(const CParamDefItem& definition, CReferences& references) {
+}  // namespace
+
+QJsonObject NViews::definitionJson(const CParamDefItem& definition, CReferences& references) {
   const auto names = [&references](const QList<unsigned int>& ids) {
     return QJsonArray::fromStringList(references.names(ids));
   };
@@ -146,15 +113,13 @@ QJsonObject toJson(const CParamDefItem& definition, CReferences& references) {
       {"visibleWhen", visibility(definition, references)}};
 }
 
-}  // namespace
-
 void NViews::showDefinitions(const CLoadedFile& loaded, bool isJson, COutput& out) {
   const ICParameterFile& file = loaded.file();
   CReferences references(file, out.labels());
   if (isJson) {
     QJsonArray array;
     for (const QString& name : file.defNames())
-      array.append(toJson(file.paramDef(name), references));
+      array.append(definitionJson(file.paramDef(name), references));
     QJsonObject object = headJson(loaded);
     object.insert("definitions", array);
     return out.json(object);

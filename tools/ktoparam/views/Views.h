@@ -3,6 +3,8 @@
 #include "SCommand.h"
 
 class CLoadedFile;
+class CParamDefItem;
+class CReferences;
 class CSubjectLines;
 class QJsonObject;
 
@@ -16,10 +18,16 @@ QJsonObject headJson(const CLoadedFile& loaded);
 
 // What `show` prints, as a table or as JSON.
 void showDefinitions(const CLoadedFile& loaded, bool isJson, COutput& out);
+/// Only the definitions that are named, each with all that refers to it.
+EExitStatus showWholeDefinitions(const CLoadedFile& loaded, const QStringList& words, bool isJson,
+                                 COutput& out);
 void showCompensation(const CLoadedFile& loaded, bool isJson, COutput& out);
 EExitStatus showSettings(const CLoadedFile& loaded, bool isJson, COutput& out);
 /// Loads the file, too, with the definitions that the command line names.
 EExitStatus showValues(const CInvocation& invocation, COutput& out);
+
+/// An object of JSON.
+QJsonObject definitionJson(const CParamDefItem& definition, CReferences& references);
 
 // What `text` prints after the Head.
 void addDefinitions(const CLoadedFile& loaded, const CSubjectLines& lines);

@@ -51,7 +51,7 @@ QVector<SCommand> showCommands() {
            "the values, and a \"*\" before each value that is not the default.\nSettings are "
            "shown as a tree, compensation tables point by point, with a \"!\" before each "
            "wrong one.\nWith names, only these values are shown, or each of these definitions is "
-           "told whole: also which parameters limit it, which it limits, and what else refers "
+           "shown whole: also which parameters limit it, which it limits, and what else refers "
            "to it. A definition may be named by its id, too. A name goes before a pattern. The "
            "exit status is 1 when one is not found; the others are still shown.\nA text is quoted, "
            "as in JSON, when it is "

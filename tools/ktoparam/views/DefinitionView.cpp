@@ -54,7 +54,7 @@ class CDefinitionText {
   CDefinitionText(const CParamDefItem& definition, CReferences& references)
       : mDefinition(definition), mReferences(references), mLabels(references.labels()) {}
 
-  QString id() const {
+  QString idText() const {
     const unsigned int id = mDefinition.id();
     return mDefinition.valid()
                ? QStringLiteral("%1 (0x%2)").arg(QString::number(id), QString::number(id, 16))
@@ -78,7 +78,7 @@ class CDefinitionText {
   QString limit(const CParamVal& own, const QList<unsigned int>& ids) const {
     QStringList parts;
     if (!own.isEmpty()) parts.append(withMeaning(own));
-    for (const unsigned int each : ids) parts.append(name(each));
+    for (const unsigned int each : ids) parts.append(nameOf(each));
     return parts.join(kComma);
   }
 
@@ -111,7 +111,7 @@ class CDefinitionText {
       const QString meaning = NDisplayText::shownOrNothing(mReferences.choice(id, value));
       values.append(withMeaning(QString::number(value), meaning));
     }
-    return QStringLiteral("%1 = %2").arg(name(id), values.join(kComma));
+    return QStringLiteral("%1 = %2").arg(nameOf(id), values.join(kComma));
   }
 
   /// In its own lines.
@@ -135,7 +135,7 @@ class CDefinitionText {
  private:
   static QString undefined(unsigned int id) { return Tool::tr("%1 (not defined)").arg(id); }
 
-  QString name(unsigned int id) const {
+  QString nameOf(unsigned int id) const {
     const std::optional<QString> found = mReferences.find(id);
     return found ? NDisplayText::shown(*found) : undefined(id);
   }
@@ -170,7 +170,7 @@ class CDefinitionText {
 void print(const CParamDefItem& definition, const SDefinitionUse& use, const CDefinitionText& text,
            COutput& out) {
   CBlock block;
-  block.add(Tool::tr("Id"), text.id());
+  block.add(Tool::tr("Id"), text.idText());
   block.add(Tool::tr("Type"), definition.typeStr());
   block.add(Tool::tr("Unit"), text.unit());
   block.add(Tool::tr("Default"), text.defaultValue());

@@ -28,7 +28,7 @@ table() {
 # The README's code block that follows a text.
 readme() { sed "1,/$1/d" "$README" | sed "1,/^\`\`\`/d" | sed "/^\`\`\`/,\$d"; }
 change() {
-  ktoparam set TwoAxisDrive.xparam "$1" --hardware-id KTO-2A-16 --sub-device 2 >changes
+  ktoparam set TwoAxisDrive.xparam "$1" --no-def --hardware-id KTO-2A-16 --sub-device 2 >changes
 }
 # The example's values, edited.
 edited() { iconv -f UTF-16 -t UTF-8 TwoAxisDrive.xparam | sed "s/UTF-16/UTF-8/; $1"; }

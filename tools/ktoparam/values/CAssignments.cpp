@@ -164,8 +164,10 @@ bool CAssignments::readAsDefined(SAssignment& assignment, const CParamDefItem& d
                                  CParamVal& value) {
   if (definition.name().isEmpty()) {
     return object(assignment,
-                  Tool::tr("not defined in the definition file; without --def its value "
-                           "is set unchecked."));
+                  mLoaded.areDefinitionsFound()
+                      ? Tool::tr("not defined in the definition file.")
+                      : Tool::tr("not defined in the definition file; without --def its value is "
+                                 "set unchecked."));
   }
   CParamVal read;
   QString problem;

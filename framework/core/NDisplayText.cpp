@@ -38,31 +38,38 @@ constexpr SRange kWide[] = {
     {0x1FA70, 0x1FAFF}, {0x20000, 0x3FFFD},
 };
 
-bool isWide(uint character) {
+// What shows nothing, though Unicode has it among letters and marks: joiners, fillers and the
+// selectors of variants, ascending.
+constexpr SRange kInvisible[] = {
+    {0x034F, 0x034F}, {0x115F, 0x1160}, {0x17B4, 0x17B5}, {0x180B, 0x180F},
+    {0x3164, 0x3164}, {0xFE00, 0xFE0F}, {0xFFA0, 0xFFA0}, {0xE0100, 0xE01EF},
+};
+
+template <std::size_t count>
+bool isIn(const SRange (&ranges)[count], uint character) {
   const SRange* range =
-      std::lower_bound(std::begin(kWide), std::end(kWide), character,
+      std::lower_bound(std::begin(ranges), std::end(ranges), character,
                        [](const SRange& each, uint value) { return each.last < value; });
-  return range != std::end(kWide) && range->first <= character;
+  return range != std::end(ranges) && range->first <= character;
 }
 
-bool turnsDirection(uint character) {
-  return (character >= 0x202A && character <= 0x202E) ||
-         (character >= 0x2066 && character <= 0x2069);
-}
-
+/// A terminal may know more characters than this program, so what is unknown here may do anything.
 bool needsEscape(uint character) {
   switch (QChar::category(character)) {
     case QChar::Other_Control:
-    case QChar::Other_Surrogate:
+    case QChar::Other_Format:
+    case QChar::Other_NotAssigned:
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:
       return true;
     default:
-      return turnsDirection(character);
+      return isIn(kInvisible, character);
   }
 }
 
 QString escape(uint character) {
+  if (QChar::requiresSurrogates(character))
+    return escape(QChar::highSurrogate(character)) + escape(QChar::lowSurrogate(character));
   switch (character) {
     case '\n':
       return QStringLiteral("\\n");
@@ -82,16 +89,18 @@ int widthOf(uint character) {
     case QChar::Other_Format:
       return 0;
     default:
-      return isWide(character) ? 2 : 1;
+      return isIn(kWide, character) ? 2 : 1;
   }
 }
 
 }  // namespace
 
 QString NDisplayText::escaped(const QString& text) {
+  const QVector<uint> characters = text.toUcs4();
+  if (std::none_of(characters.begin(), characters.end(), needsEscape)) return text;
   QString result;
   result.reserve(text.size());
-  for (const uint character : text.toUcs4())
+  for (const uint character : characters)
     if (needsEscape(character))
       result += escape(character);
     else

@@ -7,8 +7,10 @@
 /// Texts from files on a terminal: harmless, on one line, and of a known width.
 namespace NDisplayText {
 
-/// Control characters, line ends, marks that turn the writing direction and lone surrogates as
-/// escapes like "\n" and "\u001b".
+/// What a terminal obeys or does not show becomes an escape as in JSON, "\n" or "\u001b": control
+/// and format characters (marks of the writing direction, joiners, tags and others), line ends,
+/// variation selectors and fillers, and what Qt's version of Unicode does not know. A character
+/// above U+FFFF becomes a pair of them, "\udb40\udc01".
 KTOFRAMEWORK_EXPORT QString escaped(const QString& text);
 
 /// The text as it is when nothing in it can be misread; else escaped between quotes, as in JSON:

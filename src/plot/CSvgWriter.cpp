@@ -8,14 +8,6 @@ const QLatin1String kNamespace("http://www.w3.org/2000/svg");
 constexpr double kPointsPerMm = 72 / 25.4;
 constexpr double kColumnWidth = 0.58;  // of the font size, in a wide typeface
 
-// The writer takes what XML cannot hold, and nobody could read the picture then.
-QString harmless(const QString& text) {
-  QString result = NDisplayText::escaped(text);
-  for (QChar& each : result)
-    if (each.unicode() >= 0xFFFE) each = QChar::ReplacementCharacter;
-  return result;
-}
-
 }  // namespace
 
 CSvgWriter::CSvgWriter(double widthMm, double heightMm, const QString& title) : mXml(&mBytes) {
@@ -31,12 +23,13 @@ CSvgWriter::CSvgWriter(double widthMm, double heightMm, const QString& title) : 
          {"viewBox", QStringLiteral("0 0 %1 %2").arg(width, height)},
          {"font-family", QStringLiteral("Helvetica, Arial, Liberation Sans, DejaVu Sans, "
                                         "sans-serif")}});
-  mXml.writeTextElement(QStringLiteral("title"), harmless(title));
+  // The XML writer takes what XML cannot hold, and nobody could read the picture then.
+  mXml.writeTextElement(QStringLiteral("title"), NDisplayText::escaped(title));
 }
 
 void CSvgWriter::write(CAttributes attributes) {
   for (const auto& [name, value] : attributes)
-    mXml.writeAttribute(QLatin1String(name), harmless(value));
+    mXml.writeAttribute(QLatin1String(name), NDisplayText::escaped(value));
 }
 
 void CSvgWriter::beginGroup(const char* id, CAttributes attributes) {
@@ -86,7 +79,7 @@ void CSvgWriter::text(double x, double y, const char* anchor, const QString& tex
   mXml.writeStartElement(QStringLiteral("text"));
   write({{"x", number(x)}, {"y", number(y)}, {"text-anchor", QLatin1String(anchor)}});
   write(attributes);
-  mXml.writeCharacters(harmless(text));
+  mXml.writeCharacters(NDisplayText::escaped(text));
   mXml.writeEndElement();
 }
 

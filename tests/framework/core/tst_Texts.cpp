@@ -96,6 +96,8 @@ class tst_Texts : public QObject {
                                   {u8"\u00a0a", u8"\"\u00a0a\"", "2"},
                                   {u8"\x1b[2J\u009b", "\"\\u001b[2J\\u009b\"", "5"},
                                   {QString("a%1b").arg(QChar(0x202E)), "\"a\\u202eb\"", "2"},
+                                  {u8"\u00AD\U000E0001", "\"\\u00ad\\udb40\\udc01\"", "0"},
+                                  {u8"\uE000\uFFFE\uFE0F", u8"\"\uE000\\ufffe\\ufe0f\"", "2"},
                                   {u8"a\r\n\t\u2028b", "\"a\\r\\n\\t\\u2028b\"", "6"},
                                   {u8"a\u0301\u20dd", u8"a\u0301\u20dd", "1"},
                                   {"軸한ｱＡ", "軸한ｱＡ", "7"},

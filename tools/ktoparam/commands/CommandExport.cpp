@@ -54,7 +54,7 @@ QStringList fields(const SValueView& view) {
 
 void printLine(const QStringList& texts, const SLineFormat& format, COutput& out) {
   QStringList shown;
-  for (const QString& text : texts) shown.append(format.field(text));
+  for (const QString& text : texts) shown.append(out.exact(format.field(text)));
   out.line(shown.join(format.separator));
 }
 

@@ -10,6 +10,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -19,10 +20,34 @@ constexpr qint64 kTimesTheFiles = 20;
 constexpr qint64 kFewLines = 4096;
 constexpr int kLongestMessage = 10000;
 
+bool isHarmless(char byte) {
+  return (byte >= ' ' && byte <= '~') || byte == '\n';
+}
+
+/// JSON in which nothing is left that a terminal obeys or does not show; its texts stay the same,
+/// since such characters stand in them only.
+QByteArray escapedJson(const QByteArray& json) {
+  QByteArray result;
+  result.reserve(json.size());
+  const auto end = json.cend();
+  for (auto at = json.cbegin(); at != end;) {
+    const auto odd = std::find_if_not(at, end, isHarmless);
+    const auto next = std::find_if(odd, end, isHarmless);
+    // Qt drops a byte order mark in front, so the character before, of which there is one, goes
+    // with it.
+    const auto from = odd == end ? end : odd - 1;
+    const QString text = QString::fromUtf8(from, static_cast<int>(next - from));
+    result.append(at, static_cast<int>(from - at)).append(NDisplayText::escaped(text).toUtf8());
+    at = next;
+  }
+  return result;
+}
+
 }  // namespace
 
 COutput::COutput(FILE* results, FILE* messages)
-    : mHasColour(isatty(fileno(results)) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+    : mIsTerminal(isatty(fileno(results)) != 0),
+      mHasColour(mIsTerminal && qEnvironmentVariableIsEmpty("NO_COLOR") &&
                  qgetenv("TERM") != "dumb"),
       mColumns(terminalColumns(results)),
       mProgress(messages, mMessages) {
@@ -89,6 +114,10 @@ QString COutput::styled(const QString& text, EStyle style) const {
   return mHasColour ? QStringLiteral("\x1b[%1m%2\x1b[0m").arg(QString::number(style), text) : text;
 }
 
+QString COutput::exact(const QString& text) const {
+  return mIsTerminal ? NDisplayText::escaped(text) : text;
+}
+
 void COutput::line(const QString& text) {
   inTurn([this, bytes = QByteArray(text.toUtf8() + '\n')] { write(bytes); });
 }
@@ -99,9 +128,9 @@ void COutput::json(const QJsonObject& object) {
 
 void COutput::writeJson(const QJsonObject& object) {
   const QJsonDocument document(object);
-  const QByteArray text = document.toJson(QJsonDocument::Indented);
+  const QByteArray text = escapedJson(document.toJson(QJsonDocument::Indented));
   // What is deeply nested would be blanks for the most part.
-  write(text.size() <= space() ? text : document.toJson(QJsonDocument::Compact));
+  write(text.size() <= space() ? text : escapedJson(document.toJson(QJsonDocument::Compact)));
 }
 
 void COutput::message(const QString& text) {

@@ -30,6 +30,8 @@ class COutput {
   enum EStyle { Bold = 1, Red = 31, Yellow = 33 };  // as terminals number them
   /// Part of a result, unchanged unless results go to a terminal whose user wants colour.
   QString styled(const QString& text, EStyle style) const;
+  /// Part of a result that a program reads as it is; a terminal gets escapes.
+  QString exact(const QString& text) const;
 
   /// How wide results may be to be read well: as the terminal, or 80.
   int columns() const { return mColumns; }
@@ -79,6 +81,7 @@ class COutput {
 
   QFile mResults;
   QFile mMessages;
+  bool mIsTerminal;
   bool mHasColour;
   int mColumns;
   CProgress mProgress;

@@ -52,6 +52,7 @@ the XML schemas of the files.")
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME ktoparam)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "${library_package} (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS bash-completion)
 set(CPACK_COMPONENT_TOOL_DESCRIPTION
 "parameter files of servo drives - command line tool
 ktoparam shows, checks, compares, edits and merges the parameter files of

@@ -1,12 +1,11 @@
 #include "CCompletion.h"
 
 #include "CParsedWords.h"
+#include "NDisplayText.h"
 #include "NShortText.h"
 #include "UniqueNames.h"
 
 #include <QDir>
-
-#include <algorithm>
 
 namespace {
 
@@ -17,16 +16,13 @@ QString withHome(const QString& fileName) {
   return fileName.startsWith(QLatin1String("~/")) ? QDir::homePath() + fileName.mid(1) : fileName;
 }
 
-bool isOneLine(const QString& text) {
-  return std::none_of(text.cbegin(), text.cend(),
-                      [](QChar c) { return c.category() == QChar::Other_Control; });
-}
-
 }  // namespace
 
 CCompletion::CCompletion(const QVector<SCommand>& commands, const CShellLine& line) : mLine(line) {
   const QStringList words = line.before().mid(1);
-  if (const SCommand* command = SCommand::find(commands, words))
+  if (line.isRedirection())
+    mWord = EWord::File;
+  else if (const SCommand* command = SCommand::find(commands, words))
     expect(*command);
   else
     expectCommand(commands, words);
@@ -52,14 +48,15 @@ void CCompletion::expect(const SCommand& command) {
 
   const SOption* option = before.openOption();
   const int sign = typed().indexOf(QLatin1Char('='));
-  if (!option && typed().startsWith(kDashes) && sign > 0) {
+  mMayBeOption = !option && before.mayBeOption();
+  if (mMayBeOption && typed().startsWith(kDashes) && sign > 0) {
     option = command.option(typed().left(sign));
     mLead = typed().left(sign + 1);
   }
   if (option) {
     mWord = option->word;
     mChoices = option->choices;
-  } else if (typed().startsWith(QLatin1Char('-'))) {
+  } else if (mMayBeOption && typed().startsWith(QLatin1Char('-'))) {
     for (const SOption& each : command.options)
       if (!before.isSet(each.name)) mChoices.append(kDashes + each.name);
     mChoices.append("--help");
@@ -68,13 +65,20 @@ void CCompletion::expect(const SCommand& command) {
   }
 }
 
+bool CCompletion::isOffered(const QString& word) const {
+  // One that is not shown as it is would not be the word any more.
+  const bool isShown = word.size() <= NShortText::kLongest && NDisplayText::escaped(word) == word;
+  const bool isOption = mMayBeOption && typed().isEmpty() && word.startsWith(QLatin1Char('-'));
+  return isShown && !isOption && !word.isEmpty();
+}
+
 QStringList CCompletion::replacements(const QStringList& candidates) const {
   QStringList words;
   for (const QString& candidate : candidates) {
     const QString whole = mLead + candidate;
-    // One that would be shortened when shown would not be the word any more.
-    const bool isShown = candidate.size() <= NShortText::kLongest && isOneLine(whole);
-    if (whole.startsWith(typed()) && isShown) words.append(mLine.replacement(whole));
+    if (!whole.startsWith(typed()) || !isOffered(whole)) continue;
+    const QString replacement = mLine.replacement(whole);
+    if (!replacement.isNull()) words.append(replacement);
   }
   return uniqueNames(words);
 }

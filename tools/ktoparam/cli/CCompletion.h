@@ -25,11 +25,13 @@ class CCompletion {
  private:
   void expectCommand(const QVector<SCommand>& commands, const QStringList& words);
   void expect(const SCommand& command);
+  bool isOffered(const QString& word) const;
 
   CShellLine mLine;
   QStringList mFiles;
   QMap<QString, QString> mGiven;
   EWord mWord = EWord::Text;
-  QString mLead;  // the part of the word before the text that is expected
+  bool mMayBeOption = false;  // what begins with a dash
+  QString mLead;              // the part of the word before the text that is expected
   QStringList mChoices;
 };

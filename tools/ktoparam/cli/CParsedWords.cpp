@@ -20,14 +20,13 @@ QString unknown(const SCommand& command, const QString& word) {
 }  // namespace
 
 CParsedWords::CParsedWords(const SCommand& command, const QStringList& words) : mCommand(command) {
-  bool mayBeOption = true;
   for (const QString& word : words) {
     if (mOpen) {  // a value, whatever it begins with
       setOption(mOpen->name, word);
       mOpen = nullptr;
-    } else if (mayBeOption && word == QLatin1String("--")) {
-      mayBeOption = false;
-    } else if (mayBeOption && word.size() > 1 && word.startsWith(QLatin1Char('-'))) {
+    } else if (mMayBeOption && word == QLatin1String("--")) {
+      mMayBeOption = false;
+    } else if (mMayBeOption && word.size() > 1 && word.startsWith(QLatin1Char('-'))) {
       readOption(word);
     } else {
       mArguments.append(word);

@@ -17,6 +17,8 @@ class CParsedWords {
   const QStringList& arguments() const { return mArguments; }
   /// The option whose value is still missing, since its name is the last word; mostly null.
   const SOption* openOption() const { return mOpen; }
+  /// Whether a further word that begins with a dash would be an option; not so after "--".
+  bool mayBeOption() const { return mMayBeOption; }
   /// The values of all arguments and options that mean such a word.
   QStringList valuesOf(EWord word) const;
 
@@ -35,5 +37,6 @@ class CParsedWords {
   QMap<QString, QString> mOptions;
   QStringList mArguments;
   const SOption* mOpen = nullptr;
+  bool mMayBeOption = true;
   QString mProblem;
 };

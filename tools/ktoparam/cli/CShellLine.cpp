@@ -1,100 +1,124 @@
 #include "CShellLine.h"
 
+#include <QRegularExpression>
+#include <QVector>
+
 namespace {
 
 const QLatin1Char kBackslash('\\');
 const QLatin1Char kDouble('"');
 const QLatin1Char kSingle('\'');
+const QLatin1Char kHistory('!');
 const QLatin1String kSpecialInDouble("\\\"$`");
 const QLatin1String kHarmless("_./+-%@,:=");
-const QLatin1String kBlanks(" \t\n");
 
-/// Reads characters as bash does.
-class CSplitter {
- public:
-  explicit CSplitter(const QString& breaks) : mBreaks(breaks) {}
+bool isHarmless(QChar c) {
+  return c.unicode() > 0x7f ? !c.isSpace() : c.isLetterOrNumber() || kHarmless.contains(c);
+}
 
-  void read(const QString& text) {
-    for (const QChar c : text) read(c);
+/// Whether bash takes a character for more than itself; within single quotes it never does.
+bool isSpecial(QChar c, QChar quote) {
+  return quote == kDouble ? c == kHistory || kSpecialInDouble.contains(c) : !isHarmless(c);
+}
+
+QString quoted(QChar c, QChar quote) {
+  if (quote == kSingle) return c == kSingle ? QStringLiteral("'\\''") : QString(c);
+  if (!isSpecial(c, quote)) return c;
+  // No backslash keeps bash from the history of commands within double quotes.
+  return quote == kDouble && c == kHistory ? QStringLiteral("\"\\!\"") : QString(kBackslash) + c;
+}
+
+/// A word, or the beginning of one, without its quotes.
+struct SUnquoted {
+  explicit SUnquoted(const QString& word) {
+    for (const QChar c : word) read(c);
   }
-  void finishWord() {
-    if (mIsInWord) mWords.append(mWord);
-    mWord.clear();
-    mIsInWord = false;
-    mStart = 0;
-  }
 
-  const QStringList& words() const { return mWords; }
-  const QString& word() const { return mWord; }
-  int start() const { return mStart; }
-  QChar quote() const { return mQuote; }
-
- private:
   void read(QChar c) {
-    if (mIsEscaped) return readEscaped(c);
-    if (mQuote.isNull() && kBlanks.contains(c)) return finishWord();
-    mIsInWord = true;
-    if (c == kBackslash && mQuote != kSingle) {
-      mIsEscaped = true;
-    } else if (c == mQuote) {
-      mQuote = QChar();
-    } else if (mQuote.isNull() && (c == kDouble || c == kSingle)) {
-      mQuote = c;
-      mStart = mWord.size();
+    if (isEscaped) {
+      if (quote == kDouble && !kSpecialInDouble.contains(c)) text += kBackslash;
+      text += c;
+      isEscaped = false;
+    } else if (c == kBackslash && quote != kSingle) {
+      isEscaped = true;
+    } else if (c == quote) {
+      quote = QChar();
+    } else if (quote.isNull() && (c == kDouble || c == kSingle)) {
+      quote = c;
     } else {
-      mWord += c;
-      if (mQuote.isNull() && mBreaks.contains(c)) mStart = mWord.size();
+      isLiteral = isLiteral && (quote == kSingle || !isSpecial(c, quote));
+      text += c;
     }
   }
 
-  void readEscaped(QChar c) {
-    mIsEscaped = false;
-    if (mQuote == kDouble && !kSpecialInDouble.contains(c)) mWord += kBackslash;
-    mWord += c;
-  }
-
-  const QString mBreaks;
-  QStringList mWords;
-  QString mWord;
-  QChar mQuote;
-  int mStart = 0;
-  bool mIsInWord = false;
-  bool mIsEscaped = false;
+  QString text;
+  QChar quote;            // the one that is open
+  bool isLiteral = true;  // whether bash expands nothing
+  bool isEscaped = false;
 };
 
-bool isHarmless(QChar c) {
-  return c.isLetterOrNumber() || c.unicode() > 0x7f || kHarmless.contains(c);
+struct SSpan {
+  int start;
+  int end;
+};
+
+/// Where the words stand that bash's pieces are parts of, with one at the cursor that may be empty.
+/// Only a blank ends a word of a command. Nothing when bash's pieces are not those of the line.
+QVector<SSpan> spansOf(const QString& line, int cursor, const QStringList& pieces) {
+  QVector<SSpan> words;
+  int end = -1;
+  for (const QString& piece : pieces) {
+    if (piece.isEmpty()) continue;
+    const int start = line.indexOf(piece, qMax(0, end));
+    if (start < 0) return {};
+    if (end < cursor && cursor < start) words.append({cursor, cursor});
+    if (start > end) words.append({start, start});
+    end = start + piece.size();
+    words.last().end = end;
+  }
+  if (end < cursor) words.append({cursor, cursor});
+  return words;
 }
 
-bool needsBackslash(QChar c, QChar quote) {
-  return quote == kDouble ? kSpecialInDouble.contains(c) : !isHarmless(c);
+/// How many characters of a word send output elsewhere or take input from there.
+int operatorSize(const QString& word) {
+  static const QRegularExpression kOperator("^(\\d*|&)[<>][<>&|]*");
+  return kOperator.match(word).capturedLength();
 }
 
 }  // namespace
 
-CShellLine::CShellLine(const QString& head, const QString& tail, const QString& breaks) {
-  CSplitter splitter(breaks);
-  splitter.read(head);
-  mBefore = splitter.words();
-  mCurrent = splitter.word();
-  mStart = splitter.start();
-  mQuote = splitter.quote();
+CShellLine::CShellLine(const QString& head, const QString& tail, const QString& replaced,
+                       const QStringList& pieces) {
+  const QString line = head + tail;
+  bool isFile = false;
+  for (const SSpan& span : spansOf(line, head.size(), pieces)) {
+    const bool isCurrent = span.start <= head.size() && head.size() <= span.end;
+    const QString word = line.mid(span.start, (isCurrent ? head.size() : span.end) - span.start);
+    const int size = operatorSize(word);
+    const bool isRedirection = isFile || size > 0;
+    isFile = size > 0 && size == word.size();
+    if (isCurrent) {
+      mIsRedirection = isRedirection;
+      readCurrent(word, replaced);
+    } else if (!isRedirection) {
+      (span.end < head.size() ? mBefore : mAfter).append(SUnquoted(word).text);
+    }
+  }
+}
 
-  int rest = 0;  // of the current word
-  while (rest < tail.size() && !kBlanks.contains(tail.at(rest))) ++rest;
-  CSplitter behind(breaks);
-  behind.read(tail.mid(rest));
-  behind.finishWord();
-  mAfter = behind.words();
+void CShellLine::readCurrent(const QString& word, const QString& replaced) {
+  const SUnquoted before(word.left(word.size() - replaced.size()));
+  mCurrent = SUnquoted(word).text;
+  mStart = before.text.size();
+  mQuote = before.quote;
+  mIsLiteral = before.isLiteral && !before.isEscaped && word.endsWith(replaced);
 }
 
 QString CShellLine::replacement(const QString& word) const {
-  const QString text = word.mid(mStart);
-  if (mQuote == kSingle) return QString(text).replace(kSingle, QLatin1String("'\\''"));
-  QString quoted;
-  for (const QChar c : text) {
-    if (needsBackslash(c, mQuote)) quoted += kBackslash;
-    quoted += c;
-  }
-  return quoted;
+  if (!mIsLiteral) return {};
+  QString text("");
+  for (const QChar c : word.mid(mStart)) text += quoted(c, mQuote);
+  // bash closes the quote, but not behind a text that ends with it.
+  return !mQuote.isNull() && text.endsWith(mQuote) ? text + mQuote : text;
 }

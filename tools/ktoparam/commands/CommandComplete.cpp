@@ -3,6 +3,8 @@
 #include "Command.h"
 #include "NParameterLookup.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 /// Looks up the names that may follow in the files that the command line names. Files of other
@@ -71,6 +73,8 @@ class CKnownNames {
     const int sign = mCompletion.typed().indexOf(QLatin1Char('='));
     if (sign < 0) {
       addParameters();
+      // A word's name ends at the first sign.
+      mNames = mNames.filter(QRegularExpression("^[^=]+$"));
       for (QString& each : mNames) each += QLatin1Char('=');
     }
     const QString name = mCompletion.typed().left(sign);
@@ -87,9 +91,9 @@ class CKnownNames {
 
 /// Prints "files" or "words", and then one word a line.
 EExitStatus complete(const CInvocation& invocation, COutput& out) {
-  const CCompletion completion(
-      allCommands(),
-      CShellLine(invocation.argument(0), invocation.argument(1), invocation.argument(2)));
+  const CCompletion completion(allCommands(),
+                               CShellLine(invocation.argument(0), invocation.argument(1),
+                                          invocation.argument(2), invocation.argumentsFrom(3)));
   const bool wantsFile = completion.word() == EWord::File;
   out.line(wantsFile ? "files" : "words");
   for (const QString& word : completion.replacements(CKnownNames(completion, out).candidates()))
@@ -100,5 +104,14 @@ EExitStatus complete(const CInvocation& invocation, COutput& out) {
 }  // namespace
 
 QVector<SCommand> completeCommands() {
-  return {{"complete", {}, {}, {{"HEAD", {}}, {"TAIL", {}}, {"BREAKS", {}}}, {}, {}, complete}};
+  return {{"complete",
+           {},
+           {},
+           {{"HEAD", {}},
+            {"TAIL", {}},
+            {"REPLACED", {}},
+            {"PIECE", {}, EWord::Text, SArgument::OneOrMore}},
+           {},
+           {},
+           complete}};
 }

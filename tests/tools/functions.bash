@@ -37,3 +37,5 @@ branches() {
   git checkout --quiet -b other && change "$1" && git commit --quiet -am Other &&
     git checkout --quiet main && change "$2" && git commit --quiet -am Mine
 }
+# A version of a file whose name is a trap, in the history.
+version() { cat >./-x.xparam && git add -- -x.xparam && git commit --quiet -m "$1"; }

@@ -47,6 +47,8 @@ class CWorkplace {
             QString::fromUtf8(process.readAllStandardError())};
   }
 
+  QString path(const QString& name) const { return mFolder.filePath(name); }
+
   QMap<QString, QByteArray> files() const {
     QMap<QString, QByteArray> contents;
     for (const auto& file : QDir(mFolder.path()).entryInfoList(QDir::Files | QDir::Hidden))
@@ -90,6 +92,19 @@ bool changesFiles(const SStep& step) {
       QStringList({"set", "import", "defaults", "new"}).contains(command) ||
       (QStringList({"hardware-id", "sub-device"}).contains(command) && words.value(2) != "list");
   return isEdit && step.run.status == 0 && !words.contains("--dry-run");
+}
+
+/// What a rule of a grammar gives, see alike.grammar.
+QString expanded(const QMap<QString, QStringList>& grammar, const QString& rule,
+                 QRandomGenerator& random) {
+  const QStringList& choices = grammar[rule];
+  QString text = choices.at(random.bounded(choices.size()));
+  for (int i = text.indexOf('$'); i >= 0; i = text.indexOf('$', i)) {
+    const QString part = expanded(grammar, text.mid(i + 1, 1), random);
+    text.replace(i, 2, part);
+    i += part.size();
+  }
+  return text;
 }
 
 /// As lines, so that a test shows the one that differs.
@@ -140,6 +155,34 @@ class tst_ktoparam : public QObject {
       if (step.command.startsWith("ktoparam "))
         QVERIFY2((workplace.files() != before) == changesFiles(step), qPrintable(step.command));
     }
+  }
+
+  void textTellsFilesApart() {
+    QMap<QString, QStringList> grammar;
+    for (const QString& line :
+         QString(NTestFiles::read(KTO_TOOL_TESTS "/alike.grammar")).split('\n'))
+      if (!line.startsWith('#')) grammar[line.left(1)] += line.mid(2);
+    const CWorkplace workplace;
+    QRandomGenerator random(1);
+    QSet<QString> contents;
+    while (contents.size() < 10000) contents.insert(expanded(grammar, "F", random));
+    int count = 0;
+    for (const QString& content : qAsConst(contents))
+      NTestFiles::write(workplace.path(QString::number(count++)), content.toUtf8());
+    const SRun run = workplace.run("ktoparam text {0..9999}");
+    QCOMPARE(run.err, "");
+    QMap<QString, QString> texts;  // by file
+    for (const QString& line : run.out.split('\n', Qt::SkipEmptyParts))
+      texts[line.section(": ", 0, 0)] += line.section(": ", 1) + '\n';
+    QMap<QString, QString> files;  // by text
+    for (auto i = texts.cbegin(); i != texts.cend(); ++i) {
+      const QString other = files.value(i.value());
+      QVERIFY2(other.isNull(),
+               qPrintable(i.value() + "by " + contents.values().at(i.key().toInt()) + "\nand " +
+                          contents.values().at(other.toInt())));
+      files.insert(i.value(), i.key());
+    }
+    QCOMPARE(files.size(), contents.size());
   }
 
   void knowsEveryFileThatLoads() {

@@ -2,11 +2,14 @@
 #include "Command.h"
 #include "Views.h"
 
+#include <QFile>
+#include <QTextStream>
+
 namespace {
 
-EExitStatus printLines(const QString& fileName, const QString& lead, COutput& out) {
-  CLoadedFile loaded(out);
-  if (!loaded.load(fileName)) return ExitFile;
+const QLatin1String kTextconv("textconv");
+
+void addLines(const CLoadedFile& loaded, const QString& lead, COutput& out) {
   CSubjectLines lines(out, lead);
   lines.addHead(loaded);
   const SFileInfo::EKind kind = loaded.info().kind;
@@ -18,14 +21,56 @@ EExitStatus printLines(const QString& fileName, const QString& lead, COutput& ou
     NViews::addSettings(loaded, lines);
   else
     NViews::addCompensation(loaded, lines);
+}
+
+EExitStatus printLines(const QString& fileName, const QString& lead, COutput& out) {
+  CLoadedFile loaded(out);
+  if (!loaded.load(fileName)) return ExitFile;
+  addLines(loaded, lead, out);
+  return ExitDone;
+}
+
+/// Lines of text as they are, whatever they are.
+void printContent(const QString& fileName, const QString& lead, COutput& out) {
+  QFile file(fileName);
+  if (!file.open(QIODevice::ReadOnly)) return;
+  QTextStream text(&file);
+  text.setCodec("UTF-8");  // unless a byte order mark tells another
+  const QByteArray beginning = file.peek(2);
+  if (beginning == QByteArray("<\0", 2)) text.setCodec("UTF-16LE");
+  if (beginning == QByteArray("\0<", 2)) text.setCodec("UTF-16BE");
+  for (QString line; text.readLineInto(&line);) out.line(NDisplayText::escaped(lead + line));
+}
+
+/// git gives up where one version in a history cannot be shown. So any file is, with what is wrong
+/// with it in front.
+EExitStatus printAnyway(const QString& fileName, const QString& lead, COutput& out) {
+  const std::optional<SFileInfo> info = SFileInfo::read(fileName, out);
+  if (!info) return ExitFile;
+  CLoadedFile loaded(out);
+  const std::optional<SLoadProblem> problem = info->kind == SFileInfo::Unknown
+                                                  ? SLoadProblem{info->reason, 0}
+                                                  : loaded.tryLoad(fileName, *info);
+  if (!problem) {
+    addLines(loaded, lead, out);
+    return ExitDone;
+  }
+  const QString reason =
+      problem->line > 0 ? Tool::tr("Line %1: %2").arg(QString::number(problem->line), problem->text)
+                        : problem->text;
+  out.line(NDisplayText::escaped(lead + Tool::tr("This file cannot be read: %1").arg(reason)));
+  printContent(fileName, lead, out);
   return ExitDone;
 }
 
 EExitStatus text(const CInvocation& invocation, COutput& out) {
   const QStringList names = invocation.argumentsFrom(0);
+  const bool isTextconv = invocation.isSet(kTextconv);
+  if (isTextconv) out.mayBeCut();
   const auto print = [&](int i) {
-    return printLines(names.at(i), names.size() > 1 ? names.at(i) + QLatin1String(": ") : QString(),
-                      out);
+    const QString& name = names.at(i);
+    const QString lead = names.size() > 1 ? name + QLatin1String(": ") : QString();
+    return isTextconv ? printAnyway(name, lead, out) : printLines(name, lead, out);
   };
   EExitStatus status = ExitDone;
   inOrder(names.size(), out, print, [&](int, EExitStatus ofFile) {
@@ -42,12 +87,17 @@ QVector<SCommand> textCommands() {
       {"text",
        Tool::tr("Print files as lines that can be compared."),
        Tool::tr("Each value has a line of its own with all that tells where it belongs, so that "
-                "any tool that compares lines shows what changed. The date, which each save "
-                "renews, is left out. Of several files, each line begins with the file's "
-                "name.\ngit uses it with: git config diff.ktoparam.textconv "
-                "\"ktoparam text\", and in .gitattributes: *.xparam diff=ktoparam"),
+                "any tool that compares lines shows what changed. Different files never give the "
+                "same lines: names are quoted, as in JSON, where they would mislead. Ids come "
+                "last. The date, which each save renews, is left out. Of several files, each line "
+                "begins with the file's name.\ngit uses it with: git config "
+                "diff.ktoparam.textconv \"ktoparam text --textconv --\", and in "
+                ".gitattributes: *.xparam diff=ktoparam"),
        {{"FILE", Tool::tr("Files of any kind."), EWord::File, SArgument::OneOrMore}},
-       {},
+       {{kTextconv,
+         {},
+         Tool::tr("For git: of a file that cannot be read, print why and then its content, and "
+                  "exit with 0.")}},
        {"text TwoAxisDrive.xparam"},
        text}};
 }

@@ -32,12 +32,15 @@ bool CLoadedFile::load(const QString& fileName, SFileInfo::EKind wanted) {
   const std::optional<SFileInfo> found = SFileInfo::read(fileName, mOut);
   if (!found) return false;
   const bool isWanted = found->kind == wanted || wanted == SFileInfo::Unknown;
-  if (isWanted && found->kind != SFileInfo::Unknown) return loadAs(fileName, *found);
-  mOut.message(fileName, found->refusal(SFileInfo::needed(wanted)));
-  return false;
+  const std::optional<SLoadProblem> problem =
+      isWanted && found->kind != SFileInfo::Unknown
+          ? tryLoad(fileName, *found)
+          : SLoadProblem{found->refusal(SFileInfo::needed(wanted)), 0};
+  if (problem) mOut.message(fileName, problem->text, problem->line);
+  return !problem;
 }
 
-bool CLoadedFile::loadAs(const QString& fileName, const SFileInfo& info) {
+std::optional<SLoadProblem> CLoadedFile::tryLoad(const QString& fileName, const SFileInfo& info) {
   if (mFileName.isEmpty()) {
     mInfo = info;
     mFileName = fileName;
@@ -56,9 +59,8 @@ bool CLoadedFile::loadAs(const QString& fileName, const SFileInfo& info) {
     mCompensation.reset(ICCompensationFile::create(nullptr));
     isLoaded = mCompensation->load(fileName, info.writtenVersion) == ICCompensationFile::Ok;
   }
-  if (!isLoaded)
-    mOut.message(fileName, NFileMessage::withoutFile(errorMsg(), fileName), mFile->errorLine());
-  return isLoaded;
+  if (isLoaded) return {};
+  return SLoadProblem{NFileMessage::withoutFile(errorMsg(), fileName), mFile->errorLine()};
 }
 
 bool CLoadedFile::loadValues(const QString& fileName, const CInvocation& invocation,

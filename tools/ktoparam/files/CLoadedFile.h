@@ -24,6 +24,12 @@ struct SHead {
   QString comment;
 };
 
+/// Why a file could not be loaded, without its name.
+struct SLoadProblem {
+  QString text;
+  int line = 0;  ///< 0 for none, or when the text tells it
+};
+
 /// A file of any kind as a command opens it, or a value file together with its definitions.
 /// Whatever version it has is loaded. Whatever fails is reported to the output at once.
 class CLoadedFile {
@@ -40,6 +46,8 @@ class CLoadedFile {
   /// Refuses a file of another kind. Unless one is wanted, every kind that is known will do, and
   /// info() says which it is.
   bool load(const QString& fileName, SFileInfo::EKind wanted = SFileInfo::Unknown);
+  /// The same for a file whose kind is known; what is wrong with it is not reported but returned.
+  std::optional<SLoadProblem> tryLoad(const QString& fileName, const SFileInfo& info);
   /// The value file, and the definitions of the file that the command line names, or that is found
   /// beside the value file or `other`, which is told. One that is found and cannot be loaded is
   /// reported, and done without.
@@ -109,7 +117,6 @@ class CLoadedFile {
   void message(const QString& text) const;
 
  private:
-  bool loadAs(const QString& fileName, const SFileInfo& info);
   void findDefinitions(const QStringList& valueFiles);
   QString errorMsg() const;
   QString saveNew();

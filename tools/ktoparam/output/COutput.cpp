@@ -150,14 +150,14 @@ void COutput::message(const QString& file, const QString& text, int line) {
 
 bool COutput::finish() {
   mProgress.erase();
+  const QString cut = Tool::tr(
+                          "the results are cut off here, since they are more than %1 times as "
+                          "long as the files.")
+                          .arg(kTimesTheFiles);
+  if (mIsCut && mMayBeCut) mResults.write(cut.toUtf8() + '\n');
   mFailed = !mResults.flush() || mFailed;
   if (mFailed)
     message(Tool::tr("the results could not be written: %1").arg(mResults.errorString()));
-  if (mIsCut) {
-    message(
-        Tool::tr("the results are cut off here, since they are more than %1 times as long as the "
-                 "files.")
-            .arg(kTimesTheFiles));
-  }
-  return !mFailed && !mIsCut;
+  if (mIsCut && !mMayBeCut) message(cut);
+  return !mFailed && (!mIsCut || mMayBeCut);
 }

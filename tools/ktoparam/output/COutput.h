@@ -66,6 +66,9 @@ class COutput {
   };
   static void print(const CPrinted& printed);
 
+  /// Results that are cut off are no failure; their last line tells it.
+  void mayBeCut() { mMayBeCut = true; }
+
   /// To be called once, at the end: false, with a message, when results could not be written, or
   /// not all of them.
   bool finish();
@@ -88,6 +91,7 @@ class COutput {
   CLabels mLabels;
   qint64 mWritten = 0;
   bool mIsCut = false;
+  bool mMayBeCut = false;
   bool mFailed = false;
   std::mutex mMutex;  // of the following
   std::map<std::thread::id, CPrinted> mKept;

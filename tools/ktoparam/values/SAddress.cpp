@@ -78,13 +78,13 @@ class CAddressReader {
 }  // namespace
 
 QString SAddress::quoted(const QString& part) {
-  const bool isOption = part.startsWith(QLatin1Char('-'));
-  return isPlain(part) && !isOption ? part : NDisplayText::quoted(part);
+  return isPlain(part) ? part : NDisplayText::quoted(part);
 }
 
 QString SAddress::place(const QString& hardwareId, quint8 subDevId) {
-  return QStringLiteral("%1[%2]").arg(NShortText::of(quoted(hardwareId)),
-                                      QString::number(subDevId));
+  const bool isLikeOption = hardwareId.startsWith(QLatin1Char('-'));
+  const QString part = isLikeOption ? NDisplayText::quoted(hardwareId) : quoted(hardwareId);
+  return QStringLiteral("%1[%2]").arg(NShortText::of(part), QString::number(subDevId));
 }
 
 QStringList SAddress::groupsOf(const ICParamTreeNode& node) {

@@ -16,12 +16,12 @@ struct SAddress {
   /// Different addresses have different texts. Very long names and paths are shortened, as
   /// NShortText does it; all others can be read again.
   QString toText() const;
-  /// Hardware id and sub-device alone: KTO-2A-16[2].
+  /// Hardware id and sub-device alone: KTO-2A-16[2]. A hardware id that begins with "-" is in
+  /// quotes, too, so that no address looks like an option.
   static QString place(const QString& hardwareId, quint8 subDevId);
   /// A hardware id, or the name of a group or parameter, as a part of an address: as it is, or in
   /// double quotes with escapes as in JSON where it would mislead. That is when it is empty, begins
-  /// or ends with a blank, begins with "-" or holds one of / " \ = [ ] or what NDisplayText
-  /// escapes.
+  /// or ends with a blank, or holds one of / " \ = [ ] or what NDisplayText escapes.
   static QString quoted(const QString& part);
 
   /// The groups that a node lies in, from the outermost inwards.

@@ -14,7 +14,7 @@ void CSubjectLines::addUnlessEmpty(const QString& subject, const QString& value)
 }
 
 CSubjectLines CSubjectLines::of(const QString& name) const {
-  return CSubjectLines(mOut, mLead + name + QLatin1Char(' '));
+  return CSubjectLines(mOut, mLead + name + QLatin1Char('/'));
 }
 
 const CLabels& CSubjectLines::labels() const {
@@ -24,7 +24,7 @@ const CLabels& CSubjectLines::labels() const {
 void CSubjectLines::addHead(const CLoadedFile& loaded) {
   const SHead head = loaded.head();
   add("file type", loaded.info().typeName);
-  addUnlessEmpty("version", loaded.info().versionText());
+  addUnlessEmpty("version", loaded.info().writtenVersion);
   addUnlessEmpty("author", head.author);
   addUnlessEmpty("comment", head.comment);
 }

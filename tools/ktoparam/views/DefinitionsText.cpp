@@ -1,8 +1,9 @@
 #include "CLabels.h"
 #include "CLoadedFile.h"
 #include "CParamDefItem.h"
-#include "CParamValueText.h"
 #include "CSubjectLines.h"
+#include "NShortText.h"
+#include "SAddress.h"
 #include "Views.h"
 
 namespace {
@@ -32,32 +33,68 @@ void addBits(const QList<NParamDef::SBitValue>& bits, CSubjectLines& lines) {
   }
 }
 
-void addDefinition(const CParamDefItem& definition, const CSubjectLines& all) {
-  CSubjectLines lines = all.of(all.labels().of(definition.name()));
-  if (definition.valid()) lines.add("id", QString::number(definition.id()));
-  lines.add("type", definition.typeStr());
-  if (definition.unitId() != 0) lines.add("unit", QString::number(definition.unitId()));
-  lines.addUnlessEmpty("hint", lines.labels().of(definition.hint()));
-  addValue("default", definition.defVal(), lines);
+/// The definition that an id means is called by its name, which no other has: where definitions get
+/// other ids, only the lines of ids change.
+void addReference(const QString& property, quint32 id, const ICParameterFile& file,
+                  CSubjectLines& lines) {
+  const CParamDefItem meant = file.paramDef(id);
+  if (meant.valid())
+    lines.add(property, lines.labels().of(meant.name()));
+  else
+    lines.add(property + QLatin1String(" id"), QString::number(id));
+}
+
+void addLimits(const CParamDefItem& definition, const ICParameterFile& file, CSubjectLines& lines) {
   addValue("minimum", definition.minVal(), lines);
   addValue("maximum", definition.maxVal(), lines);
-  lines.addUnlessEmpty("minimum parameters", numbers(definition.minIds()));
-  lines.addUnlessEmpty("maximum parameters", numbers(definition.maxIds()));
+  for (const quint32 id : definition.minIds()) addReference("minimum parameter", id, file, lines);
+  for (const quint32 id : definition.maxIds()) addReference("maximum parameter", id, file, lines);
+}
+
+void addCheck(const NParamDef::SCheckValues& states, CSubjectLines& lines) {
+  if (states == NParamDef::SCheckValues()) return;
+  lines.add("checked", QString::number(states.checked));
+  lines.add("unchecked", QString::number(states.unchecked));
+  if (states.hasUndefined) lines.add("undefined", QString::number(states.undefined));
+}
+
+void addVisibility(const CParamDefItem& definition, const ICParameterFile& file,
+                   CSubjectLines& lines) {
+  if (definition.visibleId() != NParamDef::NO_ID)
+    addReference("visible values of", definition.visibleId(), file, lines);
+  lines.addUnlessEmpty("visible values", numbers(definition.visibleVals()));
+}
+
+CSubjectLines linesOf(const CParamDefItem& definition, const CSubjectLines& all) {
+  return all.of(NShortText::of(SAddress::quoted(definition.name())));
+}
+
+void addDefinition(const CParamDefItem& definition, const ICParameterFile& file,
+                   const CSubjectLines& all) {
+  CSubjectLines lines = linesOf(definition, all);
+  lines.add("type", definition.typeStr());
+  if (definition.unitId() != 0) addReference("unit", definition.unitId(), file, lines);
+  lines.addUnlessEmpty("hint", lines.labels().of(definition.hint()));
+  addValue("default", definition.defVal(), lines);
+  addLimits(definition, file, lines);
   addChoices("choice", definition.enums(), lines);
-  if (definition.hasEnums() && definition.isEnumEditable()) lines.add("other values", "allowed");
+  if (definition.isEnumEditable()) lines.add("other values", "allowed");
   addChoices("radio", definition.radios(), lines);
-  for (const auto& state : CParamValueText::states(definition, CParamValueText::English))
-    lines.add(state.name, QString::number(state.value));
+  addCheck(definition.checkVals(), lines);
   addBits(definition.bitset(), lines);
-  if (definition.hasVisibleValues()) {
-    lines.add(QStringLiteral("visible when %1").arg(definition.visibleId()),
-              numbers(definition.visibleVals()));
-  }
+  addVisibility(definition, file, lines);
 }
 
 }  // namespace
 
+// Ids come last, as those of values do, and do not tell the order.
 void NViews::addDefinitions(const CLoadedFile& loaded, const CSubjectLines& lines) {
-  for (const QString& name : loaded.file().defNames())
-    addDefinition(loaded.file().paramDef(name), lines);
+  const ICParameterFile& file = loaded.file();
+  QStringList names = file.defNames();
+  names.sort();
+  for (const QString& name : qAsConst(names)) addDefinition(file.paramDef(name), file, lines);
+  for (const QString& name : qAsConst(names)) {
+    const CParamDefItem definition = file.paramDef(name);
+    if (definition.valid()) linesOf(definition, lines).add("id", QString::number(definition.id()));
+  }
 }

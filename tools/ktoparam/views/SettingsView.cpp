@@ -45,6 +45,7 @@ QJsonArray childrenJson(const ICSettingsTreeNode& group, const CLabels& labels) 
 
 // --- text
 
+/// Names are tags, which hold nothing that would mislead.
 void addNodes(const ICSettingsTreeNode& group, const QString& path, CSubjectLines& lines) {
   for (int i = 0; i < group.childCnt(); ++i) {
     const ICSettingsTreeNode& node = *group.childPtr(i);

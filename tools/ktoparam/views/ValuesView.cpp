@@ -1,8 +1,6 @@
 #include "CInvocation.h"
 #include "CLoadedFile.h"
 #include "CParameterWords.h"
-#include "CSubjectLines.h"
-#include "NShortText.h"
 #include "Output.h"
 #include "SValueView.h"
 #include "Views.h"
@@ -105,44 +103,6 @@ QJsonObject subDeviceJson(ICParameterFile& file, quint8 subDevId, const SFilter&
           {"parameters", parameters}};
 }
 
-// --- text
-
-/// What is in front of the names in a group.
-QString leadOf(const QString& place, const QString& path) {
-  return path.isNull() ? place : place + path + QLatin1Char('/');
-}
-
-QString parameterSubject(const QString& lead, const ICParamTreeNode& node, const CLabels& labels) {
-  const QString subject = lead + labels.of(node.name());
-  return node.id() == 0 ? subject
-                        : QStringLiteral("%1 (%2)").arg(subject, QString::number(node.id()));
-}
-
-/// The place is hardware id and sub-device, the path that of the group.
-void addGroup(const ICParamTreeNode& group, const QString& place, const QString& path,
-              CSubjectLines& lines) {
-  const QString lead = leadOf(place, path);
-  for (int i = 0; i < group.childCnt(); ++i) {
-    const ICParamTreeNode& child = *group.childPtr(i);
-    if (child.isParam()) {
-      lines.add(parameterSubject(lead, child, lines.labels()), child.value().asStr());
-      continue;
-    }
-    const QString childPath = NShortText::below(path, child.name());
-    if (child.childCnt() == 0) lines.addBare(leadOf(place, childPath));
-    addGroup(child, place, childPath, lines);
-  }
-}
-
-void addSubDevice(ICParameterFile& file, quint8 id, CSubjectLines& lines) {
-  const QString hardwareId = lines.labels().of(file.hardwareId());
-  const QString place = QStringLiteral("%1[%2]").arg(hardwareId, QString::number(id));
-  lines.add(place + QLatin1String(" type"),
-            ICParameterFile::subDeviceTypeToStr(file.subDevType(id)));
-  lines.addUnlessEmpty(place + QLatin1String(" name"), lines.labels().of(file.subDevName(id)));
-  addGroup(*file.rootGroup(id), place + QLatin1Char('/'), {}, lines);
-}
-
 }  // namespace
 
 EExitStatus NViews::showValues(const CInvocation& invocation, COutput& out) {
@@ -175,12 +135,4 @@ EExitStatus NViews::showValues(const CInvocation& invocation, COutput& out) {
     out.json(object);
   }
   return filter.words.reportMissing(loaded, loaded.chosenIds()) ? ExitDone : ExitFindings;
-}
-
-void NViews::addValues(const CLoadedFile& loaded, CSubjectLines& lines) {
-  ICParameterFile& file = loaded.file();
-  for (const QString& hardwareId : file.hardwareIds()) {
-    file.selectHardwareId(hardwareId);
-    for (const quint8 id : file.subDeviceIds()) addSubDevice(file, id, lines);
-  }
 }

@@ -97,7 +97,9 @@ int widthOf(uint character) {
 
 QString NDisplayText::escaped(const QString& text) {
   const QVector<uint> characters = text.toUcs4();
-  if (std::none_of(characters.begin(), characters.end(), needsEscape)) return text;
+  // As nearly all texts are.
+  if (text.isValidUtf16() && std::none_of(characters.begin(), characters.end(), needsEscape))
+    return text;
   QString result;
   result.reserve(text.size());
   for (const uint character : characters)

@@ -15,7 +15,17 @@ constexpr QChar kQuote('"');
 constexpr QChar kSlash('/');
 
 bool misleads(QChar character) {
-  return QStringLiteral("/\"\\=[]").contains(character);
+  switch (character.unicode()) {
+    case '/':
+    case '"':
+    case '\\':
+    case '=':
+    case '[':
+    case ']':
+      return true;
+    default:
+      return false;
+  }
 }
 
 bool isPlain(const QString& part) {

@@ -87,12 +87,12 @@ QVector<SCommand> textCommands() {
       {"text",
        Tool::tr("Print files as lines that can be compared."),
        Tool::tr("Each value has a line of its own with all that tells where it belongs, so that "
-                "any tool that compares lines shows what changed. Different files never give the "
-                "same lines: names are quoted, as in JSON, where they would mislead. Ids come "
-                "last. The date, which each save renews, is left out. Of several files, each line "
-                "begins with the file's name.\ngit uses it with: git config "
-                "diff.ktoparam.textconv \"ktoparam text --textconv --\", and in "
-                ".gitattributes: *.xparam diff=ktoparam"),
+                "any tool that compares lines shows what changed. Files of different content never "
+                "give the same lines: names are quoted, as in JSON, where they would mislead. Ids "
+                "come last. The date, which each save renews, is left out. Of several files, each "
+                "line begins with the file's name.\ngit uses it with *.xparam diff=ktoparam in "
+                ".gitattributes, and once in each clone:\n"
+                "git config diff.ktoparam.textconv \"ktoparam text --textconv --\""),
        {{"FILE", Tool::tr("Files of any kind."), EWord::File, SArgument::OneOrMore}},
        {{kTextconv,
          {},

@@ -13,8 +13,8 @@ struct SAddress {
   QStringList groups;  ///< from the outermost inwards; empty for a parameter that is in none
   QString name;
 
-  /// Different addresses have different texts. Very long names and paths are shortened, as
-  /// NShortText does it; all others can be read again.
+  /// Different addresses have different texts. All can be read again but those with very long names
+  /// or paths, or the mark of shortened ones: NShortText gives them a number.
   QString toText() const;
   /// Hardware id and sub-device alone: KTO-2A-16[2]. A hardware id that begins with "-" is in
   /// quotes, too, so that no address looks like an option.

@@ -60,9 +60,11 @@ class KTOPARAMETER_EXPORT CParamValueRules {
   /// Makes a value of a typed text, written as its type is: an unsigned number with "0x" and in
   /// hexadecimal, a signed one in decimal, a floating point number with the digits that were typed.
   /// The name of a choice, a radio button or a state of a check box goes before a number; the
-  /// states have their English names in every language, too. False, with the reason as a
-  /// translated sentence and the value untouched, when the text is neither. Whether the value is
-  /// allowed is not looked at.
+  /// states have their English names in every language, too. Names of bits, joined by "|", go
+  /// before a number as well: these bits are active then and the other named ones are not. "bit 7"
+  /// among them is a bit that is set. Blanks around a name of a bit do not count; of bits with one
+  /// name the first is meant. False, with the reason as a translated sentence and the value
+  /// untouched, when the text is none of these. Whether the value is allowed is not looked at.
   bool read(const QString& text, CParamVal& value, QString& problem) const;
 
   /// All that is wrong with a value; empty for an allowed one. Texts, and values of an undefined

@@ -39,17 +39,28 @@ class KTOPARAMETER_EXPORT CParamValueText {
   /// The name of the first choice that is a value; empty when there is none.
   static QString choiceName(const CParamDefItem& definition, const CParamVal& value,
                             ELanguage language = Translated);
+  /// The value of the first choice that has a name, of a state in either language; nothing when
+  /// there is none.
+  static std::optional<qint64> choiceValue(const CParamDefItem& definition, const QString& name);
   /// The named bits that are active in a value; one that is inverted is active while clear. Nothing
   /// for a definition without named bits and for a value that is not of its type.
   static std::optional<QStringList> activeBits(const CParamDefItem& definition,
                                                const CParamVal& value);
+  /// The positions of the bits that are set and have no name, ascending. Nothing where activeBits()
+  /// gives nothing.
+  static std::optional<QList<int>> otherBits(const CParamDefItem& definition,
+                                             const CParamVal& value);
+  /// Both, such as "DI4" and "bit 7": texts of which CParamValueRules::read() makes the value again
+  /// when they are joined by " | ". Empty when it would not, as for bits of one name, and when
+  /// there are none.
+  static QStringList bits(const CParamDefItem& definition, const CParamVal& value);
   /// The bits of the type that have no name; 0 for a definition without named bits.
   static quint64 unnamedBits(const CParamDefItem& definition);
 
-  /// The choice or the active bits, joined by " | "; else an integer in decimal, and any other
-  /// value as its text. Bits without a name follow the others in hexadecimal.
+  /// The choice, or bits() joined by " | "; else an integer in decimal, and any other value as its
+  /// text. CParamValueRules::read() makes the value of it again, unless it is also the name of a
+  /// choice before that one, or a number that is the name of a bit.
   static QString shown(const CParamDefItem& definition, const CParamVal& value);
-  /// As shown(), but with bits as a number: a text from which CParamValueRules::read() makes the
-  /// value again, unless it is also the name of a choice before that one.
+  /// As shown(), but with bits as the number that the file has.
   static QString editable(const CParamDefItem& definition, const CParamVal& value);
 };

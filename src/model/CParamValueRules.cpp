@@ -1,5 +1,6 @@
 #include "CParamValueRules.h"
 
+#include "CBitNames.h"
 #include "CExactNumber.h"
 #include "CKeyedMap.h"
 #include "CParamValueText.h"
@@ -107,20 +108,6 @@ CLists first(CLists lists) {
   return lists & ~(lists - 1);
 }
 
-/// The value of the first choice of that name; a choice without a name is not found.
-std::optional<qint64> valueOfName(const CParamDefItem& definition, const QString& name) {
-  if (name.isEmpty()) return {};
-  bool isFound = false;
-  qint64 value = definition.enumValueOfName(name, isFound);
-  if (!isFound) value = definition.radioValueOfName(name, isFound);
-  if (isFound) return value;
-  for (const auto language : {CParamValueText::Translated, CParamValueText::English}) {
-    for (const SNamedI64Value& state : CParamValueText::states(definition, language))
-      if (state.name == name) return state.value;
-  }
-  return {};
-}
-
 }  // namespace
 
 class CParamValueRulesData : public QSharedData {
@@ -133,6 +120,7 @@ class CParamValueRulesData : public QSharedData {
 
   const CParamDefItem definition;
   const EParamType type;
+  const CBitNames bits;
 
  private:
   void addLimits(const CParamVal& own, const QList<quint32>& ids,
@@ -149,19 +137,17 @@ class CParamValueRulesData : public QSharedData {
   QVector<SLimit> mMaxima;
   CKeyedMap<qint64, CLists> mLists;  // the lists that name a number
   CLists mBinding = 0;               // the lists in which a number has to be
-  quint64 mUnnamedBits = 0;
 };
 
 CParamValueRulesData::CParamValueRulesData(const CParamDefItem& item,
                                            const Rules::CDefinitionById& definitionById)
-    : definition(item), type(item.type()) {
+    : definition(item), type(item.type()), bits(item) {
   if (!CExactNumber::isNumberType(type)) return;
   addLimits(item.minVal(), item.minIds(), definitionById, mMinima);
   addLimits(item.maxVal(), item.maxIds(), definitionById, mMaxima);
   addChoices(kEnumeration, item.enums(), !item.isEnumEditable());
   addChoices(kRadios, item.radios(), true);
   addChoices(kStates, CParamValueText::states(item), true);
-  mUnnamedBits = CParamValueText::unnamedBits(item);
 }
 
 void CParamValueRulesData::addLimits(const CParamVal& own, const QList<quint32>& ids,
@@ -231,8 +217,7 @@ void CParamValueRulesData::compareWithChoices(std::string_view value, const CExa
 
 void CParamValueRulesData::compareWithBits(const CExactNumber& number, CViolations& found) const {
   QStringList positions;
-  for (quint64 bits = number.bits() & mUnnamedBits; bits != 0; bits &= bits - 1)
-    positions.append(QString::number(qCountTrailingZeroBits(bits)));
+  for (const int position : bits.others(number)) positions.append(QString::number(position));
   if (!positions.isEmpty()) {
     found.append({Rules::UnnamedBits, CParamValueRules::tr("Bits are set that have no name: %1.")
                                           .arg(positions.join(QLatin1String(", ")))});
@@ -251,20 +236,26 @@ CParamValueRules& CParamValueRules::operator=(const CParamValueRules& other) = d
 CParamValueRules::~CParamValueRules() = default;
 
 bool CParamValueRules::read(const QString& text, CParamVal& value, QString& problem) const {
-  const std::optional<qint64> chosen = valueOfName(d->definition, text);
+  const std::optional<qint64> chosen = CParamValueText::choiceValue(d->definition, text);
   const QString written = chosen ? QString::number(*chosen) : text;
   if (!CExactNumber::isNumberType(d->type)) {
     value = CParamVal(written);
     return true;
   }
-  const std::optional<CExactNumber> number = CExactNumber::of(written, d->type);
+  QString bitProblem;
+  const bool mayBeBits = !chosen && !d->bits.isEmpty();
+  const auto bits = mayBeBits ? d->bits.read(text, bitProblem) : std::optional<CExactNumber>();
+  const auto number = bits ? bits : CExactNumber::of(written, d->type);
   if (number) {
-    value = d->type == PARAM_TYPE_F64 ? CParamVal(written.trimmed()) : number->written(d->type);
+    const bool isAsTyped = d->type == PARAM_TYPE_F64 && !bits;
+    value = isAsTyped ? CParamVal(written.trimmed()) : number->written(d->type);
     return true;
   }
   const CLists list = d->firstBinding();
-  problem = list != 0 && !chosen ? notInListProblem(list, QStringLiteral("\"%1\"").arg(text))
-                                 : noNumberProblem(written, d->type);
+  if (list != 0 && !chosen)
+    problem = notInListProblem(list, QStringLiteral("\"%1\"").arg(text));
+  else
+    problem = bitProblem.isEmpty() ? noNumberProblem(written, d->type) : bitProblem;
   return false;
 }
 

@@ -1,11 +1,15 @@
 #include "CParamValueText.h"
 
+#include "CBitNames.h"
 #include "CExactNumber.h"
+#include "CParamValueRules.h"
 #include "ICParameterFile.h"
 
 using namespace NParamDef;
 
 namespace {
+
+const QLatin1String kBetweenBits(" | ");
 
 /// The number by which a value is looked for among the choices.
 std::optional<qint64> choiceNumber(const CParamDefItem& definition, const CParamVal& value) {
@@ -21,6 +25,12 @@ QString decimal(const CParamDefItem& definition, const CParamVal& value) {
   const std::optional<CExactNumber> number = CExactNumber::of(value, definition.type());
   const bool isInteger = CExactNumber::widthOf(definition.type()) > 0;
   return number && isInteger ? number->decimal() : value.asStr();
+}
+
+/// The number of a value that has named bits; nothing when it has none.
+std::optional<CExactNumber> numberWithBits(const CParamDefItem& definition,
+                                           const CParamVal& value) {
+  return definition.hasBitset() ? CExactNumber::of(value, definition.type()) : std::nullopt;
 }
 
 /// The value that chooses among the names of a unit.
@@ -73,36 +83,55 @@ QString CParamValueText::choiceName(const CParamDefItem& definition, const CPara
   return name;
 }
 
+std::optional<qint64> CParamValueText::choiceValue(const CParamDefItem& definition,
+                                                   const QString& name) {
+  if (name.isEmpty()) return {};
+  bool isFound = false;
+  qint64 value = definition.enumValueOfName(name, isFound);
+  if (!isFound) value = definition.radioValueOfName(name, isFound);
+  if (isFound) return value;
+  for (const ELanguage language : {Translated, English}) {
+    for (const SNamedI64Value& state : states(definition, language))
+      if (state.name == name) return state.value;
+  }
+  return {};
+}
+
 std::optional<QStringList> CParamValueText::activeBits(const CParamDefItem& definition,
                                                        const CParamVal& value) {
-  const QList<SBitValue> named = definition.bitset();
-  const std::optional<CExactNumber> number = CExactNumber::of(value, definition.type());
-  if (named.isEmpty() || !number) return {};
-  QStringList names;
-  for (const SBitValue& bit : named) {
-    const bool isSet = ((number->bits() >> bit.pos) & 1U) != 0;
-    if (isSet != bit.invert) names.append(bit.name);
-  }
-  return names;
+  const std::optional<CExactNumber> number = numberWithBits(definition, value);
+  return number ? std::optional(CBitNames(definition).active(*number)) : std::nullopt;
+}
+
+std::optional<QList<int>> CParamValueText::otherBits(const CParamDefItem& definition,
+                                                     const CParamVal& value) {
+  const std::optional<CExactNumber> number = numberWithBits(definition, value);
+  return number ? std::optional(CBitNames(definition).others(*number)) : std::nullopt;
+}
+
+QStringList CParamValueText::bits(const CParamDefItem& definition, const CParamVal& value) {
+  const std::optional<CExactNumber> number = numberWithBits(definition, value);
+  if (!number) return {};
+  const CBitNames names(definition);
+  const QStringList texts = names.all(*number);
+  const QString joined = texts.join(kBetweenBits);
+  QString problem;
+  const std::optional<CExactNumber> again = names.read(joined, problem);
+  const bool isRead =
+      again && !choiceValue(definition, joined) &&
+      CParamValueRules::areEqual(value, again->written(definition.type()), definition);
+  return isRead ? texts : QStringList();
 }
 
 quint64 CParamValueText::unnamedBits(const CParamDefItem& definition) {
-  const QList<SBitValue> named = definition.bitset();
-  quint64 bits = named.isEmpty() ? 0 : CExactNumber::allBits(definition.type());
-  for (const SBitValue& bit : named) bits &= ~(1ULL << bit.pos);
-  return bits;
+  return CBitNames(definition).unnamed();
 }
 
 QString CParamValueText::shown(const CParamDefItem& definition, const CParamVal& value) {
   const QString choice = choiceName(definition, value);
-  const std::optional<QStringList> bits = activeBits(definition, value);
-  if (!choice.isEmpty() || !bits) return editable(definition, value);
-  const std::optional<CExactNumber> number = CExactNumber::of(value, definition.type());
-  const quint64 unnamed = number->bits() & unnamedBits(definition);
-  const QStringList rest =
-      unnamed != 0 ? QStringList(QStringLiteral("0x%1").arg(unnamed, 0, 16)) : QStringList();
-  const QStringList texts = *bits + rest;
-  return texts.isEmpty() ? number->decimal() : texts.join(QLatin1String(" | "));
+  if (!choice.isEmpty()) return choice;
+  const QStringList texts = bits(definition, value);
+  return texts.isEmpty() ? decimal(definition, value) : texts.join(kBetweenBits);
 }
 
 QString CParamValueText::editable(const CParamDefItem& definition, const CParamVal& value) {

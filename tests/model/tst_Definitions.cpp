@@ -43,7 +43,8 @@ struct SDefinition {
       const SNamedI64Value choice(part.section(':', 0, 0).toLongLong(), part.section(':', 1));
       if (key == "enum" || key == "edit") item.addEnum(choice);
       if (key == "radio") item.addRadio(choice);
-      if (key == "bits") item.addBit(part.toInt(), "bit", false);
+      if (key == "bits" || key == "inverted")
+        item.addBit(int(choice.value), choice.name, key == "inverted");
     }
     item.setEnumEditable(item.isEnumEditable() || key == "edit");
     if (key != "check") return;
@@ -186,6 +187,27 @@ class tst_Definitions : public QObject {
     // What an editor is given, it may give back.
     QVERIFY(given.rules().read(CParamValueText::editable(given.item, value), value, problem));
     QVERIFY(CParamValueRules::areEqual(value, unquoted(stored), given.item));
+  }
+
+  /// Whatever names hold, what is shown is read as the value again.
+  void readsShownBits() {
+    const QStringList names{"", "a", " a", "b", "a|b", "b | a", "|", "bit 7", "checked"};
+    QRandomGenerator random(1);
+    for (int i = 0; i < 5000; ++i) {
+      CParamDefItem item("p", EParamType(random.bounded(1, 10)), 1);
+      for (int bits = random.bounded(6); bits >= 0; --bits)
+        item.addBit(random.bounded(9), names.at(random.bounded(9)), random.bounded(3) == 0);
+      if (random.bounded(4) == 0) item.addEnum(random.bounded(9), names.at(random.bounded(9)));
+      const CParamValueRules rules(item, [](quint32) { return CParamDefItem(); });
+      const qint64 number = qint64(random.generate64()) >> random.bounded(64);
+      CParamVal value;
+      CParamVal again;
+      QString problem;
+      if (!rules.read(QString::number(number), value, problem)) continue;
+      const QString shown = CParamValueText::shown(item, value);
+      QVERIFY2(rules.read(shown, again, problem), qPrintable(shown + problem));
+      QVERIFY2(CParamValueRules::areEqual(value, again, item), qPrintable(shown));
+    }
   }
 
   void comparesValues_data() {

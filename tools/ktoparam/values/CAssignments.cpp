@@ -9,6 +9,25 @@
 #include "Tool.h"
 
 #include <algorithm>
+#include <set>
+
+namespace {
+
+/// For the first of the bits that is none of them.
+QString bitHelp(const QList<NParamDef::SBitValue>& bits, const QString& text) {
+  QStringList names;
+  for (const NParamDef::SBitValue& bit : bits) names.append(bit.name);
+  const std::set<QString> known(names.cbegin(), names.cend());
+  for (const QString& piece : text.split(QLatin1Char('|'))) {
+    const QString name = piece.trimmed();
+    if (known.count(name) > 0) continue;
+    return NSuggestion::didYouMean(name, names) +
+           Tool::tr(" Its bits are: %1.").arg(NSuggestion::listed(names));
+  }
+  return {};
+}
+
+}  // namespace
 
 CAssignments::CAssignments(CLoadedFile& loaded, const QVector<SAssignment>& assignments,
                            COutput& out)
@@ -85,10 +104,11 @@ bool CAssignments::refuseHardwareId(const SAssignment& assignment) {
                 problem + Tool::tr(" The file has: %1.").arg(NSuggestion::listed(known)));
 }
 
-/// What could have been typed instead.
+/// What could have been typed instead of a choice or bits.
 QString CAssignments::choiceHelp(const SAssignment& assignment) {
   if (!mayHelp()) return {};
   const CParamDefItem definition = mFile.paramDef(assignment.name);
+  if (definition.hasBitset()) return bitHelp(definition.bitset(), assignment.text);
   QStringList names;
   QStringList choices;
   for (const auto& each : CParamValueText::choices(definition, CParamValueText::English)) {

@@ -19,12 +19,11 @@ QString decimal(const CParamDefItem& definition, const CParamVal& value) {
 QString NValueMeaning::meaning(const CParamDefItem& definition, const CParamVal& value,
                                const CLabels& labels) {
   const QString choice = CParamValueText::choiceName(definition, value, CParamValueText::English);
-  const std::optional<QStringList> bits = CParamValueText::activeBits(definition, value);
+  const QStringList names =
+      choice.isEmpty() ? CParamValueText::bits(definition, value) : QStringList(choice);
+  if (names.isEmpty()) return decimal(definition, value);
   QStringList parts;
-  for (const QString& name :
-       (choice.isEmpty() ? QStringList() : QStringList(choice)) + bits.value_or(QStringList()))
-    parts.append(labels.shown(name));
-  if (parts.isEmpty() && !bits) return decimal(definition, value);
+  for (const QString& name : names) parts.append(labels.shown(name));
   const QString joined = parts.join(QLatin1String(" | "));
   return joined.size() > NShortText::kLongest ? NShortText::of(joined) : joined;
 }

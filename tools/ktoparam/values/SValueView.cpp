@@ -17,6 +17,12 @@ QString pathOf(const ICParamTreeNode* group) {
   return isRoot ? QString() : NShortText::below(pathOf(group->parentPtr()), group->name());
 }
 
+QJsonArray toJson(const QList<int>& numbers) {
+  QJsonArray array;
+  for (const int number : numbers) array.append(number);
+  return array;
+}
+
 }  // namespace
 
 SValueView CValueViews::of(const ICParamTreeNode& node) {
@@ -37,10 +43,12 @@ SValueView CValueViews::of(const ICParamTreeNode& node, const QString& groupPath
   const CParamDefItem definition = mFile.paramDef(name);
   if (definition.name().isEmpty()) return view;
   const std::optional<QStringList> bits = CParamValueText::activeBits(definition, view.value);
+  const std::optional<QList<int>> others = CParamValueText::otherBits(definition, view.value);
   view.unit = unit(definition, view.subDevId);
   view.choice =
       mLabels.of(CParamValueText::choiceName(definition, view.value, CParamValueText::English));
   if (bits) view.bits = mLabels.of(*bits);
+  if (others) view.otherBits = toJson(*others);
   view.meaning = NValueMeaning::meaning(definition, view.value, mLabels);
   view.defaultValue = CParamVal(mLabels.of(definition.defVal().asStr()));
   view.isDefault = CParamValueRules::areEqual(view.value, definition.defVal(), definition);
@@ -90,6 +98,7 @@ QJsonObject SValueView::toJson() const {
           {"unit", textOrNull(unit)},
           {"choice", textOrNull(choice)},
           {"bits", bits ? *bits : QJsonValue()},
+          {"otherBits", otherBits ? *otherBits : QJsonValue()},
           {"default", isDefined ? defaultValue->asStr() : QJsonValue()},
           {"isDefault", isDefined ? QJsonValue(isDefault) : QJsonValue()}};
 }

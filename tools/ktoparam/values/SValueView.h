@@ -29,6 +29,7 @@ struct SValueView {
   QString unit;
   QString choice;                         ///< name of the choice, radio button or check box state
   std::optional<QJsonArray> bits;         ///< the active ones; nothing without named bits
+  std::optional<QJsonArray> otherBits;    ///< positions of the set ones without a name; likewise
   QString meaning;                        ///< see NValueMeaning::meaning()
   std::optional<CParamVal> defaultValue;  ///< nothing without a definition
   bool isDefault = false;

@@ -48,6 +48,10 @@ class CWorkplace {
   }
 
   QString path(const QString& name) const { return mFolder.filePath(name); }
+  void write(const QString& name, const QString& text) const {
+    QFile file(mFolder.filePath(name));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0);
+  }
 
   QMap<QString, QByteArray> files() const {
     QMap<QString, QByteArray> contents;
@@ -195,6 +199,31 @@ class tst_ktoparam : public QObject {
     const SRun run = CWorkplace().run(command);
     QCOMPARE(run.status, 0);
     QCOMPARE(run.err, "");
+  }
+
+  /// Whatever names and values hold, a table takes them to another file.
+  void keepsTextsInTables() {
+    const QString pieces = QString::fromUtf8("=+-@\t\r\n'\",; 1eä…#\\");
+    QRandomGenerator random(1);
+    QString files[2];
+    for (int i = 0; i < 3000; ++i) {
+      QString texts[2];
+      for (QString& text : texts)
+        for (int size = random.bounded(6); size > 0; --size)
+          text += QString("&#%1;").arg(pieces.at(random.bounded(pieces.size())).unicode());
+      for (QString& file : files)
+        file += QString("<Param><Name>%1_%2</Name><Value>%3</Value></Param>")
+                    .arg(texts[0], QString::number(i), &file == files ? texts[1] : "x");
+    }
+    const CWorkplace workplace;
+    for (int i = 0; i < 2; ++i)
+      workplace.write(i == 0 ? "A" : "B",
+                      "<LumoParameters version='1.0'><Data hardwareId='=H'><SubDevice id='0'>" +
+                          files[i] + "</SubDevice></Data></LumoParameters>");
+    const SRun run = workplace.run(
+        "cp A Before && ktoparam export A --format csv >Table && ktoparam import A --csv Table && "
+        "cmp A Before && ktoparam import B --csv Table >/dev/null && ktoparam diff A B");
+    QCOMPARE(lines("", run), lines("", {0, "changed 0, equal 3000, skipped 0\n", ""}));
   }
 
   void documentedCommandsWork_data() {

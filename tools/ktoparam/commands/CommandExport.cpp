@@ -1,3 +1,5 @@
+#include "CCsv.h"
+#include "CCsvTable.h"
 #include "CParameterWords.h"
 #include "Command.h"
 #include "SValueView.h"
@@ -13,17 +15,6 @@ struct SLineFormat {
   QChar separator;
   QString (*field)(const QString& text);
 };
-
-/// Quoted where it must be, as in RFC 4180.
-QString csvField(const QString& text) {
-  static const QString kSpecial = ",\"\r\n";
-  bool isPlain = text == text.trimmed();
-  for (const QChar c : text) isPlain = isPlain && !kSpecial.contains(c);
-  if (isPlain) return text;
-  QString quoted = text;
-  quoted.replace(QLatin1Char('"'), QLatin1String("\"\""));
-  return QLatin1Char('"') + quoted + QLatin1Char('"');
-}
 
 /// A field has neither tabs nor line ends; these become escapes.
 QString tsvField(const QString& text) {
@@ -72,8 +63,15 @@ void visitAll(CLoadedFile& loaded, CParameterWords& words, const CLabels& labels
 
 void exportLines(CLoadedFile& loaded, CParameterWords& words, const SLineFormat& format,
                  COutput& out) {
-  const QStringList headings = {"hardwareId", "subDevice", "group",   "name",   "id",
-                                "value",      "unit",      "meaning", "default"};
+  const QStringList headings = {NValueColumns::kHardwareId,
+                                NValueColumns::kSubDevice,
+                                "group",
+                                NValueColumns::kName,
+                                "id",
+                                NValueColumns::kValue,
+                                "unit",
+                                "meaning",
+                                "default"};
   const int columns = loaded.hasDefinitions() ? headings.size() : kWithoutDefinitions;
   printLine(headings.mid(0, columns), format, out);
   visitAll(loaded, words, out.labels(),
@@ -90,7 +88,7 @@ void exportJson(CLoadedFile& loaded, CParameterWords& words, COutput& out) {
 }
 
 EExitStatus exportValues(const CInvocation& invocation, COutput& out) {
-  static const QMap<QString, SLineFormat> kLineFormats = {{"csv", {QLatin1Char(','), csvField}},
+  static const QMap<QString, SLineFormat> kLineFormats = {{"csv", {QLatin1Char(','), NCsv::field}},
                                                           {"tsv", {QLatin1Char('\t'), tsvField}}};
   const QString format = invocation.value(kFormat);
   const bool isJson = format == QLatin1String("json");
@@ -115,8 +113,10 @@ QVector<SCommand> exportCommands() {
   return {{"export",
            Tool::tr("Print values for a spreadsheet or a program."),
            Tool::tr("One line for each value, after a line of headings, in UTF-8; or one JSON "
-                    "object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks "
-                    "become \\t, \\n and \\r, and \\ becomes \\\\."),
+                    "object. CSV quotes fields as RFC 4180 says; a text that a spreadsheet would "
+                    "run as a formula, and one that begins with ', has a ' in front. \"import "
+                    "--csv\" takes the values back. In TSV, which is for programs, tabs and line "
+                    "breaks become \\t, \\n and \\r, and \\ becomes \\\\."),
            {NOptions::valueFile(), NOptions::parameters()},
            {NOptions::required(NOptions::choice(kFormat, {"csv", "tsv", "json"},
                                                 Tool::tr("One of csv, tsv and json."))),

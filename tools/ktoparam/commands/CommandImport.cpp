@@ -1,5 +1,6 @@
 #include "CValueEdit.h"
 #include "Command.h"
+#include "NCsvImport.h"
 
 namespace {
 
@@ -33,7 +34,24 @@ int reportImpossible(const CLoadedFile& destination, const ICParameterFile& sour
   return failed;
 }
 
+/// What is wrong with SOURCE, --csv and the options of one of them; empty when nothing is.
+QString sourceProblem(const CInvocation& invocation) {
+  const bool hasSource = !invocation.argumentsFrom(1).isEmpty();
+  const bool hasTable = invocation.isSet(NCsvImport::kCsv);
+  if (!hasSource && !hasTable) return Tool::tr("SOURCE or --csv FILE is missing.");
+  if (hasSource && hasTable) return Tool::tr("SOURCE and --csv cannot be used together.");
+  if (hasSource && !invocation.isSet(NOptions::kDef))
+    return Tool::tr("--%1 %2 is missing.").arg(NOptions::kDef, QLatin1String("DEF"));
+  for (const QLatin1String option : {kSourceHardwareId, kKeepMissing})
+    if (hasTable && invocation.isSet(option))
+      return Tool::tr("--%1 goes with SOURCE, not with --csv.").arg(option);
+  return {};
+}
+
 EExitStatus import(const CInvocation& invocation, COutput& out) {
+  const QString problem = sourceProblem(invocation);
+  if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
+  if (invocation.isSet(NCsvImport::kCsv)) return NCsvImport::run(invocation, out);
   CLoadedFile destination(out);
   if (!destination.lock(invocation.argument(0), invocation)) return ExitFile;
   CLoadedFile source(out);
@@ -67,10 +85,13 @@ QVector<SCommand> importCommands() {
                     "only SOURCE has are added when they are defined, and skipped (\"unknown\") "
                     "when they are not. All is done, or nothing.\nDEST and SOURCE may be one file "
                     "with two hardware ids.\nPrints how many parameters were taken, were equal "
-                    "already, got the default, were kept, added, and so on."),
+                    "already, got the default, were kept, added, and so on.") +
+               QLatin1Char('\n') + NCsvImport::help(),
            {{"DEST", Tool::tr("The value file to change."), EWord::File},
-            {"SOURCE", Tool::tr("The value file to take values from."), EWord::File}},
-           {NOptions::required(NOptions::def(Tool::tr("The definition file of DEST."))),
+            {"SOURCE", Tool::tr("The value file to take values from."), EWord::File,
+             SArgument::NoneOrOne}},
+           {NOptions::def(Tool::tr("The definition file of DEST; needed with SOURCE.")),
+            NCsvImport::option(),
             {kSourceHardwareId, "ID",
              Tool::tr("The hardware id in SOURCE; needed when it has several."), EWord::HardwareId},
             NOptions::hardwareId(Tool::tr("The hardware id in DEST; needed when it has several.")),

@@ -113,10 +113,12 @@ QVector<SCommand> exportCommands() {
   return {{"export",
            Tool::tr("Print values for a spreadsheet or a program."),
            Tool::tr("One line for each value, after a line of headings, in UTF-8; or one JSON "
-                    "object. CSV quotes fields as RFC 4180 says; a text that a spreadsheet would "
-                    "run as a formula, and one that begins with ', has a ' in front. \"import "
-                    "--csv\" takes the values back. In TSV, which is for programs, tabs and line "
-                    "breaks become \\t, \\n and \\r, and \\ becomes \\\\."),
+                    "object. CSV quotes fields as RFC 4180 says; in TSV, tabs and line breaks "
+                    "become \\t, \\n and \\r, and \\ becomes \\\\.") +
+               QLatin1Char('\n') +
+               Tool::tr("In CSV, a text that a spreadsheet would run as a formula has an "
+                        "apostrophe in front, and so has one that begins with an apostrophe. "
+                        "\"import --csv\" takes the values back."),
            {NOptions::valueFile(), NOptions::parameters()},
            {NOptions::required(NOptions::choice(kFormat, {"csv", "tsv", "json"},
                                                 Tool::tr("One of csv, tsv and json."))),

@@ -134,10 +134,15 @@ QVector<SCommand> setCommands() {
            "its limit parameters in the same sub-device, or be one of its choices; the name of a "
            "choice, radio button or check box state (checked, unchecked, undefined) may be given "
            "in place of its value, and is looked for before a number. Bits without a name are set "
-           "with a warning. Without --def a value is taken as it is typed; where a definition file "
-           "is "
-           "found, there is a warning of what it does not allow.\nValues of other "
-           "parameters that are limited by a changed one are not looked at."),
+           "with a warning. Without --def a value is taken as it is typed.\nValues of other "
+           "parameters that are limited by a changed one are not looked at.") +
+           QLatin1Char('\n') +
+           Tool::tr("With --def, bits may be given as they are shown, such as \"DI4 | bit 7\"; "
+                    "named ones that are not given are not active then.") +
+           QLatin1Char('\n') +
+           Tool::tr(
+               "Without --def, a definition file that is found changes nothing that is stored; "
+               "there is a warning of what it does not allow."),
        {NOptions::valueFile(),
         {"NAME=VALUE", Tool::tr("Names or addresses of parameters, and their new values."),
          EWord::Assignment, SArgument::OneOrMore}},

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-#include <map>
 #include <optional>
 
 /// The named bits of a definition, as values are shown and typed by them: "DI4 | bit 7". "bit 7" is
@@ -33,15 +32,11 @@ class CBitNames {
   std::optional<CExactNumber> read(const QString& text, QString& problem) const;
 
  private:
-  using SBit = NParamDef::SBitValue;
+  class CIndex;
 
-  std::optional<QList<SBit>> readBits(const QString& text, QString& problem) const;
-  std::optional<SBit> find(const QString& name) const;
-  CExactNumber numberOf(const QList<SBit>& active) const;
+  CExactNumber numberOf(const QList<NParamDef::SBitValue>& active) const;
 
   NParamDef::EParamType mType;
-  QList<SBit> mBits;
-  std::map<QString, int> mPlaces;  // in mBits, by name
-  int mMostPieces = 1;             // of a name, since it may hold a "|"
-  quint64 mUnnamed = 0;
+  QList<NParamDef::SBitValue> mBits;
+  quint64 mUnnamed;
 };

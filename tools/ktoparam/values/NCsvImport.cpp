@@ -71,8 +71,11 @@ QString NCsvImport::help() {
 EExitStatus NCsvImport::run(const CInvocation& invocation, COutput& out) {
   CLoadedFile loaded(out);
   CCsvTable table(invocation.value(kCsv), out);
-  if (!loaded.loadValues(invocation.argument(0), invocation) || !loaded.canSave() || !table.load())
+  const QString fileName = invocation.argument(0);
+  if (!loaded.lock(fileName, invocation) || !loaded.loadValues(fileName, invocation) ||
+      !loaded.canSave() || !table.load()) {
     return ExitFile;
+  }
   const QString onlyId = invocation.value(NOptions::kHardwareId);
   if (invocation.isSet(NOptions::kHardwareId) && !loaded.selectHardwareId(onlyId))
     return ExitFindings;

@@ -127,7 +127,7 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// defines and only the source holds are added, undefined ones are skipped. An empty source id is
   /// the source's first, an empty destination the active one; one that was added and holds nothing
   /// gets its trees now. A source id that the source does not have fails, also when the error
-  /// handler accepted it. Counts are in importResult().
+  /// handler accepted it. Counts are in importResult(), names in the list of the imports below.
   virtual bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
                                const QString& destinationHardwareId,
                                NParamDef::EImportMissing missing = NParamDef::ImportDefault) = 0;
@@ -293,6 +293,18 @@ class KTOPARAMETER_EXPORT ICParameterFile {
   /// nor saved anything since clear(). Reads the whole file. Between this question and a save it
   /// may still change, unless a CFolderLock is held.
   virtual bool hasChangedOnDisk(const QString& fileName) const = 0;
+  /// The same imports, which also tell what was done to each parameter, by sub-device: first those
+  /// that the destination had, in the order of its tree, then those that only the source has, in
+  /// the order of its tree; at the end the sub-devices that only the source has. Each is listed
+  /// once, also those that were left as they are. An import that fails leaves the list as it was.
+  virtual bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
+                               const QString& destinationHardwareId,
+                               NParamDef::EImportMissing missing,
+                               NParamDef::CImportedParams& imported) = 0;
+  virtual bool importParamFile(ICParameterFile* source, const QString& sourceHardwareId,
+                               const QString& destinationHardwareId,
+                               NParamDef::EImportMissing missing,
+                               NParamDef::CImportedParams& imported) = 0;
 
  protected:
   ICParameterFile() = default;

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <QVector>
 
 /// The enumerations, small records and constants that definitions, values and files share.
 namespace NParamDef {
@@ -54,6 +55,17 @@ struct SImportResult {
   int added = 0;      ///< defined here, held only by the source until now
   int unknown = 0;    ///< held by the source, not defined here and skipped
 };
+
+/// What an import did to one parameter.
+struct SImportedParam {
+  /// As SImportResult counts.
+  enum EWhat : int { Taken, Equal, Defaulted, Kept, Added, Unknown };
+
+  EWhat what = Taken;
+  quint8 subDevId = 0;
+  QString name;
+};
+using CImportedParams = QVector<SImportedParam>;
 
 /// A name for a number: one choice of an enumeration or of a group of radio buttons.
 /// Equality looks at number and name, order at the number only.

@@ -4,6 +4,8 @@
 #include "ICLogfile.h"
 #include "NNameMatch.h"
 
+#include <array>
+
 namespace {
 
 using CParams = QVector<CParamTreeNodeImpl*>;
@@ -54,10 +56,11 @@ bool CParamImport::planTree(CParams source, const CParams& destination,
     const int position = positions[static_cast<size_t>(i)];
     if (position >= 0) {
       CParamTreeNodeImpl*& from = source[position];
-      planValueOf(*from, destination.at(i)) ? ++mResult.taken : ++mResult.equal;
+      const bool isTaken = planValueOf(*from, destination.at(i));
+      note(isTaken ? SImported::Taken : SImported::Equal, *destination.at(i));
       from = nullptr;
     } else if (missing == NParamDef::ImportKeep) {
-      ++mResult.kept;
+      note(SImported::Kept, *destination.at(i));
     } else if (!planDefault(destination.at(i), error)) {
       return false;
     }
@@ -80,7 +83,7 @@ bool CParamImport::planDefault(CParamTreeNodeImpl* param, QString& error) {
   }
   log(ICLogfile::kLevelDetail, *param, tr("Default value is used."));
   planValue(param, definition->defVal());
-  ++mResult.defaulted;
+  note(SImported::Defaulted, *param);
   return true;
 }
 
@@ -88,10 +91,10 @@ void CParamImport::planAdditions(const CParams& source) {
   for (const CParamTreeNodeImpl* param : source) {
     if (mDefinitions.find(param->name()) == nullptr) {
       log(ICLogfile::kLevelDetail, *param, tr("The parameter is not defined and is skipped."));
-      ++mResult.unknown;
+      note(SImported::Unknown, *param);
     } else {
       mAdditions.push_back(param);
-      ++mResult.added;
+      note(SImported::Added, *param);
     }
   }
 }
@@ -124,6 +127,14 @@ void CParamImport::add(const CParamTreeNodeImpl& param) {
   const CParamDefItem* definition = mDefinitions.find(param.name());
   tree.addParameterUtf8(mGroup, param.nameUtf8(), definition->valid() ? definition->id() : 0,
                         param.valueUtf8());
+}
+
+void CParamImport::note(SImported::EWhat what, const CParamTreeNodeImpl& param) {
+  using SResult = NParamDef::SImportResult;
+  static constexpr std::array kCounts = {&SResult::taken, &SResult::equal, &SResult::defaulted,
+                                         &SResult::kept,  &SResult::added, &SResult::unknown};
+  ++(mResult.*kCounts.at(static_cast<size_t>(what)));
+  if (mIsListed) mParams.append({what, param.subDevId(), param.name()});
 }
 
 void CParamImport::log(quint32 level, const CParamTreeNodeImpl& param, const QString& text) const {

@@ -15,8 +15,8 @@ class CParamImport {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileImpl)
 
  public:
-  CParamImport(const CDefinitionStore& definitions, ICLogfile* logfile)
-      : mDefinitions(definitions), mLogfile(logfile) {}
+  CParamImport(const CDefinitionStore& definitions, ICLogfile* logfile, bool isListed)
+      : mDefinitions(definitions), mLogfile(logfile), mIsListed(isListed) {}
 
   /// False, with the reason, when a parameter needs a default and has no definition.
   bool plan(const CSubDeviceTrees& source, CSubDeviceTrees& destination,
@@ -24,6 +24,8 @@ class CParamImport {
   /// Carries the plan out; true when a value changed or was added.
   bool apply();
   const NParamDef::SImportResult& result() const { return mResult; }
+  /// What was done to each parameter; empty unless it is listed.
+  const NParamDef::CImportedParams& params() const { return mParams; }
 
  private:
   struct SNewValue {
@@ -32,6 +34,7 @@ class CParamImport {
   };
 
   using CParams = QVector<CParamTreeNodeImpl*>;
+  using SImported = NParamDef::SImportedParam;
 
   bool planTree(CParams source, const CParams& destination, NParamDef::EImportMissing missing,
                 QString& error);
@@ -41,10 +44,12 @@ class CParamImport {
   /// Plans a value that differs; false when it does not.
   bool planValue(CParamTreeNodeImpl* param, const CParamVal& value);
   void add(const CParamTreeNodeImpl& param);
+  void note(SImported::EWhat what, const CParamTreeNodeImpl& param);
   void log(quint32 level, const CParamTreeNodeImpl& param, const QString& text) const;
 
   const CDefinitionStore& mDefinitions;
   ICLogfile* mLogfile;
+  const bool mIsListed;
   CSubDeviceTrees* mDestination = nullptr;
   std::vector<SNewValue> mNewValues;
   std::vector<const CParamTreeNodeImpl*> mAdditions;  ///< of the source
@@ -52,4 +57,5 @@ class CParamImport {
   const CTreeNode<CParamNodeData>* mSourceGroup = nullptr;
   CParamTreeNodeImpl* mGroup = nullptr;
   NParamDef::SImportResult mResult;
+  NParamDef::CImportedParams mParams;
 };

@@ -61,6 +61,12 @@ class CParameterFileBaseImpl : public ICParameterFile {
   bool importParamFile(ICParameterFile* source, const QString& sourceHardwareId,
                        const QString& destinationHardwareId,
                        NParamDef::EImportMissing missing = NParamDef::ImportDefault) override;
+  bool importParamFile(const QString& fileName, const QString& sourceHardwareId,
+                       const QString& destinationHardwareId, NParamDef::EImportMissing missing,
+                       NParamDef::CImportedParams& imported) override;
+  bool importParamFile(ICParameterFile* source, const QString& sourceHardwareId,
+                       const QString& destinationHardwareId, NParamDef::EImportMissing missing,
+                       NParamDef::CImportedParams& imported) override;
   NParamDef::SImportResult importResult() const override { return mImportResult; }
 
   bool defChanged() const override { return mDefinitions.isChanged(); }
@@ -175,11 +181,19 @@ class CParameterFileBaseImpl : public ICParameterFile {
   bool firstHardwareId(QString& hardwareId, const CHardwareIdTrees& trees) const;
   QString importDestination(const QString& hardwareId) const;
   bool checkDestination(const QString& hardwareId) const;
+  // What was done to each parameter is listed where a list is given.
+  bool importFile(const QString& fileName, const QString& sourceHardwareId,
+                  const QString& destinationHardwareId, NParamDef::EImportMissing missing,
+                  NParamDef::CImportedParams* imported);
+  bool importOther(ICParameterFile* source, const QString& sourceHardwareId,
+                   const QString& destinationHardwareId, NParamDef::EImportMissing missing,
+                   NParamDef::CImportedParams* imported);
   bool importHardwareId(const CHardwareIdTrees& source, const QString& sourceHardwareId,
-                        const QString& destinationHardwareId, NParamDef::EImportMissing missing);
+                        const QString& destinationHardwareId, NParamDef::EImportMissing missing,
+                        NParamDef::CImportedParams* imported);
   /// Copies the values of the parameters that the destination defines.
   bool importParameters(const CSubDeviceTrees& source, const QString& destinationHardwareId,
-                        NParamDef::EImportMissing missing);
+                        NParamDef::EImportMissing missing, NParamDef::CImportedParams* imported);
   bool checkNewDefinition(const CParamDefItem& definition) const;
   static bool isReservedName(const QString& name);
   static QString reservedNameMessage(const QString& name);

@@ -21,19 +21,50 @@ bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
                                              const QString& sourceHardwareId,
                                              const QString& destinationHardwareId,
                                              NParamDef::EImportMissing missing) {
-  SLoadedValues source;
-  source.hardwareId = sourceHardwareId;
-  return checkDestination(destinationHardwareId) &&
-         readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
-                       tr("importParamFile() Loading parameter value file failed"), source,
-                       kOwnSubDevIds) &&
-         importHardwareId(source.trees, source.hardwareId, destinationHardwareId, missing);
+  return importFile(fileName, sourceHardwareId, destinationHardwareId, missing, nullptr);
+}
+
+bool CParameterFileBaseImpl::importParamFile(const QString& fileName,
+                                             const QString& sourceHardwareId,
+                                             const QString& destinationHardwareId,
+                                             NParamDef::EImportMissing missing,
+                                             NParamDef::CImportedParams& imported) {
+  return importFile(fileName, sourceHardwareId, destinationHardwareId, missing, &imported);
 }
 
 bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
                                              const QString& sourceHardwareId,
                                              const QString& destinationHardwareId,
                                              NParamDef::EImportMissing missing) {
+  return importOther(source, sourceHardwareId, destinationHardwareId, missing, nullptr);
+}
+
+bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
+                                             const QString& sourceHardwareId,
+                                             const QString& destinationHardwareId,
+                                             NParamDef::EImportMissing missing,
+                                             NParamDef::CImportedParams& imported) {
+  return importOther(source, sourceHardwareId, destinationHardwareId, missing, &imported);
+}
+
+bool CParameterFileBaseImpl::importFile(const QString& fileName, const QString& sourceHardwareId,
+                                        const QString& destinationHardwareId,
+                                        NParamDef::EImportMissing missing,
+                                        NParamDef::CImportedParams* imported) {
+  SLoadedValues source;
+  source.hardwareId = sourceHardwareId;
+  return checkDestination(destinationHardwareId) &&
+         readValueFile(fileName, mVersion != 0 ? mVersion : versionOf(fileName),
+                       tr("importParamFile() Loading parameter value file failed"), source,
+                       kOwnSubDevIds) &&
+         importHardwareId(source.trees, source.hardwareId, destinationHardwareId, missing,
+                          imported);
+}
+
+bool CParameterFileBaseImpl::importOther(ICParameterFile* source, const QString& sourceHardwareId,
+                                         const QString& destinationHardwareId,
+                                         NParamDef::EImportMissing missing,
+                                         NParamDef::CImportedParams* imported) {
   if (!checkDestination(destinationHardwareId)) return false;
   const auto* other = dynamic_cast<CParameterFileBaseImpl*>(source);
   if (other == nullptr) {
@@ -42,7 +73,7 @@ bool CParameterFileBaseImpl::importParamFile(ICParameterFile* source,
   }
   QString sourceId = sourceHardwareId;
   return (!sourceId.isEmpty() || firstHardwareId(sourceId, other->mTrees)) &&
-         importHardwareId(other->mTrees, sourceId, destinationHardwareId, missing);
+         importHardwareId(other->mTrees, sourceId, destinationHardwareId, missing, imported);
 }
 
 bool CParameterFileBaseImpl::firstHardwareId(QString& hardwareId,
@@ -68,7 +99,8 @@ bool CParameterFileBaseImpl::checkDestination(const QString& hardwareId) const {
 bool CParameterFileBaseImpl::importHardwareId(const CHardwareIdTrees& source,
                                               const QString& sourceHardwareId,
                                               const QString& destinationHardwareId,
-                                              NParamDef::EImportMissing missing) {
+                                              NParamDef::EImportMissing missing,
+                                              NParamDef::CImportedParams* imported) {
   const auto trees = source.find(sourceHardwareId);
   if (trees == source.end()) {
     return setErrorMsg(
@@ -76,15 +108,17 @@ bool CParameterFileBaseImpl::importHardwareId(const CHardwareIdTrees& source,
             .arg(sourceHardwareId));
   }
   return checkDestination(destinationHardwareId) &&
-         importParameters(trees->second, importDestination(destinationHardwareId), missing);
+         importParameters(trees->second, importDestination(destinationHardwareId), missing,
+                          imported);
 }
 
 bool CParameterFileBaseImpl::importParameters(const CSubDeviceTrees& source,
                                               const QString& destinationHardwareId,
-                                              NParamDef::EImportMissing missing) {
+                                              NParamDef::EImportMissing missing,
+                                              NParamDef::CImportedParams* imported) {
   CSubDeviceTrees added;  // of a hardware id that holds nothing yet
   const auto known = mTrees.find(destinationHardwareId);
-  CParamImport import(mDefinitions, mLogfile);
+  CParamImport import(mDefinitions, mLogfile, imported != nullptr);
   QString error;
   if (!import.plan(source, known != mTrees.end() ? known->second : added, missing, error))
     return setErrorMsg(error);
@@ -93,5 +127,6 @@ bool CParameterFileBaseImpl::importParameters(const CSubDeviceTrees& source,
     setHwIdChanged(destinationHardwareId);
   }
   mImportResult = import.result();
+  if (imported != nullptr) *imported = import.params();
   return true;
 }

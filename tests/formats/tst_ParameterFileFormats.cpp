@@ -41,6 +41,14 @@ QString counts(const F& file) {
   return NParamFileText::numbers<int>({r.taken, r.equal, r.defaulted, r.kept, r.added, r.unknown});
 }
 
+/// "0:1.Speed 2:1.Mode", with the number of what was done to each.
+QString told(const CImportedParams& imported) {
+  QStringList texts;
+  for (const SImportedParam& each : imported)
+    texts.append(QString("%1:%2.%3").arg(each.what).arg(each.subDevId).arg(each.name));
+  return texts.join(' ');
+}
+
 /// Sub-device 1: Speed 0x14 in G/Inner, Name in New/Group, Secret (not defined elsewhere).
 CParameterFilePtr makeSource() {
   auto source = makeSmall();
@@ -241,8 +249,12 @@ class tst_ParameterFileFormats : public QObject {
     file.setParamValue("Mode", CParamVal(5), 1);
     file.setParamValue("Speed", "abc", 1);  // which counts as 0 elsewhere
     file.clearChanged();
-    QVERIFY2(file.importParamFile(source.get(), "", ""), qPrintable(file.errorMsg()));
+    CImportedParams imported;
+    QVERIFY(!file.importParamFile(source.get(), "X", "", ImportKeep, imported));
+    QVERIFY2(file.importParamFile(source.get(), "", "", ImportDefault, imported),
+             qPrintable(file.errorMsg()));
     QCOMPARE(counts(file), "1|0|1|0|2|1");
+    QCOMPARE(told(imported), "0:1.Speed 2:1.Mode 4:1.Name 5:1.Secret 4:4.Loose");
     QCOMPARE(file.paramValue("Speed", 1).asStr() + file.paramValue("Mode", 1).asStr(), "0-1");
     QCOMPARE(file.findParameter(file.existingSubGroup("New/Group", 1), "Name")->id(), 3U);
     QCOMPARE(file.rootGroup(4)->childPtr("Loose")->id(), 0U);
@@ -268,7 +280,12 @@ class tst_ParameterFileFormats : public QObject {
     const auto file = makeSmall();
     file->cloneHardwareId("A", "B");
     file->clearChanged();
-    QVERIFY2(file->importParamFile(name, "", "A"), qPrintable(file->errorMsg()));
+    CImportedParams imported;
+    QVERIFY2(file->importParamFile(name, "", "A", ImportKeep, imported),
+             qPrintable(file->errorMsg()));
+    QCOMPARE(told(imported), "0:1.Speed 3:1.Mode 4:1.Name 5:1.Secret 4:4.Loose");
+    QVERIFY(!file->importParamFile(name, "X", "A", ImportKeep, imported));
+    QCOMPARE(imported.size(), 5);
     QCOMPARE(file->hardwareId() + file->paramValue("Speed", 1).asStr(), QString("B0xa"));
     QCOMPARE(file->changedList(), QStringList("A"));
     QVERIFY(file->selectHardwareId("A"));

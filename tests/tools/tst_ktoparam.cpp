@@ -95,7 +95,8 @@ bool changesFiles(const SStep& step) {
   const bool isEdit =
       QStringList({"set", "import", "defaults", "new"}).contains(command) ||
       (QStringList({"hardware-id", "sub-device"}).contains(command) && words.value(2) != "list");
-  return isEdit && step.run.status == 0 && !words.contains("--dry-run");
+  const bool isDone = step.run.status == 0 || step.run.err.contains("they were saved all the same");
+  return isEdit && isDone && !words.contains("--dry-run");
 }
 
 /// What a rule of a grammar gives, see alike.grammar.

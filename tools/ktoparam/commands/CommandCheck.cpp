@@ -1,6 +1,7 @@
 #include "CParamLineIndex.h"
 #include "CParameterFileChecker.h"
 #include "Command.h"
+#include "NFindings.h"
 
 #include <array>
 #include <map>
@@ -25,18 +26,6 @@ struct SChecked {
   }
 };
 
-/// "KTO-2A-16, sub-device 2, Motion/Limits/VelocityLimit"
-QString place(const SParamFinding& finding, const CLabels& labels) {
-  QStringList parts;
-  if (!finding.hardwareId.isEmpty()) parts.append(labels.shown(finding.hardwareId));
-  if (finding.subDevId != SParamFinding::kNoSubDevice)
-    parts.append(Tool::tr("sub-device %1").arg(finding.subDevId));
-  const QString group =
-      finding.groupPath.isEmpty() ? QString() : finding.groupPath + QLatin1Char('/');
-  if (!finding.name.isEmpty()) parts.append(NDisplayText::shown(group + labels.of(finding.name)));
-  return parts.join(QLatin1String(", "));
-}
-
 QString severity(const SParamFinding& finding, const COutput& out) {
   const QString text = SParamFinding::severityText(finding.severity);
   if (finding.severity == SParamFinding::Info) return text;
@@ -47,25 +36,9 @@ QString severity(const SParamFinding& finding, const COutput& out) {
 /// As compilers write, so that editors jump to the line.
 QString toLine(const QString& fileName, const SParamFinding& finding, const COutput& out) {
   const QString line = finding.line > 0 ? QStringLiteral(":%1").arg(finding.line) : QString();
-  return QStringLiteral("%1%2: %3: %4: %5 [%6]")
-      .arg(NDisplayText::escaped(fileName), line, severity(finding, out),
-           place(finding, out.labels()), NDisplayText::escaped(finding.text),
-           SParamFinding::codeText(finding.code));
-}
-
-/// Texts are not translated where JSON is asked for.
-QJsonObject toJson(const QString& fileName, const SParamFinding& finding, const CLabels& labels) {
-  const bool hasSubDevice = finding.subDevId != SParamFinding::kNoSubDevice;
-  return {{"file", fileName},
-          {"line", finding.line > 0 ? QJsonValue(finding.line) : QJsonValue()},
-          {"severity", SParamFinding::severityText(finding.severity)},
-          {"code", SParamFinding::codeText(finding.code)},
-          {"hardwareId", labels.of(finding.hardwareId)},
-          {"subDevice", hasSubDevice ? QJsonValue(finding.subDevId) : QJsonValue()},
-          {"group", finding.groupPath},
-          {"name", labels.of(finding.name)},
-          {"value", finding.value},
-          {"text", finding.text}};
+  return QStringLiteral("%1%2: %3")
+      .arg(NDisplayText::escaped(fileName), line,
+           NFindings::line(finding, severity(finding, out), out.labels()));
 }
 
 EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation, COutput& out) {
@@ -78,7 +51,7 @@ EExitStatus report(const QVector<SChecked>& files, const CInvocation& invocation
     for (const SParamFinding& finding : file.findings) {
       ++counts.at(static_cast<std::size_t>(finding.severity));
       if (invocation.wantsJson())
-        array.append(toJson(file.fileName, finding, out.labels()));
+        array.append(NFindings::toJson(file.fileName, finding, out.labels()));
       else
         out.line(toLine(file.fileName, finding, out));
     }

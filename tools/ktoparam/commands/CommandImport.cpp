@@ -6,6 +6,7 @@ namespace {
 
 const QLatin1String kSourceHardwareId("source-hardware-id");
 const QLatin1String kKeepMissing("keep-missing");
+const QLatin1String kAllowInvalid("allow-invalid");
 
 bool checkTypes(const CLoadedFile& destination, const CLoadedFile& source) {
   if (destination.info().type == source.info().type) return true;
@@ -42,7 +43,7 @@ QString sourceProblem(const CInvocation& invocation) {
   if (hasSource && hasTable) return Tool::tr("SOURCE and --csv cannot be used together.");
   if (hasSource && !invocation.isSet(NOptions::kDef))
     return Tool::tr("--%1 %2 is missing.").arg(NOptions::kDef, QLatin1String("DEF"));
-  for (const QLatin1String option : {kSourceHardwareId, kKeepMissing})
+  for (const QLatin1String option : {kSourceHardwareId, kKeepMissing, kAllowInvalid})
     if (hasTable && invocation.isSet(option))
       return Tool::tr("--%1 goes with SOURCE, not with --csv.").arg(option);
   return {};
@@ -67,12 +68,16 @@ EExitStatus import(const CInvocation& invocation, COutput& out) {
   SEditCounts counts;
   counts.failed = keep ? 0 : reportImpossible(destination, source.file());
   if (counts.failed > 0) return edit.refuse(counts);
+  NParamDef::CImportedParams imported;
   if (!file.importParamFile(&source.file(), source.file().hardwareId(), file.hardwareId(),
-                            keep ? NParamDef::ImportKeep : NParamDef::ImportDefault)) {
+                            keep ? NParamDef::ImportKeep : NParamDef::ImportDefault, imported)) {
     destination.message(file.errorMsg());
     return ExitFindings;
   }
-  return edit.finish({file.importResult()});
+  for (const NParamDef::SImportedParam& each : qAsConst(imported))
+    counts.note(static_cast<SEditedParam::EWhat>(each.what), each.subDevId, each.name);
+  return edit.finish(
+      counts, invocation.isSet(kAllowInvalid) ? CValueEdit::SavedAsTold : CValueEdit::Refused);
 }
 
 }  // namespace
@@ -84,8 +89,13 @@ QVector<SCommand> importCommands() {
                     "sub-device and name, or else the default of its definition. Parameters that "
                     "only SOURCE has are added when they are defined, and skipped (\"unknown\") "
                     "when they are not. All is done, or nothing.\nDEST and SOURCE may be one file "
-                    "with two hardware ids.\nPrints how many parameters were taken, were equal "
-                    "already, got the default, were kept, added, and so on.") +
+                    "with two hardware ids.\nLists by name what was taken, got the default, was "
+                    "kept, added or skipped, with old and new value; what was equal already is "
+                    "only counted.\nValues that the definitions do not allow are told as \"check\" "
+                    "tells them: those that were written, and others that a written limit "
+                    "parameter no longer allows. Nothing is saved then, and the exit status is 1. "
+                    "What was wrong before and stays as it was is not looked at; warnings, such "
+                    "as of unnamed bits, do not count.") +
                QLatin1Char('\n') + NCsvImport::help(),
            {{"DEST", Tool::tr("The value file to change."), EWord::File},
             {"SOURCE", Tool::tr("The value file to take values from."), EWord::File,
@@ -98,6 +108,9 @@ QVector<SCommand> importCommands() {
             {kKeepMissing,
              {},
              Tool::tr("Leave what SOURCE lacks as it is, instead of setting it to its default.")},
+            {kAllowInvalid,
+             {},
+             Tool::tr("Save values that the definitions do not allow, too. They are still told.")},
             NOptions::dryRun(),
             NOptions::noWait(),
             NOptions::json()},

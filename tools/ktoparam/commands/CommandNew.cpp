@@ -33,12 +33,9 @@ bool addAll(CLoadedFile& loaded, const CInvocation& invocation, SEditCounts& cou
     return false;
   }
   for (const QString& name : file.defNames()) {
-    if (file.addParameter(group, name)) {
-      ++counts.added;
-      continue;
-    }
-    ++counts.failed;
-    loaded.message(file.errorMsg());
+    const bool isAdded = file.addParameter(group, name) != nullptr;
+    counts.note(isAdded ? SEditedParam::Added : SEditedParam::Failed, subDevice, name);
+    if (!isAdded) loaded.message(file.errorMsg());
   }
   return true;
 }
@@ -69,7 +66,8 @@ EExitStatus create(const CInvocation& invocation, COutput& out) {
   CValueEdit edit(loaded, invocation, out);
   SEditCounts counts;
   const bool isDone = addAll(loaded, invocation, counts);
-  return isDone && counts.failed == 0 ? edit.finish(counts) : edit.refuse(counts);
+  return isDone && counts.failed == 0 ? edit.finish(counts, CValueEdit::Saved)
+                                      : edit.refuse(counts);
 }
 
 }  // namespace
@@ -78,8 +76,11 @@ QVector<SCommand> newCommands() {
   return {
       {"new",
        Tool::tr("Make a value file with every defined parameter at its default."),
-       Tool::tr("The parameters are those of the definition file, by id. A file that exists is "
-                "never replaced. The file gets version 1.0."),
+       Tool::tr(
+           "The parameters are those of the definition file, by id. A file that exists is "
+           "never replaced. The file gets version 1.0.\nDefaults that the definitions do not "
+           "allow, also missing ones of numbers, are written all the same and told as \"check\" "
+           "tells them; the exit status is 1 when one of them is an error."),
        {{"VALUE-FILE", Tool::tr("The value file to make."), EWord::File}},
        {NOptions::required(NOptions::def(Tool::tr("The definition file."))),
         NOptions::required(NOptions::hardwareId(Tool::tr("The hardware id."))),

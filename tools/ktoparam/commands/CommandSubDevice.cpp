@@ -41,17 +41,16 @@ EExitStatus runList(const CInvocation& invocation, COutput& out) {
 /// What a copy will do to the target.
 SEditCounts countsOf(const ICParameterFile& file, quint8 source, quint8 target) {
   SEditCounts counts;
-  int inBoth = 0;
   for (const QString& name : file.paramNames(source)) {
     const CParamVal old = file.paramValue(name, target);
-    if (old.isNull()) {
-      ++counts.added;
-      continue;
-    }
-    ++inBoth;
-    old.asStr() == file.paramValue(name, source).asStr() ? ++counts.equal : ++counts.taken;
+    const bool isEqual = old.asStr() == file.paramValue(name, source).asStr();
+    counts.note(old.isNull() ? SEditedParam::Added
+                : isEqual    ? SEditedParam::Equal
+                             : SEditedParam::Taken,
+                target, name);
   }
-  counts.removed = file.paramNames(target).size() - inBoth;
+  for (const QString& name : file.paramNames(target))
+    if (file.paramValue(name, source).isNull()) counts.note(SEditedParam::Removed, target, name);
   return counts;
 }
 

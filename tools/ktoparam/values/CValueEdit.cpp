@@ -1,10 +1,15 @@
 #include "CValueEdit.h"
 
+#include "CEditJudge.h"
+#include "CEditedParams.h"
 #include "CInvocation.h"
 #include "CLoadedFile.h"
 #include "CParameterFileComparison.h"
 #include "NDifferences.h"
+#include "NFindings.h"
 #include "Output.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -34,6 +39,19 @@ QJsonObject toJson(const SEditCounts& counts) {
           {"unknown", counts.unknown}, {"failed", counts.failed}};
 }
 
+/// The differences that are not told of each parameter: sub-devices, moves and ids.
+CParamDifferences withoutValues(const CParamDifferences& differences) {
+  CParamDifferences others;
+  for (const SParamDifference& each : differences) {
+    if (each.kind != SParamDifference::ValueChanged &&
+        each.kind != SParamDifference::ParameterAdded &&
+        each.kind != SParamDifference::ParameterRemoved) {
+      others.append(each);
+    }
+  }
+  return others;
+}
+
 }  // namespace
 
 CValueEdit::CValueEdit(CLoadedFile& loaded, const CInvocation& invocation, COutput& out)
@@ -41,36 +59,63 @@ CValueEdit::CValueEdit(CLoadedFile& loaded, const CInvocation& invocation, COutp
   loaded.file().clearChanged();
 }
 
-EExitStatus CValueEdit::finish(const SEditCounts& counts) {
-  const bool save = mLoaded.file().isChanged() && !mInvocation.isDryRun();
+EExitStatus CValueEdit::finish(const SEditCounts& counts, EInvalid invalid) {
+  CParamFindings findings;
+  if (invalid != NotJudged) findings = CEditJudge(*mBefore, mLoaded.file()).newFindings();
+  const auto errors = std::count_if(findings.cbegin(), findings.cend(), [](const auto& each) {
+    return each.severity == SParamFinding::Error;
+  });
+  const bool isRefused = errors > 0 && invalid == Refused;
+  const bool save = mLoaded.file().isChanged() && !mInvocation.isDryRun() && !isRefused;
   if (save && !mLoaded.save()) return ExitFile;
-  return report(counts, ExitDone, save);
+  tell(findings);
+  if (errors > 0 && save) {
+    mLoaded.message(
+        Tool::tr("values that are not allowed: %1; they were saved all the same.").arg(errors));
+  }
+  if (isRefused) {
+    mLoaded.message(Tool::tr("values that are not allowed: %1; nothing is saved unless "
+                             "--allow-invalid is given.")
+                        .arg(errors));
+  }
+  report(counts, findings, save);
+  return errors > 0 && invalid != SavedAsTold ? ExitFindings : ExitDone;
 }
 
 EExitStatus CValueEdit::refuse(const SEditCounts& counts) {
-  return report(counts, ExitFindings, false);
+  report(counts, {}, false);
+  return ExitFindings;
 }
 
-EExitStatus CValueEdit::report(const SEditCounts& counts, EExitStatus status, bool isSaved) {
+void CValueEdit::tell(const CParamFindings& findings) const {
+  for (const SParamFinding& each : findings) {
+    const QString severity = SParamFinding::severityText(each.severity);
+    mLoaded.message(NFindings::line(each, severity, mOut.labels()));
+  }
+}
+
+void CValueEdit::report(const SEditCounts& counts, const CParamFindings& findings, bool isSaved) {
   mLoaded.unlock();
   ICParameterFile& file = mLoaded.file();
-  const bool isDryRun = mInvocation.isDryRun();
-  CParamDifferences changes;
-  if (isDryRun || mInvocation.wantsJson()) {
-    // As texts: whatever is written in another way is a change of the file.
-    changes = CParameterFileComparison::compareHardwareIds(*mBefore, file.hardwareId(), file,
-                                                           file.hardwareId());
+  // As texts: whatever is written in another way is a change of the file.
+  const CParamDifferences changes = CParameterFileComparison::compareHardwareIds(
+      *mBefore, file.hardwareId(), file, file.hardwareId());
+  CEditedParams params(*mBefore, file, mOut.labels());
+  if (!mInvocation.wantsJson()) {
+    NDifferences::print(withoutValues(changes), file, mOut);
+    params.print(counts.params, mOut);
+    mOut.line(toText(counts));
+    mInvocation.noteDryRun(mOut);
+    return;
   }
-  if (mInvocation.wantsJson()) {
-    mOut.json({{"file", mLoaded.fileName()},
-               {"hardwareId", mOut.labels().of(file.hardwareId())},
-               {"saved", isSaved},
-               {"counts", toJson(counts)},
-               {"changes", NDifferences::toJson(changes, mOut.labels())}});
-    return status;
-  }
-  NDifferences::print(changes, file, mOut);
-  mOut.line(toText(counts));
-  mInvocation.noteDryRun(mOut);
-  return status;
+  QJsonArray found;
+  for (const SParamFinding& each : findings)
+    found.append(NFindings::toJson(mLoaded.fileName(), each, mOut.labels()));
+  mOut.json({{"file", mLoaded.fileName()},
+             {"hardwareId", mOut.labels().of(file.hardwareId())},
+             {"saved", isSaved},
+             {"counts", toJson(counts)},
+             {"parameters", params.toJson(counts.params)},
+             {"findings", found},
+             {"changes", NDifferences::toJson(changes, mOut.labels())}});
 }

@@ -110,7 +110,8 @@ QVector<SCommand> importCommands() {
              Tool::tr("Leave what SOURCE lacks as it is, instead of setting it to its default.")},
             {kAllowInvalid,
              {},
-             Tool::tr("Save values that the definitions do not allow, too. They are still told.")},
+             Tool::tr("Save all the same where the definitions do not allow a value, and exit with "
+                      "0. What they do not allow is still told.")},
             NOptions::dryRun(),
             NOptions::noWait(),
             NOptions::json()},

@@ -85,6 +85,17 @@
     </message>
 </context>
 <context>
+    <name>CBitNames</name>
+    <message>
+        <source>&quot;%1&quot; is not the name of a bit.</source>
+        <translation>&quot;%1&quot; ist nicht der Name eines Bits.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not go with the type %2 or with the other bits.</source>
+        <translation>&quot;%1&quot; passt nicht zum Typ %2 oder zu den anderen Bits.</translation>
+    </message>
+</context>
+<context>
     <name>CCompensationFileImpl</name>
     <message>
         <source>Old compensation data point format found.</source>

@@ -227,10 +227,6 @@
         <translation>Eine Wertedatei.</translation>
     </message>
     <message>
-        <source>Names of parameters, or patterns.</source>
-        <translation>Namen von Parametern oder Muster.</translation>
-    </message>
-    <message>
         <source>The definition file.</source>
         <translation>Die Definitionsdatei.</translation>
     </message>
@@ -273,10 +269,6 @@
     <message>
         <source>Show how the values of two files differ.</source>
         <translation>Zeigt, worin sich die Werte zweier Dateien unterscheiden.</translation>
-    </message>
-    <message>
-        <source>Print all values for a spreadsheet or a program.</source>
-        <translation>Gibt alle Werte für eine Tabellenkalkulation oder ein Programm aus.</translation>
     </message>
     <message>
         <source>One of csv, tsv and json.</source>
@@ -325,10 +317,6 @@
     <message>
         <source>All hardware ids and sub-devices that have a parameter are listed, unless options choose one. The exit status is 1 when a name is found nowhere; the others are still printed.</source>
         <translation>Alle Hardware-IDs und Subdevices, die einen Parameter haben, werden gezeigt, wenn keine Option eines auswählt. Der Exit-Status ist 1, wenn ein Name nirgends gefunden wird; die anderen werden trotzdem ausgegeben.</translation>
-    </message>
-    <message>
-        <source>Names of parameters.</source>
-        <translation>Namen von Parametern.</translation>
     </message>
     <message>
         <source>A definition file: adds units, names of choices and bits, and a &quot;*&quot; before what is not the default.</source>
@@ -399,24 +387,12 @@
         <translation>Übernimmt die Werte einer anderen Datei oder einer anderen Hardware-ID.</translation>
     </message>
     <message>
-        <source>Every parameter of DEST gets the value that SOURCE has for the same sub-device and name, or else the default of its definition. Parameters that only SOURCE has are added when they are defined, and skipped (&quot;unknown&quot;) when they are not. All is done, or nothing.
-DEST and SOURCE may be one file with two hardware ids.
-Prints how many parameters were taken, were equal already, got the default, were kept, added, and so on.</source>
-        <translation>Jeder Parameter von DEST bekommt den Wert, den SOURCE für dasselbe Subdevice und denselben Namen hat, sonst den Vorgabewert seiner Definition. Parameter, die nur SOURCE hat, werden hinzugefügt, wenn sie definiert sind, und übersprungen (&quot;unbekannt&quot;), wenn nicht. Es geschieht alles oder nichts.
-DEST und SOURCE dürfen eine Datei mit zwei Hardware-IDs sein.
-Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgabewert bekamen, behalten oder hinzugefügt wurden und so weiter.</translation>
-    </message>
-    <message>
         <source>The value file to change.</source>
         <translation>Die Wertedatei, die geändert wird.</translation>
     </message>
     <message>
         <source>The value file to take values from.</source>
         <translation>Die Wertedatei, aus der die Werte kommen.</translation>
-    </message>
-    <message>
-        <source>The definition file of DEST.</source>
-        <translation>Die Definitionsdatei von DEST.</translation>
     </message>
     <message>
         <source>The hardware id in SOURCE; needed when it has several.</source>
@@ -487,10 +463,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
         <translation>Legt eine Wertedatei mit allen definierten Parametern und ihren Vorgabewerten an.</translation>
     </message>
     <message>
-        <source>The parameters are those of the definition file, by id. A file that exists is never replaced. The file gets version 1.0.</source>
-        <translation>Die Parameter sind die der Definitionsdatei, nach ID geordnet. Eine vorhandene Datei wird nie ersetzt. Die Datei bekommt die Version 1.0.</translation>
-    </message>
-    <message>
         <source>The value file to make.</source>
         <translation>Die Wertedatei, die angelegt wird.</translation>
     </message>
@@ -521,10 +493,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
     <message>
         <source>HINT</source>
         <translation>HINWEIS</translation>
-    </message>
-    <message>
-        <source>Find parameters by words in their names, hints and choices.</source>
-        <translation>Findet Parameter nach Wörtern in Namen, Hinweisen und Auswahlwerten.</translation>
     </message>
     <message>
         <source>A definition file.</source>
@@ -559,10 +527,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
         <translation>Ändert Werte von Parametern, die eine Datei hat.</translation>
     </message>
     <message>
-        <source>Names of parameters and their new values.</source>
-        <translation>Namen von Parametern und ihre neuen Werte.</translation>
-    </message>
-    <message>
         <source>The sub-device, 0 to 255; needed when several have a parameter of the name.</source>
         <translation>Das Subdevice, 0 bis 255; nötig, wenn mehrere einen Parameter dieses Namens haben.</translation>
     </message>
@@ -581,10 +545,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
     <message>
         <source>The definition file of a value file.</source>
         <translation>Die Definitionsdatei einer Wertedatei.</translation>
-    </message>
-    <message>
-        <source>Only values that are not the default; needs --def.</source>
-        <translation>Nur Werte, die nicht der Vorgabewert sind; braucht --def.</translation>
     </message>
     <message>
         <source>List the sub-devices of a file, such as the axes of a drive.</source>
@@ -859,10 +819,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
         <translation>Hardware-ID %1, Subdevice %2 (%3)</translation>
     </message>
     <message>
-        <source>--changed needs --def, which tells the defaults.</source>
-        <translation>--changed braucht --def, das die Vorgabewerte nennt.</translation>
-    </message>
-    <message>
         <source> Did you mean &quot;%1&quot;?</source>
         <translation> Meinten Sie &quot;%1&quot;?</translation>
     </message>
@@ -881,10 +837,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
     <message>
         <source>NEW is missing. Without it, --%1 or --%2 tells what to compare with.</source>
         <translation>NEW fehlt. Ohne diese Angabe sagt --%1 oder --%2, womit verglichen wird.</translation>
-    </message>
-    <message>
-        <source>A value file; OLD unless given.</source>
-        <translation>Eine Wertedatei; ohne Angabe OLD.</translation>
     </message>
     <message>
         <source>Compare it with this one of NEW.</source>
@@ -917,18 +869,6 @@ Gibt aus, wie viele Parameter übernommen wurden, schon gleich waren, den Vorgab
     <message>
         <source>Value files, or definition files.</source>
         <translation>Wertedateien oder Definitionsdateien.</translation>
-    </message>
-    <message>
-        <source>The definition file; needed for value files.</source>
-        <translation>Die Definitionsdatei; nötig für Wertedateien.</translation>
-    </message>
-    <message>
-        <source>nothing has this word in its name, hint or choices.%1</source>
-        <translation>nichts hat dieses Wort im Namen, im Hinweis oder in den Auswahlwerten.%1</translation>
-    </message>
-    <message>
-        <source>nothing has all these words in its name, hint and choices.%1</source>
-        <translation>nichts hat alle diese Wörter im Namen, im Hinweis und in den Auswahlwerten.%1</translation>
     </message>
     <message>
         <source>The type is the name of the root element, when it is that of a parameter file. The exit status is 1 when a type is not known.</source>
@@ -1007,18 +947,6 @@ Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
         <translation>Der Bereich darf nicht leer sein, und die Positionen müssen in ihm liegen und wachsen; nur die ersten %1 Punkte sind überhaupt gültig. Nach einem Punkt, der zu weit liegt, sind auch alle falsch, die nicht noch weiter liegen. Texte, die keine Zahlen sind, und Punkte, denen etwas fehlt, werden ebenfalls genannt. Der Exit-Status ist 1, wenn es etwas gibt.</translation>
     </message>
     <message>
-        <source>Without a pattern all parameters of the hardware id are set. In a pattern &quot;*&quot; matches any characters and &quot;?&quot; one; put it in quotes, or the shell looks for files. Parameters that are not defined, or whose definition has no default, are left as they are and counted as unknown or kept. A pattern that no name matches is an error, and nothing is changed then.</source>
-        <translation>Ohne Muster werden alle Parameter der Hardware-ID gesetzt. In einem Muster steht &quot;*&quot; für beliebige Zeichen und &quot;?&quot; für eines; setzen Sie es in Anführungszeichen, sonst sucht die Shell nach Dateien. Parameter, die nicht definiert sind oder deren Definition keinen Vorgabewert hat, bleiben, wie sie sind, und werden als unbekannt oder behalten gezählt. Ein Muster, zu dem kein Name passt, ist ein Fehler; dann wird nichts geändert.</translation>
-    </message>
-    <message>
-        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment do not count as differences.
-Two hardware ids or two sub-devices can be compared, too, also of one file; the list shows those of NEW then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
-The exit status is 1 when there are differences.</source>
-        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
-Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
-Der Exit-Status ist 1, wenn es Unterschiede gibt.</translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; is not a format; use csv, tsv or json.</source>
         <translation>&quot;%1&quot; ist kein Format; es gibt csv, tsv und json.</translation>
     </message>
@@ -1053,34 +981,418 @@ OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</
         <translation>%1 ist keine Wertedatei; für andere gibt es nur die Option --json.</translation>
     </message>
     <message>
-        <source>Definitions are shown as a table, values as a tree for each hardware id and sub-device. With --def, units and the names of choices and bits are shown with the values, and a &quot;*&quot; before each value that is not the default.
-Settings are shown as a tree, compensation tables point by point, with a &quot;!&quot; before each wrong one.
-A text is quoted, as in JSON, when it is empty, begins or ends with a blank, or holds line breaks or control characters.</source>
-        <translation>Definitionen erscheinen als Tabelle, Werte als Baum für jede Hardware-ID und jedes Subdevice. Mit --def stehen Einheiten und die Namen von Auswahlwerten und Bits neben den Werten, und ein &quot;*&quot; vor jedem Wert, der nicht der Vorgabewert ist.
-Einstellungen erscheinen als Baum, Kompensationstabellen Punkt für Punkt, mit einem &quot;!&quot; vor jedem falschen.
-Ein Text steht wie in JSON in Anführungszeichen, wenn er leer ist, mit einem Leerzeichen anfängt oder endet oder Zeilenumbrüche oder Steuerzeichen enthält.</translation>
-    </message>
-    <message>
         <source>this is not a regular file.</source>
         <translation>dies ist keine reguläre Datei.</translation>
-    </message>
-    <message>
-        <source>Lists the definitions that have all words, or parts of words; capitals make no difference. The first words that are names of files are searched as well. The exit status is 1 when nothing is found.</source>
-        <translation>Zeigt die Definitionen, die alle Wörter oder Wortteile enthalten; Groß- und Kleinschreibung ist gleich. Die ersten Wörter, die Namen von Dateien sind, werden ebenfalls durchsucht. Der Exit-Status ist 1, wenn nichts gefunden wird.</translation>
     </message>
     <message>
         <source>Print files as lines that can be compared.</source>
         <translation>Gibt Dateien in Zeilen aus, die sich vergleichen lassen.</translation>
     </message>
     <message>
-        <source>Each value has a line of its own with all that tells where it belongs, so that any tool that compares lines shows what changed. The date, which each save renews, is left out. Of several files, each line begins with the file&apos;s name.
-git uses it with: git config diff.ktoparam.textconv &quot;ktoparam text&quot;, and in .gitattributes: *.xparam diff=ktoparam</source>
-        <translation>Jeder Wert hat eine eigene Zeile mit allem, was sagt, wohin er gehört, so dass jedes Programm, das Zeilen vergleicht, zeigt, was sich geändert hat. Das Datum, das jedes Speichern erneuert, fehlt. Bei mehreren Dateien beginnt jede Zeile mit dem Namen der Datei.
-git benutzt es mit: git config diff.ktoparam.textconv &quot;ktoparam text&quot; und in .gitattributes: *.xparam diff=ktoparam</translation>
-    </message>
-    <message>
         <source>Files of any kind.</source>
         <translation>Dateien beliebiger Art.</translation>
+    </message>
+    <message>
+        <source>--def and --no-def cannot be used together.</source>
+        <translation>--def und --no-def können nicht zusammen benutzt werden.</translation>
+    </message>
+    <message>
+        <source>--%1 is given twice.</source>
+        <translation>--%1 ist doppelt angegeben.</translation>
+    </message>
+    <message>
+        <source>Do without definitions, also where a definition file is found.</source>
+        <translation>Kommt ohne Definitionen aus, auch wo sich eine Definitionsdatei findet.</translation>
+    </message>
+    <message>
+        <source>Give up at once, and not after ten seconds, while another program changes a file in the folder.</source>
+        <translation>Sofort aufgeben, und nicht erst nach zehn Sekunden, solange ein anderes Programm eine Datei im Ordner ändert.</translation>
+    </message>
+    <message>
+        <source>Names of parameters, patterns with &quot;*&quot; and &quot;?&quot;, groups (Motion/Limits), or addresses as text prints them (KTO-2A-16[2]/Motion/Limits/VelocityLimit). Put patterns in quotes, or the shell looks for files.</source>
+        <translation>Namen von Parametern, Muster mit &quot;*&quot; und &quot;?&quot;, Gruppen (Motion/Limits) oder Adressen, wie text sie ausgibt (KTO-2A-16[2]/Motion/Limits/VelocityLimit). Muster gehören in Anführungszeichen, sonst sucht die Shell nach Dateien.</translation>
+    </message>
+    <message>
+        <source>The definition file of all value files; without it, one is looked for.</source>
+        <translation>Die Definitionsdatei aller Wertedateien; ohne sie wird eine gesucht.</translation>
+    </message>
+    <message>
+        <source>Without a name all parameters of the hardware id are set. Parameters that are not defined, or whose definition has no default, are left as they are and listed as skipped or kept. A name or pattern that is found nowhere is an error, and nothing is changed then.
+Defaults that the definitions do not allow are set all the same and told as &quot;check&quot; tells them, as are other values that a limit parameter no longer allows then; the exit status is 1 when one of them is an error.</source>
+        <translation>Ohne Namen werden alle Parameter der Hardware-ID gesetzt. Parameter, die nicht definiert sind oder deren Definition keinen Vorgabewert hat, bleiben, wie sie sind, und werden als übersprungen oder behalten aufgelistet. Ein Name oder Muster, das nirgends gefunden wird, ist ein Fehler; dann wird nichts geändert.
+Vorgabewerte, die die Definitionen nicht erlauben, werden trotzdem gesetzt und gemeldet, wie &quot;check&quot; sie meldet, ebenso andere Werte, die ein Grenzparameter dann nicht mehr erlaubt; der Exit-Status ist 1, wenn einer davon ein Fehler ist.</translation>
+    </message>
+    <message>
+        <source>%1 parameters have other ids; --only id lists them.</source>
+        <translation>%1 Parameter haben andere IDs; --only id listet sie auf.</translation>
+    </message>
+    <message>
+        <source>Only these, with commas between them: %1.</source>
+        <translation>Nur diese, durch Kommas getrennt: %1.</translation>
+    </message>
+    <message>
+        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment do not count as differences.
+Two hardware ids or two sub-devices can be compared, too, also of one file; the list shows those of NEW then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
+An id that changed in the same way wherever its parameter is stands in the list once, without hardware id or sub-device; more than 24 such lines are only counted. The counts of all kinds follow and, behind a list of more than 24 lines, where most differences are.
+The exit status is 1 when there are differences; with --only, when there are some of these kinds.</source>
+        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
+Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
+Eine ID, die sich überall, wo es ihren Parameter gibt, gleich geändert hat, steht nur einmal in der Liste, ohne Hardware-ID oder Subdevice; mehr als 24 solche Zeilen werden nur gezählt. Danach stehen die Zahlen aller Arten und hinter einer Liste von mehr als 24 Zeilen, wo die meisten Unterschiede sind.
+Der Exit-Status ist 1, wenn es Unterschiede gibt; mit --only, wenn es welche dieser Arten gibt.</translation>
+    </message>
+    <message>
+        <source>A value file; OLD unless given, where an option names its other part.</source>
+        <translation>Eine Wertedatei; ohne Angabe OLD, wo eine Option dessen anderen Teil nennt.</translation>
+    </message>
+    <message>
+        <source>Print values for a spreadsheet or a program.</source>
+        <translation>Gibt Werte für eine Tabellenkalkulation oder ein Programm aus.</translation>
+    </message>
+    <message>
+        <source>In CSV, a text that a spreadsheet would run as a formula has an apostrophe in front, and so has one that begins with an apostrophe. &quot;import --csv&quot; takes the values back.</source>
+        <translation>In CSV steht vor einem Text, den eine Tabellenkalkulation als Formel ausführen würde, ein Apostroph, und ebenso vor einem, der mit einem Apostroph beginnt. &quot;import --csv&quot; nimmt die Werte zurück.</translation>
+    </message>
+    <message>
+        <source>SOURCE or --csv FILE is missing.</source>
+        <translation>SOURCE oder --csv FILE fehlt.</translation>
+    </message>
+    <message>
+        <source>SOURCE and --csv cannot be used together.</source>
+        <translation>SOURCE und --csv gehen nicht zusammen.</translation>
+    </message>
+    <message>
+        <source>--%1 goes with SOURCE, not with --csv.</source>
+        <translation>--%1 gehört zu SOURCE, nicht zu --csv.</translation>
+    </message>
+    <message>
+        <source>Every parameter of DEST gets the value that SOURCE has for the same sub-device and name, or else the default of its definition. Parameters that only SOURCE has are added when they are defined, and skipped (&quot;unknown&quot;) when they are not. All is done, or nothing.
+DEST and SOURCE may be one file with two hardware ids.
+Lists by name what was taken, got the default, was kept, added or skipped, with old and new value; what was equal already is only counted.
+Values that the definitions do not allow are told as &quot;check&quot; tells them: those that were written, and others that a written limit parameter no longer allows. Nothing is saved then, and the exit status is 1. What was wrong before and stays as it was is not looked at; warnings, such as of unnamed bits, do not count.</source>
+        <translation>Jeder Parameter von DEST bekommt den Wert, den SOURCE für dasselbe Subdevice und denselben Namen hat, sonst den Vorgabewert seiner Definition. Parameter, die nur SOURCE hat, werden hinzugefügt, wenn sie definiert sind, und übersprungen (&quot;unbekannt&quot;), wenn nicht. Es geschieht alles oder nichts.
+DEST und SOURCE dürfen eine Datei mit zwei Hardware-IDs sein.
+Listet mit Namen auf, was übernommen wurde, den Vorgabewert bekam, behalten, hinzugefügt oder übersprungen wurde, mit altem und neuem Wert; was schon gleich war, wird nur gezählt.
+Werte, die die Definitionen nicht erlauben, werden gemeldet, wie &quot;check&quot; sie meldet: geschriebene und andere, die ein geschriebener Grenzparameter nicht mehr erlaubt. Dann wird nichts gespeichert, und der Exit-Status ist 1. Was vorher falsch war und so bleibt, wird nicht betrachtet; Warnungen, etwa zu Bits ohne Namen, zählen nicht.</translation>
+    </message>
+    <message>
+        <source>The definition file of DEST; needed with SOURCE.</source>
+        <translation>Die Definitionsdatei von DEST; nötig mit SOURCE.</translation>
+    </message>
+    <message>
+        <source>Save all the same where the definitions do not allow a value, and exit with 0. What they do not allow is still told.</source>
+        <translation>Auch dann speichern, wenn die Definitionen einen Wert nicht erlauben, und mit 0 enden. Was sie nicht erlauben, wird weiterhin gemeldet.</translation>
+    </message>
+    <message>
+        <source>The parameters are those of the definition file, by id. A file that exists is never replaced. The file gets version 1.0.
+Defaults that the definitions do not allow, also missing ones of numbers, are written all the same and told as &quot;check&quot; tells them; the exit status is 1 when one of them is an error.</source>
+        <translation>Die Parameter sind die der Definitionsdatei, nach ID geordnet. Eine vorhandene Datei wird nie ersetzt. Die Datei bekommt die Version 1.0.
+Vorgabewerte, die die Definitionen nicht erlauben, auch fehlende von Zahlen, werden trotzdem geschrieben und gemeldet, wie &quot;check&quot; sie meldet; der Exit-Status ist 1, wenn einer davon ein Fehler ist.</translation>
+    </message>
+    <message>
+        <source>minimum %1</source>
+        <translation>Minimum %1</translation>
+    </message>
+    <message>
+        <source>maximum %1</source>
+        <translation>Maximum %1</translation>
+    </message>
+    <message>
+        <source>LIMITS FOUND</source>
+        <translation>GEFUNDENE GRENZEN</translation>
+    </message>
+    <message>
+        <source>nothing has this word in its name, hint, choices or limits, or as its id.%1</source>
+        <translation>nichts hat dieses Wort im Namen, im Hinweis, in den Auswahlwerten oder Grenzen, oder als ID.%1</translation>
+    </message>
+    <message>
+        <source>nothing has all these words in its name, hint, choices and limits, or as its id.%1</source>
+        <translation>nichts hat alle diese Wörter im Namen, im Hinweis, in den Auswahlwerten und Grenzen, oder als ID.%1</translation>
+    </message>
+    <message>
+        <source>Find parameters by words in their names, hints and choices, by ids and by limits.</source>
+        <translation>Findet Parameter nach Wörtern in Namen, Hinweisen und Auswahlwerten, nach IDs und nach Grenzen.</translation>
+    </message>
+    <message>
+        <source>Lists the definitions that have all words, or parts of words; capitals make no difference. A number also finds the id, choices and limits that are that number, and the whole name of a parameter finds those that it limits. The first words that are names of files are searched as well. The exit status is 1 when nothing is found.</source>
+        <translation>Zeigt die Definitionen, die alle Wörter oder Wortteile enthalten; Groß- und Kleinschreibung ist gleich. Eine Zahl findet auch die ID sowie Auswahlwerte und Grenzen, die diese Zahl sind, und der ganze Name eines Parameters jene, die er begrenzt. Die ersten Wörter, die Namen von Dateien sind, werden ebenfalls durchsucht. Der Exit-Status ist 1, wenn nichts gefunden wird.</translation>
+    </message>
+    <message>
+        <source>With --def, bits may be given as they are shown, such as &quot;DI4 | bit 7&quot;; named ones that are not given are not active then.</source>
+        <translation>Mit --def dürfen Bits so angegeben werden, wie sie gezeigt werden, etwa &quot;DI4 | bit 7&quot;; benannte, die nicht angegeben sind, sind dann nicht aktiv.</translation>
+    </message>
+    <message>
+        <source>Without --def, a definition file that is found changes nothing that is stored; there is a warning of what it does not allow.</source>
+        <translation>Ohne --def ändert eine gefundene Definitionsdatei nichts an dem, was gespeichert wird; was sie nicht erlaubt, wird als Warnung gemeldet.</translation>
+    </message>
+    <message>
+        <source>Names or addresses of parameters, and their new values.</source>
+        <translation>Namen oder Adressen von Parametern und ihre neuen Werte.</translation>
+    </message>
+    <message>
+        <source>%1 has no parameters; names choose among those of values and definitions.</source>
+        <translation>%1 hat keine Parameter; Namen wählen unter denen von Werten und Definitionen aus.</translation>
+    </message>
+    <message>
+        <source>Definitions are shown as a table, values as a tree for each hardware id and sub-device. With --def, units and the names of choices and bits are shown with the values, and a &quot;*&quot; before each value that is not the default.
+Settings are shown as a tree, compensation tables point by point, with a &quot;!&quot; before each wrong one.
+With names, only these values are shown, or each of these definitions is shown whole: also which parameters limit it, which it limits, and what else refers to it. A definition may be named by its id, too. A name goes before a pattern. The exit status is 1 when one is not found; the others are still shown.
+A text is quoted, as in JSON, when it is empty, begins or ends with a blank, or holds line breaks or control characters.</source>
+        <translation>Definitionen erscheinen als Tabelle, Werte als Baum für jede Hardware-ID und jedes Subdevice. Mit --def stehen Einheiten und die Namen von Auswahlwerten und Bits neben den Werten, und ein &quot;*&quot; vor jedem Wert, der nicht der Vorgabewert ist.
+Einstellungen erscheinen als Baum, Kompensationstabellen Punkt für Punkt, mit einem &quot;!&quot; vor jedem falschen.
+Mit Namen erscheinen nur diese Werte, oder jede dieser Definitionen ganz: auch, welche Parameter sie begrenzen, welche sie begrenzt und was sonst auf sie verweist. Eine Definition kann auch mit ihrer ID genannt werden. Ein Name geht vor einem Muster. Der Status ist 1, wenn einer nicht gefunden wird; die anderen erscheinen trotzdem.
+Ein Text steht wie in JSON in Anführungszeichen, wenn er leer ist, mit einem Leerzeichen anfängt oder endet oder Zeilenumbrüche oder Steuerzeichen enthält.</translation>
+    </message>
+    <message>
+        <source>Only values that are not the default; needs definitions.</source>
+        <translation>Nur Werte, die nicht der Vorgabewert sind; braucht Definitionen.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>This file cannot be read: %1</source>
+        <translation>Diese Datei kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Each value has a line of its own with all that tells where it belongs, so that any tool that compares lines shows what changed. Files of different content never give the same lines: names are quoted, as in JSON, where they would mislead. Ids come last. The date, which each save renews, is left out. Of several files, each line begins with the file&apos;s name.
+git uses it with *.xparam diff=ktoparam in .gitattributes, and once in each clone:
+git config diff.ktoparam.textconv &quot;ktoparam text --textconv --&quot;</source>
+        <translation>Jeder Wert hat eine eigene Zeile mit allem, was sagt, wohin er gehört, so dass jedes Programm, das Zeilen vergleicht, zeigt, was sich geändert hat. Dateien mit verschiedenem Inhalt ergeben nie dieselben Zeilen: Namen stehen wie in JSON in Anführungszeichen, wo sie sonst irreführen würden. Die IDs stehen am Ende. Das Datum, das jedes Speichern erneuert, fehlt. Bei mehreren Dateien beginnt jede Zeile mit dem Namen der Datei.
+git benutzt es mit *.xparam diff=ktoparam in .gitattributes und einmal in jedem Klon:
+git config diff.ktoparam.textconv &quot;ktoparam text --textconv --&quot;</translation>
+    </message>
+    <message>
+        <source>For git: of a file that cannot be read, print why and then its content, and exit with 0.</source>
+        <translation>Für git: Bei einer Datei, die nicht gelesen werden kann, den Grund und dann ihren Inhalt ausgeben und mit 0 enden.</translation>
+    </message>
+    <message>
+        <source>another program is changing a file in the same folder; nothing was done. &quot;lslocks&quot; tells which program it is.</source>
+        <translation>ein anderes Programm ändert gerade eine Datei im selben Ordner; nichts wurde getan. &quot;lslocks&quot; zeigt, welches Programm es ist.</translation>
+    </message>
+    <message>
+        <source>the definitions are those of %1.</source>
+        <translation>die Definitionen sind die von %1.</translation>
+    </message>
+    <message>
+        <source> Its bits are: %1.</source>
+        <translation> Seine Bits sind: %1.</translation>
+    </message>
+    <message>
+        <source>there is no hardware id &quot;%1&quot;.</source>
+        <translation>die Hardware-ID &quot;%1&quot; gibt es nicht.</translation>
+    </message>
+    <message>
+        <source> The file has: %1.</source>
+        <translation> Die Datei hat: %1.</translation>
+    </message>
+    <message>
+        <source>in the sub-devices %1; the column subDevice has to tell which.</source>
+        <translation>in den Subdevices %1; die Spalte subDevice muss sagen, in welchem.</translation>
+    </message>
+    <message>
+        <source>not in that group; its address is %1.</source>
+        <translation>nicht in dieser Gruppe; die Adresse ist %1.</translation>
+    </message>
+    <message>
+        <source>not defined in the definition file.</source>
+        <translation>in der Definitionsdatei nicht definiert.</translation>
+    </message>
+    <message>
+        <source>stored as it is typed; with --def it would be %1.</source>
+        <translation>gespeichert, wie eingegeben; mit --def wäre es %1.</translation>
+    </message>
+    <message>
+        <source>line %1 has another value for it: %2.</source>
+        <translation>Zeile %1 hat dafür einen anderen Wert: %2.</translation>
+    </message>
+    <message>
+        <source>it is set twice, also to %1.</source>
+        <translation>er wird zweimal gesetzt, auch auf %1.</translation>
+    </message>
+    <message>
+        <source>a quote stands where no field begins or ends.</source>
+        <translation>ein Anführungszeichen steht, wo kein Feld beginnt oder endet.</translation>
+    </message>
+    <message>
+        <source>a field begins with a quote and does not end with one.</source>
+        <translation>ein Feld beginnt mit einem Anführungszeichen und endet nicht mit einem.</translation>
+    </message>
+    <message>
+        <source>the headings &quot;%1&quot; and &quot;%2&quot; are missing here, in a line separated by &quot;,&quot; or &quot;;&quot; as export --format csv writes it.</source>
+        <translation>hier fehlen die Überschriften &quot;%1&quot; und &quot;%2&quot;, in einer durch &quot;,&quot; oder &quot;;&quot; getrennten Zeile, wie export --format csv sie schreibt.</translation>
+    </message>
+    <message>
+        <source>the heading &quot;%1&quot; is there twice.</source>
+        <translation>die Überschrift &quot;%1&quot; steht zweimal da.</translation>
+    </message>
+    <message>
+        <source>this is not UTF-8; save the table as &quot;CSV UTF-8&quot;, or as CSV with the character set UTF-8.</source>
+        <translation>dies ist nicht UTF-8; speichern Sie die Tabelle als &quot;CSV UTF-8&quot; oder als CSV mit dem Zeichensatz UTF-8.</translation>
+    </message>
+    <message>
+        <source>the heading &quot;%1&quot; is missing, and %2 has several hardware ids; choose one with --hardware-id: %3.</source>
+        <translation>die Überschrift &quot;%1&quot; fehlt, und %2 hat mehrere Hardware-IDs; wählen Sie eine mit --hardware-id: %3.</translation>
+    </message>
+    <message>
+        <source>the line has %1 fields, and there are %2 headings.</source>
+        <translation>die Zeile hat %1 Felder, und es gibt %2 Überschriften.</translation>
+    </message>
+    <message>
+        <source>the hardware id is missing.</source>
+        <translation>die Hardware-ID fehlt.</translation>
+    </message>
+    <message>
+        <source>taken</source>
+        <translation>übernommen</translation>
+    </message>
+    <message>
+        <source>default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>behalten</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>übersprungen</translation>
+    </message>
+    <message>
+        <source>WHAT</source>
+        <translation>WAS</translation>
+    </message>
+    <message>
+        <source>%1 is not in the hardware id %2.</source>
+        <translation>%1 ist nicht in der Hardware-ID %2.</translation>
+    </message>
+    <message>
+        <source>%1 is not in sub-device %2.</source>
+        <translation>%1 ist nicht im Subdevice %2.</translation>
+    </message>
+    <message>
+        <source>values that are not allowed: %1; they were saved all the same.</source>
+        <translation>Werte, die nicht erlaubt sind: %1; sie wurden trotzdem gespeichert.</translation>
+    </message>
+    <message>
+        <source>values that are not allowed: %1; nothing is saved unless --allow-invalid is given.</source>
+        <translation>Werte, die nicht erlaubt sind: %1; ohne --allow-invalid wird nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>changed %1, equal %2, skipped %3</source>
+        <translation>geändert %1, gleich %2, übersprungen %3</translation>
+    </message>
+    <message>
+        <source>A table of values to take instead of SOURCE.</source>
+        <translation>Eine Tabelle von Werten, die statt SOURCE genommen wird.</translation>
+    </message>
+    <message>
+        <source>With --csv, DEST gets the values of a table that &quot;export --format csv&quot; printed and a spreadsheet saved, in UTF-8, with commas or semicolons. Its columns are found by their headings: name and value, and hardwareId and subDevice where DEST has several; all others are for reading. A row with the value that the parameter has is no edit. All rows are checked first, as &quot;set&quot; checks what is typed; then all changes are made, or none. Without --def a value is taken as the table has it, so that a spreadsheet&apos;s 1,5 or 1E+05 is stored like that; use --def, or look at the plan with --dry-run. With --hardware-id, rows of others are skipped.</source>
+        <translation>Mit --csv bekommt DEST die Werte einer Tabelle, die &quot;export --format csv&quot; ausgegeben und eine Tabellenkalkulation gespeichert hat, in UTF-8, mit Kommas oder Semikolons. Ihre Spalten werden an den Überschriften erkannt: name und value, und hardwareId und subDevice, wo DEST mehrere hat; alle anderen sind zum Lesen da. Eine Zeile mit dem Wert, den der Parameter hat, ist keine Änderung. Alle Zeilen werden zuerst geprüft, wie &quot;set&quot; prüft, was eingegeben wird; dann werden alle Änderungen gemacht oder keine. Ohne --def wird ein Wert so genommen, wie die Tabelle ihn hat: 1,5 oder 1E+05 einer Tabellenkalkulation wird so gespeichert; verwenden Sie --def, oder sehen Sie sich den Plan mit --dry-run an. Mit --hardware-id werden Zeilen anderer übersprungen.</translation>
+    </message>
+    <message>
+        <source>no definition matches &quot;%1&quot;.%2</source>
+        <translation>auf &quot;%1&quot; passt keine Definition.%2</translation>
+    </message>
+    <message>
+        <source>there is no definition &quot;%1&quot;.%2</source>
+        <translation>die Definition &quot;%1&quot; gibt es nicht.%2</translation>
+    </message>
+    <message>
+        <source>--only does not know &quot;%1&quot;.%2 It takes, with commas between them: %3.</source>
+        <translation>--only kennt &quot;%1&quot; nicht.%2 Möglich sind, durch Kommas getrennt: %3.</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPPE</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>%1, chosen by %2</source>
+        <translation>%1, gewählt durch %2</translation>
+    </message>
+    <message>
+        <source>or another value</source>
+        <translation>oder ein anderer Wert</translation>
+    </message>
+    <message>
+        <source>%1 (while clear)</source>
+        <translation>%1 (solange gelöscht)</translation>
+    </message>
+    <message>
+        <source>%1 (not defined)</source>
+        <translation>%1 (nicht definiert)</translation>
+    </message>
+    <message>
+        <source>Id</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Minimum of</source>
+        <translation>Minimum von</translation>
+    </message>
+    <message>
+        <source>Maximum of</source>
+        <translation>Maximum von</translation>
+    </message>
+    <message>
+        <source>Choices</source>
+        <translation>Auswahlwerte</translation>
+    </message>
+    <message>
+        <source>Radio buttons</source>
+        <translation>Optionsfelder</translation>
+    </message>
+    <message>
+        <source>Check box</source>
+        <translation>Kontrollkästchen</translation>
+    </message>
+    <message>
+        <source>Bits</source>
+        <translation>Bits</translation>
+    </message>
+    <message>
+        <source>Visible when</source>
+        <translation>Sichtbar bei</translation>
+    </message>
+    <message>
+        <source>Visibility of</source>
+        <translation>Sichtbarkeit von</translation>
+    </message>
+    <message>
+        <source>Unit of</source>
+        <translation>Einheit von</translation>
+    </message>
+    <message>
+        <source>Hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>--changed needs a definition file, which tells the defaults.</source>
+        <translation>--changed braucht eine Definitionsdatei, die die Vorgabewerte nennt.</translation>
     </message>
 </context>
 </TS>

@@ -1,4 +1,5 @@
 #include "CDomDoc.h"
+#include "TestRows.h"
 
 #include <QDomDocument>
 #include <QTextCodec>
@@ -89,6 +90,34 @@ class tst_CDomDoc : public QObject {
       QCOMPARE(document.toByteArray("UTF-8", error).isEmpty(), !isName);
       QVERIFY(isName || error == '"' + tag + "\" cannot be the name of an XML element.");
     }
+  }
+
+  // What could not be read again is not written: each "&" takes five bytes, or ten in UTF-16.
+  void refusesWhatIsTooLarge_data() {
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("encoding");
+    addRow("found while writing", 108000000, QString("UTF-8"));
+    addRow("found in UTF-16", 54000000, QString("UTF-16"));
+  }
+  void refusesWhatIsTooLarge() {
+    QFETCH(int, count);
+    QFETCH(QString, encoding);
+    CDomDoc document;
+    QString error;
+    CDomElement element = document.createRoot("T");
+    element.setTextUtf8(std::string(static_cast<size_t>(count), '&'));
+    QVERIFY(document.toByteArray(encoding, error).isEmpty());
+    QCOMPARE(error, QString("The document is larger than 512 MiB, so the file could not be read "
+                            "again."));
+  }
+
+  void indentsDeepElements() {
+    CDomDoc document;
+    QString error;
+    CDomElement element = document.createRoot("T");
+    for (int i = 0; i < 40; ++i) element = element.appendElement("T");
+    const QList<QByteArray> lines = document.toByteArray("UTF-8", error).split('\n');
+    QCOMPARE(lines.at(41), QByteArray(40, ' ') + "<T/>");
   }
 
   void goesThroughQtsDocument() {

@@ -5,6 +5,7 @@
 #include "CStr.h"
 #include "NParameterLookup.h"
 #include "NSuggestion.h"
+#include "SAddress.h"
 #include "Tool.h"
 #include "UniqueNames.h"
 
@@ -24,6 +25,8 @@ QStringList matching(const QString& pattern, const QStringList& all) {
 
 QStringList namesOf(const QString& word, const ICParameterFile& file, const QStringList& all) {
   if (!file.paramDef(word).name().isEmpty()) return {word};
+  const std::optional<SAddress> address = SAddress::read(word);
+  if (address && !file.paramDef(address->name).name().isEmpty()) return {address->name};
   if (isPattern(word)) return matching(word, all);
   quint32 id = 0;
   const QString name = CStr::strToU32(word, id) ? file.nameById(id) : QString();

@@ -133,9 +133,9 @@ CExactNumber CBitNames::numberOf(const QList<SBitValue>& active) const {
   quint64 bits = 0;
   for (const SBitValue& bit : mBits) setActive(bit, false, bits);
   for (const SBitValue& bit : active) setActive(bit, true, bits);
-  const quint64 all = CExactNumber::allBits(mType);
-  bits &= all;
+  const quint64 typeBits = CExactNumber::allBits(mType);
+  bits &= typeBits;
   if (CExactNumber::isUnsigned(mType)) return CExactNumber(bits);
-  const quint64 sign = all ^ (all >> 1U);
-  return CExactNumber(static_cast<qint64>((bits & sign) != 0 ? bits | ~all : bits));
+  const quint64 sign = typeBits ^ (typeBits >> 1U);
+  return CExactNumber(static_cast<qint64>((bits & sign) != 0 ? bits | ~typeBits : bits));
 }

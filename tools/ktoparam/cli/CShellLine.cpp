@@ -96,23 +96,23 @@ CShellLine::CShellLine(const QString& head, const QString& tail, const QString& 
     const bool isCurrent = span.start <= head.size() && head.size() <= span.end;
     const QString word = line.mid(span.start, (isCurrent ? head.size() : span.end) - span.start);
     const int size = operatorSize(word);
-    const bool isRedirection = isFile || size > 0;
+    const bool redirects = isFile || size > 0;
     isFile = size > 0 && size == word.size();
     if (isCurrent) {
-      mIsRedirection = isRedirection;
+      mIsRedirection = redirects;
       readCurrent(word, replaced);
-    } else if (!isRedirection) {
+    } else if (!redirects) {
       (span.end < head.size() ? mBefore : mAfter).append(SUnquoted(word).text);
     }
   }
 }
 
 void CShellLine::readCurrent(const QString& word, const QString& replaced) {
-  const SUnquoted before(word.left(word.size() - replaced.size()));
+  const SUnquoted kept(word.left(word.size() - replaced.size()));
   mCurrent = SUnquoted(word).text;
-  mStart = before.text.size();
-  mQuote = before.quote;
-  mIsLiteral = before.isLiteral && !before.isEscaped && word.endsWith(replaced);
+  mStart = kept.text.size();
+  mQuote = kept.quote;
+  mIsLiteral = kept.isLiteral && !kept.isEscaped && word.endsWith(replaced);
 }
 
 QString CShellLine::replacement(const QString& word) const {

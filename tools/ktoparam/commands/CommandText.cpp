@@ -34,12 +34,12 @@ EExitStatus printLines(const QString& fileName, const QString& lead, COutput& ou
 void printContent(const QString& fileName, const QString& lead, COutput& out) {
   QFile file(fileName);
   if (!file.open(QIODevice::ReadOnly)) return;
-  QTextStream text(&file);
-  text.setCodec("UTF-8");  // unless a byte order mark tells another
+  QTextStream lines(&file);
+  lines.setCodec("UTF-8");  // unless a byte order mark tells another
   const QByteArray beginning = file.peek(2);
-  if (beginning == QByteArray("<\0", 2)) text.setCodec("UTF-16LE");
-  if (beginning == QByteArray("\0<", 2)) text.setCodec("UTF-16BE");
-  for (QString line; text.readLineInto(&line);) out.line(NDisplayText::escaped(lead + line));
+  if (beginning == QByteArray("<\0", 2)) lines.setCodec("UTF-16LE");
+  if (beginning == QByteArray("\0<", 2)) lines.setCodec("UTF-16BE");
+  for (QString line; lines.readLineInto(&line);) out.line(NDisplayText::escaped(lead + line));
 }
 
 /// git gives up where one version in a history cannot be shown. So any file is, with what is wrong

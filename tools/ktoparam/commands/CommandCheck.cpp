@@ -79,11 +79,12 @@ struct SDefinitions {
 /// How the check of one file ended.
 struct SOutcome {
   EExitStatus status = ExitDone;
-  std::optional<SChecked> checked = {};
+  QString definitionFile = {};  ///< the file, or what its values were checked against
+  std::optional<SChecked> values = {};
 };
 
-/// Checks files, each as its kind asks for. Definitions are checked once for all files of values
-/// that they serve.
+/// Checks files, each as its kind asks for. Definitions are checked once, for all files of values
+/// that they serve, and reported before the first of them.
 class CChecking {
  public:
   CChecking(const CInvocation& invocation, COutput& out) : mInvocation(invocation), mOut(out) {}
@@ -115,7 +116,7 @@ class CChecking {
     return {ExitFile};
   }
 
-  SOutcome checkDefinitions(const QString& fileName) const {
+  SOutcome checkDefinitions(const QString& fileName) {
     if (mInvocation.isSet(NOptions::kDef) || mInvocation.isSet(NOptions::kNoDef) ||
         mInvocation.isSet(NOptions::kHardwareId) || mInvocation.isSet(kMissing)) {
       return {mInvocation.wrongUsage(
@@ -124,7 +125,8 @@ class CChecking {
     }
     CLoadedFile loaded(mOut);
     if (!loaded.load(fileName, SFileInfo::Definitions)) return {ExitFile};
-    return {ExitDone, checkedDefinitions(fileName, loaded)};
+    checkDefinitionsOnce(loaded);
+    return {ExitDone, fileName};
   }
 
   SOutcome checkValues(const QString& fileName) {
@@ -137,7 +139,7 @@ class CChecking {
     checkDefinitionsOnce(loaded);
     const auto missing = mInvocation.isSet(kMissing) ? CParameterFileChecker::ReportMissing
                                                      : CParameterFileChecker::SkipMissing;
-    return {ExitDone,
+    return {ExitDone, loaded.definitionFile(),
             SChecked(fileName,
                      CParameterFileChecker::checkValues(
                          loaded.file(), mInvocation.value(NOptions::kHardwareId), missing),
@@ -162,16 +164,13 @@ class CChecking {
     return {fileName, CParameterFileChecker::checkDefinitions(loaded.file())};
   }
 
-  /// The definitions come before the first file of values that they serve.
   void add(const SOutcome& outcome) {
-    if (!outcome.checked) return;
-    const QString& definitionFile = outcome.checked->definitionFile;
-    if (!definitionFile.isEmpty()) {
+    if (!outcome.definitionFile.isEmpty()) {
       const std::lock_guard lock(mMutex);
-      std::optional<SChecked>& definitions = mDefinitions[definitionFile].checked;
+      std::optional<SChecked>& definitions = mDefinitions[outcome.definitionFile].checked;
       if (definitions) mChecked.append(*std::exchange(definitions, {}));
     }
-    mChecked.append(*outcome.checked);
+    if (outcome.values) mChecked.append(*outcome.values);
   }
 
   const CInvocation& mInvocation;

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr int kPatienceMs = 300000;  // a machine that checks may be slow
+
 /// How a command ended, and what it wrote.
 struct SRun {
   int status;
@@ -41,7 +43,7 @@ class CWorkplace {
     process.setWorkingDirectory(mFolder.path());
     process.setProcessEnvironment(mEnvironment);
     process.start("bash", {"-o", "pipefail", "-c", command});
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(kPatienceMs) || process.exitStatus() != QProcess::NormalExit)
       return {-1, {}, {}};
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};

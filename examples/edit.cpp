@@ -27,7 +27,7 @@ std::unique_ptr<ICParameterFile> load(const QString& definitions, const QString&
 //! [edit]
 bool slowDown(ICParameterFile& file) {
   if (!file.cloneHardwareId("KTO-2A-16", "KTO-2A-16-SLOW")) return false;
-  // The new hardware id is the active one now, on which all access works.
+  // The new hardware id is the active one now, on which access works.
   const QList<quint8> axes = file.subDeviceIds(NParamDef::SUB_DEV_TYPE_DRIVE);
   for (const quint8 axis : axes) {
     const int limit = file.paramValue("VelocityLimit", axis).asI32();

@@ -837,6 +837,18 @@
         <source>%1 of sub device %2:</source>
         <translation>%1 von Subdevice %2:</translation>
     </message>
+    <message>
+        <source>Hardware id &quot;%1&quot; does not exist.</source>
+        <translation>Die Hardware-ID &quot;%1&quot; gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Adding &quot;%1&quot; failed because the given parent is not a group of the hardware id &quot;%2&quot;!</source>
+        <translation>&quot;%1&quot; kann nicht hinzugefügt werden, weil der übergeordnete Knoten keine Gruppe der Hardware-ID &quot;%2&quot; ist!</translation>
+    </message>
+    <message>
+        <source>Deleting a node failed because it does not belong to the hardware id &quot;%1&quot;!</source>
+        <translation>Ein Knoten kann nicht gelöscht werden, weil er nicht zur Hardware-ID &quot;%1&quot; gehört!</translation>
+    </message>
 </context>
 <context>
     <name>CParameterFileMerge</name>

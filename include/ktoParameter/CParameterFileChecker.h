@@ -24,8 +24,8 @@ class KTOPARAMETER_EXPORT CParameterFileChecker {
   /// with what is missing at the end of its hardware id. A value is judged as
   /// CParamValueRules::violations() does, with the limit parameters of its sub-device.
   ///
-  /// The active hardware id is another one meanwhile, and restored. An unknown hardwareId gives no
-  /// findings; file.errorMsg() then tells so, and it may tell of an id that does not exist.
+  /// Nothing is selected. An unknown hardwareId gives no findings. file.errorMsg() may tell
+  /// afterwards of an id that does not exist.
   static CParamFindings checkValues(ICParameterFile& file, const QString& hardwareId = QString(),
                                     EMissing missing = ReportMissing);
 

@@ -11,8 +11,8 @@ class ICParameterFile;
 /// Values are compared as CParamValueRules::areEqual() does when `definitions` defines them, else
 /// as texts. It may be one of the files, or null.
 ///
-/// Nothing is changed; the active hardware ids are others meanwhile, and restored. Both files may
-/// be the same object. The effort grows with the number of parameters.
+/// Nothing is changed, nor selected. Both files may be the same object. The effort grows with the
+/// number of parameters.
 ///
 /// @snippet usage.cpp CParameterFileComparison
 class KTOPARAMETER_EXPORT CParameterFileComparison {

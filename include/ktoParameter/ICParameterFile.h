@@ -19,11 +19,11 @@ class ICLogfile;
 /// The parameters of one device: definitions, and for each hardware id and sub-device a tree of
 /// groups and parameters with their values.
 ///
-/// A *hardware id* names a variant of the device; one of them is active, and all access to values
-/// and trees works on it. They are sorted as texts: the first one, of an object or a file, is the
-/// smallest, wherever it is in the file. A *sub-device* is a part of the device, such as one
-/// axis, with an id of 0 to 255; a parameter's name is unique within its sub-device, across all
-/// groups.
+/// A *hardware id* names a variant of the device; one of them is active, and access to values
+/// and trees works on it unless another is named. They are sorted as texts: the first one, of an
+/// object or a file, is the smallest, wherever it is in the file. A *sub-device* is a part of the
+/// device, such as one axis, with an id of 0 to 255; a parameter's name is unique within its
+/// sub-device, across all groups.
 ///
 /// Operations that can fail return false, null or an unset id and leave the reason in errorMsg(),
 /// which a success does not clear; the object is then what it was before, except where an operation
@@ -305,6 +305,34 @@ class KTOPARAMETER_EXPORT ICParameterFile {
                                const QString& destinationHardwareId,
                                NParamDef::EImportMissing missing,
                                NParamDef::CImportedParams& imported) = 0;
+
+  // The operations of these names without a hardware id, for any that exists; what is said there
+  // of the active one holds for this one, which is not selected. Of a hardware id that does not
+  // exist there is nothing, and nothing is made in it. In a group of objects, the others give the
+  // values of their own active ones.
+
+  virtual QStringList paramNames(const QString& hardwareId, quint8 subDevId) const = 0;
+  virtual CParamVal paramValue(const QString& hardwareId, const QString& name,
+                               quint8 subDevId) const = 0;
+  virtual bool setParamValue(const QString& hardwareId, const QString& name, const CParamVal& value,
+                             quint8 subDevId) = 0;
+  virtual bool setAndMarkParamValue(const QString& hardwareId, const QString& name,
+                                    const CParamVal& value, quint8 subDevId) = 0;
+  virtual QList<quint8> subDeviceIds(const QString& hardwareId) const = 0;
+  virtual bool doesSubDeviceExist(const QString& hardwareId, quint8 subDevId) const = 0;
+  virtual bool copySubDevice(const QString& hardwareId, quint8 source, quint8 target) = 0;
+  virtual ICParamTreeNode* rootGroup(const QString& hardwareId, quint8 subDevId) = 0;
+  virtual ICParamTreeNode* subGroup(const QString& hardwareId, const QString& path,
+                                    quint8 subDevId) = 0;
+  virtual ICParamTreeNode* existingSubGroup(const QString& hardwareId, const QString& path,
+                                            quint8 subDevId) = 0;
+  virtual ICParamTreeNode* addGroup(const QString& hardwareId, ICParamTreeNode* parent,
+                                    const QString& name) = 0;
+  virtual ICParamTreeNode* addParameter(const QString& hardwareId, ICParamTreeNode* parent,
+                                        const QString& name) = 0;
+  virtual ICParamTreeNode* addParameter(const QString& hardwareId, ICParamTreeNode* parent,
+                                        const QString& name, const CParamVal& value) = 0;
+  virtual bool deleteNode(const QString& hardwareId, ICParamTreeNode* node) = 0;
 
  protected:
   ICParameterFile() = default;

@@ -2,14 +2,14 @@
 
 #include "CDefinitionChecker.h"
 #include "CDefinitionLookup.h"
-#include "CHardwareIdRestorer.h"
 #include "CKeyedMap.h"
 #include "CRuleCache.h"
+#include "ICParameterFile.h"
 #include "SStoredParam.h"
 
 namespace {
 
-/// Checks the active hardware ids of a file, one after another.
+/// Checks the hardware ids of a file, one after another.
 class CValueChecker {
   Q_DECLARE_TR_FUNCTIONS(CParameterFileChecker)
 
@@ -19,18 +19,18 @@ class CValueChecker {
   const CParamFindings& findings() const { return mFindings; }
 
   void checkHardwareId(const QString& hardwareId, bool reportMissing) {
-    if (!mFile.selectHardwareId(hardwareId)) return;
-    for (const quint8 subDevId : mFile.subDeviceIds()) checkSubDevice(subDevId);
+    mHardwareId = hardwareId;
+    for (const quint8 subDevId : mFile.subDeviceIds(hardwareId)) checkSubDevice(subDevId);
     if (reportMissing) listMissing();
   }
 
  private:
   void checkSubDevice(quint8 subDevId) {
     const auto valueOf = [this, subDevId](const QString& name) {
-      return mFile.paramValue(name, subDevId);
+      return mFile.paramValue(mHardwareId, name, subDevId);
     };
     mRuled.beginSubDevice();
-    SStoredParam::visit(mFile, subDevId, mKeys, [&](const SStoredParam& entry) {
+    SStoredParam::visit(mFile, mHardwareId, subDevId, mKeys, [&](const SStoredParam& entry) {
       const CRuleCache::SRuled* ruled = mRuled.find(entry.name.view());
       if (ruled == nullptr) {
         addUndefined(subDevId, entry);
@@ -65,8 +65,8 @@ class CValueChecker {
 
   void listMissing() {
     CKeyedSet<QString> present;
-    for (const quint8 subDevId : mFile.subDeviceIds())
-      for (const QString& name : mFile.paramNames(subDevId)) present.insert(name);
+    for (const quint8 subDevId : mFile.subDeviceIds(mHardwareId))
+      for (const QString& name : mFile.paramNames(mHardwareId, subDevId)) present.insert(name);
     for (const QString& name : mIndex.names()) {
       if (present.count(name) == 0) {
         SStoredParam entry;
@@ -79,7 +79,7 @@ class CValueChecker {
 
   void add(SParamFinding::ECode code, int subDevId, const SStoredParam& entry,
            const QString& text) {
-    mFindings.append({SParamFinding::severityOf(code), code, mFile.hardwareId(), subDevId,
+    mFindings.append({SParamFinding::severityOf(code), code, mHardwareId, subDevId,
                       mKeys.pathOfGroup(entry.group), entry.name.toQString(),
                       entry.value.toQString(), text});
   }
@@ -88,6 +88,7 @@ class CValueChecker {
   CDefinitionLookup mIndex;
   CRuleCache mRuled;
   CNodeNumbers mKeys;
+  QString mHardwareId;
   CParamFindings mFindings;
 };
 
@@ -95,8 +96,7 @@ class CValueChecker {
 
 CParamFindings CParameterFileChecker::checkValues(ICParameterFile& file, const QString& hardwareId,
                                                   EMissing missing) {
-  const CHardwareIdRestorer restored(file);
-  if (!hardwareId.isEmpty() && !file.selectHardwareId(hardwareId)) return {};
+  if (!hardwareId.isEmpty() && !file.containsHardwareId(hardwareId)) return {};
   CValueChecker checker(file);
   for (const QString& id : hardwareId.isEmpty() ? file.hardwareIds() : QStringList(hardwareId))
     checker.checkHardwareId(id, missing == ReportMissing);

@@ -1,7 +1,7 @@
 #include "CParameterFileComparison.h"
 
-#include "CHardwareIdRestorer.h"
 #include "CParamValueRules.h"
+#include "ICParameterFile.h"
 #include "NNameMatch.h"
 #include "SStoredParam.h"
 
@@ -17,9 +17,8 @@ using CSubDeviceEntries = std::map<quint8, CEntries>;
 /// What one hardware id holds. Both files may be the same object.
 CSubDeviceEntries read(ICParameterFile& file, const QString& hardwareId, CNodeNumbers& keys) {
   CSubDeviceEntries entries;
-  if (file.containsHardwareId(hardwareId) && file.selectHardwareId(hardwareId))
-    for (const quint8 subDevId : file.subDeviceIds())
-      entries[subDevId] = SStoredParam::read(file, subDevId, keys);
+  for (const quint8 subDevId : file.subDeviceIds(hardwareId))
+    entries[subDevId] = SStoredParam::read(file, hardwareId, subDevId, keys);
   return entries;
 }
 
@@ -27,11 +26,7 @@ class CComparison {
  public:
   CComparison(ICParameterFile& oldFile, ICParameterFile& newFile,
               const ICParameterFile* definitions)
-      : mOldFile(oldFile),
-        mNewFile(newFile),
-        mOldRestored(oldFile),
-        mNewRestored(newFile),
-        mDefinitions(definitions) {}
+      : mOldFile(oldFile), mNewFile(newFile), mDefinitions(definitions) {}
 
   void compareAll() {
     std::set<QString> ids;
@@ -167,8 +162,6 @@ class CComparison {
 
   ICParameterFile& mOldFile;
   ICParameterFile& mNewFile;
-  const CHardwareIdRestorer mOldRestored;
-  const CHardwareIdRestorer mNewRestored;
   const ICParameterFile* mDefinitions;
   CNodeNumbers mKeys;  // of both files
   QString mHardwareId;

@@ -38,9 +38,9 @@ void visitGroup(const CNode& group, int key, CNodeNumbers& keys, const CVisitor&
 
 }  // namespace
 
-void SStoredParam::visit(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys,
-                         const CVisitor& visitor) {
-  const ICParamTreeNode* const root = file.existingSubGroup(QString(), subDevId);
+void SStoredParam::visit(ICParameterFile& file, const QString& hardwareId, quint8 subDevId,
+                         CNodeNumbers& keys, const CVisitor& visitor) {
+  const ICParamTreeNode* const root = file.existingSubGroup(hardwareId, QString(), subDevId);
   if (root == nullptr) return;
   // An application may have a tree of its own, whose texts have to be copied.
   if (const auto* const known = dynamic_cast<const CParamTreeNodeImpl*>(root); known != nullptr)
@@ -49,10 +49,10 @@ void SStoredParam::visit(ICParameterFile& file, quint8 subDevId, CNodeNumbers& k
     visitGroup(*root, CNodeNumbers::kRoot, keys, visitor);
 }
 
-std::vector<SStoredParam> SStoredParam::read(ICParameterFile& file, quint8 subDevId,
-                                             CNodeNumbers& keys) {
+std::vector<SStoredParam> SStoredParam::read(ICParameterFile& file, const QString& hardwareId,
+                                             quint8 subDevId, CNodeNumbers& keys) {
   std::vector<SStoredParam> entries;
-  visit(file, subDevId, keys,
+  visit(file, hardwareId, subDevId, keys,
         [&entries](SStoredParam&& entry) { entries.push_back(std::move(entry)); });
   return entries;
 }

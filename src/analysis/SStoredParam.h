@@ -16,10 +16,10 @@ struct SStoredParam {
   int group = CNodeNumbers::kRoot;  ///< one number for all groups of one path
   CNodeText value;
 
-  /// Visits all of a sub-device of the active hardware id, in tree order. The keys number the
-  /// groups.
-  static void visit(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys,
-                    const std::function<void(SStoredParam&&)>& visitor);
+  /// Visits all of a sub-device, in tree order. The keys number the groups.
+  static void visit(ICParameterFile& file, const QString& hardwareId, quint8 subDevId,
+                    CNodeNumbers& keys, const std::function<void(SStoredParam&&)>& visitor);
   /// The same, as a list.
-  static std::vector<SStoredParam> read(ICParameterFile& file, quint8 subDevId, CNodeNumbers& keys);
+  static std::vector<SStoredParam> read(ICParameterFile& file, const QString& hardwareId,
+                                        quint8 subDevId, CNodeNumbers& keys);
 };

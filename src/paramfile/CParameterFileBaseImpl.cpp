@@ -95,20 +95,22 @@ NParamDef::ESubDeviceTypes CParameterFileBaseImpl::subDevType(quint8 subDevId) c
   return mLabels.types.value(subDevId, NParamDef::SUB_DEV_TYPE_UNDEFINED);
 }
 
-void CParameterFileBaseImpl::setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) {
+void CParameterFileBaseImpl::labelType(quint8 subDevId, NParamDef::ESubDeviceTypes type,
+                                       const QString& hardwareId) {
   if (subDevType(subDevId) != type) {
     mLabels.types.insert(subDevId, type);
-    setHwIdChanged(mHardwareId);
+    setHwIdChanged(hardwareId);
   }
 }
 
-void CParameterFileBaseImpl::setSubDevName(quint8 subDevId, const QString& name) {
+void CParameterFileBaseImpl::labelName(quint8 subDevId, const QString& name,
+                                       const QString& hardwareId) {
   if (subDevName(subDevId) != name) {
     if (name.isEmpty())  // as a load would find it, so that the next save writes the same
       mLabels.names.remove(subDevId);
     else
       mLabels.names.insert(subDevId, name);
-    setHwIdChanged(mHardwareId);
+    setHwIdChanged(hardwareId);
   }
 }
 

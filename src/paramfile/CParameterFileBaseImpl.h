@@ -86,43 +86,93 @@ class CParameterFileBaseImpl : public ICParameterFile {
   void setMetaData(const QString& author, const QString& comment) override;
 
   NParamDef::ESubDeviceTypes subDevType(quint8 subDevId) const override;
-  void setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) override;
+  void setSubDevType(quint8 subDevId, NParamDef::ESubDeviceTypes type) override {
+    labelType(subDevId, type, mHardwareId);
+  }
   QString subDevName(quint8 subDevId) const override { return mLabels.names.value(subDevId); }
-  void setSubDevName(quint8 subDevId, const QString& name) override;
+  void setSubDevName(quint8 subDevId, const QString& name) override {
+    labelName(subDevId, name, mHardwareId);
+  }
 
   quint32 idByName(const QString& name) const override;
   QString nameById(quint32 id) const override;
-  QStringList paramNames(quint8 subDevId) const override;
+  QStringList paramNames(quint8 subDevId) const override {
+    return paramNames(mHardwareId, subDevId);
+  }
+  QStringList paramNames(const QString& hardwareId, quint8 subDevId) const override;
   CParamDefItem paramDef(const QString& name) const override;
   CParamDefItem* paramDefPtr(const QString& name) override;
   CParamDefItem paramDef(quint32 id) const override;
   CParamVal paramValue(const QString& name, quint8 subDevId) const override;
   CParamVal paramValue(quint32 id, quint8 subDevId) const override;
+  CParamVal paramValue(const QString& hardwareId, const QString& name,
+                       quint8 subDevId) const override;
   bool isReferenced(const QString& name) const override;
   bool isReferenced(quint32 id) const override { return ownIsReferenced(id); }
   QList<quint32> referencedBy(const QString& name) const override;
   QList<quint32> referencedBy(quint32 id) const override { return ownReferencedBy(id); }
-  bool setParamValue(const QString& name, const CParamVal& value, quint8 subDevId) override;
+  bool setParamValue(const QString& name, const CParamVal& value, quint8 subDevId) override {
+    return setParamValue(mHardwareId, name, value, subDevId);
+  }
   bool setParamValue(quint32 id, const CParamVal& value, quint8 subDevId) override;
-  bool setAndMarkParamValue(const QString& name, const CParamVal& value, quint8 subDevId) override;
+  bool setParamValue(const QString& hardwareId, const QString& name, const CParamVal& value,
+                     quint8 subDevId) override;
+  bool setAndMarkParamValue(const QString& name, const CParamVal& value, quint8 subDevId) override {
+    return setAndMarkParamValue(mHardwareId, name, value, subDevId);
+  }
+  bool setAndMarkParamValue(const QString& hardwareId, const QString& name, const CParamVal& value,
+                            quint8 subDevId) override;
   bool setAndMarkParamValue(quint32 id, const CParamVal& value, quint8 subDevId) override;
   CParamDefItem* addDef(const CParamDefItem& definition) override;
   CParamDefItem* addDef(const QString& name, NParamDef::EParamType type, quint32 id) override;
   QStringList defNames() const override;
 
-  QList<quint8> subDeviceIds() const override;
+  QList<quint8> subDeviceIds() const override { return subDeviceIds(mHardwareId); }
   QList<quint8> subDeviceIds(NParamDef::ESubDeviceTypes type) const override;
-  bool doesSubDeviceExist(quint8 subDevId) const override;
-  bool copySubDevice(quint8 source, quint8 target) override;
+  QList<quint8> subDeviceIds(const QString& hardwareId) const override;
+  bool doesSubDeviceExist(quint8 subDevId) const override {
+    return doesSubDeviceExist(mHardwareId, subDevId);
+  }
+  bool doesSubDeviceExist(const QString& hardwareId, quint8 subDevId) const override;
+  bool copySubDevice(quint8 source, quint8 target) override {
+    return copySubDevice(mHardwareId, source, target);
+  }
+  bool copySubDevice(const QString& hardwareId, quint8 source, quint8 target) override;
 
-  ICParamTreeNode* rootGroup(quint8 subDevId) override;
-  ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) override;
-  ICParamTreeNode* subGroup(const QString& path, quint8 subDevId) override;
-  ICParamTreeNode* addGroup(ICParamTreeNode* parent, const QString& name) override;
-  ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name) override;
+  ICParamTreeNode* rootGroup(quint8 subDevId) override { return rootGroup(mHardwareId, subDevId); }
+  ICParamTreeNode* rootGroup(const QString& hardwareId, quint8 subDevId) override;
+  ICParamTreeNode* existingSubGroup(const QString& path, quint8 subDevId) override {
+    return existingSubGroup(mHardwareId, path, subDevId);
+  }
+  ICParamTreeNode* existingSubGroup(const QString& hardwareId, const QString& path,
+                                    quint8 subDevId) override;
+  ICParamTreeNode* subGroup(const QString& path, quint8 subDevId) override {
+    return subGroup(mHardwareId, path, subDevId);
+  }
+  ICParamTreeNode* subGroup(const QString& hardwareId, const QString& path,
+                            quint8 subDevId) override;
+  ICParamTreeNode* addGroup(ICParamTreeNode* parent, const QString& name) override {
+    return addGroup(mHardwareId, parent, name);
+  }
+  ICParamTreeNode* addGroup(const QString& hardwareId, ICParamTreeNode* parent,
+                            const QString& name) override;
+  ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name) override {
+    return addDefinedParameter(mHardwareId, parent, name, nullptr);
+  }
   ICParamTreeNode* addParameter(ICParamTreeNode* parent, const QString& name,
-                                const CParamVal& value) override;
-  bool deleteNode(ICParamTreeNode* node) override;
+                                const CParamVal& value) override {
+    return addDefinedParameter(mHardwareId, parent, name, &value);
+  }
+  ICParamTreeNode* addParameter(const QString& hardwareId, ICParamTreeNode* parent,
+                                const QString& name) override {
+    return addDefinedParameter(hardwareId, parent, name, nullptr);
+  }
+  ICParamTreeNode* addParameter(const QString& hardwareId, ICParamTreeNode* parent,
+                                const QString& name, const CParamVal& value) override {
+    return addDefinedParameter(hardwareId, parent, name, &value);
+  }
+  bool deleteNode(ICParamTreeNode* node) override { return deleteNode(mHardwareId, node); }
+  bool deleteNode(const QString& hardwareId, ICParamTreeNode* node) override;
   ICParamTreeNode* findParameter(ICParamTreeNode* node, const QString& name) const override;
   bool loadDefaultValues(ICParamTreeNode* node) override;
   bool loadDefaultValues() override;
@@ -150,7 +200,10 @@ class CParameterFileBaseImpl : public ICParameterFile {
   // The answers of this object alone, without a group and without a message.
   QString ownNameById(quint32 id) const;
   const CParamDefItem* ownDefinition(const QString& name) const { return mDefinitions.find(name); }
-  CParamVal ownParamValue(const QString& name, quint8 subDevId) const;
+  CParamVal ownParamValue(const QString& name, quint8 subDevId) const {
+    return ownParamValue(mHardwareId, name, subDevId);
+  }
+  CParamVal ownParamValue(const QString& hardwareId, const QString& name, quint8 subDevId) const;
   bool ownIsReferenced(quint32 id) const { return mDefinitions.isReferenced(id); }
   QList<quint32> ownReferencedBy(quint32 id) const { return mDefinitions.referencedBy(id); }
 
@@ -198,25 +251,29 @@ class CParameterFileBaseImpl : public ICParameterFile {
   static bool isReservedName(const QString& name);
   static QString reservedNameMessage(const QString& name);
 
-  CSubDeviceTrees* activeTrees();
-  const CSubDeviceTrees* activeTrees() const;
-  CSubDeviceTree* activeTree(quint8 subDevId);
-  const CSubDeviceTree* activeTree(quint8 subDevId) const;
-  CSubDeviceTree& createActiveTree(quint8 subDevId);
-  /// The tree of the active hardware id to which the node belongs, or null.
-  CSubDeviceTree* activeTreeOf(const CParamTreeNodeImpl* node);
-  const CSubDeviceTree* activeTreeOf(const CParamTreeNodeImpl* node) const;
-  CParamTreeNodeImpl* checkParent(ICParamTreeNode* parent, const QString& name,
-                                  CSubDeviceTree*& tree);
+  // Types and names are those of all hardware ids; the given one is marked as changed.
+  void labelType(quint8 subDevId, NParamDef::ESubDeviceTypes type, const QString& hardwareId);
+  void labelName(quint8 subDevId, const QString& name, const QString& hardwareId);
+
+  const CSubDeviceTrees* treesOf(const QString& hardwareId) const;
+  CSubDeviceTree* treeOf(const QString& hardwareId, quint8 subDevId);
+  const CSubDeviceTree* treeOf(const QString& hardwareId, quint8 subDevId) const;
+  /// Made when missing; null for a hardware id that neither exists nor is the active one.
+  CSubDeviceTree* createTree(const QString& hardwareId, quint8 subDevId);
+  /// The tree of the hardware id to which the node belongs, or null.
+  CSubDeviceTree* treeWith(const CParamTreeNodeImpl* node, const QString& hardwareId);
+  const CSubDeviceTree* treeWith(const CParamTreeNodeImpl* node, const QString& hardwareId) const;
+  CParamTreeNodeImpl* checkParent(const QString& hardwareId, ICParamTreeNode* parent,
+                                  const QString& name, CSubDeviceTree*& tree);
   CParamTreeNodeImpl* failedNode(const QString& message) const {
     setErrorMsg(message);
     return nullptr;
   }
-  CParamTreeNodeImpl* followPath(QStringList& path, quint8 subDevId);
-  bool checkNewGroups(const CParamTreeNodeImpl* parent, const QStringList& names,
-                      quint8 subDevId) const;
-  ICParamTreeNode* addDefinedParameter(ICParamTreeNode* parent, const QString& name,
-                                       const CParamVal* value);
+  CParamTreeNodeImpl* followPath(QStringList& path, CSubDeviceTree* tree) const;
+  bool checkNewGroups(const CSubDeviceTree* tree, const CParamTreeNodeImpl* parent,
+                      const QStringList& names, quint8 subDevId) const;
+  ICParamTreeNode* addDefinedParameter(const QString& hardwareId, ICParamTreeNode* parent,
+                                       const QString& name, const CParamVal* value);
 
   NktoGlobal::EParamFileType mFileType;
   ICLogfile* mLogfile;

@@ -1,4 +1,4 @@
-// The trees of the active hardware id: sub-devices, groups and parameters.
+// The trees of hardware ids: sub-devices, groups and parameters.
 
 #include "CParameterFileBaseImpl.h"
 
@@ -48,41 +48,44 @@ QStringList piecesOf(QString path) {
 
 }  // namespace
 
-CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() {
-  const auto trees = mTrees.find(mHardwareId);
+const CSubDeviceTrees* CParameterFileBaseImpl::treesOf(const QString& hardwareId) const {
+  const auto trees = mTrees.find(hardwareId);
   return trees == mTrees.end() ? nullptr : &trees->second;
 }
 
-const CSubDeviceTrees* CParameterFileBaseImpl::activeTrees() const {
-  return const_cast<CParameterFileBaseImpl*>(this)->activeTrees();
-}
-
-CSubDeviceTree* CParameterFileBaseImpl::activeTree(quint8 subDevId) {
-  CSubDeviceTrees* trees = activeTrees();
-  const auto tree = trees != nullptr ? trees->find(subDevId) : CSubDeviceTrees::iterator();
+const CSubDeviceTree* CParameterFileBaseImpl::treeOf(const QString& hardwareId,
+                                                     quint8 subDevId) const {
+  const CSubDeviceTrees* trees = treesOf(hardwareId);
+  const auto tree = trees != nullptr ? trees->find(subDevId) : CSubDeviceTrees::const_iterator();
   return trees == nullptr || tree == trees->end() ? nullptr : &tree->second;
 }
 
-const CSubDeviceTree* CParameterFileBaseImpl::activeTree(quint8 subDevId) const {
-  return const_cast<CParameterFileBaseImpl*>(this)->activeTree(subDevId);
+CSubDeviceTree* CParameterFileBaseImpl::treeOf(const QString& hardwareId, quint8 subDevId) {
+  return const_cast<CSubDeviceTree*>(std::as_const(*this).treeOf(hardwareId, subDevId));
 }
 
-CSubDeviceTree& CParameterFileBaseImpl::createActiveTree(quint8 subDevId) {
-  return mTrees[mHardwareId].try_emplace(subDevId, subDevId).first->second;
+CSubDeviceTree* CParameterFileBaseImpl::createTree(const QString& hardwareId, quint8 subDevId) {
+  if (hardwareId != mHardwareId && !containsHardwareId(hardwareId)) {
+    setErrorMsg(tr("Hardware id \"%1\" does not exist.").arg(hardwareId));
+    return nullptr;
+  }
+  return &mTrees[hardwareId].try_emplace(subDevId, subDevId).first->second;
 }
 
-CSubDeviceTree* CParameterFileBaseImpl::activeTreeOf(const CParamTreeNodeImpl* node) {
-  CSubDeviceTree* tree = node != nullptr ? activeTree(node->subDevId()) : nullptr;
+const CSubDeviceTree* CParameterFileBaseImpl::treeWith(const CParamTreeNodeImpl* node,
+                                                       const QString& hardwareId) const {
+  const CSubDeviceTree* tree = node != nullptr ? treeOf(hardwareId, node->subDevId()) : nullptr;
   return tree != nullptr && tree->owns(node) ? tree : nullptr;
 }
 
-const CSubDeviceTree* CParameterFileBaseImpl::activeTreeOf(const CParamTreeNodeImpl* node) const {
-  return const_cast<CParameterFileBaseImpl*>(this)->activeTreeOf(node);
+CSubDeviceTree* CParameterFileBaseImpl::treeWith(const CParamTreeNodeImpl* node,
+                                                 const QString& hardwareId) {
+  return const_cast<CSubDeviceTree*>(std::as_const(*this).treeWith(node, hardwareId));
 }
 
-QList<quint8> CParameterFileBaseImpl::subDeviceIds() const {
+QList<quint8> CParameterFileBaseImpl::subDeviceIds(const QString& hardwareId) const {
   QList<quint8> ids;
-  if (const CSubDeviceTrees* trees = activeTrees())
+  if (const CSubDeviceTrees* trees = treesOf(hardwareId))
     for (const auto& entry : *trees) ids.append(entry.first);
   return ids;
 }
@@ -94,28 +97,30 @@ QList<quint8> CParameterFileBaseImpl::subDeviceIds(NParamDef::ESubDeviceTypes ty
   return ids;
 }
 
-bool CParameterFileBaseImpl::doesSubDeviceExist(quint8 subDevId) const {
-  return activeTree(subDevId) != nullptr;
+bool CParameterFileBaseImpl::doesSubDeviceExist(const QString& hardwareId, quint8 subDevId) const {
+  return treeOf(hardwareId, subDevId) != nullptr;
 }
 
-bool CParameterFileBaseImpl::copySubDevice(quint8 source, quint8 target) {
-  const CSubDeviceTree* tree = activeTree(source);
+bool CParameterFileBaseImpl::copySubDevice(const QString& hardwareId, quint8 source,
+                                           quint8 target) {
+  const CSubDeviceTree* tree = treeOf(hardwareId, source);
   if (tree == nullptr) {
     return setErrorMsg(tr("Sub device %1 does not exist. Copying it to sub device %2 failed.")
                            .arg(QString::number(source), QString::number(target)));
   }
   if (source == target)
     return setErrorMsg(tr("Sub device %1 cannot be copied to itself.").arg(source));
-  mTrees[mHardwareId].insert_or_assign(target, tree->cloneAs(target));
+  mTrees[hardwareId].insert_or_assign(target, tree->cloneAs(target));
   if (subDevType(target) == NParamDef::SUB_DEV_TYPE_UNDEFINED)
-    setSubDevType(target, subDevType(source));
-  if (subDevName(target).isEmpty()) setSubDevName(target, subDevName(source));
-  setHwIdChanged(mHardwareId);
+    labelType(target, subDevType(source), hardwareId);
+  if (subDevName(target).isEmpty()) labelName(target, subDevName(source), hardwareId);
+  setHwIdChanged(hardwareId);
   return true;
 }
 
-ICParamTreeNode* CParameterFileBaseImpl::rootGroup(quint8 subDevId) {
-  return createActiveTree(subDevId).root();
+ICParamTreeNode* CParameterFileBaseImpl::rootGroup(const QString& hardwareId, quint8 subDevId) {
+  const CSubDeviceTree* tree = createTree(hardwareId, subDevId);
+  return tree != nullptr ? tree->root() : nullptr;
 }
 
 QString CParameterFileBaseImpl::getNextSubPath(QString& path) {
@@ -125,29 +130,32 @@ QString CParameterFileBaseImpl::getNextSubPath(QString& path) {
   return piece;
 }
 
-ICParamTreeNode* CParameterFileBaseImpl::existingSubGroup(const QString& path, quint8 subDevId) {
+ICParamTreeNode* CParameterFileBaseImpl::existingSubGroup(const QString& hardwareId,
+                                                          const QString& path, quint8 subDevId) {
   QStringList rest = piecesOf(path);
-  CParamTreeNodeImpl* group = followPath(rest, subDevId);
+  CParamTreeNodeImpl* group = followPath(rest, treeOf(hardwareId, subDevId));
   return rest.isEmpty() ? group : nullptr;
 }
 
-ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& path, quint8 subDevId) {
+ICParamTreeNode* CParameterFileBaseImpl::subGroup(const QString& hardwareId, const QString& path,
+                                                  quint8 subDevId) {
   QStringList missing = piecesOf(path);
-  CParamTreeNodeImpl* group = followPath(missing, subDevId);
-  if (!checkNewGroups(group, missing, subDevId)) return nullptr;
-  CSubDeviceTree& tree = createActiveTree(subDevId);
-  group = group != nullptr ? group : tree.root();
+  CSubDeviceTree* tree = treeOf(hardwareId, subDevId);
+  CParamTreeNodeImpl* group = followPath(missing, tree);
+  if (!checkNewGroups(tree, group, missing, subDevId)) return nullptr;
+  if (tree == nullptr) tree = createTree(hardwareId, subDevId);
+  if (tree == nullptr) return nullptr;
+  group = group != nullptr ? group : tree->root();
   for (const QString& name : qAsConst(missing)) {
-    group = tree.addGroup(group, name);
-    setHwIdChanged(mHardwareId);
+    group = tree->addGroup(group, name);
+    setHwIdChanged(hardwareId);
   }
   return group;
 }
 
-/// The last group of a path that exists, null when not even the sub-device does; `path` keeps the
-/// pieces after it.
-CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path, quint8 subDevId) {
-  CSubDeviceTree* tree = activeTree(subDevId);
+/// The last group of a path that exists, null without a tree; `path` keeps the pieces after it.
+CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path,
+                                                       CSubDeviceTree* tree) const {
   CParamTreeNodeImpl* group = tree != nullptr ? tree->root() : nullptr;
   while (group != nullptr && !path.isEmpty()) {
     CParamTreeNodeImpl* next = tree->group(group, path.first());
@@ -158,24 +166,26 @@ CParamTreeNodeImpl* CParameterFileBaseImpl::followPath(QStringList& path, quint8
   return group;
 }
 
-ICParamTreeNode* CParameterFileBaseImpl::addGroup(ICParamTreeNode* parent, const QString& name) {
+ICParamTreeNode* CParameterFileBaseImpl::addGroup(const QString& hardwareId,
+                                                  ICParamTreeNode* parent, const QString& name) {
   if (parent == nullptr)
     return failedNode(tr("addGroup(\"%1\") failed because the given parent is NULL!").arg(name));
   CSubDeviceTree* tree = nullptr;
-  CParamTreeNodeImpl* group = checkParent(parent, name, tree);
+  CParamTreeNodeImpl* group = checkParent(hardwareId, parent, name, tree);
   CParamTreeNodeImpl* existing = group != nullptr ? tree->group(group, name) : nullptr;
   if (group == nullptr || existing != nullptr) return existing;
-  if (!checkNewGroups(group, {name}, tree->subDevId())) return nullptr;
-  setHwIdChanged(mHardwareId);
+  if (!checkNewGroups(tree, group, {name}, tree->subDevId())) return nullptr;
+  setHwIdChanged(hardwareId);
   return tree->addGroup(group, name);
 }
 
 /// Whether groups, each within the one before it, can be added to a parent, which has none of the
 /// first name. Null means the root group of a sub-device that does not exist yet.
-bool CParameterFileBaseImpl::checkNewGroups(const CParamTreeNodeImpl* parent,
+bool CParameterFileBaseImpl::checkNewGroups(const CSubDeviceTree* tree,
+                                            const CParamTreeNodeImpl* parent,
                                             const QStringList& names, quint8 subDevId) const {
   const CParamTreeNodeImpl* parameter =
-      parent != nullptr && !names.isEmpty() ? activeTree(subDevId)->node(names.first()) : nullptr;
+      parent != nullptr && !names.isEmpty() ? tree->node(names.first()) : nullptr;
   if (parameter != nullptr && parameter->parent() == parent) {
     return setErrorMsg(
         tr("SubDevice %1 : Adding group \"%2\" to parent \"%3\" failed because there "
@@ -196,32 +206,26 @@ bool CParameterFileBaseImpl::checkNewGroups(const CParamTreeNodeImpl* parent,
   return true;
 }
 
-/// The parent of a new node must be a group of the active hardware id.
-CParamTreeNodeImpl* CParameterFileBaseImpl::checkParent(ICParamTreeNode* parent,
+/// The parent of a new node must be a group of the hardware id.
+CParamTreeNodeImpl* CParameterFileBaseImpl::checkParent(const QString& hardwareId,
+                                                        ICParamTreeNode* parent,
                                                         const QString& name,
                                                         CSubDeviceTree*& tree) {
   CParamTreeNodeImpl* node = toImpl(parent);
-  tree = activeTreeOf(node);
-  if (tree == nullptr || !node->isGroup()) {
-    return failedNode(
-        tr("Adding \"%1\" failed because the given parent is not a group of the active "
-           "hardware id!")
-            .arg(name));
-  }
-  return node;
+  tree = treeWith(node, hardwareId);
+  if (tree != nullptr && node->isGroup()) return node;
+  return failedNode(
+      hardwareId == mHardwareId
+          ? tr("Adding \"%1\" failed because the given parent is not a group of the active "
+               "hardware id!")
+                .arg(name)
+          : tr("Adding \"%1\" failed because the given parent is not a group of the hardware id "
+               "\"%2\"!")
+                .arg(name, hardwareId));
 }
 
-ICParamTreeNode* CParameterFileBaseImpl::addParameter(ICParamTreeNode* parent,
-                                                      const QString& name) {
-  return addDefinedParameter(parent, name, nullptr);
-}
-
-ICParamTreeNode* CParameterFileBaseImpl::addParameter(ICParamTreeNode* parent, const QString& name,
-                                                      const CParamVal& value) {
-  return addDefinedParameter(parent, name, &value);
-}
-
-ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(ICParamTreeNode* parent,
+ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(const QString& hardwareId,
+                                                             ICParamTreeNode* parent,
                                                              const QString& name,
                                                              const CParamVal* value) {
   if (parent == nullptr) {
@@ -229,7 +233,7 @@ ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(ICParamTreeNode* pa
         tr("addParameter(\"%1\") failed because the given parent is NULL!").arg(name));
   }
   CSubDeviceTree* tree = nullptr;
-  CParamTreeNodeImpl* group = checkParent(parent, name, tree);
+  CParamTreeNodeImpl* group = checkParent(hardwareId, parent, name, tree);
   if (group == nullptr) return nullptr;
   const CParamDefItem definition = paramDef(name);
   if (definition.name().isEmpty()) {
@@ -245,24 +249,27 @@ ICParamTreeNode* CParameterFileBaseImpl::addDefinedParameter(ICParamTreeNode* pa
                          "parameter with the same name!")
                           .arg(QString::number(tree->subDevId()), name));
   }
-  setHwIdChanged(mHardwareId);
+  setHwIdChanged(hardwareId);
   return node;
 }
 
-bool CParameterFileBaseImpl::deleteNode(ICParamTreeNode* node) {
+bool CParameterFileBaseImpl::deleteNode(const QString& hardwareId, ICParamTreeNode* node) {
   CParamTreeNodeImpl* impl = toImpl(node);
-  CSubDeviceTree* tree = activeTreeOf(impl);
+  CSubDeviceTree* tree = treeWith(impl, hardwareId);
   if (tree == nullptr) {
     return setErrorMsg(
-        tr("Deleting a node failed because it does not belong to the active "
-           "hardware id!"));
+        hardwareId == mHardwareId
+            ? tr("Deleting a node failed because it does not belong to the active "
+                 "hardware id!")
+            : tr("Deleting a node failed because it does not belong to the hardware id \"%1\"!")
+                  .arg(hardwareId));
   }
   if (impl == tree->root()) {
     return setErrorMsg(tr("SubDevice %1 : Node \"%2\" is the root node and cannot be deleted!")
                            .arg(QString::number(tree->subDevId()), impl->name()));
   }
   tree->deleteNode(impl);
-  setHwIdChanged(mHardwareId);
+  setHwIdChanged(hardwareId);
   return true;
 }
 
@@ -270,7 +277,7 @@ ICParamTreeNode* CParameterFileBaseImpl::findParameter(ICParamTreeNode* node,
                                                        const QString& name) const {
   const CParamTreeNodeImpl* group = toImpl(node);
   if (group == nullptr) return nullptr;
-  const CSubDeviceTree* tree = activeTreeOf(group);
+  const CSubDeviceTree* tree = treeWith(group, mHardwareId);
   if (tree == nullptr) return searchParameter(*node, name);
   CParamTreeNodeImpl* found = tree->node(name);
   return found != nullptr && isBelow(found, group) ? found : nullptr;

@@ -13,8 +13,9 @@ QString CParameterFileBaseImpl::ownNameById(quint32 id) const {
   return definition != nullptr ? definition->name() : QString();
 }
 
-CParamVal CParameterFileBaseImpl::ownParamValue(const QString& name, quint8 subDevId) const {
-  const CSubDeviceTree* tree = activeTree(subDevId);
+CParamVal CParameterFileBaseImpl::ownParamValue(const QString& hardwareId, const QString& name,
+                                                quint8 subDevId) const {
+  const CSubDeviceTree* tree = treeOf(hardwareId, subDevId);
   return tree != nullptr ? tree->value(name) : CParamVal();
 }
 
@@ -36,8 +37,8 @@ QString CParameterFileBaseImpl::nameById(quint32 id) const {
   return name;
 }
 
-QStringList CParameterFileBaseImpl::paramNames(quint8 subDevId) const {
-  const CSubDeviceTree* tree = activeTree(subDevId);
+QStringList CParameterFileBaseImpl::paramNames(const QString& hardwareId, quint8 subDevId) const {
+  const CSubDeviceTree* tree = treeOf(hardwareId, subDevId);
   return tree != nullptr ? tree->names() : QStringList();
 }
 
@@ -52,6 +53,11 @@ CParamDefItem* CParameterFileBaseImpl::paramDefPtr(const QString& name) {
 
 CParamVal CParameterFileBaseImpl::paramValue(const QString& name, quint8 subDevId) const {
   return ownParamValue(name, subDevId);
+}
+
+CParamVal CParameterFileBaseImpl::paramValue(const QString& hardwareId, const QString& name,
+                                             quint8 subDevId) const {
+  return ownParamValue(hardwareId, name, subDevId);
 }
 
 // By an id that no definition has, nothing is found: not even what has an empty name.
@@ -76,20 +82,20 @@ QList<quint32> CParameterFileBaseImpl::referencedBy(const QString& name) const {
   return NParamDef::isRealId(id) ? referencedBy(id) : QList<quint32>();
 }
 
-bool CParameterFileBaseImpl::setParamValue(const QString& name, const CParamVal& value,
-                                           quint8 subDevId) {
-  CSubDeviceTree* tree = activeTree(subDevId);
+bool CParameterFileBaseImpl::setParamValue(const QString& hardwareId, const QString& name,
+                                           const CParamVal& value, quint8 subDevId) {
+  CSubDeviceTree* tree = treeOf(hardwareId, subDevId);
   if (tree == nullptr) {
     return setErrorMsg(tr("setParamValue() failed because there is no parameter list for hardware "
                           "id \"%1\" and sub device %2")
-                           .arg(mHardwareId, QString::number(subDevId)));
+                           .arg(hardwareId, QString::number(subDevId)));
   }
   if (!tree->setValue(name, value)) {
     return setErrorMsg(tr("setParamValue() failed because there is no parameter value for sub "
                           "device %1 and name \"%2\"")
                            .arg(QString::number(subDevId), name));
   }
-  setHwIdChanged(mHardwareId);
+  setHwIdChanged(hardwareId);
   return true;
 }
 
@@ -98,15 +104,15 @@ bool CParameterFileBaseImpl::setParamValue(quint32 id, const CParamVal& value, q
   return !name.isEmpty() && setParamValue(name, value, subDevId);
 }
 
-bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& name, const CParamVal& value,
-                                                  quint8 subDevId) {
-  CSubDeviceTree* tree = activeTree(subDevId);
+bool CParameterFileBaseImpl::setAndMarkParamValue(const QString& hardwareId, const QString& name,
+                                                  const CParamVal& value, quint8 subDevId) {
+  CSubDeviceTree* tree = treeOf(hardwareId, subDevId);
   CParamTreeNodeImpl* parameter = tree != nullptr ? tree->node(name) : nullptr;
   if (parameter == nullptr) return false;
   if (CParameterFileHelper::compareValues(parameter->value(), value, paramDef(name))) return true;
   parameter->setValue(value);
   parameter->setProperty(NParamDef::PROPERTY_CHANGED, true);
-  setHwIdChanged(mHardwareId);
+  setHwIdChanged(hardwareId);
   return true;
 }
 

@@ -42,10 +42,12 @@ CParamDefItem CParameterFileImpl::paramDef(const QString& name) const {
   return CParamDefItem();
 }
 
-CParamVal CParameterFileImpl::paramValue(const QString& name, quint8 subDevId) const {
+CParamVal CParameterFileImpl::paramValue(const QString& hardwareId, const QString& name,
+                                         quint8 subDevId) const {
   const CGroup group = *mGroup;
   for (const CParameterFileImpl* member : group) {
-    const CParamVal value = member->ownParamValue(name, subDevId);
+    const QString id = member == this ? hardwareId : member->hardwareId();
+    const CParamVal value = member->ownParamValue(id, name, subDevId);
     if (!value.isNull()) return value;
   }
   return CParamVal();

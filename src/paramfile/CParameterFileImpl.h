@@ -21,7 +21,11 @@ class CParameterFileImpl : public CParameterFileBaseImpl {
 
   QString nameById(quint32 id) const override;
   CParamDefItem paramDef(const QString& name) const override;
-  CParamVal paramValue(const QString& name, quint8 subDevId) const override;
+  CParamVal paramValue(const QString& name, quint8 subDevId) const override {
+    return paramValue(hardwareId(), name, subDevId);
+  }
+  CParamVal paramValue(const QString& hardwareId, const QString& name,
+                       quint8 subDevId) const override;
   bool isReferenced(quint32 id) const override;
   QList<quint32> referencedBy(quint32 id) const override;
 

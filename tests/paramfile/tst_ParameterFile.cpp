@@ -263,6 +263,31 @@ class tst_ParameterFile : public QObject {
     QCOMPARE(file->hardwareId() + file->hardwareIds().join(""), QString("DD"));
   }
 
+  /// What is done to a hardware id by its name is what is done to the active one.
+  void everyHardwareIdCanBeUsed() {
+    const auto edit = [](F& f, const auto&... id) {
+      return f.setParamValue(id..., "Mode", CParamVal(7), 1) &&
+             f.setAndMarkParamValue(id..., "Speed", CParamVal(8), 1) &&
+             f.copySubDevice(id..., 1, 2) &&
+             f.deleteNode(id..., f.existingSubGroup(id..., "G", 2)) &&
+             f.addParameter(id..., f.addGroup(id..., f.subGroup(id..., "a/b", 2), "c"), "Name") &&
+             f.addParameter(id..., f.rootGroup(id..., 3), "Loose", CParamVal("1")) &&
+             f.subDeviceIds(id...) == QList<quint8>({1, 2, 3}) && f.doesSubDeviceExist(id..., 3) &&
+             f.paramNames(id..., 2) == QStringList({"Mode", "Name"}) &&
+             f.paramValue(id..., "Speed", 1) == CParamVal("8");
+    };
+    const auto byName = makeSmall();
+    const auto active = makeSmall();
+    for (F* file : {byName.get(), active.get()}) file->cloneHardwareId("A", "B");
+    QVERIFY(byName->selectHardwareId("A"));
+    QVERIFY(edit(*active) && edit(*byName, QString("B")));
+    QCOMPARE(byName->hardwareId() + byName->changedList().join(""), QString("AB"));
+    QVERIFY(!byName->deleteNode("A", byName->rootGroup("B", 1)->childPtr("Mode")));
+    QVERIFY(!byName->rootGroup("X", 1) && !byName->subGroup("X", "a", 1));
+    QVERIFY(byName->selectHardwareId("B"));
+    QCOMPARE(NParamFileText::all(*byName), NParamFileText::all(*active));
+  }
+
   void subDevicesAreCopied() {
     const auto file = loadDrive();
     const QString name = file->subDevName(3);

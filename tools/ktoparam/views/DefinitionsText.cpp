@@ -1,6 +1,7 @@
 #include "CLabels.h"
 #include "CLoadedFile.h"
 #include "CParamDefItem.h"
+#include "CReferences.h"
 #include "CSubjectLines.h"
 #include "NShortText.h"
 #include "SAddress.h"
@@ -35,20 +36,22 @@ void addBits(const QList<NParamDef::SBitValue>& bits, CSubjectLines& lines) {
 
 /// The definition that an id means is called by its name, which no other has: where definitions get
 /// other ids, only the lines of ids change.
-void addReference(const QString& property, quint32 id, const ICParameterFile& file,
+void addReference(const QString& property, quint32 id, CReferences& references,
                   CSubjectLines& lines) {
-  const CParamDefItem meant = file.paramDef(id);
-  if (meant.valid())
-    lines.add(property, lines.labels().of(meant.name()));
+  const std::optional<QString> name = references.find(id);
+  if (name)
+    lines.add(property, *name);
   else
     lines.add(property + QLatin1String(" id"), QString::number(id));
 }
 
-void addLimits(const CParamDefItem& definition, const ICParameterFile& file, CSubjectLines& lines) {
+void addLimits(const CParamDefItem& definition, CReferences& references, CSubjectLines& lines) {
   addValue("minimum", definition.minVal(), lines);
   addValue("maximum", definition.maxVal(), lines);
-  for (const quint32 id : definition.minIds()) addReference("minimum parameter", id, file, lines);
-  for (const quint32 id : definition.maxIds()) addReference("maximum parameter", id, file, lines);
+  for (const quint32 id : definition.minIds())
+    addReference("minimum parameter", id, references, lines);
+  for (const quint32 id : definition.maxIds())
+    addReference("maximum parameter", id, references, lines);
 }
 
 void addCheck(const NParamDef::SCheckValues& states, CSubjectLines& lines) {
@@ -58,10 +61,9 @@ void addCheck(const NParamDef::SCheckValues& states, CSubjectLines& lines) {
   if (states.hasUndefined) lines.add("undefined", QString::number(states.undefined));
 }
 
-void addVisibility(const CParamDefItem& definition, const ICParameterFile& file,
-                   CSubjectLines& lines) {
+void addVisibility(const CParamDefItem& definition, CReferences& references, CSubjectLines& lines) {
   if (definition.visibleId() != NParamDef::NO_ID)
-    addReference("visible values of", definition.visibleId(), file, lines);
+    addReference("visible values of", definition.visibleId(), references, lines);
   lines.addUnlessEmpty("visible values", numbers(definition.visibleVals()));
 }
 
@@ -69,20 +71,20 @@ CSubjectLines linesOf(const CParamDefItem& definition, const CSubjectLines& all)
   return all.of(NShortText::of(SAddress::quoted(definition.name())));
 }
 
-void addDefinition(const CParamDefItem& definition, const ICParameterFile& file,
+void addDefinition(const CParamDefItem& definition, CReferences& references,
                    const CSubjectLines& all) {
   CSubjectLines lines = linesOf(definition, all);
   lines.add("type", definition.typeStr());
-  if (definition.unitId() != 0) addReference("unit", definition.unitId(), file, lines);
+  if (definition.unitId() != 0) addReference("unit", definition.unitId(), references, lines);
   lines.addUnlessEmpty("hint", lines.labels().of(definition.hint()));
   addValue("default", definition.defVal(), lines);
-  addLimits(definition, file, lines);
+  addLimits(definition, references, lines);
   addChoices("choice", definition.enums(), lines);
   if (definition.isEnumEditable()) lines.add("other values", "allowed");
   addChoices("radio", definition.radios(), lines);
   addCheck(definition.checkVals(), lines);
   addBits(definition.bitset(), lines);
-  addVisibility(definition, file, lines);
+  addVisibility(definition, references, lines);
 }
 
 }  // namespace
@@ -92,7 +94,8 @@ void NViews::addDefinitions(const CLoadedFile& loaded, const CSubjectLines& line
   const ICParameterFile& file = loaded.file();
   QStringList names = file.defNames();
   names.sort();
-  for (const QString& name : qAsConst(names)) addDefinition(file.paramDef(name), file, lines);
+  CReferences references(file, lines.labels());
+  for (const QString& name : qAsConst(names)) addDefinition(file.paramDef(name), references, lines);
   for (const QString& name : qAsConst(names)) {
     const CParamDefItem definition = file.paramDef(name);
     if (definition.valid()) linesOf(definition, lines).add("id", QString::number(definition.id()));

@@ -4,6 +4,8 @@
 #include "CParameterFileHelper.h"
 #include "GoldenFiles.h"
 
+#include <QRandomGenerator>
+
 using namespace NParamDef;
 
 namespace {

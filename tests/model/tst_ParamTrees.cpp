@@ -7,7 +7,7 @@
 
 #include <QMap>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 #include <set>

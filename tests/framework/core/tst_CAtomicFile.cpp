@@ -4,7 +4,7 @@
 #include "TestRows.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <grp.h>
 #include <sys/resource.h>

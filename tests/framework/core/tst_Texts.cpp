@@ -4,7 +4,7 @@
 #include "NShortText.h"
 #include "NTypes.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cfloat>
 #include <cmath>

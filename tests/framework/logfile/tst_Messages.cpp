@@ -4,7 +4,7 @@
 #include "TestFiles.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <atomic>
 #include <memory>

@@ -2,8 +2,8 @@
 #include "TestRows.h"
 
 #include <QDomDocument>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 namespace {
 

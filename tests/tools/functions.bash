@@ -39,3 +39,5 @@ branches() {
 }
 # A version of a file whose name is a trap, in the history.
 version() { cat >./-x.xparam && git add -- -x.xparam && git commit --quiet -m "$1"; }
+# Two releases of a large catalogue, with values and a table.
+catalogue() { "${BASH_ENV%/*}/catalogue" "$1"; }

@@ -23,14 +23,19 @@ struct SRun {
   QString err;
 };
 
-/// A folder of its own with copies of the example files and of those in "files".
+/// A folder of its own with copies of the example files, their folders, and those in "files".
 class CWorkplace {
  public:
   /// Commands run in the locale, which need not be installed on the machine.
   explicit CWorkplace(const QString& locale = "C") {
-    for (const char* folder : {KTO_EXAMPLE_DATA, KTO_TOOL_TESTS "/files"})
-      for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
-        QFile::copy(file.filePath(), mFolder.filePath(file.fileName()));
+    for (const QDir folder : {QDir(KTO_EXAMPLE_DATA), QDir(KTO_TOOL_TESTS "/files")}) {
+      QDirIterator files(folder.path(), QDir::Files, QDirIterator::Subdirectories);
+      while (files.hasNext()) {
+        const QString copy = path(folder.relativeFilePath(files.next()));
+        QDir().mkpath(QFileInfo(copy).path());
+        QFile::copy(files.filePath(), copy);
+      }
+    }
     mEnvironment.insert("LC_ALL", locale);
     mEnvironment.remove("LANGUAGE");
     mEnvironment.insert("LOCPATH", KTO_LOCALES);

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "CParamDefItem.h"
+
+#include <QString>
+
+#include <map>
+#include <set>
+#include <utility>
+#include <vector>
+
+/// Which of the definitions that only the new set has may be one that only the old set has, under
+/// another name and id: one of the same type and unit that says the same about itself, or whose
+/// name is a longer or shorter form of the old one.
+class CRenameGuess {
+ public:
+  /// A definition that was added, and the name of its unit.
+  void add(const CParamDefItem& definition, const QString& unit);
+  /// Null when none is likely, or several are. What was found is not found again.
+  QString take(const CParamDefItem& removed, const QString& unit);
+
+ private:
+  using CKind = std::pair<NParamDef::EParamType, QString>;  // type and unit
+
+  QString byHint(const CKind& kind, const QString& hint) const;
+  QString byName(const CKind& kind, const QString& name) const;
+
+  std::map<std::pair<CKind, QString>, QString> mByHint;  // null where a hint is not the only one
+  std::map<CKind, std::map<QChar, std::vector<QString>>> mByName;  // by first letter
+  std::set<QString> mTaken;
+};

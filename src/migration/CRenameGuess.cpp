@@ -52,7 +52,7 @@ QString CRenameGuess::byName(const CKind& kind, const QString& name) const {
   QString found;
   for (size_t i = 0; i < std::min(names->second.size(), kMostCompared); ++i) {
     const QString& candidate = names->second.at(i);
-    if (mTaken.count(candidate) > 0 || !isShortForm(name, candidate)) continue;
+    if (!isShortForm(name, candidate) || mTaken.count(candidate) > 0) continue;
     if (!found.isNull()) return {};
     found = candidate;
   }

@@ -105,9 +105,10 @@ class CDraft {
     nameReleases();
     const CDefinitionDifferences all = CDefinitionComparison::compare(mOldFile, mNewFile);
     for (const S& each : all) {
-      if (each.what != S::Added) continue;
-      const CParamDefItem added = mNewFile.paramDef(each.name);
-      mRenames.add(added, mNew.unitOf(added).text());
+      const CParamDefItem oldItem = mOldFile.paramDef(each.name);
+      const CParamDefItem newItem = mNewFile.paramDef(each.name);
+      if (each.what == S::Added) mRenames.addNew(newItem, mNew.unitOf(newItem).text());
+      if (each.what == S::Removed) mRenames.addOld(oldItem, mOld.unitOf(oldItem).text());
     }
     for (int begin = 0, end = 0; begin < all.size(); begin = end) {
       while (end < all.size() && all.at(end).name == all.at(begin).name) ++end;

@@ -14,18 +14,26 @@
 /// name is a longer or shorter form of the old one.
 class CRenameGuess {
  public:
-  /// A definition that was added, and the name of its unit.
-  void add(const CParamDefItem& definition, const QString& unit);
+  /// A definition that was added or removed, and the name of its unit.
+  void addNew(const CParamDefItem& definition, const QString& unit);
+  void addOld(const CParamDefItem& definition, const QString& unit);
   /// Null when none is likely, or several are. What was found is not found again.
   QString take(const CParamDefItem& removed, const QString& unit);
 
  private:
   using CKind = std::pair<NParamDef::EParamType, QString>;  // type and unit
 
-  QString byHint(const CKind& kind, const QString& hint) const;
+  using CHint = std::pair<CKind, QString>;
+
+  QString byHint(const CHint& hint) const;
   QString byName(const CKind& kind, const QString& name) const;
 
-  std::map<std::pair<CKind, QString>, QString> mByHint;  // null where a hint is not the only one
-  std::map<CKind, std::map<QChar, std::vector<QString>>> mByName;  // by first letter
+  std::map<CHint, QString> mByHint;  // null where several have the hint
+  std::map<CHint, int> mOldHints;    // how many definitions have it
+  struct SName {
+    QString name;
+    QString letters;  // in lower case
+  };
+  std::map<CKind, std::map<QChar, std::vector<SName>>> mByName;  // by first letter
   std::set<QString> mTaken;
 };

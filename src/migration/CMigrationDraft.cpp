@@ -137,6 +137,9 @@ class CDraft {
     SMigrationRule proposal = rule;
     QStringList questions;
     for (const S& each : differences) convert(each, rule, proposal, questions);
+    if (isOther())
+      questions.append(
+          CMigrationTable::tr("Name and hint are others under this id: is it the same parameter?"));
     const QString factor = NRescalingGuess::factor(mOldItem, mNewItem);
     if (isRescaled(differences, factor)) propose(factor, proposal, questions);
     if (!questions.isEmpty()) ask(questions, rule);
@@ -151,6 +154,13 @@ class CDraft {
     if (mNewItem.id() != mOldItem.id() && NParamDef::isRealId(mNewItem.id()))
       rule.newId = mNewItem.id();
     return rule;
+  }
+
+  /// An id that was free may have been given to another parameter.
+  bool isOther() const {
+    return !mOldItem.hint().isEmpty() && !mNewItem.hint().isEmpty() &&
+           mOldItem.hint() != mNewItem.hint() && mOldItem.name() != mNewItem.name() &&
+           !CRenameGuess::areAlike(mOldItem.name(), mNewItem.name());
   }
 
   /// What renumbered choices and bits become is certain; other meanings are asked for.

@@ -26,6 +26,10 @@ bool isShortForm(const QString& a, const QString& b) {
 
 }  // namespace
 
+bool CRenameGuess::areAlike(const QString& a, const QString& b) {
+  return isShortForm(a.toLower(), b.toLower());
+}
+
 void CRenameGuess::addNew(const CParamDefItem& definition, const QString& unit) {
   const CKind kind(definition.type(), unit);
   const QString letters = definition.name().toLower();

@@ -14,6 +14,9 @@
 /// name is a longer or shorter form of the old one.
 class CRenameGuess {
  public:
+  /// Whether one name is a short form of the other.
+  static bool areAlike(const QString& a, const QString& b);
+
   /// A definition that was added or removed, and the name of its unit.
   void addNew(const CParamDefItem& definition, const QString& unit);
   void addOld(const CParamDefItem& definition, const QString& unit);

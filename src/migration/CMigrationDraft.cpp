@@ -163,18 +163,22 @@ class CDraft {
            !CRenameGuess::areAlike(mOldItem.name(), mNewItem.name());
   }
 
-  /// What renumbered choices and bits become is certain; other meanings are asked for.
+  /// What renumbered choices and bits become is certain, unless a number has both; other meanings
+  /// are asked for.
   void convert(const S& difference, SMigrationRule& rule, SMigrationRule& proposal,
                QStringList& questions) const {
     if (difference.effect != S::MeaningChanged) return;
     const bool isChoice = difference.what == S::Choices || difference.what == S::RadioButtons ||
                           difference.what == S::CheckBox;
-    const auto choices = isChoice ? movedChoices(mOldItem, mNewItem) : CNumberPairs();
-    const auto bits = difference.what == S::Bits ? movedBits(mOldItem, mNewItem) : CBitPairs();
+    const bool hasBits = mOldItem.hasBitset() || mNewItem.hasBitset();
+    const bool hasChoices = !CParamValueText::choices(mOldItem).isEmpty();
+    const auto choices = isChoice && !hasBits ? movedChoices(mOldItem, mNewItem) : CNumberPairs();
+    const auto bits =
+        difference.what == S::Bits && !hasChoices ? movedBits(mOldItem, mNewItem) : CBitPairs();
     if (!choices.isEmpty()) {
       rule.choices = choices;
       proposal.choices = choices;
-    } else if (!bits.isEmpty() && rule.choices.isEmpty()) {
+    } else if (!bits.isEmpty()) {
       rule.bits = bits;
       proposal.bits = bits;
     } else {

@@ -26,7 +26,7 @@ const QStringList kValues = {"-0",  "0",     "+1",  "2",     "3",   "0x3",      
 class CRandomDefinition {
  public:
   explicit CRandomDefinition(quint32 seed) : mRandom(seed) {
-    for (int respect = 0; respect < kRespects; ++respect) change(respect);
+    for (int step = 0; step < 4 * kRespects; ++step) change(step % kRespects);
   }
 
   void change() { change(below(kRespects)); }
@@ -58,7 +58,7 @@ class CRandomDefinition {
 
   void edit(QList<SNamedI64Value>& choices) {
     if (!choices.isEmpty() && below(3) == 0) choices.removeAt(below(choices.size()));
-    const QString name = oneOf({"", "a", "b", "c", "d"});
+    const QString name = oneOf({"", "a", "b", "c", "d", "e", "f"});
     if (below(3) > 0) choices.append({below(7) - 1, name});
   }
 
@@ -68,12 +68,14 @@ class CRandomDefinition {
     if (respect == 2) mMaximum = oneOf(kLimits);
     if (respect == 3 && below(2) == 0) edit(mChoices);
     if (respect == 4) mIsEditable = below(3) > 0;
-    if (respect == 5 && below(4) == 0) edit(mRadios);
+    if (respect == 5 && below(12) == 0) edit(mRadios);
     if (respect == 6) mStates = below(6) == 0 ? SCheckValues{below(3), below(3)} : SCheckValues();
-    if (respect == 7 && below(3) == 0) mBits.append({below(8), oneOf({"A", "B"}), below(3) == 0});
-    if (respect == 7 && below(6) == 0) mBits.clear();
+    if (respect == 7 && below(3) == 0)
+      mBits.append({below(8), oneOf({"A", "B", "C"}), below(3) == 0});
+    if (respect == 7 && below(3) == 0) mBits.clear();
     if (respect == 9 && mChoices.size() > 1) std::swap(mChoices.first().name, mChoices.last().name);
-    if (respect == 9 && !mBits.isEmpty()) mBits.first().pos = below(8);
+    if (respect == 9 && !mBits.isEmpty())
+      mBits.first() = {below(8), mBits.first().name, below(3) == 0};
     if (respect == 8) mIsLimited = below(3) == 0;
     if (respect == 8) mIsLimitNumber = below(3) > 0;
   }

@@ -4,5 +4,5 @@ QVector<SCommand> allCommands() {
   return detectCommands() + showCommands() + getCommands() + setCommands() + hardwareIdCommands() +
          subDeviceCommands() + importCommands() + defaultsCommands() + newCommands() +
          checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
-         textCommands() + motorsCommands() + compensationCommands();
+         migrationCheckCommands() + textCommands() + motorsCommands() + compensationCommands();
 }

@@ -1,23 +1,23 @@
-#include "CAllowedNumbers.h"
 #include "CDefinitionComparison.h"
 #include "CDefinitionSide.h"
+#include "CExactNumber.h"
 #include "CMigrationTable.h"
 #include "CParamValueText.h"
 #include "CRenameGuess.h"
 #include "ICParameterFile.h"
+#include "NRenumbering.h"
 #include "NRescalingGuess.h"
 #include "NShortText.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <map>
 
 namespace {
 
 using S = SDefinitionDifference;
-using CNumberPairs = QVector<QPair<qint64, qint64>>;
-using CBitPairs = QVector<QPair<int, int>>;
+using NRenumbering::CBitPairs;
+using NRenumbering::CNumberPairs;
 
 /// The version in a Head comment and the word before it, such as "release 4.5"; empty when there is
 /// none.
@@ -34,56 +34,6 @@ QString releaseIn(const QString& comment) {
     before = word;
   }
   return {};
-}
-
-/// Numbers by which each choice gets the number that its name has now. Nothing when a number that
-/// has lost its name means something else now, or names are not unique.
-CNumberPairs movedChoices(const CParamDefItem& oldOne, const CParamDefItem& newOne) {
-  const CAllowedNumbers oldNumbers(oldOne);
-  const CAllowedNumbers newNumbers(newOne);
-  const SChoiceNames& before = oldNumbers.all();
-  const SChoiceNames& after = newNumbers.all();
-  const auto isUnique = [](const SChoiceNames& names, const CParamDefItem& item) {
-    const auto count = static_cast<size_t>(CParamValueText::choices(item).size());
-    return names.names.size() == count && names.numbers.size() == count;
-  };
-  if (!isUnique(before, oldOne) || !isUnique(after, newOne)) return {};
-  CNumberPairs moved;
-  for (const auto& [number, name] : before.names) {
-    const auto now = after.numbers.find(name);
-    if (now == after.numbers.end() && after.names.count(number) > 0) return {};
-    if (now != after.numbers.end() && now->second != number) moved.append({number, now->second});
-  }
-  return moved;
-}
-
-using CBitsByName = std::map<QString, NParamDef::SBitValue>;
-
-/// Nothing when names or positions are not unique.
-std::optional<CBitsByName> bitsByName(const CParamDefItem& definition) {
-  CBitsByName bits;
-  quint64 positions = 0;
-  for (const NParamDef::SBitValue& bit : definition.bitset()) {
-    const quint64 mask = 1ULL << bit.pos;
-    if ((positions & mask) != 0 || !bits.try_emplace(bit.name, bit).second) return {};
-    positions |= mask;
-  }
-  return bits;
-}
-
-/// The same for bits, of which each must still be there.
-CBitPairs movedBits(const CParamDefItem& oldOne, const CParamDefItem& newOne) {
-  const std::optional<CBitsByName> before = bitsByName(oldOne);
-  const std::optional<CBitsByName> after = bitsByName(newOne);
-  if (!before || !after) return {};
-  CBitPairs moved;
-  for (const auto& [name, bit] : *before) {
-    const auto now = after->find(name);
-    if (now == after->end() || now->second.invert != bit.invert) return {};
-    if (now->second.pos != bit.pos) moved.append({bit.pos, now->second.pos});
-  }
-  std::sort(moved.begin(), moved.end());
-  return moved;
 }
 
 /// What a question tells of a difference.
@@ -163,18 +113,22 @@ class CDraft {
            !CRenameGuess::areAlike(mOldItem.name(), mNewItem.name());
   }
 
-  /// What renumbered choices and bits become is certain, unless a number has both; other meanings
-  /// are asked for.
+  /// What renumbered choices and bits become is certain, unless they are of texts or a number
+  /// has both; other meanings are asked for.
   void convert(const S& difference, SMigrationRule& rule, SMigrationRule& proposal,
                QStringList& questions) const {
     if (difference.effect != S::MeaningChanged) return;
     const bool isChoice = difference.what == S::Choices || difference.what == S::RadioButtons ||
                           difference.what == S::CheckBox;
+    const bool isNumber = areNumbers();
     const bool hasBits = mOldItem.hasBitset() || mNewItem.hasBitset();
     const bool hasChoices = !CParamValueText::choices(mOldItem).isEmpty();
-    const auto choices = isChoice && !hasBits ? movedChoices(mOldItem, mNewItem) : CNumberPairs();
-    const auto bits =
-        difference.what == S::Bits && !hasChoices ? movedBits(mOldItem, mNewItem) : CBitPairs();
+    const auto choices = isChoice && isNumber && !hasBits
+                             ? NRenumbering::choices(mOldItem, mNewItem)
+                             : CNumberPairs();
+    const auto bits = difference.what == S::Bits && isNumber && !hasChoices
+                          ? NRenumbering::bits(mOldItem, mNewItem)
+                          : CBitPairs();
     if (!choices.isEmpty()) {
       rule.choices = choices;
       proposal.choices = choices;
@@ -192,10 +146,13 @@ class CDraft {
       return std::any_of(differences.begin(), differences.end(),
                          [what](const S& each) { return each.what == what; });
     };
-    const bool isNumber =
-        CExactNumber::isNumberType(mOldItem.type()) && CExactNumber::isNumberType(mNewItem.type());
     const bool mayBe = has(S::Name) && (has(S::Type) || NRescalingGuess::isPowerOfTen(factor));
-    return isNumber && (has(S::Unit) || mayBe);
+    return areNumbers() && (has(S::Unit) || mayBe);
+  }
+
+  bool areNumbers() const {
+    return CExactNumber::isNumberType(mOldItem.type()) &&
+           CExactNumber::isNumberType(mNewItem.type());
   }
 
   void propose(const QString& factor, SMigrationRule& proposal, QStringList& questions) const {

@@ -172,6 +172,8 @@ class tst_CDefinitionComparison : public QObject {
       QByteArray text;
       QString error;
       QVERIFY2(table.save(text, error), qPrintable(error));
+      for (const CMigrationTable::SProblem& problem : table.problems(*before, *after))
+        QVERIFY2(problem.isWarning, qPrintable(QString("seed %1: ").arg(seed) + problem.text));
       const auto changed = CDefinitionComparison::compare(*before, *after);
       const auto rule = std::find_if(table.rules.begin(), table.rules.end(),
                                      [](const SMigrationRule& each) { return each.name == "P"; });

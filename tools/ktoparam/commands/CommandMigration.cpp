@@ -31,15 +31,12 @@ EExitStatus print(const CMigrationTable& table, COutput& out) {
   return ExitDone;
 }
 
-EExitStatus write(const CMigrationTable& table, const QString& fileName, COutput& out) {
-  const bool isSaved = NSafeWrite::run(fileName, out, [&table, &fileName] {
+bool write(const CMigrationTable& table, const QString& fileName, COutput& out) {
+  return NSafeWrite::run(fileName, out, [&table, &fileName] {
     QString error;
     table.save(fileName, error);
     return error;
   });
-  if (!isSaved) return ExitFile;
-  out.line(countsOf(table));
-  return ExitDone;
 }
 
 EExitStatus draft(const CInvocation& invocation, COutput& out) {
@@ -52,7 +49,11 @@ EExitStatus draft(const CInvocation& invocation, COutput& out) {
   if (!output.isEmpty() && !SFileInfo::mayReplace(output, SFileInfo::Unknown, out)) return ExitFile;
   out.doing(Tool::tr("Comparing …"));
   const CMigrationTable table = CMigrationTable::draft(oldFile.file(), newFile.file());
-  return output.isEmpty() ? print(table, out) : write(table, output, out);
+  if (output.isEmpty()) return print(table, out);
+  const bool isSaved = write(table, output, out);
+  oldFile.unlock();
+  if (isSaved) out.line(countsOf(table));
+  return isSaved ? ExitDone : ExitFile;
 }
 
 }  // namespace

@@ -110,6 +110,7 @@ QString NDefinitionDifferences::usageProblem(const CInvocation& invocation) {
        {NOptions::kDef, NOptions::kNoDef, NOptions::kHardwareId, CComparedFiles::kNewHardwareId,
         NOptions::kSubDevice, CComparedFiles::kNewSubDevice, CComparedFiles::kOnly})
     if (invocation.isSet(option)) return Tool::tr("--%1 is for value files.").arg(option);
+  if (invocation.argument(1).isEmpty()) return Tool::tr("%1 is missing.").arg(QLatin1String("NEW"));
   return invocation.arguments().size() > 2
              ? Tool::tr("\"%1\" is one word too many.").arg(invocation.argument(2))
              : QString();

@@ -4,6 +4,9 @@
 #include <CFolderLock.h>
 #include <CMessageBoardHelper.h>
 #include <ICLogfile.h>
+#include <ktoParameter/CDefinitionComparison.h>
+#include <ktoParameter/CDefinitionMerge.h>
+#include <ktoParameter/CMigrationTable.h>
 #include <ktoParameter/CParamLineIndex.h>
 #include <ktoParameter/CParamValueRules.h>
 #include <ktoParameter/CParamValueText.h>
@@ -117,6 +120,16 @@ QStringList changedNames(ICParameterFile& before, ICParameterFile& after) {
 }
 //! [CParameterFileComparison]
 
+//! [CDefinitionComparison]
+QStringList breakingChanges(const ICParameterFile& before, const ICParameterFile& after) {
+  QStringList texts;
+  for (const SDefinitionDifference& difference : CDefinitionComparison::compare(before, after))
+    if (difference.effect != SDefinitionDifference::Safe)
+      texts += difference.name + ": " + difference.reason;
+  return texts;
+}
+//! [CDefinitionComparison]
+
 //! [CParameterFileMerge]
 bool takeTheirs(const ICParameterFile& base, ICParameterFile& ours, const ICParameterFile& theirs,
                 QTextStream& out) {
@@ -127,6 +140,33 @@ bool takeTheirs(const ICParameterFile& base, ICParameterFile& ours, const ICPara
   return merge.errorMsg().isEmpty() && merge.conflicts().isEmpty();
 }
 //! [CParameterFileMerge]
+
+//! [CDefinitionMerge]
+bool takeTheirDefinitions(const ICParameterFile& base, ICParameterFile& ours,
+                          const ICParameterFile& theirs, QTextStream& out) {
+  CDefinitionMerge merge(base, ours, theirs);
+  if (!merge.run()) out << merge.errorMsg() << '\n';
+  for (const SMergeConflict& conflict : merge.conflicts())
+    out << conflict.name << ": " << conflict.text() << '\n';  // ours stays
+  return merge.errorMsg().isEmpty() && merge.conflicts().isEmpty();
+}
+//! [CDefinitionMerge]
+
+//! [CMigrationTable]
+bool writeTable(const ICParameterFile& oldDefinitions, const ICParameterFile& newDefinitions,
+                QTextStream& out) {
+  SMigrationRule rule;
+  rule.name = "VelocityLimit";
+  rule.rescaling = SRescaling{"1/60", "0", SRescaling::HalfEven};  // from minutes to seconds
+  CMigrationTable table;
+  table.rules = {rule};
+  for (const CMigrationTable::SProblem& problem : table.problems(oldDefinitions, newDefinitions))
+    out << problem.line << ": " << problem.text << '\n';
+  QString error;
+  if (!table.save("Next.xmig", error) || !table.load("Next.xmig", error)) out << error << '\n';
+  return error.isEmpty() && table.rules.first().line == 5;
+}
+//! [CMigrationTable]
 
 //! [CParameterFileErrorHandler]
 /// Takes files of every version.
@@ -267,9 +307,11 @@ bool areFine(QTextStream& out) {
          !setTyped(*theirs, "VelocityLimit", "fast", problem) &&
          shown(*theirs, "VelocityLimit") == "800 mm/s" &&
          changedNames(*base, *theirs) == QStringList("VelocityLimit") &&
-         takeTheirs(*base, *ours, *theirs, out) && editInModel(*ours) &&
-         loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") && isMotorFile("Motors.xparam") &&
-         !motorNames("Motors.xparam").isEmpty() && moveMachine(out) && shiftTable(0.001, out) &&
+         breakingChanges(*base, *theirs).isEmpty() && takeTheirs(*base, *ours, *theirs, out) &&
+         takeTheirDefinitions(*base, *ours, *theirs, out) && writeTable(*base, *ours, out) &&
+         editInModel(*ours) && loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") &&
+         isMotorFile("Motors.xparam") && !motorNames("Motors.xparam").isEmpty() &&
+         moveMachine(out) && shiftTable(0.001, out) &&
          saveUnlessChanged(*base, "TwoAxisDrive.xparam", out) && halveVelocity(problem) &&
          base->hasChangedOnDisk("TwoAxisDrive.xparam") && openLogfile()->isActive() &&
          writeReport("fine\n", out);

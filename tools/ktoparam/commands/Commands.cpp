@@ -4,5 +4,6 @@ QVector<SCommand> allCommands() {
   return detectCommands() + showCommands() + getCommands() + setCommands() + hardwareIdCommands() +
          subDeviceCommands() + importCommands() + defaultsCommands() + newCommands() +
          checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
-         textCommands() + motorsCommands() + compensationCommands();
+         migrationCommands() + migrationCheckCommands() + textCommands() + motorsCommands() +
+         compensationCommands();
 }

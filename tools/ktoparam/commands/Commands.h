@@ -17,6 +17,8 @@ QVector<SCommand> getCommands();
 QVector<SCommand> hardwareIdCommands();
 QVector<SCommand> importCommands();
 QVector<SCommand> mergeCommands();
+QVector<SCommand> migrationCheckCommands();
+QVector<SCommand> migrationCommands();
 QVector<SCommand> motorsCommands();
 QVector<SCommand> newCommands();
 QVector<SCommand> searchCommands();

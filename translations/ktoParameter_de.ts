@@ -249,6 +249,144 @@
     </message>
 </context>
 <context>
+    <name>CDefinitionComparison</name>
+    <message>
+        <source>A text and a number are read differently.</source>
+        <translation>Ein Text und eine Zahl werden verschieden gelesen.</translation>
+    </message>
+    <message>
+        <source>Decimals and &quot;0x&quot; are not read by both types.</source>
+        <translation>Nachkommastellen und &quot;0x&quot; lesen nicht beide Typen.</translation>
+    </message>
+    <message>
+        <source>Every allowed value is the same number of the new type.</source>
+        <translation>Jeder erlaubte Wert ist dieselbe Zahl des neuen Typs.</translation>
+    </message>
+    <message>
+        <source>Not every allowed value is a number of the new type; unsigned ones take no sign, not even that of &quot;-0&quot;.</source>
+        <translation>Nicht jeder erlaubte Wert ist eine Zahl des neuen Typs; vorzeichenlose nehmen kein Vorzeichen, auch nicht das von &quot;-0&quot;.</translation>
+    </message>
+    <message>
+        <source>Negative values set other bits.</source>
+        <translation>Negative Werte setzen andere Bits.</translation>
+    </message>
+    <message>
+        <source>Values below %1 are no longer allowed.</source>
+        <translation>Werte unter %1 sind nicht mehr erlaubt.</translation>
+    </message>
+    <message>
+        <source>It allows every value that was allowed.</source>
+        <translation>Jeder bisher erlaubte Wert bleibt erlaubt.</translation>
+    </message>
+    <message>
+        <source>Values above %1 are no longer allowed.</source>
+        <translation>Werte über %1 sind nicht mehr erlaubt.</translation>
+    </message>
+    <message>
+        <source>It only informs.</source>
+        <translation>Das informiert nur.</translation>
+    </message>
+    <message>
+        <source>No value was made for it.</source>
+        <translation>Dafür wurde noch kein Wert gemacht.</translation>
+    </message>
+    <message>
+        <source>Its values are no longer defined.</source>
+        <translation>Seine Werte sind nicht mehr definiert.</translation>
+    </message>
+    <message>
+        <source>Values are found by their names.</source>
+        <translation>Werte werden nach ihren Namen gefunden.</translation>
+    </message>
+    <message>
+        <source>Values keep the old id until they are migrated.</source>
+        <translation>Werte behalten die alte ID, bis sie umgestellt werden.</translation>
+    </message>
+    <message>
+        <source>The id %1 was that of &quot;%2&quot;.</source>
+        <translation>Die ID %1 war die von &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The id %1 is that of &quot;%2&quot; now.</source>
+        <translation>Die ID %1 ist jetzt die von &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The same number is another quantity.</source>
+        <translation>Dieselbe Zahl ist eine andere Größe.</translation>
+    </message>
+    <message>
+        <source>It is the unit of others in files that do not have it.</source>
+        <translation>Er ist die Einheit anderer in Dateien, die ihn nicht haben.</translation>
+    </message>
+    <message>
+        <source>Values stay as they are.</source>
+        <translation>Werte bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>The value of &quot;%1&quot; is a limit, too, now.</source>
+        <translation>Der Wert von &quot;%1&quot; ist jetzt auch eine Grenze.</translation>
+    </message>
+    <message>
+        <source>It only decides what is shown.</source>
+        <translation>Das entscheidet nur, was angezeigt wird.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is another bit now, or inverted.</source>
+        <translation>&quot;%1&quot; ist jetzt ein anderes Bit oder invertiert.</translation>
+    </message>
+    <message>
+        <source>The bit %1 had the name &quot;%2&quot;.</source>
+        <translation>Das Bit %1 hatte den Namen &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The bit %1 has no name any more.</source>
+        <translation>Das Bit %1 hat keinen Namen mehr.</translation>
+    </message>
+    <message>
+        <source>The bit %1 or its name &quot;%2&quot; had a meaning already.</source>
+        <translation>Das Bit %1 oder sein Name &quot;%2&quot; hatte schon eine Bedeutung.</translation>
+    </message>
+    <message>
+        <source>Only bits without a name got one.</source>
+        <translation>Nur Bits ohne Namen haben einen bekommen.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer a choice.</source>
+        <translation>%1 ist kein Auswahlwert mehr.</translation>
+    </message>
+    <message>
+        <source>%1 was &quot;%2&quot; and is &quot;%3&quot;.</source>
+        <translation>%1 war &quot;%2&quot; und ist &quot;%3&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was %2 and is %3.</source>
+        <translation>&quot;%1&quot; war %2 und ist %3.</translation>
+    </message>
+    <message>
+        <source>other values</source>
+        <translation>andere Werte</translation>
+    </message>
+    <message>
+        <source>Only the choices are allowed now.</source>
+        <translation>Jetzt sind nur noch die Auswahlwerte erlaubt.</translation>
+    </message>
+    <message>
+        <source>Every choice is still there.</source>
+        <translation>Jeden Auswahlwert gibt es noch.</translation>
+    </message>
+    <message>
+        <source>%1, … (%2 in all)</source>
+        <translation>%1, … (insgesamt %2)</translation>
+    </message>
+</context>
+<context>
+    <name>CDefinitionMerge</name>
+    <message>
+        <source>Only files of this library can be merged.</source>
+        <translation>Nur Dateien dieser Bibliothek können zusammengeführt werden.</translation>
+    </message>
+</context>
+<context>
     <name>CDomDoc</name>
     <message>
         <source>There is not enough memory to read the document.</source>
@@ -325,6 +463,263 @@
     <message>
         <source>&lt;%1&gt; is &quot;%2&quot;, not %3.</source>
         <translation>&lt;%1&gt; ist &quot;%2&quot; und nicht %3.</translation>
+    </message>
+</context>
+<context>
+    <name>CMigrationCheck</name>
+    <message>
+        <source>the Head comment of the old definitions does not name the release &quot;%1&quot;.</source>
+        <translation>der Kommentar im Head der alten Definitionen nennt die Ausgabe &quot;%1&quot; nicht.</translation>
+    </message>
+    <message>
+        <source>the Head comment of the new definitions does not name the release &quot;%1&quot;.</source>
+        <translation>der Kommentar im Head der neuen Definitionen nennt die Ausgabe &quot;%1&quot; nicht.</translation>
+    </message>
+    <message>
+        <source>the rules cannot be saved: %1</source>
+        <translation>die Regeln lassen sich nicht speichern: %1</translation>
+    </message>
+    <message>
+        <source>the old definitions have no parameter of this name.</source>
+        <translation>die alten Definitionen haben keinen Parameter dieses Namens.</translation>
+    </message>
+    <message>
+        <source>it is dropped, and the new definitions still have it.</source>
+        <translation>er entfällt, und die neuen Definitionen haben ihn noch.</translation>
+    </message>
+    <message>
+        <source>the new definitions have no parameter of this name; give it a new name, or drop it.</source>
+        <translation>die neuen Definitionen haben keinen Parameter dieses Namens; er braucht einen neuen Namen oder muss entfallen.</translation>
+    </message>
+    <message>
+        <source>the new definitions have no &quot;%1&quot;.</source>
+        <translation>die neuen Definitionen haben kein &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; becomes &quot;%2&quot;, too.</source>
+        <translation>auch &quot;%1&quot; wird zu &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>the old definitions have &quot;%1&quot; already, which no rule drops or renames.</source>
+        <translation>die alten Definitionen haben schon &quot;%1&quot;, und keine Regel entfernt es oder benennt es um.</translation>
+    </message>
+    <message>
+        <source>its new id is %1, not %2.</source>
+        <translation>seine neue ID ist %1, nicht %2.</translation>
+    </message>
+    <message>
+        <source>its new id is %1, and values keep the old one, %2.</source>
+        <translation>seine neue ID ist %1, und Werte behalten die alte, %2.</translation>
+    </message>
+    <message>
+        <source>values of the type %1 are no numbers that could be converted.</source>
+        <translation>Werte des Typs %1 sind keine Zahlen, die sich umrechnen ließen.</translation>
+    </message>
+    <message>
+        <source>the new definition does not allow the value &quot;%1&quot;: %2</source>
+        <translation>die neue Definition lässt den Wert &quot;%1&quot; nicht zu: %2</translation>
+    </message>
+    <message>
+        <source>the old definition does not allow %1: %2</source>
+        <translation>die alte Definition lässt %1 nicht zu: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a choice of the old definition.</source>
+        <translation>%1 ist keine Auswahl der alten Definition.</translation>
+    </message>
+    <message>
+        <source>the new definition does not allow %1: %2</source>
+        <translation>die neue Definition lässt %1 nicht zu: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a choice of the new definition.</source>
+        <translation>%1 ist keine Auswahl der neuen Definition.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 both become %3.</source>
+        <translation>%1 und %2 werden beide zu %3.</translation>
+    </message>
+    <message>
+        <source>values of the type %1 have no bits.</source>
+        <translation>Werte des Typs %1 haben keine Bits.</translation>
+    </message>
+    <message>
+        <source>the old type %1 has no bit %2.</source>
+        <translation>der alte Typ %1 hat kein Bit %2.</translation>
+    </message>
+    <message>
+        <source>the bit %1 has no name in the old definition.</source>
+        <translation>das Bit %1 hat in der alten Definition keinen Namen.</translation>
+    </message>
+    <message>
+        <source>the new type %1 has no bit %2.</source>
+        <translation>der neue Typ %1 hat kein Bit %2.</translation>
+    </message>
+    <message>
+        <source>the bit %1 has no name in the new definition.</source>
+        <translation>das Bit %1 hat in der neuen Definition keinen Namen.</translation>
+    </message>
+    <message>
+        <source>the bits %1 and %2 both become %3.</source>
+        <translation>die Bits %1 und %2 werden beide zu %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: %2</source>
+        <translation>&quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>the new definitions do not have it, and no rule is about it.</source>
+        <translation>die neuen Definitionen haben ihn nicht, und keine Regel handelt von ihm.</translation>
+    </message>
+    <message>
+        <source>its meaning changed, and no rule is about it (%1): %2</source>
+        <translation>seine Bedeutung hat sich geändert, und keine Regel handelt davon (%1): %2</translation>
+    </message>
+    <message>
+        <source>its meaning changed, and the rule has no %3 for that (%1): %2</source>
+        <translation>seine Bedeutung hat sich geändert, und die Regel hat dafür kein %3 (%1): %2</translation>
+    </message>
+</context>
+<context>
+    <name>CMigrationFile</name>
+    <message>
+        <source>File &quot;%1&quot;: %2</source>
+        <translation>Datei &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>there is a rule for this group already.</source>
+        <translation>für diese Gruppe gibt es schon eine Regel.</translation>
+    </message>
+    <message>
+        <source>there is a rule for this parameter already.</source>
+        <translation>für diesen Parameter gibt es schon eine Regel.</translation>
+    </message>
+    <message>
+        <source>a table begins with &lt;%1&gt; and &lt;%2&gt;; &lt;%3&gt; is missing.</source>
+        <translation>eine Tabelle beginnt mit &lt;%1&gt; und &lt;%2&gt;; &lt;%3&gt; fehlt.</translation>
+    </message>
+    <message>
+        <source>a version such as &quot;1.1&quot;</source>
+        <translation>eine Version wie &quot;1.1&quot;</translation>
+    </message>
+    <message>
+        <source>the path of a group</source>
+        <translation>der Pfad einer Gruppe</translation>
+    </message>
+    <message>
+        <source>the name of a group</source>
+        <translation>der Name einer Gruppe</translation>
+    </message>
+    <message>
+        <source>a name</source>
+        <translation>ein Name</translation>
+    </message>
+    <message>
+        <source>an id</source>
+        <translation>eine ID</translation>
+    </message>
+    <message>
+        <source>a factor of 0 loses every value.</source>
+        <translation>ein Faktor 0 verliert jeden Wert.</translation>
+    </message>
+    <message>
+        <source>one of: %1</source>
+        <translation>eines von: %1</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; leads to where it begins.</source>
+        <translation>&lt;%1&gt; führt dorthin, wo es beginnt.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; and &lt;%2&gt; cannot stand in one rule.</source>
+        <translation>&lt;%1&gt; und &lt;%2&gt; können nicht in einer Regel stehen.</translation>
+    </message>
+    <message>
+        <source>the rule says nothing.</source>
+        <translation>die Regel sagt nichts.</translation>
+    </message>
+    <message>
+        <source>what is dropped gets no new name, id or sub-device.</source>
+        <translation>was entfällt, bekommt keinen neuen Namen, keine ID und kein Subdevice.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; from %2 stands twice.</source>
+        <translation>&lt;%1&gt; von %2 steht zweimal da.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; holds the text &quot;%2&quot;, where none belongs.</source>
+        <translation>&lt;%1&gt; enthält den Text &quot;%2&quot;, wo keiner hingehört.</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; of &lt;%2&gt; is not known.</source>
+        <translation>das Attribut &quot;%1&quot; von &lt;%2&gt; ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; lacks its text.</source>
+        <translation>&lt;%1&gt; fehlt der Text.</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; of &lt;%2&gt; is missing.</source>
+        <translation>das Attribut &quot;%1&quot; von &lt;%2&gt; fehlt.</translation>
+    </message>
+    <message>
+        <source>a decimal number or a fraction of two, such as &quot;1/60&quot;</source>
+        <translation>eine Dezimalzahl oder ein Bruch aus zweien wie &quot;1/60&quot;</translation>
+    </message>
+    <message>
+        <source>the position of a bit, 0 to 63</source>
+        <translation>die Position eines Bits, 0 bis 63</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; of &lt;%2&gt; is &quot;%3&quot;, not %4.</source>
+        <translation>das Attribut &quot;%1&quot; von &lt;%2&gt; ist &quot;%3&quot;, nicht %4.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is not known in &lt;%2&gt;.</source>
+        <translation>&lt;%1&gt; ist in &lt;%2&gt; nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; stands twice.</source>
+        <translation>&lt;%1&gt; steht zweimal da.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>Line %1, &quot;%2&quot;: %3</source>
+        <translation>Zeile %1, &quot;%2&quot;: %3</translation>
+    </message>
+</context>
+<context>
+    <name>CMigrationTable</name>
+    <message>
+        <source>Name and hint are others under this id: is it the same parameter?</source>
+        <translation>Name und Hinweis sind unter dieser ID andere: Ist es derselbe Parameter?</translation>
+    </message>
+    <message>
+        <source>It has another name, and may count in another unit.</source>
+        <translation>Der Name ist ein anderer, und die Einheit vielleicht auch.</translation>
+    </message>
+    <message>
+        <source>Likely, in place of the question: its limits, or its default, changed by the factor %1.</source>
+        <translation>Wahrscheinlich, anstelle der Frage: Die Grenzen oder die Vorgabe haben sich um den Faktor %1 geändert.</translation>
+    </message>
+    <message>
+        <source>It is no longer defined: does another parameter take its value, or is it dropped?</source>
+        <translation>Der Parameter ist nicht mehr definiert: Übernimmt ein anderer den Wert, oder fällt er weg?</translation>
+    </message>
+    <message>
+        <source>Likely, in place of the question: type and unit are the same, and hint or name are alike.</source>
+        <translation>Wahrscheinlich, anstelle der Frage: Typ und Einheit sind gleich, Hinweis oder Name ähnlich.</translation>
+    </message>
+    <message>
+        <source>Likely, beside an answer to the question: these have the same names as before.</source>
+        <translation>Wahrscheinlich, neben einer Antwort auf die Frage: Diese haben dieselben Namen wie vorher.</translation>
     </message>
 </context>
 <context>

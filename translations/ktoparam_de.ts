@@ -267,10 +267,6 @@
         <translation>Beliebige Dateien.</translation>
     </message>
     <message>
-        <source>Show how the values of two files differ.</source>
-        <translation>Zeigt, worin sich die Werte zweier Dateien unterscheiden.</translation>
-    </message>
-    <message>
         <source>One of csv, tsv and json.</source>
         <translation>Eines von csv, tsv und json.</translation>
     </message>
@@ -413,18 +409,6 @@
     <message>
         <source>Merge the changes of two files that come from one.</source>
         <translation>Führt die Änderungen zweier Dateien zusammen, die aus einer entstanden sind.</translation>
-    </message>
-    <message>
-        <source>The value file that both come from.</source>
-        <translation>Die Wertedatei, aus der beide entstanden sind.</translation>
-    </message>
-    <message>
-        <source>One&apos;s own value file.</source>
-        <translation>Die eigene Wertedatei.</translation>
-    </message>
-    <message>
-        <source>The other value file.</source>
-        <translation>Die andere Wertedatei.</translation>
     </message>
     <message>
         <source>Where the result goes to.</source>
@@ -959,12 +943,6 @@ Der Exit-Status ist 1, wenn es Fehler oder Warnungen gibt.</translation>
         <translation>Die Hardware-ID, wie sie ist.</translation>
     </message>
     <message>
-        <source>Takes what THEIRS changed since BASE into OURS, parameter by parameter. Where both changed the same thing differently, OUT keeps what OURS has, the conflict is listed, and the exit status is 1. The date of the Head never conflicts. With an empty BASE, the files were made independently.
-OUT may be one of the three files, as a merge driver of git needs it.</source>
-        <translation>Übernimmt Parameter für Parameter in OURS, was THEIRS seit BASE geändert hat. Wo beide dasselbe verschieden geändert haben, steht in OUT, was in OURS steht; der Konflikt wird genannt, und der Exit-Status ist 1. Das Datum im Head ist nie ein Konflikt. Ein leeres BASE steht für unabhängig entstandene Dateien.
-OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</translation>
-    </message>
-    <message>
         <source>The definition file: values that are the same number are not a conflict then.</source>
         <translation>Die Definitionsdatei: Werte, die dieselbe Zahl sind, sind dann kein Konflikt.</translation>
     </message>
@@ -1029,20 +1007,6 @@ Vorgabewerte, die die Definitionen nicht erlauben, werden trotzdem gesetzt und g
     <message>
         <source>Only these, with commas between them: %1.</source>
         <translation>Nur diese, durch Kommas getrennt: %1.</translation>
-    </message>
-    <message>
-        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment do not count as differences.
-Two hardware ids or two sub-devices can be compared, too, also of one file; the list shows those of NEW then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
-An id that changed in the same way wherever its parameter is stands in the list once, without hardware id or sub-device; more than 24 such lines are only counted. The counts of all kinds follow and, behind a list of more than 24 lines, where most differences are.
-The exit status is 1 when there are differences; with --only, when there are some of these kinds.</source>
-        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
-Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
-Eine ID, die sich überall, wo es ihren Parameter gibt, gleich geändert hat, steht nur einmal in der Liste, ohne Hardware-ID oder Subdevice; mehr als 24 solche Zeilen werden nur gezählt. Danach stehen die Zahlen aller Arten und hinter einer Liste von mehr als 24 Zeilen, wo die meisten Unterschiede sind.
-Der Exit-Status ist 1, wenn es Unterschiede gibt; mit --only, wenn es welche dieser Arten gibt.</translation>
-    </message>
-    <message>
-        <source>A value file; OLD unless given, where an option names its other part.</source>
-        <translation>Eine Wertedatei; ohne Angabe OLD, wo eine Option dessen anderen Teil nennt.</translation>
     </message>
     <message>
         <source>Print values for a spreadsheet or a program.</source>
@@ -1393,6 +1357,190 @@ git config diff.ktoparam.textconv &quot;ktoparam text --textconv --&quot;</trans
     <message>
         <source>--changed needs a definition file, which tells the defaults.</source>
         <translation>--changed braucht eine Definitionsdatei, die die Vorgabewerte nennt.</translation>
+    </message>
+    <message>
+        <source>--%1 is for definition files.</source>
+        <translation>--%1 ist für Definitionsdateien.</translation>
+    </message>
+    <message>
+        <source>Show how two files of values or definitions differ.</source>
+        <translation>Zeigen, wie sich zwei Werte- oder Definitionsdateien unterscheiden.</translation>
+    </message>
+    <message>
+        <source>Lists what was added, removed, changed and moved to another group. With --def, values that are the same number are equal, however they are written. The order of parameters, the date and the comment do not count as differences.
+Two hardware ids or two sub-devices can be compared, too, also of one file; the list shows those of NEW then. Files of other kinds can be compared as &quot;ktoparam text&quot; prints them.
+An id that changed in the same way wherever its parameter is stands in the list once, without hardware id or sub-device; more than 24 such lines are only counted. The counts of all kinds follow and, behind a list of more than 24 lines, where most differences are.
+Two definition files are compared by name, renamed definitions by id. What differs is safe (every value that was allowed still is, and means the same), or values may break, or their meaning changed.
+The exit status is 1 when there are differences; with --only or --breaking, when there are some of these kinds.</source>
+        <translation>Zeigt, was hinzugefügt, entfernt, geändert oder in eine andere Gruppe verschoben wurde. Mit --def sind Werte gleich, die dieselbe Zahl sind, wie auch immer sie geschrieben sind. Die Reihenfolge der Parameter, das Datum und der Kommentar sind keine Unterschiede.
+Auch zwei Hardware-IDs oder zwei Subdevices lassen sich vergleichen, auch die einer einzigen Datei; in der Liste stehen dann die von NEW. Dateien anderer Art lassen sich so vergleichen, wie &quot;ktoparam text&quot; sie ausgibt.
+Eine ID, die sich überall, wo es ihren Parameter gibt, gleich geändert hat, steht nur einmal in der Liste, ohne Hardware-ID oder Subdevice; mehr als 24 solche Zeilen werden nur gezählt. Danach stehen die Zahlen aller Arten und hinter einer Liste von mehr als 24 Zeilen, wo die meisten Unterschiede sind.
+Zwei Definitionsdateien werden nach Namen verglichen, umbenannte Definitionen nach ihrer ID. Was sich unterscheidet, ist sicher (jeder bisher erlaubte Wert bleibt erlaubt und bedeutet dasselbe), oder Werte können ungültig werden, oder ihre Bedeutung hat sich geändert.
+Der Exit-Status ist 1, wenn es Unterschiede gibt; mit --only oder --breaking, wenn es welche dieser Arten gibt.</translation>
+    </message>
+    <message>
+        <source>A value file or a definition file.</source>
+        <translation>Eine Wertedatei oder eine Definitionsdatei.</translation>
+    </message>
+    <message>
+        <source>A file of the same kind; OLD unless given, where an option names its other part.</source>
+        <translation>Eine Datei derselben Art; ohne Angabe OLD, wenn eine Option den anderen Teil davon nennt.</translation>
+    </message>
+    <message>
+        <source>Of definition files, only what is not safe.</source>
+        <translation>Bei Definitionsdateien nur, was nicht sicher ist.</translation>
+    </message>
+    <message>
+        <source>--%1 is for value files.</source>
+        <translation>--%1 ist für Wertedateien.</translation>
+    </message>
+    <message>
+        <source>Takes what THEIRS changed since BASE into OURS, parameter by parameter, or, of definition files, field by field of each definition. Where both changed the same thing differently, OUT keeps what OURS has, the conflict is listed, and the exit status is 1. The date of the Head never conflicts. With an empty BASE, the files were made independently.
+OUT may be one of the three files, as a merge driver of git needs it.</source>
+        <translation>Übernimmt Parameter für Parameter, was THEIRS seit BASE geändert hat, in OURS, bei Definitionsdateien Feld für Feld jeder Definition. Haben beide dasselbe verschieden geändert, behält OUT, was OURS hat, der Konflikt wird aufgeführt, und der Exit-Status ist 1. Das Datum im Head ist nie ein Konflikt. Mit leerem BASE sind die Dateien unabhängig entstanden.
+OUT darf eine der drei Dateien sein, wie es ein Merge-Treiber von git braucht.</translation>
+    </message>
+    <message>
+        <source>The value or definition file that both come from.</source>
+        <translation>Die Werte- oder Definitionsdatei, von der beide stammen.</translation>
+    </message>
+    <message>
+        <source>One&apos;s own file.</source>
+        <translation>Die eigene Datei.</translation>
+    </message>
+    <message>
+        <source>The other file.</source>
+        <translation>Die andere Datei.</translation>
+    </message>
+    <message>
+        <source>rules %1, questions %2, proposals %3</source>
+        <translation>Regeln %1, Fragen %2, Vorschläge %3</translation>
+    </message>
+    <message>
+        <source>Draft a table that migrates values to other definitions.</source>
+        <translation>Eine Tabelle entwerfen, die Werte auf andere Definitionen umstellt.</translation>
+    </message>
+    <message>
+        <source>Definitions with another name or id, and choices and bits with other numbers, become rules. What only looks like a rename or another unit becomes a comment with the reason: take it out of the comment to use it. All else that changes what values mean, or loses them, becomes a question.</source>
+        <translation>Definitionen mit anderem Namen oder anderer ID sowie Auswahlwerte und Bits mit anderen Nummern werden zu Regeln. Was nur nach einem neuen Namen oder einer anderen Einheit aussieht, wird zu einem Kommentar mit dem Grund: Um es zu benutzen, nimmt man es aus dem Kommentar heraus. Alles andere, was die Bedeutung von Werten ändert oder sie verliert, wird zu einer Frage.</translation>
+    </message>
+    <message>
+        <source>The definition file of the values as they are.</source>
+        <translation>Die Definitionsdatei der Werte, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>The definition file that they will have.</source>
+        <translation>Die Definitionsdatei, die sie bekommen.</translation>
+    </message>
+    <message>
+        <source>Write the table to this file and print how much is open; without it, print the table.</source>
+        <translation>Die Tabelle in diese Datei schreiben und ausgeben, wie viel offen ist; ohne sie die Tabelle ausgeben.</translation>
+    </message>
+    <message>
+        <source>errors %1, warnings %2</source>
+        <translation>Fehler %1, Warnungen %2</translation>
+    </message>
+    <message>
+        <source>Find what is wrong with a migration table.</source>
+        <translation>Finden, was an einer Migrationstabelle nicht stimmt.</translation>
+    </message>
+    <message>
+        <source>Lists with file and line: rules for parameters that are not defined, that contradict each other or cannot work on the types, and parameters whose meaning changed and that no rule is about. Warnings are what may be meant, such as parameters that are lost.
+The exit status is 1 when there are errors.</source>
+        <translation>Nennt mit Datei und Zeile: Regeln für Parameter, die nicht definiert sind, die einander widersprechen oder die bei den Typen nicht möglich sind, und Parameter, deren Bedeutung sich geändert hat und von denen keine Regel handelt. Warnungen sind, was so gemeint sein kann, etwa Parameter, die verloren gehen.
+Bei Fehlern ist der Exit-Status 1.</translation>
+    </message>
+    <message>
+        <source>A migration table.</source>
+        <translation>Eine Migrationstabelle.</translation>
+    </message>
+    <message>
+        <source>The definition file of the old release.</source>
+        <translation>Die Definitionsdatei der alten Ausgabe.</translation>
+    </message>
+    <message>
+        <source>The definition file of the new release.</source>
+        <translation>Die Definitionsdatei der neuen Ausgabe.</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>id</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>minimum parameters</source>
+        <translation>Minimum-Parameter</translation>
+    </message>
+    <message>
+        <source>maximum parameters</source>
+        <translation>Maximum-Parameter</translation>
+    </message>
+    <message>
+        <source>choices</source>
+        <translation>Auswahlwerte</translation>
+    </message>
+    <message>
+        <source>radio buttons</source>
+        <translation>Optionsfelder</translation>
+    </message>
+    <message>
+        <source>check box</source>
+        <translation>Kontrollkästchen</translation>
+    </message>
+    <message>
+        <source>bits</source>
+        <translation>Bits</translation>
+    </message>
+    <message>
+        <source>visibility</source>
+        <translation>Sichtbarkeit</translation>
+    </message>
+    <message>
+        <source>hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>safe</source>
+        <translation>sicher</translation>
+    </message>
+    <message>
+        <source>values may break</source>
+        <translation>Werte ungültig</translation>
+    </message>
+    <message>
+        <source>meaning changed</source>
+        <translation>Bedeutung geändert</translation>
+    </message>
+    <message>
+        <source>EFFECT</source>
+        <translation>WIRKUNG</translation>
+    </message>
+    <message>
+        <source>definitions %1, differences %2: %3</source>
+        <translation>Definitionen %1, Unterschiede %2: %3</translation>
+    </message>
+    <message>
+        <source>this is a migration table; see &quot;ktoparam help migrate&quot;.</source>
+        <translation>dies ist eine Migrationstabelle; siehe &quot;ktoparam help migrate&quot;.</translation>
     </message>
 </context>
 </TS>

@@ -28,10 +28,10 @@ class CWorkplace {
  public:
   /// Commands run in the locale, which need not be installed on the machine.
   explicit CWorkplace(const QString& locale = "C") {
-    for (const QDir folder : {QDir(KTO_EXAMPLE_DATA), QDir(KTO_TOOL_TESTS "/files")}) {
-      QDirIterator files(folder.path(), QDir::Files, QDirIterator::Subdirectories);
+    for (const char* folder : {KTO_EXAMPLE_DATA, KTO_TOOL_TESTS "/files"}) {
+      QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
       while (files.hasNext()) {
-        const QString copy = path(folder.relativeFilePath(files.next()));
+        const QString copy = path(QDir(folder).relativeFilePath(files.next()));
         QDir().mkpath(QFileInfo(copy).path());
         QFile::copy(files.filePath(), copy);
       }

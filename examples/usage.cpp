@@ -4,6 +4,7 @@
 #include <CFolderLock.h>
 #include <CMessageBoardHelper.h>
 #include <ICLogfile.h>
+#include <ktoParameter/CDefinitionComparison.h>
 #include <ktoParameter/CParamLineIndex.h>
 #include <ktoParameter/CParamValueRules.h>
 #include <ktoParameter/CParamValueText.h>
@@ -116,6 +117,16 @@ QStringList changedNames(ICParameterFile& before, ICParameterFile& after) {
   return names;
 }
 //! [CParameterFileComparison]
+
+//! [CDefinitionComparison]
+QStringList breakingChanges(const ICParameterFile& before, const ICParameterFile& after) {
+  QStringList texts;
+  for (const SDefinitionDifference& difference : CDefinitionComparison::compare(before, after))
+    if (difference.effect != SDefinitionDifference::Safe)
+      texts += difference.name + ": " + difference.reason;
+  return texts;
+}
+//! [CDefinitionComparison]
 
 //! [CParameterFileMerge]
 bool takeTheirs(const ICParameterFile& base, ICParameterFile& ours, const ICParameterFile& theirs,
@@ -267,9 +278,10 @@ bool areFine(QTextStream& out) {
          !setTyped(*theirs, "VelocityLimit", "fast", problem) &&
          shown(*theirs, "VelocityLimit") == "800 mm/s" &&
          changedNames(*base, *theirs) == QStringList("VelocityLimit") &&
-         takeTheirs(*base, *ours, *theirs, out) && editInModel(*ours) &&
-         loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") && isMotorFile("Motors.xparam") &&
-         !motorNames("Motors.xparam").isEmpty() && moveMachine(out) && shiftTable(0.001, out) &&
+         breakingChanges(*base, *theirs).isEmpty() && takeTheirs(*base, *ours, *theirs, out) &&
+         editInModel(*ours) && loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") &&
+         isMotorFile("Motors.xparam") && !motorNames("Motors.xparam").isEmpty() &&
+         moveMachine(out) && shiftTable(0.001, out) &&
          saveUnlessChanged(*base, "TwoAxisDrive.xparam", out) && halveVelocity(problem) &&
          base->hasChangedOnDisk("TwoAxisDrive.xparam") && openLogfile()->isActive() &&
          writeReport("fine\n", out);

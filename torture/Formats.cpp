@@ -1,5 +1,6 @@
 #include "Formats.h"
 
+#include "CMigrationTable.h"
 #include "ICCompensationFile.h"
 #include "ICParameterFile.h"
 #include "ICSettingsFile.h"
@@ -221,6 +222,69 @@ class CCompensationFormat : public CResultFormat<ICCompensationFile, ICCompensat
   bool keepsContent() const override { return false; }
 };
 
+class CMigrationFormat : public CFormat {
+ public:
+  bool load(const QString& name) override { return mTable.load(name, mTold); }
+  bool save(const QString& name) override { return mTable.save(name, mTold); }
+  QString told() const override { return mTold; }
+  QString content() override { return text(false); }
+  QString state() override { return text(true); }
+  void edit(QRandomGenerator random) override {
+    mTable.newRelease = NFormats::text(random);
+    mTable.groups += {"new/" + NFormats::text(random), "G" + name(random, "", 1).remove('/')};
+    for (int i = random.bounded(8); i > 0; --i) mTable.rules += rule(random, i);
+  }
+  bool keepsContent() const override { return true; }
+
+ private:
+  static SMigrationRule rule(QRandomGenerator& random, int i) {
+    SMigrationRule rule;
+    rule.name = name(random, "new", i);
+    if (oneIn(random, 4)) {
+      const QString sentence = "x" + NFormats::text(random);
+      (oneIn(random, 2) ? rule.reason : rule.question) = sentence.simplified();
+      rule.isDropped = rule.question.isNull();
+      return rule;
+    }
+    rule.newName = name(random, "N", i);
+    if (oneIn(random, 2)) rule.newId = random.generate();
+    if (oneIn(random, 2))
+      rule.move = {NParamDef::SUB_DEV_TYPE_DRIVE, NParamDef::SUB_DEV_TYPE_DEVICE};
+    const int kind = random.bounded(4);
+    if (kind == 0) rule.rescaling = {"-1.5/60", "2", SRescaling::ERounding(random.bounded(6))};
+    if (kind == 1) rule.choices = {{number(random), number(random)}};
+    if (kind == 2) rule.bits = {{random.bounded(64), random.bounded(64)}};
+    if (kind == 3) rule.value = "" + NFormats::text(random);
+    return rule;
+  }
+  QString text(bool withLines) const {
+    const auto line = [=](int number) { return withLines ? QString("%1: ").arg(number) : ""; };
+    QStringList lines{mTable.oldRelease + ';' + mTable.newRelease + ';' + mTable.newVersion};
+    for (const SMigrationGroup& group : mTable.groups)
+      lines += line(group.line) + group.path + " -> " + group.newName;
+    for (const SMigrationRule& rule : mTable.rules) {
+      lines += line(rule.line) + rule.name + " -> " + rule.newName;
+      if (rule.newId) lines += QString(" id %1").arg(*rule.newId);
+      if (rule.rescaling) {
+        lines += QString(" * %1 + %2 rounding %3")
+                     .arg(rule.rescaling->factor, rule.rescaling->offset)
+                     .arg(rule.rescaling->rounding);
+      }
+      for (const auto& [from, to] : rule.choices) lines += QString(" %1 to %2").arg(from).arg(to);
+      for (const auto& [from, to] : rule.bits) lines += QString(" bit %1 to %2").arg(from).arg(to);
+      if (!rule.value.isNull()) lines += " value \"" + rule.value + '"';
+      if (rule.move)
+        lines += QString(" type %1 to %2").arg(rule.move->first).arg(rule.move->second);
+      if (rule.isDropped) lines += " drop: " + rule.reason;
+      if (!rule.question.isNull()) lines += " ask: " + rule.question;
+    }
+    return lines.join('\n');
+  }
+
+  CMigrationTable mTable;
+  QString mTold;
+};
+
 /// A content without what no file keeps (which definitions refer to which, and what a definition
 /// says of choices or values that it does not have) and without what a save makes of an empty Head.
 QString kept(QString content) {
@@ -244,6 +308,7 @@ QString firstDifference(const QString& before, const QString& after) {
 std::unique_ptr<CFormat> make(EFormat format) {
   if (format == Settings) return std::make_unique<CSettingsFormat>();
   if (format == Compensation) return std::make_unique<CCompensationFormat>();
+  if (format == Migration) return std::make_unique<CMigrationFormat>();
   return std::make_unique<CParameterFormat>(format == Values);
 }
 

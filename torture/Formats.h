@@ -28,11 +28,11 @@ class CFormat {
   virtual bool keepsContent() const = 0;
 };
 
-enum EFormat { Definitions, Values, Settings, Compensation };
+enum EFormat { Definitions, Values, Settings, Compensation, Migration };
 /// A test file of each format that holds much of it.
-constexpr const char* kHeld[] = {"definitions/valid/Everything.xpdef",
-                                 "values/valid/TwoHardwareIds.xparam", "settings/valid/types.xml",
-                                 "compensation/valid/current.xml"};
+constexpr const char* kHeld[] = {
+    "definitions/valid/Everything.xpdef", "values/valid/TwoHardwareIds.xparam",
+    "settings/valid/types.xml", "compensation/valid/current.xml", "migration/valid/everything.xml"};
 std::unique_ptr<CFormat> make(EFormat format);
 
 /// Loads a file and saves it, which must go well and keep everything: what went wrong, or nothing.

@@ -42,8 +42,8 @@ QByteArray digestOf(int models, CTally& tally) {
   const QString file = folder.filePath("file");
   QCryptographicHash hash(QCryptographicHash::Sha256);
   for (quint32 i = 0; i < static_cast<quint32>(models); ++i) {
-    for (const auto format :
-         {NFormats::Definitions, NFormats::Values, NFormats::Settings, NFormats::Compensation}) {
+    for (const auto format : {NFormats::Definitions, NFormats::Values, NFormats::Settings,
+                              NFormats::Compensation, NFormats::Migration}) {
       const QString name = NFormats::kHeld[format];
       const QString what = QString("%1, edit %2: ").arg(name).arg(i);
       QString error = NFormats::roundTrip(format, data(name), file, &i);

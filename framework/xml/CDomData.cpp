@@ -235,6 +235,13 @@ void CDomData::appendText(quint32 element, SDomNode::EKind kind, const QString& 
   appendText(element, kind, addUtf16(text, element, SDomInvalidText::Text, kNone));
 }
 
+void CDomData::appendComment(quint32 element, QString text) {
+  // Once parts pairs, once more what three in a row leave.
+  for (int i = 0; i < 2; ++i) text.replace(QLatin1String("--"), QLatin1String("- -"));
+  if (text.endsWith(QLatin1Char('-'))) text += QLatin1Char(' ');
+  appendText(element, SDomNode::Other, text);
+}
+
 SDomText CDomData::addUtf16(const QString& text, quint32 element, SDomInvalidText::EKind kind,
                             quint32 attributeName) {
   const quint32 begin = textEnd();

@@ -35,7 +35,7 @@ struct SDomAttribute {
   quint32 next = kNone;
 };
 
-/// A node. Text nodes use the text, elements the rest.
+/// A node. Text nodes and comments that were not read use the text, elements the rest.
 struct SDomNode {
   enum EKind : quint32 { Element, Text, CData, Other };
   static constexpr quint32 kLastLine = 0x3FFFFFFF;  // more than a document has bytes
@@ -142,6 +142,7 @@ class CDomData {
   /// The element must not have the attribute yet.
   void appendAttribute(quint32 element, const QString& name, const QString& value);
   void appendText(quint32 element, SDomNode::EKind kind, const QString& text);
+  void appendComment(quint32 element, QString text);
 
  private:
   /// The node that is all the content of another and is text; or kNone.

@@ -21,7 +21,7 @@ QDomNode appendCopy(QDomNode& parent, const CDomData& data, quint32 index) {
     case SDomNode::CData:
       return parent.appendChild(document.createCDATASection(toQString(data.text(node.text))));
     case SDomNode::Other:
-      return parent.appendChild(document.createComment(QString()));
+      return parent.appendChild(document.createComment(toQString(data.text(node.text))));
     default: {
       QDomElement element = document.createElement(toQString(data.name(node.element.name)));
       for (quint32 i = node.element.firstAttribute; i != kNone; i = data.attribute(i).next) {
@@ -61,6 +61,15 @@ std::string_view CDomElement::attributeUtf8(QLatin1String name) const {
   return index == kNone ? std::string_view() : mData->text(mData->attribute(index).value);
 }
 
+QStringList CDomElement::attributeNames() const {
+  QStringList names;
+  for (quint32 i = isNull() ? kNone : mData->node(mNode).element.firstAttribute; i != kNone;
+       i = mData->attribute(i).next) {
+    names += toQString(mData->name(mData->attribute(i).name));
+  }
+  return names;
+}
+
 QString CDomElement::text() const {
   return isNull() ? QString() : mData->sharedTextOf(mNode);
 }
@@ -86,6 +95,16 @@ QString CDomElement::lastText() const {
       last = toQString(mData->text(mData->node(i).text));
   }
   return last;
+}
+
+QString CDomElement::ownText() const {
+  QString all = QLatin1String("");
+  for (quint32 i = isNull() ? kNone : mData->node(mNode).firstChild; i != kNone;
+       i = mData->node(i).next) {
+    if (mData->node(i).kind == SDomNode::Text || mData->node(i).kind == SDomNode::CData)
+      all += toQString(mData->text(mData->node(i).text));
+  }
+  return all;
 }
 
 int CDomElement::childElementCount() const {
@@ -127,8 +146,8 @@ CDomElement CDomElement::appendElement(QLatin1String tag) {
   return isNull() ? CDomElement() : CDomElement(mData, mData->createElement(mNode, tag));
 }
 
-void CDomElement::appendComment() {
-  if (!isNull()) mData->appendNode(mNode, SDomNode::Other);
+void CDomElement::appendComment(const QString& text) {
+  if (!isNull()) mData->appendComment(mNode, text);
 }
 
 void CDomElement::setAttribute(QLatin1String name, const QString& value) {

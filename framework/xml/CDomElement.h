@@ -5,6 +5,7 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <QStringList>
 
 #include <string_view>
 
@@ -29,6 +30,8 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   /// The attribute as the document keeps it, in UTF-8; empty when it is missing. Valid until the
   /// document is changed.
   std::string_view attributeUtf8(QLatin1String name) const;
+  /// In their order.
+  QStringList attributeNames() const;
 
   /// Text of all descendants; empty, never null, for an element without text.
   QString text() const;
@@ -37,6 +40,8 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   bool hasOnlyText() const;
   /// Text of the last child that is a text node; empty when there is none.
   QString lastText() const;
+  /// Text of all children that are text nodes, but not of what lies in other children.
+  QString ownText() const;
 
   int childElementCount() const;
   CDomElement firstChildElement() const;
@@ -48,8 +53,9 @@ class KTOFRAMEWORK_EXPORT CDomElement {
   CDomElement appendElement(const QString& tag);
   /// The same for a constant, which is taken to be a tag.
   CDomElement appendElement(QLatin1String tag);
-  /// Appends an empty comment: a child that is neither element nor text.
-  void appendComment();
+  /// Appends a comment: a child that is neither element nor text. Hyphens that follow each other,
+  /// which a comment cannot hold, are parted by blanks.
+  void appendComment(const QString& text = QString());
   /// Sets an attribute; a new one comes after those that are there.
   void setAttribute(QLatin1String name, const QString& value);
   void setAttribute(QLatin1String name, qint64 number);

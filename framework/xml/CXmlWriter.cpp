@@ -63,20 +63,28 @@ QByteArray CXmlWriter::write(bool utf16) {
 }
 
 void CXmlWriter::writeTree() {
-  std::vector<quint32> open;  // the elements whose end is still to be written
+  struct SOpen {
+    quint32 element;
+    bool isLaidOut;
+  };
+  std::vector<SOpen> open;  // the elements whose end is still to be written
   quint32 next = 0;
   while (mError == NoError && (next != kNone || !open.empty())) {
     if (next == kNone) {
-      const quint32 element = open.back();
+      const auto [element, isLaidOut] = open.back();
       open.pop_back();
-      closeElement(mData.node(element), static_cast<int>(open.size()));
+      closeElement(mData.node(element), isLaidOut, static_cast<int>(open.size()));
       next = open.empty() ? kNone : mData.node(element).next;
     } else if (mData.node(next).kind == SDomNode::Element) {
-      openElement(mData.node(next), static_cast<int>(open.size()));
-      open.push_back(next);
+      const bool isLaidOut = holdsElements(mData.node(next));
+      openElement(mData.node(next), isLaidOut, static_cast<int>(open.size()));
+      open.push_back({next, isLaidOut});
       next = mData.node(next).firstChild;
     } else {
+      const bool isLaidOut = mData.node(next).kind == SDomNode::Other && open.back().isLaidOut;
+      if (isLaidOut) indent(static_cast<int>(open.size()));
       putLeaf(mData.node(next));
+      if (isLaidOut) put("\n");
       next = mData.node(next).next;
     }
     if (open.size() > NXmlLimits::kMaxDepth) mError = TooDeep;
@@ -84,13 +92,17 @@ void CXmlWriter::writeTree() {
 }
 
 void CXmlWriter::putLeaf(const SDomNode& node) {
-  if (node.kind == SDomNode::Other)
-    put("<!---->");
-  else
-    putEscaped(mData.text(node.text), false);
+  const std::string_view text = mData.text(node.text);
+  if (node.kind != SDomNode::Other) {
+    putEscaped(text, false);
+    return;
+  }
+  put("<!--");
+  put(text);
+  put("-->");
 }
 
-void CXmlWriter::openElement(const SDomNode& element, int depth) {
+void CXmlWriter::openElement(const SDomNode& element, bool isLaidOut, int depth) {
   indent(depth);
   put(mTags[element.element.name].begin);
   for (quint32 i = element.element.firstAttribute; i != kNone; i = mData.attribute(i).next) {
@@ -103,12 +115,12 @@ void CXmlWriter::openElement(const SDomNode& element, int depth) {
   if (element.firstChild == kNone)
     put("/>\n");
   else
-    put(holdsText(element) ? ">" : ">\n");
+    put(isLaidOut ? ">\n" : ">");
 }
 
-void CXmlWriter::closeElement(const SDomNode& element, int depth) {
+void CXmlWriter::closeElement(const SDomNode& element, bool isLaidOut, int depth) {
   if (element.firstChild == kNone) return;
-  if (!holdsText(element)) indent(depth);
+  if (isLaidOut) indent(depth);
   put(mTags[element.element.name].end);
 }
 
@@ -151,7 +163,11 @@ bool CXmlWriter::growFor(size_t size) {
   return true;
 }
 
-/// Elements hold texts or elements; white space may be added only where there is no text.
-bool CXmlWriter::holdsText(const SDomNode& element) const {
-  return mData.node(element.firstChild).kind != SDomNode::Element;
+/// Elements hold texts or elements, with comments among them; white space may be added only where
+/// there is no text.
+bool CXmlWriter::holdsElements(const SDomNode& element) const {
+  quint32 child = element.firstChild;
+  while (child != kNone && mData.node(child).kind == SDomNode::Other)
+    child = mData.node(child).next;
+  return child != kNone && mData.node(child).kind == SDomNode::Element;
 }

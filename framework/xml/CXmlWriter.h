@@ -10,7 +10,8 @@
 #include <vector>
 
 /// Writes a document's arena: attributes in their order, one blank of indentation per level, "\n"
-/// line ends. Texts are not indented, so they are read as they were written.
+/// line ends. Texts are not indented, so they are read as they were written; comments are, where
+/// elements are their neighbours.
 class CXmlWriter {
  public:
   enum EError { NoError, TooDeep, TooLarge };
@@ -31,13 +32,13 @@ class CXmlWriter {
 
   void writeTree();
   void putLeaf(const SDomNode& node);
-  void openElement(const SDomNode& element, int depth);
-  void closeElement(const SDomNode& element, int depth);
+  void openElement(const SDomNode& element, bool isLaidOut, int depth);
+  void closeElement(const SDomNode& element, bool isLaidOut, int depth);
   void putEscaped(std::string_view text, bool inAttribute);
   void indent(int depth);
   void put(std::string_view text);
   bool growFor(size_t size);
-  bool holdsText(const SDomNode& element) const;
+  bool holdsElements(const SDomNode& element) const;
 
   const CDomData& mData;
   std::vector<STag> mTags;  ///< by the number of the name

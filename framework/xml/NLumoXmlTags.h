@@ -103,4 +103,25 @@ constexpr QLatin1String TAG_POSITION = text("POSITION");
 constexpr QLatin1String TAG_ADJUST = text("ADJUST");
 constexpr QLatin1String TAG_ERROR = text("ERROR");
 
+// Migration tables.
+constexpr QLatin1String TAG_ROOT_MIGRATION = text("Migration");
+constexpr QLatin1String TAG_FROM = text("From");
+constexpr QLatin1String TAG_TO = text("To");
+constexpr QLatin1String TAG_PARAMETER = text("Parameter");
+constexpr QLatin1String TAG_RESCALE = text("Rescale");
+constexpr QLatin1String TAG_CHOICE = text("Choice");
+constexpr QLatin1String TAG_MOVE = text("Move");
+constexpr QLatin1String TAG_DROP = text("Drop");
+constexpr QLatin1String TAG_ASK = text("Ask");
+constexpr QLatin1String ATTR_RELEASE = text("release");
+constexpr QLatin1String ATTR_PATH = text("path");
+constexpr QLatin1String ATTR_NAME = text("name");
+constexpr QLatin1String ATTR_NEW_NAME = text("newName");
+constexpr QLatin1String ATTR_NEW_ID = text("newId");
+constexpr QLatin1String ATTR_FACTOR = text("factor");
+constexpr QLatin1String ATTR_OFFSET = text("offset");
+constexpr QLatin1String ATTR_ROUNDING = text("rounding");
+constexpr QLatin1String ATTR_FROM = text("from");
+constexpr QLatin1String ATTR_TO = text("to");
+
 }  // namespace NLumoXmlTags

@@ -25,12 +25,18 @@ const SKind kKinds[] = {
     {NFormats::Definitions, data("definitions/"), example("TwoAxisDrive.xpdef")},
     {NFormats::Values, data("values/"), example("TwoAxisDrive.xparam")},
     {NFormats::Settings, data("settings/"), example("MachineSettings.xset")},
-    {NFormats::Compensation, data("compensation/"), example("SpindleCompensation.xcomp")}};
+    {NFormats::Compensation, data("compensation/"), example("SpindleCompensation.xcomp")},
+    {NFormats::Migration, data("migration/"), data("migration/saved/everything.xml")}};
+constexpr int kKindCount = 5;
+
+bool hasBuffers(int kind) {
+  return kind == NFormats::Settings || kind == NFormats::Compensation;
+}
 
 /// Rows of a kind and a file, for all that lies in a folder of each kind.
 void addFiles(const char* folder) {
   addColumns<int, QString>("kind", "file");
-  for (int kind = 0; kind < 4; ++kind) {
+  for (int kind = 0; kind < kKindCount; ++kind) {
     const QDir dir(kKinds[kind].folder + folder);
     for (const QString& name : dir.entryList({"*.x*"}, QDir::Files))
       addRow(qPrintable(dir.dirName() + '/' + name), kind, dir.filePath(name));
@@ -85,7 +91,7 @@ class tst_FileFormats : public QObject {
     QVERIFY2(format->load(file), qPrintable(format->told()));
     const QString state = format->state();
     QCOMPARE(readable(mBoard.texts.join('\n') + '\n' + state), expected(file));
-    if (kind >= NFormats::Settings) {
+    if (hasBuffers(kind)) {
       QVERIFY(format->load(kKinds[kind].example) && format->loadBuffer(read(file)));
       QCOMPARE(format->state(), state);
     }
@@ -95,7 +101,7 @@ class tst_FileFormats : public QObject {
   /// of a buffer where the format knows buffers, and the state if it is another than before.
   void invalid_data() {
     addFiles("invalid");
-    for (int kind = 0; kind < 4; ++kind) {
+    for (int kind = 0; kind < kKindCount; ++kind) {
       addRow(qPrintable("missing of kind " + QString::number(kind)), kind,
              QString(kKinds[kind].folder + "invalid/missing.%1"));
     }
@@ -114,7 +120,7 @@ class tst_FileFormats : public QObject {
     for (const QString& text : qAsConst(mBoard.texts))
       QCOMPARE(text, "2 " + format->told().section(": ", 1));
     const QString after = format->state();
-    if (kind >= NFormats::Settings && QFile::exists(file)) {
+    if (hasBuffers(kind) && QFile::exists(file)) {
       QVERIFY(format->load(kKinds[kind].example) && !format->loadBuffer(bytes));
       lines += format->told();
       QCOMPARE(format->state(), after);
@@ -128,7 +134,7 @@ class tst_FileFormats : public QObject {
   /// examples are as they are saved.
   void saves_data() {
     addFiles("saved");
-    for (int kind = 0; kind < 4; ++kind)
+    for (int kind = 0; kind < kKindCount; ++kind)
       addRow(qPrintable(kKinds[kind].example), kind, kKinds[kind].example);
   }
   void saves() {

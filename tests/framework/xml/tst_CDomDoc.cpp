@@ -81,6 +81,10 @@ class tst_CDomDoc : public QObject {
     QCOMPARE(document.toByteArray("UTF-16", error), wide);
     QVERIFY(document.setContent(wide, error));
     QCOMPARE(document.toByteArray("UTF-8", error), expected);
+    CDomElement commented = document.createRoot("a");
+    commented.appendComment("1---2-");
+    commented.appendElement("b");
+    QVERIFY(document.toByteArray("UTF-8", error).endsWith("<a>\n <!--1- - -2- -->\n <b/>\n</a>\n"));
     QVERIFY(document.toByteArray("UTF-7", error).isEmpty());
     QCOMPARE(error, QString("The encoding \"UTF-7\" is not supported for writing."));
     QVERIFY(CDomDoc().toByteArray("UTF-8", error).isEmpty());

@@ -1,5 +1,7 @@
 #include "CComparedFiles.h"
+#include "CDefinitionComparison.h"
 #include "Command.h"
+#include "NDefinitionDifferences.h"
 #include "NDifferenceFilter.h"
 #include "NDifferenceSummary.h"
 #include "NDifferences.h"
@@ -7,9 +9,11 @@
 
 namespace {
 
-const QLatin1String kOnly("only");
+const QLatin1String kOnly = CComparedFiles::kOnly;
 
 QString usageProblem(const CInvocation& invocation) {
+  if (invocation.isSet(NDefinitionDifferences::kBreaking))
+    return Tool::tr("--%1 is for definition files.").arg(NDefinitionDifferences::kBreaking);
   const QString problem = CComparedFiles::usageProblem(invocation);
   return problem.isEmpty() && invocation.isSet(kOnly)
              ? NDifferenceFilter::problem(invocation.value(kOnly))
@@ -32,7 +36,33 @@ void print(const CParamDifferences& differences, bool listsAllIds, const CCompar
   if (listed.size() > kMostLines) NDifferenceSummary::printParts(differences, out);
 }
 
+EExitStatus diffDefinitions(const CInvocation& invocation, COutput& out) {
+  const QString problem = NDefinitionDifferences::usageProblem(invocation);
+  if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
+  CLoadedFile oldFile(out);
+  CLoadedFile newFile(out);
+  const bool hasOld = oldFile.load(invocation.argument(0), SFileInfo::Definitions);
+  if (!newFile.load(invocation.argument(1), SFileInfo::Definitions) || !hasOld) return ExitFile;
+  out.doing(Tool::tr("Comparing …"));
+  CDefinitionDifferences differences =
+      CDefinitionComparison::compare(oldFile.file(), newFile.file());
+  if (invocation.isSet(NDefinitionDifferences::kBreaking))
+    differences = NDefinitionDifferences::breaking(differences);
+  if (invocation.wantsJson()) {
+    out.json({{"old", oldFile.fileName()},
+              {"new", newFile.fileName()},
+              {"definitionFile", QJsonValue()},
+              {"summary", NDefinitionDifferences::summary(differences)},
+              {"differences", NDefinitionDifferences::toJson(differences, out.labels())}});
+  } else {
+    NDefinitionDifferences::print(differences, out);
+  }
+  return differences.isEmpty() ? ExitDone : ExitFindings;
+}
+
 EExitStatus diff(const CInvocation& invocation, COutput& out) {
+  if (NDefinitionDifferences::areMeant(invocation.argument(0), invocation.argument(1)))
+    return diffDefinitions(invocation, out);
   const QString problem = usageProblem(invocation);
   if (!problem.isEmpty()) return invocation.wrongUsage(problem, out);
   CComparedFiles files(invocation, out);
@@ -70,7 +100,7 @@ SOption only() {
 QVector<SCommand> diffCommands() {
   return {
       {"diff",
-       Tool::tr("Show how the values of two files differ."),
+       Tool::tr("Show how two files of values or definitions differ."),
        Tool::tr("Lists what was added, removed, changed and moved to another group. With --def, "
                 "values that are the same number are equal, however they are written. The order of "
                 "parameters, the date and the comment do not count as differences.\nTwo hardware "
@@ -79,10 +109,15 @@ QVector<SCommand> diffCommands() {
                 "prints them.\nAn id that changed in the same way wherever its parameter is stands "
                 "in the list once, without hardware id or sub-device; more than 24 such lines are "
                 "only counted. The counts of all kinds follow and, behind a list of more than 24 "
-                "lines, where most differences are.\nThe exit status is 1 when there are "
-                "differences; with --only, when there are some of these kinds."),
-       {{"OLD", Tool::tr("A value file."), EWord::File},
-        {"NEW", Tool::tr("A value file; OLD unless given, where an option names its other part."),
+                "lines, where most differences are.\nTwo definition files are compared by name, "
+                "renamed definitions by id. What differs is safe (every value that was allowed "
+                "still is, and means the same), or values may break, or their meaning changed.\n"
+                "The exit status is 1 when there are "
+                "differences; with --only or --breaking, when there are some of these kinds."),
+       {{"OLD", Tool::tr("A value file or a definition file."), EWord::File},
+        {"NEW",
+         Tool::tr(
+             "A file of the same kind; OLD unless given, where an option names its other part."),
          EWord::File, SArgument::NoneOrOne},
         NOptions::parameters()},
        {NOptions::def(Tool::tr("The definition file.")),
@@ -94,9 +129,13 @@ QVector<SCommand> diffCommands() {
         {CComparedFiles::kNewSubDevice, "N", Tool::tr("Compare it with this one of NEW."),
          EWord::SubDevice},
         only(),
+        {NDefinitionDifferences::kBreaking,
+         {},
+         Tool::tr("Of definition files, only what is not safe.")},
         NOptions::json()},
        {"diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef",
         "diff Delivered.xparam TwoAxisDrive.xparam --only changed,added,removed",
+        "diff TwoAxisDrive.xpdef Next.xpdef --breaking",
         "diff TwoAxisDrive.xparam --hardware-id KTO-2A-16 --new-hardware-id KTO-2A-32",
         "diff TwoAxisDrive.xparam --sub-device 2 --new-sub-device 3"},
        diff}};

@@ -8,6 +8,7 @@
 
 const QLatin1String CComparedFiles::kNewHardwareId("new-hardware-id");
 const QLatin1String CComparedFiles::kNewSubDevice("new-sub-device");
+const QLatin1String CComparedFiles::kOnly("only");
 
 CComparedFiles::SNames::SNames(const CInvocation& invocation) : oldFile(invocation.argument(0)) {
   const QString second = invocation.argument(1);

@@ -17,6 +17,7 @@ class CComparedFiles {
  public:
   static const QLatin1String kNewHardwareId;
   static const QLatin1String kNewSubDevice;
+  static const QLatin1String kOnly;
 
   /// What is wrong with the options; empty when nothing is.
   static QString usageProblem(const CInvocation& invocation);

@@ -59,6 +59,11 @@ std::optional<SFileInfo> SFileInfo::read(const QString& fileName, COutput& out) 
   return {};
 }
 
+SFileInfo::EKind SFileInfo::kindOf(const QString& fileName) {
+  if (!NFileHints::unreadable(fileName).isEmpty()) return Unknown;
+  return infoOf(CParameterFileHelper::readBeginning(fileName), false).kind;
+}
+
 bool SFileInfo::mayReplace(const QString& fileName, EKind kind, COutput& out) {
   if (!QFileInfo(fileName).isFile()) return true;
   const std::optional<SFileInfo> info = read(fileName, out);

@@ -23,6 +23,9 @@ struct SFileInfo {
   /// Nothing, with a message, when the file cannot be read.
   static std::optional<SFileInfo> read(const QString& fileName, COutput& out);
 
+  /// What its beginning tells, without a message; not known when it cannot be read.
+  static EKind kindOf(const QString& fileName);
+
   /// False, with a message, for a file of another kind: a result must not take its place by a slip
   /// of the keyboard.
   static bool mayReplace(const QString& fileName, EKind kind, COutput& out);

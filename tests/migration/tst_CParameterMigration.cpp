@@ -18,7 +18,7 @@ QString rescaled(const SRescaling& rule, const QString& from, const QString& to,
 
 }  // namespace
 
-class tst_Migration : public QObject {
+class tst_CParameterMigration : public QObject {
   Q_OBJECT
 
  private slots:
@@ -43,5 +43,5 @@ class tst_Migration : public QObject {
   }
 };
 
-QTEST_GUILESS_MAIN(tst_Migration)
-#include "tst_Migration.moc"
+QTEST_GUILESS_MAIN(tst_CParameterMigration)
+#include "tst_CParameterMigration.moc"

@@ -1,0 +1,75 @@
+#include "CMigrationTable.h"
+#include "TestFiles.h"
+#include "TestRows.h"
+
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+using namespace NTestFiles;
+
+namespace {
+
+SMigrationRule renaming(const QString& name, const QString& newName) {
+  SMigrationRule rule;
+  rule.name = name;
+  rule.newName = newName;
+  return rule;
+}
+
+QByteArray saved(const CMigrationTable& table) {
+  QByteArray bytes;
+  QString error;
+  return table.save(bytes, error) ? bytes : error.toUtf8();
+}
+
+}  // namespace
+
+class tst_CMigrationTable : public QObject {
+  Q_OBJECT
+
+ private slots:
+  /// A proposal counts once the marks of its comment are gone.
+  void writesNotesAndProposals() {
+    CMigrationTable table;
+    table.rules = {renaming("A--B---", "B"), renaming("C", "D")};
+    table.rules[0].value = "--x\n--";
+    table.rules[1].note = "The same type -- and unit:\nlook at it.";
+    for (SMigrationRule& rule : table.rules) rule.isProposal = true;
+    const QByteArray bytes = saved(table);
+    QCOMPARE(bytes, read(data("migration/proposals.xml")));
+
+    for (SMigrationRule& rule : table.rules) rule.isProposal = false;
+    table.rules[1].note.clear();
+    QString text = QString::fromUtf8(bytes);
+    text.replace(QRegularExpression("<!--(\\s*<(?:[^-]|-[^-])*)-->"), "\\1");
+    QVERIFY(write(mFolder.filePath("t"), text.toUtf8()));
+    CMigrationTable again;
+    QString error;
+    QVERIFY2(again.load(mFolder.filePath("t"), error), qPrintable(error));
+    QCOMPARE(saved(again), saved(table));
+  }
+
+  /// What could not be loaded is not saved.
+  void unsavable() {
+    CMigrationTable table;
+    table.rules = {renaming("A", "B"), renaming("A", "C")};
+    QCOMPARE(saved(table),
+             QByteArray("Line 6, \"A\": there is a rule for this parameter already."));
+    table.rules.removeLast();
+    table.rules[0].rescaling = SRescaling{"0", "0", SRescaling::Up};
+    QVERIFY(write(mFolder.filePath("t"), "old"));
+    QString error;
+    QVERIFY(!table.save(mFolder.filePath("t"), error));
+    QCOMPARE(error, QString("File \"%1\": Line 6, \"A\": a factor of 0 loses every value.")
+                        .arg(mFolder.filePath("t")));
+    QCOMPARE(read(mFolder.filePath("t")), QByteArray("old"));
+    table.rules[0].name = "\x1F";
+    QVERIFY(saved(table).contains("XML cannot hold"));
+  }
+
+ private:
+  QTemporaryDir mFolder;
+};
+
+QTEST_APPLESS_MAIN(tst_CMigrationTable)
+#include "tst_CMigrationTable.moc"

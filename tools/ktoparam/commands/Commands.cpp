@@ -3,6 +3,6 @@
 QVector<SCommand> allCommands() {
   return detectCommands() + showCommands() + getCommands() + setCommands() + hardwareIdCommands() +
          subDeviceCommands() + importCommands() + defaultsCommands() + newCommands() +
-         checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
+         migrateCommands() + checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
          textCommands() + motorsCommands() + compensationCommands();
 }

@@ -5,6 +5,8 @@
 #include <CMessageBoardHelper.h>
 #include <ICLogfile.h>
 #include <ktoParameter/CDefinitionComparison.h>
+#include <ktoParameter/CDefinitionMerge.h>
+#include <ktoParameter/CMigrationTable.h>
 #include <ktoParameter/CParamLineIndex.h>
 #include <ktoParameter/CParamValueRules.h>
 #include <ktoParameter/CParamValueText.h>
@@ -138,6 +140,33 @@ bool takeTheirs(const ICParameterFile& base, ICParameterFile& ours, const ICPara
   return merge.errorMsg().isEmpty() && merge.conflicts().isEmpty();
 }
 //! [CParameterFileMerge]
+
+//! [CDefinitionMerge]
+bool takeTheirDefinitions(const ICParameterFile& base, ICParameterFile& ours,
+                          const ICParameterFile& theirs, QTextStream& out) {
+  CDefinitionMerge merge(base, ours, theirs);
+  if (!merge.run()) out << merge.errorMsg() << '\n';
+  for (const SMergeConflict& conflict : merge.conflicts())
+    out << conflict.name << ": " << conflict.text() << '\n';  // ours stays
+  return merge.errorMsg().isEmpty() && merge.conflicts().isEmpty();
+}
+//! [CDefinitionMerge]
+
+//! [CMigrationTable]
+bool writeTable(const ICParameterFile& oldDefinitions, const ICParameterFile& newDefinitions,
+                QTextStream& out) {
+  SMigrationRule rule;
+  rule.name = "VelocityLimit";
+  rule.rescaling = SRescaling{"1/60", "0", SRescaling::HalfEven};  // from minutes to seconds
+  CMigrationTable table;
+  table.rules = {rule};
+  for (const CMigrationTable::SProblem& problem : table.problems(oldDefinitions, newDefinitions))
+    out << problem.line << ": " << problem.text << '\n';
+  QString error;
+  if (!table.save("Next.xmig", error) || !table.load("Next.xmig", error)) out << error << '\n';
+  return error.isEmpty() && table.rules.first().line == 5;
+}
+//! [CMigrationTable]
 
 //! [CParameterFileErrorHandler]
 /// Takes files of every version.
@@ -279,6 +308,7 @@ bool areFine(QTextStream& out) {
          shown(*theirs, "VelocityLimit") == "800 mm/s" &&
          changedNames(*base, *theirs) == QStringList("VelocityLimit") &&
          breakingChanges(*base, *theirs).isEmpty() && takeTheirs(*base, *ours, *theirs, out) &&
+         takeTheirDefinitions(*base, *ours, *theirs, out) && writeTable(*base, *ours, out) &&
          editInModel(*ours) && loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") &&
          isMotorFile("Motors.xparam") && !motorNames("Motors.xparam").isEmpty() &&
          moveMachine(out) && shiftTable(0.001, out) &&

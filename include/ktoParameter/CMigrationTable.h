@@ -39,9 +39,11 @@ class KTOPARAMETER_EXPORT CMigrationTable {
   bool save(QByteArray& buffer, QString& error) const;
 
   /// What is wrong with it for these definitions, by line: rules that contradict each other, that
-  /// name what neither set defines, or that cannot work on the types; definitions whose meaning
-  /// changed and that no rule is about. Warnings are a release that is in no Head comment, and
-  /// removed definitions that no rule is about.
+  /// name what the sets do not define, or that cannot work on the types; definitions whose meaning
+  /// changed and that no rule covers, each as the one that the table makes of it. Warnings are what
+  /// may be meant: a release that is in no Head comment, removed definitions that no rule is about,
+  /// dropped ones that are still defined, ids that change without a rule, numbers and bits without
+  /// a name, choices that become one, and further changes of a definition whose rule covers one.
   QList<SProblem> problems(const ICParameterFile& oldDefinitions,
                            const ICParameterFile& newDefinitions) const;
 

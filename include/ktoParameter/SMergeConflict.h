@@ -21,7 +21,22 @@ struct KTOPARAMETER_EXPORT SMergeConflict {
     Parameter,      ///< "parameter" as a whole
     Value,          ///< "value" of a parameter
     Group,          ///< "group" in which a parameter lies
-    Id              ///< "id" of a parameter
+    Id,             ///< "id" of a parameter or definition
+    // Of definitions, which have neither hardware id nor sub-device.
+    Definition,         ///< "definition" as a whole
+    Type,               ///< "type"
+    Unit,               ///< "unit"
+    Default,            ///< "default"
+    Minimum,            ///< "minimum"
+    Maximum,            ///< "maximum"
+    MinimumParameters,  ///< "minimum-parameters"
+    MaximumParameters,  ///< "maximum-parameters"
+    Choices,            ///< "choices", and whether other values are accepted
+    RadioButtons,       ///< "radio-buttons"
+    CheckBox,           ///< "check-box"
+    Bits,               ///< "bits"
+    Visibility,         ///< "visibility"
+    Hint                ///< "hint"
   };
   /// "Changed" is also what was moved, or had its id changed.
   enum EKind : int {
@@ -44,7 +59,7 @@ struct KTOPARAMETER_EXPORT SMergeConflict {
   int subDevId = kNoSubDevice;  ///< 0 to 255, or kNoSubDevice
   QString groupPath;            ///< of ours, or of theirs when ours removed it; names joined by
                                 ///< "/", shortened as NShortText::below() does when long
-  QString name;                 ///< of the parameter
+  QString name;                 ///< of the parameter or definition
   QString base;                 ///< text of the subject, or value of a parameter; null for none
   QString ours;                 ///< likewise; this is kept in the result
   QString theirs;               ///< likewise

@@ -7,10 +7,32 @@
 namespace {
 
 // In the order of the enumerations.
-constexpr const char* kSubjects[] = {
-    "author",          "comment",   "version", "hardware-id", "sub-device", "sub-device-type",
-    "sub-device-name", "parameter", "value",   "group",       "id"};
-static_assert(std::size(kSubjects) == SMergeConflict::Id + 1);
+constexpr const char* kSubjects[] = {"author",
+                                     "comment",
+                                     "version",
+                                     "hardware-id",
+                                     "sub-device",
+                                     "sub-device-type",
+                                     "sub-device-name",
+                                     "parameter",
+                                     "value",
+                                     "group",
+                                     "id",
+                                     "definition",
+                                     "type",
+                                     "unit",
+                                     "default",
+                                     "minimum",
+                                     "maximum",
+                                     "minimum-parameters",
+                                     "maximum-parameters",
+                                     "choices",
+                                     "radio-buttons",
+                                     "check-box",
+                                     "bits",
+                                     "visibility",
+                                     "hint"};
+static_assert(std::size(kSubjects) == SMergeConflict::Hint + 1);
 
 constexpr const char* kKinds[] = {"both-changed", "both-added", "ours-removed", "theirs-removed"};
 static_assert(std::size(kKinds) == SMergeConflict::TheirsRemoved + 1);

@@ -56,6 +56,9 @@ class CParamDefFile : public CParamBaseFile {
   static QList<qint64> valueListFromStr(const QString& text);
   static QString valueListToStr(const QList<qint64>& values);
 
+  /// Whether the minimum is not above the maximum.
+  static bool limitsFit(const CParamDefItem& definition);
+
   bool handleVersionError(const QString& version, const QString& otherVersion) override;
 
  private:
@@ -70,7 +73,6 @@ class CParamDefFile : public CParamBaseFile {
   bool prefixSection(quint32 id, QLatin1String section);
 
   bool canBeReadAgain(const QVector<const CParamDefItem*>& sorted);
-  static bool limitsFit(const CParamDefItem& definition);
   static QString limitsMessage(const CParamDefItem& definition);
   static QString reservedNameMessage(quint32 id, const QString& name);
   static void appendChoicesToDom(CDomElement param, const CParamDefItem& definition);

@@ -47,6 +47,15 @@ void CDefinitionStore::unite(const CParamDefinitions& definitions) {
   }
 }
 
+void CDefinitionStore::replace(const CParamDefinitions& definitions) {
+  mKeys.clear();
+  mDefinitions.clear();
+  mReferences.clear();
+  unite(definitions);
+  updateReferenceIdList(definitions);
+  mChanged = true;
+}
+
 void CDefinitionStore::updateReferenceIdList(const CParamDefinitions& definitions) {
   QVector<const CParamDefItem*> referring;
   for (const auto& [name, definition] : definitions)

@@ -40,6 +40,8 @@ class CDefinitionStore {
   CParamDefItem* add(const CParamDefItem& definition);
   /// Takes over what a file holds; names and ids that are known become the file's.
   void unite(const CParamDefinitions& definitions);
+  /// Holds these definitions alone, and is marked changed.
+  void replace(const CParamDefinitions& definitions);
   /// Enters the references of definitions by visibility and unit, by ascending id.
   void updateReferenceIdList(const CParamDefinitions& definitions);
   QList<quint32> referencedBy(quint32 id) const { return mReferences.value(id).list(); }

@@ -142,6 +142,11 @@ class CParameterFileBaseImpl : public ICParameterFile {
   const CHardwareIdTrees& allTrees() const { return mTrees; }
   CHardwareIdTrees& allTrees() { return mTrees; }
 
+  /// Other definitions, which are marked changed; the Head stays.
+  void replaceDefinitions(const CParamDefinitions& definitions) {
+    mDefinitions.replace(definitions);
+  }
+
   /// Stores the text as the last error and logs it, when that level is on; returns false.
   bool setErrorMsg(const QString& text, const QString& context = QString(),
                    quint32 level = ICLogfile::kLevelErrors) const;

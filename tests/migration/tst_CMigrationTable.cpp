@@ -1,6 +1,7 @@
 #include "CMigrationTable.h"
 #include "TestFiles.h"
 #include "TestRows.h"
+#include "paramfile/ExampleDrive.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -47,6 +48,31 @@ class tst_CMigrationTable : public QObject {
     QString error;
     QVERIFY2(again.load(mFolder.filePath("t"), error), qPrintable(error));
     QCOMPARE(saved(again), saved(table));
+  }
+
+  /// Tables beside definitions, a folder each.
+  void problems_data() {
+    QTest::addColumn<QString>("folder");
+    const QDir pairs(data("migration/pairs"));
+    for (const QString& name : pairs.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+      if (QFile::exists(pairs.filePath(name + "/problems.txt")))
+        addRow(qPrintable(name), pairs.filePath(name + '/'));
+  }
+  void problems() {
+    QFETCH(QString, folder);
+    const auto [oldOne, newOne] = std::pair(makeFile(), makeFile());
+    CMigrationTable table;
+    QString error;
+    QVERIFY(oldOne->loadParamDefFile(folder + "old.xpdef", 0x10000));
+    QVERIFY(newOne->loadParamDefFile(folder + "new.xpdef", 0x10000));
+    QVERIFY2(table.load(folder + "table.xml", error), qPrintable(error));
+    QString told;
+    for (const CMigrationTable::SProblem& problem : table.problems(*oldOne, *newOne)) {
+      told += QString("%1: %2: %3\n")
+                  .arg(problem.line)
+                  .arg(problem.isWarning ? "warning" : "error", problem.text);
+    }
+    QCOMPARE(told, QString::fromUtf8(read(folder + "problems.txt")));
   }
 
   /// What could not be loaded is not saved.

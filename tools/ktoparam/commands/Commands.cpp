@@ -3,6 +3,7 @@
 QVector<SCommand> allCommands() {
   return detectCommands() + showCommands() + getCommands() + setCommands() + hardwareIdCommands() +
          subDeviceCommands() + importCommands() + defaultsCommands() + newCommands() +
-         migrateCommands() + checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
-         textCommands() + motorsCommands() + compensationCommands();
+         checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
+         migrateCommands() + migrationCheckCommands() + textCommands() + motorsCommands() +
+         compensationCommands();
 }

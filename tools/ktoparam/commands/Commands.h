@@ -18,6 +18,7 @@ QVector<SCommand> hardwareIdCommands();
 QVector<SCommand> importCommands();
 QVector<SCommand> mergeCommands();
 QVector<SCommand> migrateCommands();
+QVector<SCommand> migrationCheckCommands();
 QVector<SCommand> motorsCommands();
 QVector<SCommand> newCommands();
 QVector<SCommand> searchCommands();

@@ -166,6 +166,12 @@ bool CLoadedFile::saveAs(const QString& fileName, quint32 version) {
   return isSaved;
 }
 
+bool CLoadedFile::saveDefinitionsAs(const QString& fileName, quint32 version) {
+  return write(fileName, [&]() -> QString {
+    return mFile->saveParamDefFile(fileName, version) ? QString() : mFile->errorMsg();
+  });
+}
+
 bool CLoadedFile::saveCompensation(const QString& fileName) {
   return write(fileName, [&]() -> QString {
     const int result = mCompensation->save(fileName, mInfo.writtenVersion);

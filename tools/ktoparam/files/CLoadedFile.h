@@ -72,6 +72,8 @@ class CLoadedFile {
   bool save();
   /// Writes the value file under another name or version.
   bool saveAs(const QString& fileName, quint32 version);
+  /// Writes the definitions under another name or version.
+  bool saveDefinitionsAs(const QString& fileName, quint32 version);
   /// Writes the compensation file under this name.
   bool saveCompensation(const QString& fileName);
 

@@ -13,6 +13,8 @@ namespace {
 
 // Definition files are not a file type of the library.
 const QLatin1String kDefinitionRoot("LumoParamDefinition");
+// Nor are migration tables, which have commands of their own.
+const QLatin1String kMigrationRoot("Migration");
 
 SFileInfo::EKind kindOf(const QString& rootTag, NktoGlobal::EParamFileType type) {
   if (rootTag == kDefinitionRoot) return SFileInfo::Definitions;
@@ -25,6 +27,8 @@ SFileInfo::EKind kindOf(const QString& rootTag, NktoGlobal::EParamFileType type)
 QString reasonOf(const SFileBeginning& beginning, bool isEmpty) {
   if (isEmpty) return Tool::tr("the file is empty.");
   if (!beginning.error.isEmpty()) return beginning.error;
+  if (beginning.rootTag == kMigrationRoot)
+    return Tool::tr("this is a migration table; see \"ktoparam help migrate\".");
   return Tool::tr("the root element <%1> is not that of a parameter file.")
       .arg(NDisplayText::shown(beginning.rootTag));
 }

@@ -29,12 +29,11 @@ QString bitsText(const QString& model, quint64 bits, NParamDef::EParamType type)
   return likeText(model, isNegative, isNegative ? (0 - bits) & all : bits);
 }
 
-quint64 moved(quint64 bits, const std::map<int, int>& places) {
-  quint64 result = bits;
-  for (const auto& place : places) result &= ~(1ULL << place.first);
-  for (const auto& [from, to] : places)
-    if ((bits >> from & 1U) != 0) result |= 1ULL << to;
-  return result;
+quint64 invertedBits(const CParamDefItem& definition) {
+  quint64 bits = 0;
+  for (const NParamDef::SBitValue& bit : definition.bitset())
+    if (bit.invert && bit.isValid()) bits |= 1ULL << bit.pos;
+  return bits;
 }
 
 }  // namespace
@@ -53,6 +52,8 @@ CValueConversion::CValueConversion(const SMigrationRule& rule, const CParamDefIt
   if (rule.rescaling) mRescaling.emplace(*rule.rescaling, mFrom, mTo, direction);
   mChoices = numbersOf(rule.choices, isBack);
   mBits = numbersOf(rule.bits, isBack);
+  mInvertedBefore = invertedBits(from);
+  mInvertedAfter = invertedBits(to);
   describe(rule, isBack);
 }
 
@@ -124,6 +125,21 @@ std::optional<QString> CValueConversion::newNumber(const QString& text) const {
                                          : likeText(text, isNegative, isNegative ? 0 - bits : bits);
   }
   const quint64 bits = number->bits() & CExactNumber::allBits(mFrom);
-  const quint64 newBits = moved(bits, mBits);
+  const quint64 newBits = newBitsOf(bits);
   return newBits == bits ? text : bitsText(text, newBits, mTo);
+}
+
+/// What was active is active.
+quint64 CValueConversion::newBitsOf(quint64 bits) const {
+  quint64 result = bits;
+  for (const auto& place : mBits) result &= ~(1ULL << place.first);
+  for (const auto& [from, to] : mBits) {
+    const quint64 active = (bits ^ mInvertedBefore) >> from & 1U;
+    const quint64 inverted = mInvertedAfter >> to & 1U;
+    if (active != inverted)
+      result |= 1ULL << to;
+    else
+      result &= ~(1ULL << to);
+  }
+  return result;
 }

@@ -32,6 +32,7 @@ class CValueConversion {
   SResult rescaled(const QString& text) const;
   SResult renumbered(const QString& text) const;
   std::optional<QString> newNumber(const QString& text) const;
+  quint64 newBitsOf(quint64 bits) const;
   void describe(const SMigrationRule& rule, bool isBack);
 
   NParamDef::EParamType mFrom;
@@ -41,5 +42,7 @@ class CValueConversion {
   std::optional<CRescaling> mRescaling;
   std::map<qint64, qint64> mChoices;
   std::map<int, int> mBits;
+  quint64 mInvertedBefore = 0;
+  quint64 mInvertedAfter = 0;
   QString mDescription;
 };

@@ -58,16 +58,24 @@ class CRandomMigration {
     if (old.type() == NParamDef::PARAM_TYPE_F64) rescale(rule, {"0.001", "0.25", "60", "-2.5"});
     if (below(4) == 0)
       rule.move = qMakePair(NParamDef::SUB_DEV_TYPE_DRIVE, NParamDef::SUB_DEV_TYPE_DEVICE);
-    if (!mIsReversible && below(2) == 0) lose(rule);
+    if (!mIsReversible && below(2) == 0) {
+      current = old;
+      lose(rule);
+    }
     if (!rule.newName.isNull() && newDefinitions->idByName(rule.newName) != NParamDef::NO_ID)
       rule.newName = QString();
     const QString newName = rule.newName.isNull() ? name : rule.newName;
-    if (newDefinitions->idByName(newName) != NParamDef::NO_ID) rule.newName = name + "y";
+    if (!rule.isDropped && newDefinitions->idByName(newName) != NParamDef::NO_ID)
+      rule.newName = name + "y";
     current.setName(rule.newName.isNull() ? name : rule.newName);
     if (rule.newId) current.setId(*rule.newId);
     oldDefinitions->addDef(old);
     if (!rule.isDropped) newDefinitions->addDef(current);
-    table.rules.append(rule);
+    if (rule.move) mMoved.insert(i);
+    if (rule.isDropped || rule.newId || rule.rescaling || rule.move || !rule.newName.isNull() ||
+        !rule.choices.isEmpty() || !rule.bits.isEmpty() || !rule.value.isNull() ||
+        !rule.question.isNull())
+      table.rules.append(rule);
   }
 
   void rescaleOrRenumber(CParamDefItem& old, CParamDefItem& current, SMigrationRule& rule) {
@@ -122,8 +130,7 @@ class CRandomMigration {
       const int number = (i + below(2)) % count;
       const QString name = QString("P%1").arg(number);
       // What is where a rule moves it to looks like moved already.
-      if (table.rules.at(number).move &&
-          values->subDevType(subDevId) == NParamDef::SUB_DEV_TYPE_DEVICE)
+      if (mMoved.contains(number) && values->subDevType(subDevId) == NParamDef::SUB_DEV_TYPE_DEVICE)
         continue;
       auto* const group = static_cast<CParamTreeNodeImpl*>(
           values->subGroup(one({"", "G", "G/H", "I", "I/J"}), subDevId));
@@ -144,4 +151,5 @@ class CRandomMigration {
 
   QRandomGenerator mRandom;
   const bool mIsReversible;
+  QSet<int> mMoved;
 };

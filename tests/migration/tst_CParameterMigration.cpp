@@ -4,6 +4,8 @@
 #include "NShortText.h"
 #include "ParamFileText.h"
 #include "RandomMigration.h"
+#include "TestRows.h"
+#include "analysis/AnalysisFiles.h"
 
 #include <QtTest>
 
@@ -79,6 +81,19 @@ bool isInRenamed(const SParamDifference& moved, const CMigrationSteps& steps) {
   });
 }
 
+QString toText(const CMigrationSteps& steps) {
+  QString text;
+  for (const S& step : steps) {
+    text += placed(step.hardwareId, step.subDevId, NShortText::below(step.groupPath, step.name));
+    if (step.newSubDevId != step.subDevId) text += QString(" [%1]").arg(step.newSubDevId);
+    if (step.newName != step.name) text += " > " + step.newName;
+    text += QString(": %1 '%2'").arg(S::kindText(step.kind), step.oldValue);
+    if (step.newValue != step.oldValue) text += " > '" + step.newValue + '\'';
+    text += QString(step.comesBack ? " (%1) " : " (lost, %1) ").arg(step.line) + step.text + '\n';
+  }
+  return text;
+}
+
 CParameterFilePtr copyOf(ICParameterFile& file) {
   return std::make_unique<CParameterFileBaseImpl>(dynamic_cast<CParameterFileBaseImpl&>(file),
                                                   nullptr);
@@ -117,6 +132,36 @@ class tst_CParameterMigration : public QObject {
     const QString next = result == "?" ? text : result.section(' ', 0, 0);
     QCOMPARE(rescaled(rule, to, from, CRescaling::Back, next).section(' ', 0, 0),
              back.isEmpty() ? text : back);
+  }
+
+  void migratesPairs_data() {
+    QTest::addColumn<QString>("folder");
+    const QDir pairs(NTestFiles::data("migration/pairs"));
+    for (const QString& name : pairs.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+      if (QFile::exists(pairs.filePath(name + "/old.xparam")))
+        addRow(qPrintable(name), pairs.filePath(name + '/'));
+  }
+  void migratesPairs() {
+    QFETCH(QString, folder);
+    CMigrationTable table;
+    QString error;
+    const auto [oldOne, newOne, values] = std::tuple(makeFile(), makeFile(), makeFile());
+    QVERIFY2(table.load(folder + "table.xml", error), qPrintable(error));
+    QVERIFY(oldOne->loadParamDefFile(folder + "old.xpdef", 0x10000) &&
+            newOne->loadParamDefFile(folder + "new.xpdef", 0x10000) &&
+            values->loadParamFile(folder + "old.xparam", {}, 0x10000));
+    CParameterMigration migration(*values, {{table, oldOne.get(), newOne.get()}});
+    QVERIFY2(migration.plan(), qPrintable(migration.errorMsg()));
+    QString plan = toText(migration.steps());
+    QVERIFY(migration.run());
+    const QString after = NAnalysisFiles::toText(*values).replace(" [", "\n[") + '\n';
+    CParameterMigration back(*values, {{table, oldOne.get(), newOne.get()}},
+                             CParameterMigration::Back);
+    QVERIFY(back.plan());
+    plan += "back:\n" + toText(back.steps());
+    if (!back.run()) plan += back.errorMsg() + '\n';
+    QCOMPARE(plan, QString::fromUtf8(NTestFiles::read(folder + "plan.txt")));
+    QCOMPARE(after, QString::fromUtf8(NTestFiles::read(folder + "after.txt")));
   }
 
   void tellsAllThatChanges() {

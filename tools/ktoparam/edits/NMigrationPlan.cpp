@@ -118,7 +118,7 @@ void NMigrationPlan::print(const CMigrationSteps& steps, COutput& out) {
   if (!table.isEmpty()) out.line({});
 }
 
-void NMigrationPlan::printSummary(const CMigrationSteps& steps, COutput& out) {
+void NMigrationPlan::printSummary(const CMigrationSteps& steps, bool isBack, COutput& out) {
   QStringList counts;
   for (const auto& [kind, count] : countsOf(steps))
     counts.append(QStringLiteral("%1 %2").arg(kindName(kind), QString::number(count)));
@@ -127,10 +127,15 @@ void NMigrationPlan::printSummary(const CMigrationSteps& steps, COutput& out) {
              namesOf(steps, [](const S& step) { return step.kind == S::Rounded; }), out);
   printNames(Tool::tr("Dropped: %1"),
              namesOf(steps, [](const S& step) { return step.kind == S::Dropped; }), out);
-  printNames(
-      Tool::tr("Would not come back with --reverse: %1"),
-      namesOf(steps, [](const S& step) { return !step.comesBack && step.kind > S::Dropped; }), out);
+  const auto isLost = [](const S& step) { return !step.comesBack && step.kind > S::Dropped; };
+  if (!isBack)
+    printNames(Tool::tr("Would not come back with --reverse: %1"), namesOf(steps, isLost), out);
   printOpen(steps, out);
+}
+
+QStringList NMigrationPlan::lostOnTheWayBack(const CMigrationSteps& steps) {
+  return uniqueNames(
+      namesOf(steps, [](const S& step) { return !step.comesBack && step.kind != S::Replaced; }));
 }
 
 QJsonObject NMigrationPlan::countsToJson(const CMigrationSteps& steps) {

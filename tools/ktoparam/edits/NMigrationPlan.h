@@ -19,7 +19,10 @@ inline constexpr int kMostLines = 24;
 void print(const CMigrationSteps& steps, COutput& out);
 /// How many steps there are of each kind, and which parameters a human has to look at: 13 lines at
 /// most.
-void printSummary(const CMigrationSteps& steps, COutput& out);
+void printSummary(const CMigrationSteps& steps, bool isBack, COutput& out);
+/// What keeps a migration back from being done: parameters that would not be the same when they are
+/// migrated again, unless a human gave their values.
+QStringList lostOnTheWayBack(const CMigrationSteps& steps);
 
 /// The counts by the texts of the kinds, of which all are there.
 QJsonObject countsToJson(const CMigrationSteps& steps);

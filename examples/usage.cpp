@@ -170,17 +170,20 @@ bool writeTable(const ICParameterFile& oldDefinitions, const ICParameterFile& ne
 //! [CMigrationTable]
 
 //! [CParameterMigration]
-bool takeToNext(ICParameterFile& values, const ICParameterFile& oldDefinitions,
-                const ICParameterFile& newDefinitions, QTextStream& out) {
+/// What a human has to decide before; nothing is done until then.
+QStringList takeToNext(ICParameterFile& values, const ICParameterFile& oldDefinitions,
+                       const ICParameterFile& newDefinitions) {
   CMigrationTable table;
   QString error;
-  if (!table.load("Next.xmig", error)) out << error << '\n';
+  if (!table.load("Next.xmig", error)) return {error};
   CParameterMigration migration(values, {{table, &oldDefinitions, &newDefinitions}});
-  if (!migration.plan()) out << migration.errorMsg() << '\n';
+  if (!migration.plan()) return {migration.errorMsg()};
+  QStringList questions;
   for (const SMigrationStep& step : migration.steps())
-    if (step.kind <= SMigrationStep::NotAllowed) out << step.name << ": " << step.text << '\n';
-  return !migration.isOpen() && migration.run() &&
-         values.saveParamFile("Next.xparam", QString(), migration.version());
+    if (step.kind <= SMigrationStep::NotAllowed) questions += step.name + ": " + step.text;
+  if (questions.isEmpty() && migration.run())
+    values.saveParamFile("Next.xparam", QString(), migration.version());
+  return questions;
 }
 //! [CParameterMigration]
 
@@ -325,7 +328,7 @@ bool areFine(QTextStream& out) {
          changedNames(*base, *theirs) == QStringList("VelocityLimit") &&
          breakingChanges(*base, *theirs).isEmpty() && takeTheirs(*base, *ours, *theirs, out) &&
          takeTheirDefinitions(*base, *ours, *theirs, out) && writeTable(*base, *ours, out) &&
-         takeToNext(*loadDrive(out), *base, *ours, out) && editInModel(*ours) &&
+         takeToNext(*loadDrive(out), *base, *ours).size() == 6 && editInModel(*ours) &&
          loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") && isMotorFile("Motors.xparam") &&
          !motorNames("Motors.xparam").isEmpty() && moveMachine(out) && shiftTable(0.001, out) &&
          saveUnlessChanged(*base, "TwoAxisDrive.xparam", out) && halveVelocity(problem) &&

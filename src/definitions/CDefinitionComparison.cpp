@@ -15,7 +15,6 @@
 namespace {
 
 using S = SDefinitionDifference;
-using Comparison = CDefinitionComparison;
 using CChange = std::optional<SDefinitionChange>;
 
 QString valueText(const CParamVal& value) {
@@ -57,21 +56,23 @@ CChange typeChange(const SBoth& both) {
   change.newText = both.newItem.typeStr();
   const bool wasNumber = CExactNumber::isNumberType(oldType);
   if (!wasNumber || !CExactNumber::isNumberType(newType)) {
-    change.judge(S::MeaningChanged, Comparison::tr("A text and a number are read differently."));
+    change.judge(S::MeaningChanged,
+                 CDefinitionComparison::tr("A text and a number are read differently."));
   } else if (CExactNumber::widthOf(oldType) == 0 || CExactNumber::widthOf(newType) == 0) {
     change.judge(S::ValuesMayBreak,
-                 Comparison::tr("Decimals and \"0x\" are not read by both types."));
+                 CDefinitionComparison::tr("Decimals and \"0x\" are not read by both types."));
   } else if (both.oldNumbers.areAllOf(newType)) {
-    change.judge(S::Safe,
-                 Comparison::tr("Every allowed value is the same number of the new type."));
+    change.judge(S::Safe, CDefinitionComparison::tr(
+                              "Every allowed value is the same number of the new type."));
   } else {
     change.judge(S::ValuesMayBreak,
-                 Comparison::tr("Not every allowed value is a number of the new type; "
-                                "unsigned ones take no sign, not even that of \"-0\"."));
+                 CDefinitionComparison::tr("Not every allowed value is a number of the new type; "
+                                           "unsigned ones take no sign, not even that of \"-0\"."));
   }
   // A negative number of another width sets other bits that have no name.
   const bool showsSign = both.newItem.hasBitset() && !CExactNumber::isUnsigned(oldType);
-  if (showsSign) change.judge(S::ValuesMayBreak, Comparison::tr("Negative values set other bits."));
+  if (showsSign)
+    change.judge(S::ValuesMayBreak, CDefinitionComparison::tr("Negative values set other bits."));
   return change;
 }
 
@@ -82,11 +83,12 @@ CChange minimumChange(const SBoth& both) {
   const QString newText = valueText(both.newItem.minVal());
   if (areEqual(oldOne, newOne) || (!oldOne && !newOne && oldText == newText)) return {};
   if (newOne && !both.oldNumbers.areAllFrom(*newOne)) {
-    return SDefinitionChange{S::ValuesMayBreak, oldText, newText,
-                             Comparison::tr("Values below %1 are no longer allowed.").arg(newText)};
+    return SDefinitionChange{
+        S::ValuesMayBreak, oldText, newText,
+        CDefinitionComparison::tr("Values below %1 are no longer allowed.").arg(newText)};
   }
   return SDefinitionChange{S::Safe, oldText, newText,
-                           Comparison::tr("It allows every value that was allowed.")};
+                           CDefinitionComparison::tr("It allows every value that was allowed.")};
 }
 
 CChange maximumChange(const SBoth& both) {
@@ -96,18 +98,20 @@ CChange maximumChange(const SBoth& both) {
   const QString newText = valueText(both.newItem.maxVal());
   if (areEqual(oldOne, newOne) || (!oldOne && !newOne && oldText == newText)) return {};
   if (newOne && !both.oldNumbers.areAllUpTo(*newOne)) {
-    return SDefinitionChange{S::ValuesMayBreak, oldText, newText,
-                             Comparison::tr("Values above %1 are no longer allowed.").arg(newText)};
+    return SDefinitionChange{
+        S::ValuesMayBreak, oldText, newText,
+        CDefinitionComparison::tr("Values above %1 are no longer allowed.").arg(newText)};
   }
   return SDefinitionChange{S::Safe, oldText, newText,
-                           Comparison::tr("It allows every value that was allowed.")};
+                           CDefinitionComparison::tr("It allows every value that was allowed.")};
 }
 
 CChange hintChange(const SBoth& both) {
   const QString oldText = both.oldItem.hint();
   const QString newText = both.newItem.hint();
   if (oldText == newText) return {};
-  return SDefinitionChange{S::Safe, oldText, newText, Comparison::tr("It only informs.")};
+  return SDefinitionChange{S::Safe, oldText, newText,
+                           CDefinitionComparison::tr("It only informs.")};
 }
 
 class CComparison {
@@ -119,12 +123,14 @@ class CComparison {
     for (const CDefinitionPairs::SPair& pair : mPairs.all()) {
       mPair = pair;
       if (pair.oldName.isNull())
-        add(S::Added,
-            SDefinitionChange{S::Safe, {}, {}, Comparison::tr("No value was made for it.")});
+        add(S::Added, SDefinitionChange{
+                          S::Safe, {}, {}, CDefinitionComparison::tr("No value was made for it.")});
       else if (pair.newName.isNull())
         add(S::Removed,
-            SDefinitionChange{
-                S::ValuesMayBreak, {}, {}, Comparison::tr("Its values are no longer defined.")});
+            SDefinitionChange{S::ValuesMayBreak,
+                              {},
+                              {},
+                              CDefinitionComparison::tr("Its values are no longer defined.")});
       else
         compare(SBoth(mOld.lookup().find(pair.oldName), mNew.lookup().find(pair.newName)));
     }
@@ -167,7 +173,7 @@ class CComparison {
   CChange nameChange() const {
     if (mPair.oldName == mPair.newName) return {};
     return SDefinitionChange{S::ValuesMayBreak, mPair.oldName, mPair.newName,
-                             Comparison::tr("Values are found by their names.")};
+                             CDefinitionComparison::tr("Values are found by their names.")};
   }
 
   /// Who goes by ids would take one parameter for the other when an id has another name now.
@@ -177,17 +183,15 @@ class CComparison {
     if (oldText == newText) return {};
     SDefinitionChange change{S::Safe, oldText, newText, {}};
     change.judge(S::ValuesMayBreak,
-                 Comparison::tr("Values keep the old id until they are migrated."));
+                 CDefinitionComparison::tr("Values keep the old id until they are migrated."));
     const QString before = mOld.lookup().nameOf(both.newItem.id());
     const QString after = mNew.lookup().nameOf(both.oldItem.id());
     if (!before.isEmpty()) {
-      change.judge(
-          S::MeaningChanged,
-          Comparison::tr("The id %1 was that of \"%2\".").arg(newText, NShortText::of(before)));
+      change.judge(S::MeaningChanged, CDefinitionComparison::tr("The id %1 was that of \"%2\".")
+                                          .arg(newText, NShortText::of(before)));
     } else if (!after.isEmpty()) {
-      change.judge(
-          S::MeaningChanged,
-          Comparison::tr("The id %1 is that of \"%2\" now.").arg(oldText, NShortText::of(after)));
+      change.judge(S::MeaningChanged, CDefinitionComparison::tr("The id %1 is that of \"%2\" now.")
+                                          .arg(oldText, NShortText::of(after)));
     }
     return change;
   }
@@ -205,7 +209,7 @@ class CComparison {
     if ((isParameter ? CDefinitionSide::SUnit{renamed(oldUnit.parameter), {}} : oldUnit) == newUnit)
       return {};
     return SDefinitionChange{S::MeaningChanged, oldUnit.text(), newUnit.text(),
-                             Comparison::tr("The same number is another quantity.")};
+                             CDefinitionComparison::tr("The same number is another quantity.")};
   }
 
   CChange defaultChange(const SBoth& both) {
@@ -216,10 +220,11 @@ class CComparison {
     const bool isUnit = mOld.isUnit(both.oldItem.id()) || mNew.isUnit(both.newItem.id());
     if (isUnit && CParamValueText::choiceName(both.oldItem, oldValue) !=
                       CParamValueText::choiceName(both.newItem, newValue)) {
-      change.judge(S::MeaningChanged,
-                   Comparison::tr("It is the unit of others in files that do not have it."));
+      change.judge(
+          S::MeaningChanged,
+          CDefinitionComparison::tr("It is the unit of others in files that do not have it."));
     }
-    change.judge(S::Safe, Comparison::tr("Values stay as they are."));
+    change.judge(S::Safe, CDefinitionComparison::tr("Values stay as they are."));
     return change;
   }
 
@@ -235,10 +240,11 @@ class CComparison {
     SDefinitionChange change{
         S::Safe, SDefinitionChange::listed(oldNames), SDefinitionChange::listed(newNames), {}};
     if (!added.isEmpty() && !both.oldNumbers.isClosed()) {
-      change.judge(S::ValuesMayBreak, Comparison::tr("The value of \"%1\" is a limit, too, now.")
-                                          .arg(NShortText::of(added.first())));
+      change.judge(S::ValuesMayBreak,
+                   CDefinitionComparison::tr("The value of \"%1\" is a limit, too, now.")
+                       .arg(NShortText::of(added.first())));
     }
-    change.judge(S::Safe, Comparison::tr("It allows every value that was allowed."));
+    change.judge(S::Safe, CDefinitionComparison::tr("It allows every value that was allowed."));
     return change;
   }
 
@@ -262,7 +268,7 @@ class CComparison {
                  : QStringLiteral("%1: %2").arg(one.first, SDefinitionChange::listed(one.second));
     };
     return SDefinitionChange{S::Safe, text(oldOne), text(newOne),
-                             Comparison::tr("It only decides what is shown.")};
+                             CDefinitionComparison::tr("It only decides what is shown.")};
   }
 
   CDefinitionSide mOld;

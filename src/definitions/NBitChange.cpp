@@ -13,7 +13,6 @@ namespace {
 
 using NParamDef::SBitValue;
 using S = SDefinitionDifference;
-using Comparison = CDefinitionComparison;
 
 bool isBefore(const SBitValue& a, const SBitValue& b) {
   return std::tie(a.pos, a.name, a.invert) < std::tie(b.pos, b.name, b.invert);
@@ -64,22 +63,20 @@ void judge(const CBits& removed, const CBits& added, const CBits& oldBits,
     const QString name = NShortText::of(bit.name);
     if (newOnes.names.count(bit.name) > 0) {
       change.judge(S::MeaningChanged,
-                   Comparison::tr("\"%1\" is another bit now, or inverted.").arg(name));
+                   CDefinitionComparison::tr("\"%1\" is another bit now, or inverted.").arg(name));
     } else if (newOnes.positions.count(bit.pos) > 0) {
-      change.judge(
-          S::MeaningChanged,
-          Comparison::tr("The bit %1 had the name \"%2\".").arg(QString::number(bit.pos), name));
+      change.judge(S::MeaningChanged, CDefinitionComparison::tr("The bit %1 had the name \"%2\".")
+                                          .arg(QString::number(bit.pos), name));
     } else {
-      change.judge(
-          S::ValuesMayBreak,
-          Comparison::tr("The bit %1 has no name any more.").arg(QString::number(bit.pos)));
+      change.judge(S::ValuesMayBreak, CDefinitionComparison::tr("The bit %1 has no name any more.")
+                                          .arg(QString::number(bit.pos)));
     }
   }
   const SKnown oldOnes(oldBits);
   for (const SBitValue& bit : added) {
     if (oldOnes.positions.count(bit.pos) > 0 || oldOnes.names.count(bit.name) > 0) {
       change.judge(S::MeaningChanged,
-                   Comparison::tr("The bit %1 or its name \"%2\" had a meaning already.")
+                   CDefinitionComparison::tr("The bit %1 or its name \"%2\" had a meaning already.")
                        .arg(QString::number(bit.pos), NShortText::of(bit.name)));
     }
   }
@@ -98,6 +95,6 @@ std::optional<SDefinitionChange> NBitChange::of(const CParamDefItem& oldOne,
   change.oldText = textOf(removed);
   change.newText = textOf(added);
   judge(removed, added, oldBits, change);
-  change.judge(S::Safe, Comparison::tr("Only bits without a name got one."));
+  change.judge(S::Safe, CDefinitionComparison::tr("Only bits without a name got one."));
   return change;
 }

@@ -6,7 +6,6 @@
 namespace {
 
 using S = SDefinitionDifference;
-using Comparison = CDefinitionComparison;
 using CNames = std::map<qint64, QString>;
 
 /// The choices that the other list does not have under the same number and name.
@@ -28,11 +27,12 @@ void judgeNumber(qint64 number, const CNames& oldNames, const CNames& newNames,
   const bool hasLostName =
       newName == newNames.end() || (newName->second.isEmpty() && !oldName->second.isEmpty());
   if (hasLostName) {
-    change.judge(S::ValuesMayBreak,
-                 Comparison::tr("%1 is no longer a choice.").arg(QString::number(number)));
+    change.judge(
+        S::ValuesMayBreak,
+        CDefinitionComparison::tr("%1 is no longer a choice.").arg(QString::number(number)));
   } else if (!oldName->second.isEmpty() && newName->second != oldName->second) {
     change.judge(S::MeaningChanged,
-                 Comparison::tr("%1 was \"%2\" and is \"%3\".")
+                 CDefinitionComparison::tr("%1 was \"%2\" and is \"%3\".")
                      .arg(QString::number(number), NShortText::of(oldName->second),
                           NShortText::of(newName->second)));
   }
@@ -46,7 +46,7 @@ void judgeName(const QString& name, const SChoiceNames& oldOnes, const SChoiceNa
       oldNumber->second == newNumber->second) {
     return;
   }
-  change.judge(S::MeaningChanged, Comparison::tr("\"%1\" was %2 and is %3.")
+  change.judge(S::MeaningChanged, CDefinitionComparison::tr("\"%1\" was %2 and is %3.")
                                       .arg(NShortText::of(name), QString::number(oldNumber->second),
                                            QString::number(newNumber->second)));
 }
@@ -75,14 +75,14 @@ std::optional<SDefinitionChange> NChoiceChange::of(const CAllowedNumbers& oldOne
   if (oldList == newList && wasOpen == isOpen) return {};
   QStringList oldTexts = onlyIn(oldList.names, newList.names);
   QStringList newTexts = onlyIn(newList.names, oldList.names);
-  if (wasOpen && !isOpen) oldTexts.append(Comparison::tr("other values"));
-  if (isOpen && !wasOpen) newTexts.append(Comparison::tr("other values"));
+  if (wasOpen && !isOpen) oldTexts.append(CDefinitionComparison::tr("other values"));
+  if (isOpen && !wasOpen) newTexts.append(CDefinitionComparison::tr("other values"));
   SDefinitionChange change;
   change.oldText = SDefinitionChange::listed(oldTexts);
   change.newText = SDefinitionChange::listed(newTexts);
   judgeNames(oldOne, newOne, list, change);
   if (newOne.isClosed(list) && !oldOne.areAllIn(newList))
-    change.judge(S::ValuesMayBreak, Comparison::tr("Only the choices are allowed now."));
-  change.judge(S::Safe, Comparison::tr("Every choice is still there."));
+    change.judge(S::ValuesMayBreak, CDefinitionComparison::tr("Only the choices are allowed now."));
+  change.judge(S::Safe, CDefinitionComparison::tr("Every choice is still there."));
   return change;
 }

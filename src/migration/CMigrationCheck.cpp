@@ -124,10 +124,12 @@ void CMigrationCheck::checkPlace() {
   const QString newName = newNameOf(*mRule);
   const QString shortName = NShortText::of(newName);
   if (mNew.find(newName).name().isEmpty()) {
+    const bool isAsked = mRule->newName.isNull() && !mRule->question.isNull();
     add(mRule->newName.isNull()
             ? tr("the new definitions have no parameter of this name; give it a new name, or drop "
                  "it.")
-            : tr("the new definitions have no \"%1\".").arg(shortName));
+            : tr("the new definitions have no \"%1\".").arg(shortName),
+        isAsked);
   }
   const SMigrationRule* other = mByNewName.at(newName);
   if (other != mRule) {

@@ -1,7 +1,8 @@
-// What a difference between definitions promises about values.
+// What a difference between definitions promises about values, and a table that is drafted of it.
 
 #include "CDefinitionComparison.h"
 #include "CExactNumber.h"
+#include "CMigrationTable.h"
 #include "CParamValueRules.h"
 #include "CParamValueText.h"
 #include "paramfile/ExampleDrive.h"
@@ -49,7 +50,7 @@ class CRandomDefinition {
   }
 
  private:
-  static constexpr int kRespects = 9;
+  static constexpr int kRespects = 10;
   static CParamVal toValue(const QString& text) {
     return text.isNull() ? CParamVal() : CParamVal(text);
   }
@@ -71,6 +72,8 @@ class CRandomDefinition {
     if (respect == 6) mStates = below(6) == 0 ? SCheckValues{below(3), below(3)} : SCheckValues();
     if (respect == 7 && below(3) == 0) mBits.append({below(8), oneOf({"A", "B"}), below(3) == 0});
     if (respect == 7 && below(6) == 0) mBits.clear();
+    if (respect == 9 && mChoices.size() > 1) std::swap(mChoices.first().name, mChoices.last().name);
+    if (respect == 9 && !mBits.isEmpty()) mBits.first().pos = below(8);
     if (respect == 8) mIsLimited = below(3) == 0;
     if (respect == 8) mIsLimitNumber = below(3) > 0;
   }
@@ -119,6 +122,16 @@ bool meansTheSame(const CParamDefItem& before, const CParamDefItem& after, const
   return !(*number < *numberAfter) && !(*numberAfter < *number);
 }
 
+/// As the rule converts it.
+QString migrated(const SMigrationRule& rule, const CExactNumber& number) {
+  for (const auto& [from, to] : rule.choices)
+    if (number.asI64() == from) return QString::number(to);
+  quint64 bits = number.bits();
+  for (const auto& [from, to] : rule.bits) bits &= ~(1ULL << from | 1ULL << to);
+  for (const auto& [from, to] : rule.bits) bits |= (number.bits() >> from & 1U) << to;
+  return rule.bits.isEmpty() ? number.decimal() : QString::number(bits);
+}
+
 }  // namespace
 
 class tst_CDefinitionComparison : public QObject {
@@ -144,6 +157,47 @@ class tst_CDefinitionComparison : public QObject {
       }
     }
     QVERIFY2(judged > 50000, qPrintable(QString::number(judged)));
+  }
+
+  void draftsRulesThatKeepMeanings() {
+    int judged = 0;
+    for (quint32 seed = 0; seed < 15000; ++seed) {
+      CRandomDefinition definition(seed);
+      const CParameterFilePtr before = definition.file();
+      for (int changes = 0; changes < 3; ++changes) definition.change();
+      const CParameterFilePtr after = definition.file();
+      const CMigrationTable table = CMigrationTable::draft(*before, *after);
+      QByteArray text;
+      QString error;
+      QVERIFY2(table.save(text, error), qPrintable(error));
+      const auto changed = CDefinitionComparison::compare(*before, *after);
+      const auto rule = std::find_if(table.rules.begin(), table.rules.end(),
+                                     [](const SMigrationRule& each) { return each.name == "P"; });
+      const bool hasRule = rule != table.rules.end();
+      for (const SDefinitionDifference& each : changed)
+        QVERIFY(each.effect != SDefinitionDifference::MeaningChanged || each.name != "P" ||
+                hasRule);
+      if (!hasRule || !rule->question.isNull()) continue;
+      const CParamDefItem oldItem = before->paramDef("P");
+      for (const QString& value : kValues) {
+        const auto number = CExactNumber::of(CParamVal(value), oldItem.type());
+        if (!number || number->decimal().startsWith('-') || !isAllowed(*before, value, {}))
+          continue;
+        const QString newValue = migrated(*rule, *number);
+        if (!isAllowed(*after, newValue, {})) continue;
+        ++judged;
+        QVERIFY2(CParamValueText::choiceName(oldItem, value) ==
+                         CParamValueText::choiceName(after->paramDef("P"), newValue) ||
+                     CParamValueText::choiceName(oldItem, value).isEmpty(),
+                 qPrintable(QString("seed %1, value %2").arg(seed).arg(value)));
+        const QStringList bits =
+            CParamValueText::activeBits(after->paramDef("P"), newValue).value_or(QStringList());
+        for (const QString& bit :
+             CParamValueText::activeBits(oldItem, value).value_or(QStringList()))
+          QVERIFY2(bits.contains(bit), qPrintable(QString("seed %1, %2").arg(seed).arg(value)));
+      }
+    }
+    QVERIFY2(judged > 300, qPrintable(QString::number(judged)));
   }
 
   /// A definition in which everything can be renumbered.

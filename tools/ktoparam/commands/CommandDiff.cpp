@@ -135,7 +135,7 @@ QVector<SCommand> diffCommands() {
         NOptions::json()},
        {"diff Delivered.xparam TwoAxisDrive.xparam --def TwoAxisDrive.xpdef",
         "diff Delivered.xparam TwoAxisDrive.xparam --only changed,added,removed",
-        "diff TwoAxisDrive.xpdef Next.xpdef --breaking",
+        "diff Release1.xpdef Release2.xpdef --breaking",
         "diff TwoAxisDrive.xparam --hardware-id KTO-2A-16 --new-hardware-id KTO-2A-32",
         "diff TwoAxisDrive.xparam --sub-device 2 --new-sub-device 3"},
        diff}};

@@ -164,7 +164,7 @@ QVector<SCommand> migrateCommands() {
         NOptions::dryRun(),
         NOptions::noWait(),
         NOptions::json()},
-       {"migrate TwoAxisDrive.xparam --table Next.xmig --old TwoAxisDrive.xpdef --new Next.xpdef "
+       {"migrate Release1.xparam --table Releases.xmig --old Release1.xpdef --new Release2.xpdef "
         "--dry-run"},
        migrate}};
 }

@@ -89,6 +89,6 @@ QVector<SCommand> migrationCheckCommands() {
         NOptions::required(
             {kNew, "DEF", Tool::tr("The definition file of the new release."), EWord::File}),
         NOptions::json()},
-       {"migration check Next.xmig --old TwoAxisDrive.xpdef --new Next.xpdef"},
+       {"migration check Releases.xmig --old Release1.xpdef --new Release2.xpdef"},
        check}};
 }

@@ -19,6 +19,7 @@ QVector<SCommand> importCommands();
 QVector<SCommand> mergeCommands();
 QVector<SCommand> migrateCommands();
 QVector<SCommand> migrationCheckCommands();
+QVector<SCommand> migrationCommands();
 QVector<SCommand> motorsCommands();
 QVector<SCommand> newCommands();
 QVector<SCommand> searchCommands();

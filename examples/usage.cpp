@@ -16,6 +16,7 @@
 #include <ktoParameter/CParameterFileHelper.h>
 #include <ktoParameter/CParameterFileMerge.h>
 #include <ktoParameter/CParameterFileModel.h>
+#include <ktoParameter/CParameterMigration.h>
 #include <ktoParameter/ICCompensationFile.h>
 #include <ktoParameter/ICParameterFile.h>
 #include <ktoParameter/ICSettingsFile.h>
@@ -168,6 +169,24 @@ bool writeTable(const ICParameterFile& oldDefinitions, const ICParameterFile& ne
 }
 //! [CMigrationTable]
 
+//! [CParameterMigration]
+/// What a human has to decide before; nothing is done until then.
+QStringList takeToNext(ICParameterFile& values, const ICParameterFile& oldDefinitions,
+                       const ICParameterFile& newDefinitions) {
+  CMigrationTable table;
+  QString error;
+  if (!table.load("Next.xmig", error)) return {error};
+  CParameterMigration migration(values, {{table, &oldDefinitions, &newDefinitions}});
+  if (!migration.plan()) return {migration.errorMsg()};
+  QStringList questions;
+  for (const SMigrationStep& step : migration.steps())
+    if (step.kind <= SMigrationStep::NotAllowed) questions += step.name + ": " + step.text;
+  if (questions.isEmpty() && migration.run())
+    values.saveParamFile("Next.xparam", QString(), migration.version());
+  return questions;
+}
+//! [CParameterMigration]
+
 //! [CParameterFileErrorHandler]
 /// Takes files of every version.
 class CAnyVersion : public CParameterFileErrorHandler {
@@ -309,9 +328,9 @@ bool areFine(QTextStream& out) {
          changedNames(*base, *theirs) == QStringList("VelocityLimit") &&
          breakingChanges(*base, *theirs).isEmpty() && takeTheirs(*base, *ours, *theirs, out) &&
          takeTheirDefinitions(*base, *ours, *theirs, out) && writeTable(*base, *ours, out) &&
-         editInModel(*ours) && loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") &&
-         isMotorFile("Motors.xparam") && !motorNames("Motors.xparam").isEmpty() &&
-         moveMachine(out) && shiftTable(0.001, out) &&
+         takeToNext(*loadDrive(out), *base, *ours).size() == 6 && editInModel(*ours) &&
+         loadOfAnyVersion(*ours, "TwoAxisDrive.xparam") && isMotorFile("Motors.xparam") &&
+         !motorNames("Motors.xparam").isEmpty() && moveMachine(out) && shiftTable(0.001, out) &&
          saveUnlessChanged(*base, "TwoAxisDrive.xparam", out) && halveVelocity(problem) &&
          base->hasChangedOnDisk("TwoAxisDrive.xparam") && openLogfile()->isActive() &&
          writeReport("fine\n", out);

@@ -32,22 +32,24 @@ class KTOPARAMETER_EXPORT CParameterMigration {
                       EDirection direction = Forward);
   ~CParameterMigration();
 
-  /// The new texts of parameters that a human decided about, by their names at the end. Answers
-  /// end their "decide" steps in every hardware id and sub-device.
+  /// The new texts of parameters that a human decided about, by their names at the end. Where the
+  /// value is what is open, in whatever hardware id and sub-device, an answer takes its place; its
+  /// step is Replaced then, or NotAllowed when the definitions do not allow it either.
   void setAnswers(const QMap<QString, QString>& answers);
 
   /// Makes the plan; the values are not changed. False, with errorMsg(), when the tables have
-  /// problems other than warnings, or the values are not an object of this library. Back, also when
-  /// a step does not come back; the plan tells which.
+  /// problems other than warnings, or the values are not an object of this library.
   bool plan();
-  /// By table, hardware id, sub-device and tree order.
+  /// By table as they are used, hardware id, sub-device and tree order.
   const CMigrationSteps& steps() const;
   /// Whether a step is Decide or NotAllowed.
   bool isOpen() const;
   /// Does what was planned, as of the last plan(); open steps are done, too: Decide keeps the
-  /// value. Nodes of the values are no longer valid. False, with nothing changed, without a plan.
+  /// value. Nodes of the values are no longer valid. False, with nothing changed, without a plan,
+  /// and Back when there is a step that does not come back, unless it was answered.
   bool run();
-  /// The version under which to save the values, as ICParameterFile::paramFileVersion() packs it.
+  /// The version under which to save the values, as ICParameterFile::paramFileVersion() packs it:
+  /// that of the last table that names one. Back, and where none does, it is the values' own.
   quint32 version() const;
   QString errorMsg() const;
 

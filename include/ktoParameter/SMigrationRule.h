@@ -37,7 +37,9 @@ struct KTOPARAMETER_EXPORT SMigrationRule {
   std::optional<quint32> newId;            ///< of the new definition
   std::optional<SRescaling> rescaling;     ///< goes without choices, bits and value
   QVector<QPair<qint64, qint64>> choices;  ///< old number, new number; others stay
-  QVector<QPair<int, int>> bits;           ///< old position, new position; others stay
+  /// Old position, new position; others stay. What was active is active: a bit that only one of the
+  /// definitions inverts is turned.
+  QVector<QPair<int, int>> bits;
   QString value;                           ///< the new text, whatever the old was; null: none
   /// The parameter moves from sub-devices of one type to that or those of another.
   std::optional<QPair<NParamDef::ESubDeviceTypes, NParamDef::ESubDeviceTypes>> move;

@@ -103,7 +103,7 @@ bool changesFiles(const SStep& step) {
   if (command == "merge") return step.run.status <= 1;
   const bool isEdit =
       (command == "migration" && words.contains("-o")) ||
-      QStringList({"set", "import", "defaults", "new"}).contains(command) ||
+      QStringList({"set", "import", "defaults", "new", "migrate"}).contains(command) ||
       (QStringList({"hardware-id", "sub-device"}).contains(command) && words.value(2) != "list");
   const bool isDone = step.run.status == 0 || step.run.err.contains("they were saved all the same");
   return isEdit && isDone && !words.contains("--dry-run");

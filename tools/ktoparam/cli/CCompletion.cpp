@@ -58,7 +58,7 @@ void CCompletion::expect(const SCommand& command) {
     mChoices = option->choices;
   } else if (mMayBeOption && typed().startsWith(QLatin1Char('-'))) {
     for (const SOption& each : command.options)
-      if (!before.isSet(each.name)) mChoices.append(kDashes + each.name);
+      if (!before.isSet(each.name) || each.mayRepeat) mChoices.append(kDashes + each.name);
     mChoices.append("--help");
   } else if (const SArgument* argument = command.argumentAt(before.arguments().size())) {
     mWord = argument->word;

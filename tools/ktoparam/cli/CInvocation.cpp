@@ -48,7 +48,7 @@ bool CInvocation::findsDefinitions() const {
 QString CInvocation::emptyFileName() const {
   const QString text = Tool::tr("%1 is empty; it must be the name of a file.");
   for (const SOption& option : command().options) {
-    const bool isEmpty = isSet(option.name) && value(option.name).isEmpty();
+    const bool isEmpty = values(option.name).contains(QLatin1String(""));
     if (isEmpty && option.word == EWord::File) return text.arg(QLatin1String("--") + option.name);
   }
   for (int i = 0; i < arguments().size(); ++i) {

@@ -59,8 +59,10 @@ void CParsedWords::readOption(const QString& word) {
 }
 
 void CParsedWords::setOption(const QString& name, const QString& value) {
-  if (isSet(name)) complain(Tool::tr("--%1 is given twice.").arg(name));
+  const SOption* option = mCommand.option(QLatin1String("--") + name);
+  if (isSet(name) && !option->mayRepeat) complain(Tool::tr("--%1 is given twice.").arg(name));
   mOptions.insert(name, value);
+  mValues[name].append(value);
 }
 
 void CParsedWords::complain(const QString& problem) {
@@ -70,7 +72,7 @@ void CParsedWords::complain(const QString& problem) {
 QStringList CParsedWords::valuesOf(EWord word) const {
   QStringList values;
   for (const SOption& option : mCommand.options)
-    if (option.word == word && isSet(option.name)) values.append(value(option.name));
+    if (option.word == word) values += mValues.value(option.name);
   for (int i = 0; i < mArguments.size(); ++i) {
     const SArgument* argument = mCommand.argumentAt(i);
     if (argument && argument->word == word) values.append(mArguments.at(i));

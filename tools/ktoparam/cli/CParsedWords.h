@@ -14,6 +14,8 @@ class CParsedWords {
   QString value(const QString& option, const QString& unlessGiven = {}) const {
     return mOptions.value(option, unlessGiven);
   }
+  /// Of an option that may be repeated, in their order.
+  QStringList values(const QString& option) const { return mValues.value(option); }
   const QStringList& arguments() const { return mArguments; }
   /// The option whose value is still missing, since its name is the last word; mostly null.
   const SOption* openOption() const { return mOpen; }
@@ -35,6 +37,7 @@ class CParsedWords {
 
   const SCommand& mCommand;
   QMap<QString, QString> mOptions;
+  QMap<QString, QStringList> mValues;
   QStringList mArguments;
   const SOption* mOpen = nullptr;
   bool mMayBeOption = true;

@@ -40,6 +40,7 @@ struct SOption {
   QString letter = {};  ///< for "-o" as well as "--name"; may be empty
   bool isRequired = false;
   QStringList choices = {};  ///< all values that make sense, where they are few
+  bool mayRepeat = false;
 };
 
 /// A command of the tool. Parsing, help, manual page and completion are made from these records.

@@ -4,6 +4,6 @@ QVector<SCommand> allCommands() {
   return detectCommands() + showCommands() + getCommands() + setCommands() + hardwareIdCommands() +
          subDeviceCommands() + importCommands() + defaultsCommands() + newCommands() +
          checkCommands() + diffCommands() + exportCommands() + searchCommands() + mergeCommands() +
-         migrationCommands() + migrationCheckCommands() + textCommands() + motorsCommands() +
-         compensationCommands();
+         migrateCommands() + migrationCommands() + migrationCheckCommands() + textCommands() +
+         motorsCommands() + compensationCommands();
 }

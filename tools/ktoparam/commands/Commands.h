@@ -17,6 +17,7 @@ QVector<SCommand> getCommands();
 QVector<SCommand> hardwareIdCommands();
 QVector<SCommand> importCommands();
 QVector<SCommand> mergeCommands();
+QVector<SCommand> migrateCommands();
 QVector<SCommand> migrationCheckCommands();
 QVector<SCommand> migrationCommands();
 QVector<SCommand> motorsCommands();

@@ -1296,6 +1296,117 @@
     </message>
 </context>
 <context>
+    <name>CParameterMigration</name>
+    <message>
+        <source>There is no sub-device of the type %1 to move it to.</source>
+        <translation>Es gibt kein Untergerät vom Typ %1, in das er verschoben werden könnte.</translation>
+    </message>
+    <message>
+        <source>Sub-device %1 has a parameter of the name &quot;%2&quot; already.</source>
+        <translation>Das Untergerät %1 hat schon einen Parameter mit dem Namen &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The sub-devices of the type %1 have different values.</source>
+        <translation>Die Untergeräte vom Typ %1 haben verschiedene Werte.</translation>
+    </message>
+    <message>
+        <source>your answer</source>
+        <translation>Ihre Antwort</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>Only files of this library can be migrated.</source>
+        <translation>Nur Dateien dieser Bibliothek können migriert werden.</translation>
+    </message>
+    <message>
+        <source>There is no plan to carry out.</source>
+        <translation>Es gibt keinen Plan, der auszuführen wäre.</translation>
+    </message>
+    <message>
+        <source>Not everything comes back, such as &quot;%1&quot;; nothing was done.</source>
+        <translation>Nicht alles kommt zurück, zum Beispiel &quot;%1&quot;; nichts wurde getan.</translation>
+    </message>
+    <message>
+        <source>The old definitions do not have it, and no rule is about it.</source>
+        <translation>Die alten Definitionen haben ihn nicht, und keine Regel handelt davon.</translation>
+    </message>
+    <message>
+        <source>The new definitions do not have it, and no rule is about it.</source>
+        <translation>Die neuen Definitionen haben ihn nicht, und keine Regel handelt davon.</translation>
+    </message>
+    <message>
+        <source>moved from %1 to %2</source>
+        <translation>von %1 nach %2 verschoben</translation>
+    </message>
+    <message>
+        <source>renamed</source>
+        <translation>umbenannt</translation>
+    </message>
+    <message>
+        <source>id %1 became %2</source>
+        <translation>Id %1 wurde %2</translation>
+    </message>
+    <message>
+        <source>The new name is that of another group or parameter beside it.</source>
+        <translation>Den neuen Namen hat schon eine Gruppe oder ein Parameter daneben.</translation>
+    </message>
+    <message>
+        <source>There is another parameter of the name &quot;%1&quot; in the sub-device.</source>
+        <translation>Das Untergerät hat einen anderen Parameter mit dem Namen &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>A human decided about it, so the value before is not known.</source>
+        <translation>Ein Mensch hat darüber entschieden; der Wert davor ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>The table replaced it, so the value before is not known.</source>
+        <translation>Die Tabelle hat ihn ersetzt; der Wert davor ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>divided by %1</source>
+        <translation>geteilt durch %1</translation>
+    </message>
+    <message>
+        <source>times %1</source>
+        <translation>mal %1</translation>
+    </message>
+    <message>
+        <source>minus %2, divided by %1</source>
+        <translation>minus %2, geteilt durch %1</translation>
+    </message>
+    <message>
+        <source>times %1, plus %2</source>
+        <translation>mal %1, plus %2</translation>
+    </message>
+    <message>
+        <source>another number of the choice</source>
+        <translation>andere Nummer der Auswahl</translation>
+    </message>
+    <message>
+        <source>bits at other places</source>
+        <translation>Bits an anderen Stellen</translation>
+    </message>
+    <message>
+        <source>the value of the table</source>
+        <translation>der Wert der Tabelle</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number of the type %2 that can be converted.</source>
+        <translation>&quot;%1&quot; ist keine Zahl des Typs %2, die sich umrechnen lässt.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) cannot be told exactly, and the rule does not round.</source>
+        <translation>%1 (%2) lässt sich nicht genau schreiben, und die Regel rundet nicht.</translation>
+    </message>
+    <message>
+        <source>%1, rounded</source>
+        <translation>%1, gerundet</translation>
+    </message>
+</context>
+<context>
     <name>CSettingsFileImpl</name>
     <message>
         <source>File &quot;%1&quot; parse error: </source>

@@ -1542,5 +1542,167 @@ Bei Fehlern ist der Exit-Status 1.</translation>
         <source>this is a migration table; see &quot;ktoparam help migrate&quot;.</source>
         <translation>dies ist eine Migrationstabelle; siehe &quot;ktoparam help migrate&quot;.</translation>
     </message>
+    <message>
+        <source>Definitions that are new: %1; nothing is added for them.</source>
+        <translation>Neue Definitionen: %1; für sie wird nichts hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>The tables drop what does not come back: %1</source>
+        <translation>Die Tabellen lassen weg, was nicht zurückkommt: %1</translation>
+    </message>
+    <message>
+        <source>Nothing is saved, since this would not come back: %1</source>
+        <translation>Nichts wird gespeichert, denn das käme nicht zurück: %1</translation>
+    </message>
+    <message>
+        <source>Saved as version %1; &quot;ktoparam check&quot; tells what the definitions find.</source>
+        <translation>Gespeichert als Version %1; &quot;ktoparam check&quot; sagt, was die Definitionen finden.</translation>
+    </message>
+    <message>
+        <source>What is open was saved all the same.</source>
+        <translation>Was offen ist, wurde trotzdem gespeichert.</translation>
+    </message>
+    <message>
+        <source>Decide with --answer NAME=VALUE, or with a rule in the table; --allow-open saves all the same.</source>
+        <translation>Entscheiden Sie mit --answer NAME=WERT oder mit einer Regel in der Tabelle; --allow-open speichert trotzdem.</translation>
+    </message>
+    <message>
+        <source>Migrating …</source>
+        <translation>Migrieren …</translation>
+    </message>
+    <message>
+        <source>warning: the file looks as if it was migrated already: %1</source>
+        <translation>Warnung: die Datei sieht aus, als wäre sie schon migriert: %1</translation>
+    </message>
+    <message>
+        <source>Take values over from the definitions of one release to those of the next.</source>
+        <translation>Werte von den Definitionen eines Standes zu denen des nächsten übernehmen.</translation>
+    </message>
+    <message>
+        <source>Migration tables say what becomes of renamed, rescaled, renumbered, moved and dropped parameters. The plan is listed with a line for all that changes; what no rule is about keeps its text. All hardware ids are migrated, or nothing is saved.
+Where a human has to decide, or the new definitions do not allow a value that the old ones did, nothing is saved and the exit status is 1: give an --answer, or --allow-open. Nothing is added for new definitions; &quot;ktoparam check&quot; lists them.
+Several tables lead from release to release: --old A --table T --new B --table U --new C. With --reverse the file goes the other way, back to the --old definitions, unless the plan tells that something does not come back.
+A file that looks as if it was migrated already is told and not saved without --allow-open: it has new names and none of the old ones, the version that the table gives, or the new release in its comment. A table without any of these leaves no mark that could be seen.</source>
+        <translation>Migrationstabellen sagen, was aus umbenannten, umgerechneten, umnummerierten, verschobenen und entfallenen Parametern wird. Der Plan hat eine Zeile für alles, was sich ändert; wovon keine Regel handelt, behält seinen Text. Alle Hardware-Ids werden migriert, oder nichts wird gespeichert.
+Wo ein Mensch entscheiden muss, oder wo die neuen Definitionen einen Wert nicht erlauben, den die alten erlaubten, wird nichts gespeichert, und der Rückgabewert ist 1: geben Sie eine --answer, oder --allow-open. Für neue Definitionen wird nichts hinzugefügt; &quot;ktoparam check&quot; nennt sie.
+Mehrere Tabellen führen von Stand zu Stand: --old A --table T --new B --table U --new C. Mit --reverse geht die Datei den anderen Weg, zurück zu den Definitionen von --old, außer wenn der Plan sagt, dass etwas nicht zurückkommt.
+Eine Datei, die aussieht, als wäre sie schon migriert, wird gemeldet und ohne --allow-open nicht gespeichert: sie hat neue Namen und keinen der alten, die Version, die die Tabelle vergibt, oder den neuen Stand in ihrem Kommentar. Eine Tabelle ohne all das hinterlässt keine Spur, die zu sehen wäre.</translation>
+    </message>
+    <message>
+        <source>The migration table.</source>
+        <translation>Die Migrationstabelle.</translation>
+    </message>
+    <message>
+        <source>The definition file that it leads from.</source>
+        <translation>Die Definitionsdatei, von der sie ausgeht.</translation>
+    </message>
+    <message>
+        <source>The definition file that it leads to.</source>
+        <translation>Die Definitionsdatei, zu der sie führt.</translation>
+    </message>
+    <message>
+        <source>From the new definitions back to the old ones.</source>
+        <translation>Von den neuen Definitionen zurück zu den alten.</translation>
+    </message>
+    <message>
+        <source>The new value of a parameter, by its new name, where one has to be decided about. May be repeated.</source>
+        <translation>Der neue Wert eines Parameters, unter seinem neuen Namen, wo über einen zu entscheiden ist. Darf mehrmals stehen.</translation>
+    </message>
+    <message>
+        <source>Save all the same what nobody decided about, with its old value.</source>
+        <translation>Auch speichern, worüber niemand entschieden hat, mit seinem alten Wert.</translation>
+    </message>
+    <message>
+        <source>Where the result goes to; FILE unless given.</source>
+        <translation>Wohin das Ergebnis geht; FILE, wenn nichts angegeben ist.</translation>
+    </message>
+    <message>
+        <source>Each --table needs its --new, the definitions that it leads to.</source>
+        <translation>Zu jedem --table gehört ein --new, die Definitionen, zu denen sie führt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an answer; write NAME=VALUE.</source>
+        <translation>&quot;%1&quot; ist keine Antwort; schreiben Sie NAME=WERT.</translation>
+    </message>
+    <message>
+        <source>it has &quot;%1&quot;, a name after the migration, and none of the names before it.</source>
+        <translation>sie hat &quot;%1&quot;, einen Namen nach der Migration, und keinen der Namen davor.</translation>
+    </message>
+    <message>
+        <source>it has the version %1 already, which the table gives.</source>
+        <translation>sie hat schon die Version %1, die die Tabelle vergibt.</translation>
+    </message>
+    <message>
+        <source>its comment names the release &quot;%1&quot;.</source>
+        <translation>ihr Kommentar nennt den Stand &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>decide</source>
+        <translation>entscheiden</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>dropped</source>
+        <translation>entfallen</translation>
+    </message>
+    <message>
+        <source>rounded</source>
+        <translation>gerundet</translation>
+    </message>
+    <message>
+        <source>converted</source>
+        <translation>umgerechnet</translation>
+    </message>
+    <message>
+        <source>replaced</source>
+        <translation>ersetzt</translation>
+    </message>
+    <message>
+        <source>renamed</source>
+        <translation>umbenannt</translation>
+    </message>
+    <message>
+        <source>group renamed</source>
+        <translation>Gruppe umbenannt</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>A human has to decide:</source>
+        <translation>Ein Mensch muss entscheiden:</translation>
+    </message>
+    <message>
+        <source>WHERE</source>
+        <translation>WO</translation>
+    </message>
+    <message>
+        <source>NEW NAME</source>
+        <translation>NEUER NAME</translation>
+    </message>
+    <message>
+        <source>WHY</source>
+        <translation>WARUM</translation>
+    </message>
+    <message>
+        <source>Nothing changes.</source>
+        <translation>Nichts ändert sich.</translation>
+    </message>
+    <message>
+        <source>Rounded: %1</source>
+        <translation>Gerundet: %1</translation>
+    </message>
+    <message>
+        <source>Dropped: %1</source>
+        <translation>Entfallen: %1</translation>
+    </message>
+    <message>
+        <source>Would not come back with --reverse: %1</source>
+        <translation>Käme mit --reverse nicht zurück: %1</translation>
+    </message>
 </context>
 </TS>

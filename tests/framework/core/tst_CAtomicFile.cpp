@@ -216,7 +216,7 @@ class tst_CAtomicFile : public QObject {
     CFolderLock other;
     QCOMPARE(lock.lock({"no/file", "file", "real/a"}, 0), CFolderLock::NotPossible);
     QCOMPARE(other.lock({"real/deep/a", "real/b"}, 20), CFolderLock::Busy);
-    QCOMPARE(lock.lock({"file", "real/deep/a", "./b"}, 0), CFolderLock::Locked);
+    QCOMPARE(lock.lock({"file", "real/deep/a", "./b", "/"}, 0), CFolderLock::Locked);
   }
 
  private:

@@ -40,7 +40,7 @@ struct KTOPARAMETER_EXPORT SMigrationRule {
   /// Old position, new position; others stay. What was active is active: a bit that only one of the
   /// definitions inverts is turned.
   QVector<QPair<int, int>> bits;
-  QString value;                           ///< the new text, whatever the old was; null: none
+  QString value;  ///< the new text, whatever the old was; null: none
   /// The parameter moves from sub-devices of one type to that or those of another.
   std::optional<QPair<NParamDef::ESubDeviceTypes, NParamDef::ESubDeviceTypes>> move;
   bool isDropped = false;

@@ -9,7 +9,7 @@
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 using namespace NParamDef;
 

@@ -7,7 +7,8 @@
 #include "TestRows.h"
 #include "analysis/AnalysisFiles.h"
 
-#include <QtTest>
+#include <QTemporaryDir>
+#include <QTest>
 
 namespace {
 
@@ -22,6 +23,13 @@ QStringList sorted(const QSet<QString>& texts) {
   QStringList list = texts.values();
   list.sort();
   return list;
+}
+
+/// What a save writes.
+QByteArray saved(ICParameterFile& file) {
+  const QTemporaryDir folder;
+  const QString name = folder.filePath("F");
+  return file.saveParamFile(name, {}, 0x10000) ? NTestFiles::read(name) : QByteArray();
 }
 
 /// What a comparison has to find, by the plan.
@@ -196,6 +204,9 @@ class tst_CParameterMigration : public QObject {
       QVERIFY(seed < 20000);
       const CRandomMigration random(seed, true);
       const QString before = NParamFileText::content(*random.values);
+      const bool isSaved = seed % 50 == 0;
+      const QByteArray bytes = isSaved ? saved(*random.values) : QByteArray();
+      QVERIFY(bytes.isEmpty() != isSaved);
       CParameterMigration forth(*random.values, random.releases());
       QVERIFY2(forth.plan() && forth.run(), qPrintable(forth.errorMsg()));
       const QString between = NParamFileText::content(*random.values);
@@ -212,6 +223,7 @@ class tst_CParameterMigration : public QObject {
       }
       const QString after = NParamFileText::content(*random.values);
       if (lost.isEmpty()) QCOMPARE(QString::number(seed) + after, QString::number(seed) + before);
+      if (lost.isEmpty() && isSaved) QCOMPARE(saved(*random.values), bytes);
       if (lost.isEmpty()) ++equal;
     }
   }

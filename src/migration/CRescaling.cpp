@@ -2,6 +2,10 @@
 
 #include "CExactNumber.h"
 
+// To gcc, what Boost's fractions are made of looks uninitialized.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <boost/multiprecision/cpp_int.hpp>
 
 #include <algorithm>
@@ -11,8 +15,11 @@
 
 namespace {
 
-using CInteger = boost::multiprecision::cpp_int;
-using CRational = boost::multiprecision::cpp_rational;
+// Without expression templates, which keep references to what is gone.
+namespace NBoost = boost::multiprecision;
+using CBackend = NBoost::cpp_int_backend<>;
+using CInteger = NBoost::number<CBackend, NBoost::et_off>;
+using CRational = NBoost::number<NBoost::rational_adaptor<CBackend>, NBoost::et_off>;
 
 constexpr int kSignificantDigits = 17;  // tell every double
 constexpr int kTen = 10;
@@ -26,7 +33,7 @@ struct SDecimal {
 };
 
 CInteger powerOfTen(int exponent) {
-  return boost::multiprecision::pow(CInteger(kTen), static_cast<unsigned>(exponent));
+  return NBoost::pow(CInteger(kTen), static_cast<unsigned>(exponent));
 }
 
 /// number * 10^exponent
@@ -77,28 +84,29 @@ bool readExponent(std::string_view text, SDecimal& number) {
   return true;
 }
 
-/// Nothing for "inf", "nan" and other texts that are no decimal numbers.
-std::optional<SDecimal> decimalOf(const QString& text) {
+/// False for "inf", "nan" and other texts that are no decimal numbers.
+bool readDecimal(const QString& text, SDecimal& number) {
   const std::string bytes = text.toStdString();
   std::string_view rest = bytes;
-  SDecimal number;
   number.isNegative = takeSign(rest);
   const size_t exponent = rest.find_first_of("eE");
-  if (!readMantissa(rest.substr(0, exponent), number)) return {};
-  if (exponent != std::string_view::npos && !readExponent(rest.substr(exponent + 1), number))
-    return {};
-  return number;
+  return readMantissa(rest.substr(0, exponent), number) &&
+         (exponent == std::string_view::npos || readExponent(rest.substr(exponent + 1), number));
 }
 
-std::optional<CRational> fractionOf(const QString& text) {
+bool readFraction(const QString& text, CRational& fraction) {
   CRational parts[] = {0, 1};
   const QStringList texts = text.split(QLatin1Char('/'));
   for (int i = 0; i < texts.size(); ++i) {
-    const auto number = i < 2 ? decimalOf(texts.at(i).trimmed()) : std::nullopt;
-    if (!number || number->hasExponent || (i == 1 && number->digits == 0)) return {};
-    parts[i] = valueOf(*number);
+    SDecimal number;
+    if (i > 1 || !readDecimal(texts.at(i).trimmed(), number) || number.hasExponent ||
+        (i == 1 && number.digits == 0)) {
+      return false;
+    }
+    parts[i] = valueOf(number);
   }
-  return CRational(parts[0] / parts[1]);
+  fraction = parts[0] / parts[1];
+  return true;
 }
 
 int timesDivisible(CInteger number, int divisor) {
@@ -114,8 +122,7 @@ std::optional<int> decimalsOf(const CRational& number) {
   if (below == 1) return -timesDivisible(numerator(number), kTen);
   const auto twos = static_cast<int>(lsb(below));
   const int fives = timesDivisible(below, 5);
-  if (below != (boost::multiprecision::pow(CInteger(5), static_cast<unsigned>(fives)) << twos))
-    return {};
+  if (below != (NBoost::pow(CInteger(5), static_cast<unsigned>(fives)) << twos)) return {};
   return std::max(twos, fives);
 }
 
@@ -232,7 +239,8 @@ CRescaling::SResult CRescaling::SData::toReal(const SDecimal& old, const CRation
 }
 
 bool CRescaling::isFraction(const QString& text) {
-  return fractionOf(text).has_value();
+  CRational fraction;
+  return readFraction(text, fraction);
 }
 
 CRescaling::CRescaling(const SRescaling& rule, NParamDef::EParamType from, NParamDef::EParamType to,
@@ -241,13 +249,14 @@ CRescaling::CRescaling(const SRescaling& rule, NParamDef::EParamType from, NPara
   d->rounding = rule.rounding;
   d->from = from;
   d->to = to;
-  const auto factor = fractionOf(rule.factor);
-  const auto offset = fractionOf(rule.offset);
-  if (!factor || !offset || *factor == 0) return;
+  CRational factor;
+  CRational offset;
+  if (!readFraction(rule.factor, factor) || !readFraction(rule.offset, offset) || factor == 0)
+    return;
   const bool isBack = direction == Back;
-  d->factor = isBack ? CRational(1 / *factor) : *factor;
-  d->offset = isBack ? CRational(-*offset / *factor) : *offset;
-  d->addedDecimals = isBack ? -decimalsAddedBy(*factor) : decimalsAddedBy(*factor);
+  d->factor = isBack ? CRational(1 / factor) : factor;
+  d->offset = isBack ? CRational(-offset / factor) : offset;
+  d->addedDecimals = isBack ? -decimalsAddedBy(factor) : decimalsAddedBy(factor);
 }
 
 CRescaling::~CRescaling() = default;
@@ -258,11 +267,11 @@ CRescaling::SResult CRescaling::convert(const QString& text) const {
   const auto known = CExactNumber::of(CParamVal(text), d->from);
   const bool isReal = d->from == NParamDef::PARAM_TYPE_F64;
   if (!known || d->factor == 0 || !CExactNumber::isNumberType(d->to)) return {};
-  const auto old = decimalOf(isReal ? text.trimmed() : known->decimal());
-  if (!old) return {};
-  const CRational before = valueOf(*old);
+  SDecimal old;
+  if (!readDecimal(isReal ? text.trimmed() : known->decimal(), old)) return {};
+  const CRational before = valueOf(old);
   const CRational after = before * d->factor + d->offset;
-  if (d->to == NParamDef::PARAM_TYPE_F64) return d->toReal(*old, after);
+  if (d->to == NParamDef::PARAM_TYPE_F64) return d->toReal(old, after);
   if (!isReal && after == before) return {Exact, text};  // however it is written
   return d->toInteger(text, after);
 }

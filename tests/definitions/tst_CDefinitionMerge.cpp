@@ -47,6 +47,20 @@ void editField(CParamDefItem& d, int field, int value) {
   edits[field]();
 }
 
+constexpr int kCount = 20;
+
+CDefinitions randomDefinitions(QRandomGenerator& random) {
+  CDefinitions made;
+  for (int p = 0; p < kCount; ++p) {
+    CParamDefItem& d = made[name(p)];
+    d = CParamDefItem(name(p), NParamDef::PARAM_TYPE_I32, 100U + unsigned(p));
+    d.setMinVal(CParamVal(-1));
+    for (int field = 0; field < 10; ++field)
+      if (random.bounded(3) == 0) editField(d, field, 1000 + field);
+  }
+  return made;
+}
+
 }  // namespace
 
 class tst_CDefinitionMerge : public QObject {
@@ -57,15 +71,7 @@ class tst_CDefinitionMerge : public QObject {
   void mergesLikeByHand() {
     QRandomGenerator random(19);
     for (int i = 0; i < 200; ++i) {
-      constexpr int kCount = 20;
-      CDefinitions base;
-      for (int p = 0; p < kCount; ++p) {
-        CParamDefItem& d = base[name(p)];
-        d = CParamDefItem(name(p), NParamDef::PARAM_TYPE_I32, 100U + unsigned(p));
-        d.setMinVal(CParamVal(-1));
-        for (int field = 0; field < 10; ++field)
-          if (random.bounded(3) == 0) editField(d, field, 1000 + field);
-      }
+      const CDefinitions base = randomDefinitions(random);
       CDefinitions sides[] = {base, base};
       CDefinitions both = base;
       const auto edit = [&](const CEdit& apply) {

@@ -200,13 +200,13 @@ class tst_CParameterMigration : public QObject {
 
   void comesBackUnlessNamed() {
     int equal = 0;
+    int compared = 0;
     for (quint32 seed = 0; equal < 10000; ++seed) {
       QVERIFY(seed < 20000);
       const CRandomMigration random(seed, true);
       const QString before = NParamFileText::content(*random.values);
       const bool isSaved = seed % 50 == 0;
       const QByteArray bytes = isSaved ? saved(*random.values) : QByteArray();
-      QVERIFY(bytes.isEmpty() != isSaved);
       CParameterMigration forth(*random.values, random.releases());
       QVERIFY2(forth.plan() && forth.run(), qPrintable(forth.errorMsg()));
       const QString between = NParamFileText::content(*random.values);
@@ -223,9 +223,13 @@ class tst_CParameterMigration : public QObject {
       }
       const QString after = NParamFileText::content(*random.values);
       if (lost.isEmpty()) QCOMPARE(QString::number(seed) + after, QString::number(seed) + before);
-      if (lost.isEmpty() && isSaved) QCOMPARE(saved(*random.values), bytes);
+      if (lost.isEmpty() && !bytes.isEmpty()) {
+        QCOMPARE(saved(*random.values), bytes);
+        ++compared;
+      }
       if (lost.isEmpty()) ++equal;
     }
+    QVERIFY(compared > 100);
   }
 };
 

@@ -232,12 +232,12 @@ class CMigrationFormat : public CFormat {
   void edit(QRandomGenerator random) override {
     mTable.newRelease = NFormats::text(random);
     mTable.groups += {"new/" + NFormats::text(random), "G" + name(random, "", 1).remove('/')};
-    for (int i = random.bounded(8); i > 0; --i) mTable.rules += rule(random, i);
+    for (int i = random.bounded(8); i > 0; --i) mTable.rules += randomRule(random, i);
   }
   bool keepsContent() const override { return true; }
 
  private:
-  static SMigrationRule rule(QRandomGenerator& random, int i) {
+  static SMigrationRule randomRule(QRandomGenerator& random, int i) {
     SMigrationRule rule;
     rule.name = name(random, "new", i);
     if (oneIn(random, 4)) {

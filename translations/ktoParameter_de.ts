@@ -579,6 +579,10 @@
         <source>its meaning changed, and the rule has no %3 for that (%1): %2</source>
         <translation>seine Bedeutung hat sich geändert, und die Regel hat dafür kein %3 (%1): %2</translation>
     </message>
+    <message>
+        <source>nothing tells a migrated file from one that is not; give &lt;To&gt; a version.</source>
+        <translation>nichts unterscheidet eine migrierte Datei von einer, die es nicht ist; geben Sie &lt;To&gt; eine version.</translation>
+    </message>
 </context>
 <context>
     <name>CMigrationFile</name>

@@ -43,8 +43,9 @@ class KTOPARAMETER_EXPORT CMigrationTable {
   /// changed and that no rule covers, each as the one that the table makes of it. Warnings are what
   /// may be meant: a release that is in no Head comment, removed definitions that no rule is about,
   /// dropped ones that are still defined, ids that change without a rule, numbers and bits without
-  /// a name, choices that become one, a question about a removed one, and further changes of a
-  /// definition whose rule covers one.
+  /// a name, choices that become one, a question about a removed one, further changes of a
+  /// definition whose rule covers one, and conversions of which no name and no version tells
+  /// afterwards.
   QList<SProblem> problems(const ICParameterFile& oldDefinitions,
                            const ICParameterFile& newDefinitions) const;
 

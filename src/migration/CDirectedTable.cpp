@@ -60,7 +60,7 @@ void CDirectedTable::turnGroups() {
   }
 }
 
-int CDirectedTable::group(int parent, const QString& name) const {
+int CDirectedTable::groupIn(int parent, const QString& name) const {
   if (parent == kNoGroup) return kNoGroup;
   const auto found = mPlaces.find(CGroupKey(parent, name));
   return found == mPlaces.end() ? kNoGroup : found->second;
@@ -74,7 +74,7 @@ QString CDirectedTable::nameAfter(const SMigrationRule& rule) const {
   return isBack() || rule.newName.isNull() ? rule.name : rule.newName;
 }
 
-const SDirectedParam& CDirectedTable::param(std::string_view name) {
+const SDirectedParam& CDirectedTable::paramOf(std::string_view name) {
   const auto [known, isNew] = mParams.try_emplace(std::string(name));
   if (isNew) {
     known->second = directed(NXmlText::toQString(name));

@@ -49,10 +49,10 @@ class CDirectedTable {
   const ICParameterFile& to() const { return mTo; }
   bool isBack() const { return mDirection == CRescaling::Back; }
 
-  const SDirectedParam& param(std::string_view name);
+  const SDirectedParam& paramOf(std::string_view name);
 
   /// A group that is named in the table, by the one that it lies in, or kNoGroup.
-  int group(int parent, const QString& name) const;
+  int groupIn(int parent, const QString& name) const;
   /// Null for a group that keeps its name, as kNoGroup does.
   QString newGroupName(int group) const;
   int groupLine(int group) const { return mGroups[static_cast<size_t>(group)].line; }

@@ -131,9 +131,9 @@ void CHardwareMigration::addSteps(const SMove& move) {
   const size_t count = std::max(move.sources.size(), move.targets.size());
   for (size_t i = 0; i < count; ++i) {
     const size_t source = std::min(i, move.sources.size() - 1);
-    std::vector<SMigrationStep>& steps = entry(move.sources[source]).steps;
-    if (i >= move.sources.size()) steps.push_back(steps.front());
-    steps.back().newSubDevId =
+    std::vector<SMigrationStep>& own = entry(move.sources[source]).steps;
+    if (i >= move.sources.size()) own.push_back(own.front());
+    own.back().newSubDevId =
         subDevice(move.targets[std::min(i, move.targets.size() - 1)]).subDevId();
   }
 }
@@ -170,7 +170,7 @@ bool CHardwareMigration::hasShape(const CParamTreeNodeImpl& before,
   for (int i = 0; i < before.childCount(); ++i) {
     const CParamTreeNodeImpl& child = *before.childNode(i);
     const bool isParam = child.isParam();
-    const SMigrationRule* rule = isParam ? mInput.table.param(child.nameUtf8()).rule : nullptr;
+    const SMigrationRule* rule = isParam ? mInput.table.paramOf(child.nameUtf8()).rule : nullptr;
     if (rule != nullptr && rule->isDropped) continue;
     const CParamTreeNodeImpl* const other = again.childNode(next++);
     if (other == nullptr || other->isParam() != isParam || other->nameUtf8() != child.nameUtf8() ||
@@ -240,21 +240,21 @@ void CHardwareMigration::setAnswer(SMigrationStep& step, const QString& value) {
 }
 
 std::vector<SMigrationStep>& CHardwareMigration::stepsOf(const SPlaced& placed) {
-  std::vector<SMigrationStep>& steps = placed.entry->steps;
-  if (steps.empty()) steps.push_back(placed.source->stepFor(*placed.entry));
-  return steps;
+  std::vector<SMigrationStep>& own = placed.entry->steps;
+  if (own.empty()) own.push_back(placed.source->stepFor(*placed.entry));
+  return own;
 }
 
 /// What the definitions after the table find wrong and those before it did not.
 QString CHardwareMigration::problemOf(const SPlaced& placed, size_t subDevice) {
-  const SMigratedNode& entry = *placed.entry;
-  const bool isOpen = !entry.steps.empty() && entry.steps.front().kind == SMigrationStep::Decide;
-  if (!entry.param->wasDefined || isOpen || (entry.isAnswered && !mInput.isLast)) return {};
+  const SMigratedNode& from = *placed.entry;
+  const bool isOpen = !from.steps.empty() && from.steps.front().kind == SMigrationStep::Decide;
+  if (!from.param->wasDefined || isOpen || (from.isAnswered && !mInput.isLast)) return {};
   QString problem = mJudge.problemAfter(placed.node->nameUtf8(), placed.node->valueUtf8(),
                                         mSubDevices[subDevice].after());
   const bool isNew =
-      problem.isEmpty() || entry.isAnswered ||
-      mJudge.wasAllowed(entry.node->nameUtf8(), entry.node->valueUtf8(), placed.source->before());
+      problem.isEmpty() || from.isAnswered ||
+      mJudge.wasAllowed(from.node->nameUtf8(), from.node->valueUtf8(), placed.source->before());
   return isNew ? problem : QString();
 }
 

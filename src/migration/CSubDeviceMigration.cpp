@@ -55,7 +55,7 @@ void CSubDeviceMigration::read(const CParamTreeNodeImpl& group, int entry) {
     SMigratedNode param;
     param.node = &child;
     param.group = entry;
-    param.param = &mInput.table.param(child.nameUtf8());
+    param.param = &mInput.table.paramOf(child.nameUtf8());
     plan(param);
     mHasRenamed = mHasRenamed || param.isRenamed;
     mNodes.push_back(std::move(param));
@@ -67,7 +67,7 @@ void CSubDeviceMigration::addGroup(const CParamTreeNodeImpl& group, int parent) 
   SMigratedNode entry;
   entry.node = &group;
   entry.group = parent;
-  entry.tableGroup = mInput.table.group(node(parent).tableGroup, name);
+  entry.tableGroup = mInput.table.groupIn(node(parent).tableGroup, name);
   entry.path = NShortText::below(node(parent).path, name);
   const QString newName = mInput.table.newGroupName(entry.tableGroup);
   if (!newName.isNull() && newName != name) {

@@ -85,6 +85,7 @@ void CMigrationCheck::checkTable() {
                tr("the Head comment of the old definitions does not name the release \"%1\"."));
   checkRelease(mTable.newRelease, mNewFile.defComment(),
                tr("the Head comment of the new definitions does not name the release \"%1\"."));
+  checkMark();
   QByteArray buffer;
   QString error;
   if (!mTable.save(buffer, error)) add(tr("the rules cannot be saved: %1").arg(error));
@@ -93,6 +94,20 @@ void CMigrationCheck::checkTable() {
 void CMigrationCheck::checkRelease(const QString& release, const QString& comment,
                                    const QString& text) {
   if (!comment.contains(release)) warn(text.arg(NShortText::of(release)));
+}
+
+/// Values are converted once more when nothing tells that they were.
+void CMigrationCheck::checkMark() {
+  const auto converts = [](const SMigrationRule& rule) {
+    return !rule.isProposal && (rule.rescaling || !rule.choices.isEmpty() || !rule.bits.isEmpty());
+  };
+  const auto renames = [](const SMigrationRule& rule) {
+    return !rule.isProposal && !rule.newName.isNull();
+  };
+  const bool hasMark = !mTable.newVersion.isEmpty() ||
+                       std::any_of(mTable.rules.begin(), mTable.rules.end(), renames);
+  if (!hasMark && std::any_of(mTable.rules.begin(), mTable.rules.end(), converts))
+    warn(tr("nothing tells a migrated file from one that is not; give <To> a version."));
 }
 
 // --- One rule

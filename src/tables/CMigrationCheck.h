@@ -25,6 +25,7 @@ class CMigrationCheck {
   // Of the table.
   void checkTable();
   void checkRelease(const QString& release, const QString& comment, const QString& text);
+  void checkMark();
 
   // Of one rule, which is mRule.
   void checkRule();

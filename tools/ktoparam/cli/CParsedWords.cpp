@@ -70,12 +70,12 @@ void CParsedWords::complain(const QString& problem) {
 }
 
 QStringList CParsedWords::valuesOf(EWord word) const {
-  QStringList values;
+  QStringList found;
   for (const SOption& option : mCommand.options)
-    if (option.word == word) values += mValues.value(option.name);
+    if (option.word == word) found += mValues.value(option.name);
   for (int i = 0; i < mArguments.size(); ++i) {
     const SArgument* argument = mCommand.argumentAt(i);
-    if (argument && argument->word == word) values.append(mArguments.at(i));
+    if (argument && argument->word == word) found.append(mArguments.at(i));
   }
-  return values;
+  return found;
 }

@@ -93,8 +93,8 @@ bool CReleases::check() const {
   bool isGood = true;
   const auto releases = all();
   for (int i = 0; i < releases.size(); ++i) {
-    const auto& [table, oldDefinitions, newDefinitions] = releases.at(i);
-    for (const auto& problem : table.problems(*oldDefinitions, *newDefinitions)) {
+    const auto& [table, before, after] = releases.at(i);
+    for (const auto& problem : table.problems(*before, *after)) {
       isGood = isGood && problem.isWarning;
       // The plan shows what comes of a rule.
       if (problem.isWarning && problem.line > 0) continue;

@@ -160,6 +160,7 @@ bool writeTable(const ICParameterFile& oldDefinitions, const ICParameterFile& ne
   rule.name = "VelocityLimit";
   rule.rescaling = SRescaling{"1/60", "0", SRescaling::HalfEven};  // from minutes to seconds
   CMigrationTable table;
+  table.newVersion = "1.1";  // which tells that a file was migrated
   table.rules = {rule};
   for (const CMigrationTable::SProblem& problem : table.problems(oldDefinitions, newDefinitions))
     out << problem.line << ": " << problem.text << '\n';
